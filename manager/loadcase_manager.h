@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/mrl_framework.h"
+
+class LCM_ActionsWidget;
+class LCM_LoadcaseWidget;
+class QTabWidget;
+class QWidget;
+struct MRL_LC_CtrlStruct;
+
+/// The one dialog of the system: the actions tab, the load-case tab, or both, over a line that says which
+/// design code applies.
+class LoadcaseManager : public MRL_H_Dialog
+{
+    Q_OBJECT
+  public:
+    /// @param parameter outlives the dialog. @param control what is wanted; outlives the dialog and receives
+    /// the selections and copies. @param db index of the document's database
+    LoadcaseManager(MRL_H_PluginParameter* parameter, MRL_LC_CtrlStruct* control, int db);
+    ~LoadcaseManager() override;
+
+  public slots:
+    /// As the base does; when the dialog stays open, `copies` and `mode` of the control structure are as they
+    /// were before.
+    void accept() override;
+    void slot_tabChanged(int index);
+    /// Ends the dialog with MRL_LC_DELETE_UNUSED: nothing is checked and nothing saved.
+    void slot_deleteUnusedLoadcases();
+
+  protected:
+    int createContents(QBoxLayout* layout) override;
+    void initContents() override;
+    bool checkContents() override;
+    void saveContents() override;
+    void noOpHook() override;
+    void showHelp() override;
+
+  private:
+    void createTabs();
+    void createActionsTab();
+    void createLoadcaseTab();
+    void addInfoLine(QBoxLayout* layout);
+    QString infoText() const;
+    bool refuseInvalid(QWidget* tab);
+    bool takeSelectedLoadcases();
+
+    QTabWidget* m_tabs = nullptr;              ///< child of this
+    LCM_ActionsWidget* m_actions = nullptr;    ///< child of this; null without an actions tab
+    LCM_LoadcaseWidget* m_loadcases = nullptr; ///< child of this; null without a load-case tab
+    MRL_LC_CtrlStruct* m_control;
+    int m_db;
+};
