@@ -1,0 +1,19 @@
+#pragma once
+
+class LCM_DataClass;
+struct tagCDB_LC_ACT;
+
+/// What the actions tab needs of the load-case tab. The load-case tab stands above the actions tab and knows
+/// it; this interface keeps the actions tab from having to know the load-case tab in turn.
+class LCM_LoadcaseTab
+{
+  public:
+    virtual ~LCM_LoadcaseTab() = default;
+
+    /// The working model, which the actions tab shares.
+    virtual LCM_DataClass* model() const = 0;
+    /// Whether a row of the load-case table holds the action's code.
+    virtual bool isActionUsed(const tagCDB_LC_ACT& action) = 0;
+    /// Removes the load cases of an action, without a question of its own.
+    virtual void removeActionLoadcases(const tagCDB_LC_ACT& action) = 0;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+
+class LCM_DataClass;
+class MRL_H_TableWidget;
+
+/// The user has yet to be told that the inputs of the superposition may need care. One accepted dialog tells
+/// it once: each tab sets this when it is made, the actions tab clears it with its notice, the load-case tab,
+/// which saves later, reads it before its own. Only the thread of the user interface comes here.
+extern bool modificationNoticePending;
+
+/// The base of the manager's two tabs. While the dialog is open the rows of a tab's table are the truth about
+/// what it edits; the model receives them when the dialog is accepted.
+class LCM_TabInterface : public QWidget
+{
+    Q_OBJECT
+  public:
+    /// Sets modificationNoticePending.
+    LCM_TabInterface(int db, QWidget* parent, const char* name);
+    ~LCM_TabInterface() override;
+
+    /// Builds the page. The constructor of each tab calls it.
+    virtual void createWidgets() = 0;
+    /// Gives the rows to the model, tells the user what the changes may touch, and writes if asked to.
+    /// @param writeToDatabase false: the database stays as it is
+    virtual void save(bool writeToDatabase) = 0;
+    /// Whether all rows were found right when they were judged last. Judges nothing anew. A table without
+    /// rows is valid, a row without a cell of column id 100 isn't.
+    virtual bool isValid();
+    /// Stores the verdict on a row in its cell of column id 100; does nothing without such a cell.
+    void setRowValid(int row, bool valid);
+
+    /// The table, null until the tab has built it.
+    MRL_H_TableWidget* tableWidget() const { return m_table; }
+    /// The working model; the tabs share it by its reference count.
+    LCM_DataClass* model() const { return m_model; }
+    /// Index of the project database.
+    int database() const { return m_db; }
+    /// Whether the user changed something on this tab.
+    bool isModified() const { return m_modified; }
+
+  protected:
+    MRL_H_TableWidget* m_table = nullptr; ///< child of this
+    LCM_DataClass* m_model = nullptr;     ///< shared, see LCM_DataClass::release
+    int m_db;
+    bool m_modified = false;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+/// Helpers that the tables of both tabs use.
+
+#include <QString>
+
+#include <set>
+
+#include "host/mrl_table.h"
+#include "model/rules/findings.h"
+
+/// Makes the header of a line-edit column and installs it.
+/// @return the header, owned by the table
+MRL_H_TwHeaderLineEditItem* createLineEditHeader(MRL_H_TableWidget* table, int id,
+                                                 const StructLineEdit& description, const QString& caption,
+                                                 const QString& toolTip, int position);
+
+/// All rows of the selected ranges, each once, in ascending order.
+std::set<int> getSelectedRows(const QTableWidget* table);
+
+/// Shows the findings of a row: the cells of the columns with a finding are red and tell it in their tool
+/// tip, all others are black and without a tool tip. A finding for a column that the table doesn't have is
+/// not shown. Writes only what changes. The caller blocks the table's signals.
+void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_Findings& findings);
+
+/// Removes rows and selects the row that now stands where the lowest of them stood, or the last row if there
+/// is none. Positions without a row are passed over. One pass over the table, however many rows go.
+/// @param rows positions; of an empty set row 0 is selected
+void removeRows(QTableWidget* table, const std::set<int>& rows);
