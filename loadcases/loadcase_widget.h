@@ -1,0 +1,105 @@
+#pragma once
+
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "actions/loadcase_tab.h"
+#include "actions/tab_interface.h"
+#include "lcdata/records.h"
+#include "loadcases/loadcase_copy.h"
+#include "model/rules/loadcase_row.h"
+
+class LCM_ActionsWidget;
+class LCM_ActionList;
+class LCM_RowCells;
+class MRL_QT_CheckBox;
+class TableLoadCases;
+struct LCM_LoadcaseEntry;
+
+/// The load-case tab: the table of load cases with its commands. The rows are the live copy while the dialog
+/// is open; the working model gets them back on saving.
+///
+/// A load case with an action has no factors of its own. Its row shows the action's present factors in
+/// disabled cells, and its record holds the undefined value.
+class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
+{
+    Q_OBJECT
+  public:
+    LCM_LoadcaseWidget(int db, QWidget* parent, const char* name);
+    ~LCM_LoadcaseWidget() override;
+
+    void createWidgets() override;
+    void save(bool writeToDatabase) override;
+
+    /// Fills the empty table from the working model and reads the two settings.
+    void fillTable();
+    /// Links the actions tab: connects its signals and rebuilds the list of actions.
+    void setActionsWidget(LCM_ActionsWidget* actions);
+    /// Gives the table the focus and selects the rows of all these numbers; a number without a row is passed
+    /// over. Nothing happens with an empty set.
+    void selectLoadcases(const std::set<int>& numbers);
+    /// @param numbers [out] the numbers of the selected rows
+    void getSelectedLoadcases(std::set<int>& numbers);
+    std::vector<LCM_LoadcaseCopy> getCopies() const;
+
+    LCM_DataClass* dataClass() const override;
+    bool isActionUsed(const tagCDB_LC_ACT& action) override;
+    void removeActionLoadcases(const tagCDB_LC_ACT& action) override;
+
+    /// Shows an entry in a row.
+    void fillRow(int row, const LCM_LoadcaseEntry& entry);
+    /// The reverse of fillRow: the entry that a row means. A row whose action is missing gives the action
+    /// word that it came with.
+    void readRow(int row, LCM_LoadcaseEntry& entry);
+    /// Judges a row, colours its cells and gives them their tool tips. The verdict isn't stored.
+    /// @return true for a valid row, and always without an actions tab
+    bool checkRow(int row);
+    /// The value of a cell, LC_UNDEFINED when it has none.
+    float getItemVal(int row, int colId);
+    QString getItemText(int row, int colId);
+    bool isItemFromAction(int row, int colId);
+    void setItemFromAction(int row, int colId, bool fromAction);
+    /// Chooses the entry of an action cell by its code or the lower-case form of it; where the list has
+    /// neither the row shows the marker of a missing action.
+    void setActionItem(int row, int colId, int code);
+    /// Keeps the mate of an edited factor cell in step: of a pair either both follow the action or none.
+    void updateCoupledItem(int row, int colId);
+    /// The value that the row's action has for a factor column, LC_UNDEFINED when there is none.
+    float getActionVal(int row, int colId);
+
+    void createLoadcases(bool copy);
+    bool addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows, LCM_LoadcaseCopy& info);
+    /// @return the number of the new load case, -99999 when the user gave up
+    int askNumber(bool copy, LCM_LoadcaseCopy& info);
+    int nextNumber();
+    /// @param out [out] receives the numbers of all rows
+    void getAllLoadcases(std::set<int>& out);
+
+  signals:
+    void signal_deleteUnusedLoadcases();
+
+  public slots:
+    void slot_newClicked();
+    void slot_copyClicked();
+    void slot_deleteClicked();
+    void slot_actionCountChanged();
+    /// @param row, col the changed cell of the actions table, by position
+    void slot_actionValuesChanged(int row, int col);
+    /// @param row, col the edited cell, by position
+    void slot_cellChanged(int row, int col);
+    void slot_checkDeadloadChanged(int state);
+    /// @param rows the re-initialised rows of the actions table
+    void slot_reinitActions(std::set<int> rows);
+    /// Writes a number into a cell; LC_UNDEFINED: the cell follows the action.
+    void setItemVal(int row, int colId, float val, bool enabled);
+
+  private:
+    void setupTable();
+
+    TableLoadCases* loadcaseTable = nullptr;    ///< child of this
+    LCM_ActionsWidget* actionsWidget = nullptr; ///< the actions tab, not owned; null without one
+    MRL_QT_CheckBox* checkDeadload = nullptr;   ///< child of this
+    MRL_QT_CheckBox* checkIncrease = nullptr;   ///< child of this
+    std::vector<LCM_LoadcaseCopy> copies;
+};
