@@ -67,8 +67,9 @@ class MRL_HOST_API MRL_QT_InitTranslator
     MRL_QT_InitTranslator(const MRL_QT_InitTranslator&) = delete;
     MRL_QT_InitTranslator& operator=(const MRL_QT_InitTranslator&) = delete;
 
-  private:
     struct Private;
+
+  private:
     std::unique_ptr<Private> d;
 };
 
@@ -85,9 +86,15 @@ class MRL_HOST_API MRL_QT_Dialog : public QDialog
     void restoreGeometry(int width, int height);
 
   protected:
+    /// The place of the geometry in the settings, in the stead of the object name under "Geometry".
+    void setGeometryKey(const QString& group, const QString& name);
     void hideEvent(QHideEvent* event) override;
 
   private:
+    QString geometryName() const;
+
+    QString m_geometryGroup = QStringLiteral("Geometry");
+    QString m_geometryName;
     bool m_keepGeometry = false;
 };
 
@@ -185,6 +192,7 @@ class MRL_HOST_API MRL_QT_PushButton : public QPushButton
     explicit MRL_QT_PushButton(const QString& text, QWidget* parent = nullptr, const char* name = nullptr);
 
   protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
@@ -227,6 +235,10 @@ class MRL_HOST_API MRL_QT4_ComboBox : public QComboBox
     bool setCurrentId(int id);
     /// True: the list is at least as wide as its widest text.
     void setWidthTextEnabled(bool on);
+    void showPopup() override;
+
+  private:
+    bool m_widthText = false;
 };
 
 /// A number input with a slider that passes over numbers that are excluded.
