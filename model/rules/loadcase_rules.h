@@ -12,15 +12,15 @@
 /// @param action the present values of its action
 /// @param limits availability record of the design code; its factor fields are marks and upper limits
 /// @return the findings by LC_COL_ column; none for a valid load case
-Findings lcm_check_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
-                            const tagCDB_LC_ACT& limits);
+LCM_Findings lcm_check_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
+                                const tagCDB_LC_ACT& limits);
 
 /// The verdict on a load case.
 struct LCM_LoadcaseVerdict
 {
     bool valid = true;
     bool actionMissing = false; ///< the action word names no action of the project
-    Findings findings;          ///< by LC_COL_ column
+    LCM_Findings findings;      ///< by LC_COL_ column
 };
 
 /// Judges a row as the table does: a "None" row and an imperfection are valid as they stand, and a row whose

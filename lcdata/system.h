@@ -1,0 +1,11 @@
+#pragma once
+
+/// The structural system of a project, as far as dead weight depends on it.
+
+/// The system class: 0 spatial (dead weight in X, Y and Z), 1 plane (X and Y), 3 plate (Z only).
+/// 0 when the project doesn't say.
+int lcm_system_class(int db);
+
+/// The direction of gravity: plus or minus 1, 2, 3 for X, Y, Z. 1 when the project doesn't say.
+/// @note Handed on as stored, so a damaged project may give any number.
+int lcm_gravity_direction(int db);
