@@ -1,0 +1,259 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+
+#include "model/rules/action_columns.h"
+#include "model/rules/action_rules.h"
+#include "tests/support/action_builder.h"
+
+using mrl::test::action;
+using mrl::test::ActionBuilder;
+using mrl::test::limits;
+
+namespace {
+
+constexpr LCM_DesignCodeIdentity SOME_CODE{1, 2, 49, 2010};
+constexpr LCM_DesignCodeIdentity DANISH_2004{0, 2, 45, 2004};
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
+constexpr float INFINITE = std::numeric_limits<float>::infinity();
+
+LCM_Findings check(const ActionBuilder& row, const ActionBuilder& limit = limits(),
+                   const LCM_DesignCodeIdentity& identity = SOME_CODE)
+{
+    return lcm_check_action(row, limit, identity);
+}
+
+/// The findings as a map of plain text, which a failing test prints readably.
+std::map<int, std::string> plain(const LCM_Findings& findings)
+{
+    std::map<int, std::string> result;
+    for (const auto& [column, message] : findings)
+        result[column] = message.toStdString();
+    return result;
+}
+
+using Expected = std::map<int, std::string>;
+
+} // namespace
+
+TEST(ActionRules, FactorsWithinAllLimitsGiveNoFinding) { EXPECT_EQ(plain(check(action())), Expected{}); }
+
+TEST(ActionRules, ZeroGamuIsAFinding)
+{
+    const auto findings = plain(check(action().gamu(0.0f).gamf(0.0f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_GAMU, "GAMU has to be bigger than 0.0!"}}));
+}
+
+TEST(ActionRules, NewUserActionWithZeroFactorsFailsForGamuAlone)
+{
+    // f = 0 lies in [0, g = 0], and all Psi = 0 lie in [0, 0].
+    const auto findings = plain(check(ActionBuilder("U1").partition(50)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_GAMU, "GAMU has to be bigger than 0.0!"}}));
+}
+
+TEST(ActionRules, GamfEqualToGamuPasses)
+{
+    EXPECT_EQ(plain(check(action().gamu(1.35f).gamf(1.35f))), Expected{});
+}
+
+TEST(ActionRules, FavourableFactorAboveUnfavourableIsAFinding)
+{
+    const auto findings = plain(check(action().gamu(1.35f).gamf(1.36f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_GAMF, "GAMF has to be between 0.0 and 1.35!"}}));
+}
+
+TEST(ActionRules, NegativeGamfIsTheSameFinding)
+{
+    const auto findings = plain(check(action().gamu(1.35f).gamf(-0.1f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_GAMF, "GAMF has to be between 0.0 and 1.35!"}}));
+}
+
+TEST(ActionRules, BoundsShowThreeSignificantDigits)
+{
+    // 1.234 in the format g with precision 3.
+    const auto findings = plain(check(action().gamu(1.234f).gamf(1.3f)));
+    EXPECT_EQ(findings.at(ACT_COL_GAMF), "GAMF has to be between 0.0 and 1.23!");
+}
+
+TEST(ActionRules, UndefinedGamuPassesItselfAndFailsGamf)
+{
+    const auto findings = plain(check(action().gamu(LC_UNDEFINED).gamf(0.0f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_GAMF, "GAMF has to be between 0.0 and -1e+05!"}}));
+}
+
+TEST(ActionRules, UndefinedGamuIsCleanWhereTheCodeHasNoGamf)
+{
+    EXPECT_EQ(plain(check(action().gamu(LC_UNDEFINED), limits().gamf(0.0f))), Expected{});
+}
+
+TEST(ActionRules, NegativeGamuOtherThanUndefinedIsAFinding)
+{
+    EXPECT_EQ(plain(check(action().gamu(-1.0f), limits().gamf(0.0f))).count(ACT_COL_GAMU), 1u);
+}
+
+TEST(ActionRules, GamfIsNotLookedAtWithoutALimitOfGamu)
+{
+    EXPECT_EQ(plain(check(action().gamu(0.0f).gamf(9.0f), limits().gamu(0.0f))), Expected{});
+}
+
+TEST(ActionRules, LimitsOfGamuAndGamfAreMarksOnly)
+{
+    EXPECT_EQ(plain(check(action().gamu(9.0f).gamf(8.0f), limits().gamu(-0.5f).gamf(0.001f))), Expected{});
+}
+
+TEST(ActionRules, GamaIsNeverJudged)
+{
+    for (const float gama : {-5.0f, 0.0f, 0.001f, 100.0f, LC_UNDEFINED, NOT_A_NUMBER, INFINITE})
+        EXPECT_EQ(plain(check(action().gama(gama))), Expected{}) << gama;
+}
+
+TEST(ActionRules, Psi0AboveItsLimitIsAFinding)
+{
+    // The limit 1.0 prints as 1 in the format g.
+    const auto findings = plain(check(action().psi0(1.2f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI0, "Psi0 has to be between 0.0 and 1!"}}));
+}
+
+TEST(ActionRules, PsiEqualToItsLimitPasses)
+{
+    EXPECT_EQ(plain(check(action().psi0(1.0f).psi1(1.0f).psi2(1.0f).psi1s(1.0f))), Expected{});
+}
+
+TEST(ActionRules, Psi0HasItsOwnLimit)
+{
+    const auto findings = plain(check(action().psi0(0.9f), limits().psi0(0.8f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI0, "Psi0 has to be between 0.0 and 0.8!"}}));
+}
+
+TEST(ActionRules, Psi1BelowPsi2ColoursBoth)
+{
+    const auto findings = plain(check(action().psi1(0.5f).psi2(0.7f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1, "Psi1 has to be between 0.7 and 1!"},
+                                  {ACT_COL_PSI2, "Psi2 has to be between 0.0 and 0.5!"}}));
+}
+
+TEST(ActionRules, OrderReplacesTheLimitInTheMessageOfPsi1)
+{
+    // 1.2 is above the limit 1 (0.0 to 1) and fails against Psi2 = 0.3 as well (0.3 to 1): the later one
+    // stays. Psi1s = 0.5 lies below Psi1 = 1.2.
+    const auto findings = plain(check(action().psi1(1.2f).psi2(0.3f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1, "Psi1 has to be between 0.3 and 1!"},
+                                  {ACT_COL_PSI1S, "Psi1' has to be between 1.2 and 1.0!"}}));
+}
+
+TEST(ActionRules, LowerBoundOfPsi1ShowsSixDigitsAndTheUpperThree)
+{
+    // Psi2 = 0.71234: six significant digits below, three above (0.87654 becomes 0.877).
+    const auto findings =
+        plain(check(action().psi1(0.5f).psi2(0.71234f), limits().psi1(0.87654f).psi2(1.0f).psi1s(0.0f)));
+    EXPECT_EQ(findings.at(ACT_COL_PSI1), "Psi1 has to be between 0.71234 and 0.877!");
+}
+
+TEST(ActionRules, Psi2AbovePsi1AndItsOwnLimitNamesPsi1)
+{
+    const auto findings = plain(check(action().psi1(0.4f).psi2(0.9f), limits().psi2(0.8f)));
+    EXPECT_EQ(findings.at(ACT_COL_PSI2), "Psi2 has to be between 0.0 and 0.4!");
+}
+
+TEST(ActionRules, Psi2WithinPsi1ButAboveItsOwnLimitNamesTheLimit)
+{
+    const auto findings = plain(check(action().psi1(0.9f).psi2(0.85f).psi1s(0.9f), limits().psi2(0.8f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI2, "Psi2 has to be between 0.0 and 0.8!"}}));
+}
+
+TEST(ActionRules, Psi1sBelowPsi1IsAFinding)
+{
+    const auto findings = plain(check(action().psi1(0.5f).psi2(0.3f).psi1s(0.3f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1S, "Psi1' has to be between 0.5 and 1.0!"}}));
+}
+
+TEST(ActionRules, UpperBoundOfPsi1sReadsOneWhateverTheLimitIs)
+{
+    // 0.85 is above the limit 0.8 both times; the limit's own message is replaced by the one of the order.
+    const auto findings = plain(check(action().psi1s(0.85f), limits().psi1s(0.8f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1S, "Psi1' has to be between 0.5 and 1.0!"}}));
+}
+
+TEST(ActionRules, NegativePsi1sPassesTheOrderOnlyAgainstANegativePsi1)
+{
+    // Psi1s = -0.1 fails its limit; against Psi1 = -0.2 it stands in order, so the limit's message stays.
+    const auto findings = plain(check(action().psi1(-0.2f).psi2(-0.3f).psi1s(-0.1f)));
+    EXPECT_EQ(findings.at(ACT_COL_PSI1S), "Psi1' has to be between 0.0 and 1!");
+}
+
+TEST(ActionRules, DanishAnnexAsksForPsi1sOfAtLeastPointNine)
+{
+    const auto findings = plain(check(action().psi1(0.5f).psi2(0.3f).psi1s(0.8f), limits(), DANISH_2004));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1S, "Psi1' has to be between 0.9 and 1.0!"}}));
+}
+
+TEST(ActionRules, DanishAnnexAllowsPsi1sBelowPsi1)
+{
+    EXPECT_EQ(plain(check(action().psi1(0.95f).psi1s(0.92f), limits(), DANISH_2004)), Expected{});
+    EXPECT_EQ(plain(check(action().psi1(0.95f).psi1s(0.92f))).count(ACT_COL_PSI1S), 1u);
+}
+
+TEST(ActionRules, OneOtherNumberIsAnotherDesignCode)
+{
+    const LCM_DesignCodeIdentity others[] = {
+        {1, 2, 45, 2004}, {0, 1, 45, 2004}, {0, 2, 44, 2004}, {0, 2, 45, 2005}};
+    for (const LCM_DesignCodeIdentity& other : others)
+        EXPECT_EQ(plain(check(action().psi1(0.5f).psi1s(0.8f), limits(), other)), Expected{});
+}
+
+TEST(ActionRules, WithoutPsi2InTheCodePsi1HasToBeOne)
+{
+    const auto findings = plain(check(action().psi1(0.9f).psi2(0.0f).psi1s(0.9f), limits().psi2(0.0f)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1, "Psi1 has to be between 1 and 1!"}}));
+    EXPECT_EQ(plain(check(action().psi1(1.0f).psi2(0.0f).psi1s(1.0f), limits().psi2(0.0f))), Expected{});
+}
+
+TEST(ActionRules, WithoutPsi1InTheCodeOneTakesItsPlace)
+{
+    const auto findings = plain(check(action().psi1(0.0f).psi2(0.9f).psi1s(0.9f), limits().psi1(0.0f)));
+    // Psi2 = 0.9 lies in [0, 1]; Psi1s = 0.9 doesn't lie in [1, 1].
+    EXPECT_EQ(findings, (Expected{{ACT_COL_PSI1S, "Psi1' has to be between 1 and 1.0!"}}));
+}
+
+TEST(ActionRules, WithoutAnyLimitNothingIsJudged)
+{
+    const ActionBuilder none(QString{});
+    EXPECT_EQ(
+        plain(check(action().gamu(-3.0f).gamf(7.0f).psi0(9.0f).psi1(-9.0f).psi2(3.0f).psi1s(-1.0f), none)),
+        Expected{});
+}
+
+TEST(ActionRules, HiddenColumnWithALimitStillGivesAFinding)
+{
+    // A code that knows Gamu and labels it "none" has no such column, so the row reads 0.
+    EXPECT_EQ(plain(check(action().gamu(0.0f).gamf(0.0f))).count(ACT_COL_GAMU), 1u);
+}
+
+TEST(ActionRules, NotANumberPassesNoComparison)
+{
+    const auto findings = plain(check(action().gamu(NOT_A_NUMBER).psi0(NOT_A_NUMBER).psi1(NOT_A_NUMBER)));
+    EXPECT_EQ(findings, (Expected{{ACT_COL_GAMU, "GAMU has to be bigger than 0.0!"},
+                                  {ACT_COL_GAMF, "GAMF has to be between 0.0 and nan!"},
+                                  {ACT_COL_PSI0, "Psi0 has to be between 0.0 and 1!"},
+                                  {ACT_COL_PSI1, "Psi1 has to be between 0.5 and 1!"},
+                                  {ACT_COL_PSI2, "Psi2 has to be between 0.0 and nan!"},
+                                  {ACT_COL_PSI1S, "Psi1' has to be between nan and 1.0!"}}));
+}
+
+TEST(ActionRules, InfiniteGamuIsBiggerThanZero)
+{
+    EXPECT_EQ(plain(check(action().gamu(INFINITE).gamf(INFINITE))), Expected{});
+    EXPECT_EQ(plain(check(action().psi0(INFINITE))).count(ACT_COL_PSI0), 1u);
+}
+
+TEST(ActionRules, JudgingChangesNeitherRecordNorLimits)
+{
+    const ActionBuilder row = action().psi1(0.5f).psi2(0.7f);
+    const ActionBuilder limit = limits();
+    const tagCDB_LC_ACT before = row;
+    const tagCDB_LC_ACT limitBefore = limit;
+    check(row, limit);
+    EXPECT_EQ(std::memcmp(&before, &row.record(), sizeof before), 0);
+    EXPECT_EQ(std::memcmp(&limitBefore, &limit.record(), sizeof before), 0);
+}
