@@ -1,0 +1,30 @@
+#pragma once
+
+/// The enumeration of a design code's default actions.
+
+#include "host/mrl_dlib.h"
+#include "lcdata/records.h"
+
+/// Old action numbers that stand for the plain dead and the plain live action; the fall-back everywhere.
+constexpr int LC_OLD_DEAD_ACTION = 2;
+constexpr int LC_OLD_LIVE_ACTION = 7;
+
+/// The type family of an action: 1 dead, 2 prestress, anything else live. Load groups make it large.
+constexpr int lcm_type_family(const tagCDB_LC_ACT& action) { return action.partition / 16; }
+
+/// Visits the default actions of the active design code in their order, at most 999 of them.
+/// @param visit takes a const tagCDB_LC_ACT& and returns true to stop
+/// @return whether a visit stopped it
+template <class Visit>
+bool lcm_enumerate_default_actions(Visit&& visit)
+{
+    constexpr int LAST = -999;
+    for (int which = -1; which >= LAST; --which) {
+        tagCDB_LC_ACT action{};
+        if (mrl_dlib_lcact_info(which, &action) < 0)
+            return false;
+        if (visit(static_cast<const tagCDB_LC_ACT&>(action)))
+            return true;
+    }
+    return false;
+}

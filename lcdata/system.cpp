@@ -1,0 +1,42 @@
+#include "lcdata/system.h"
+
+#include <cstdint>
+
+#include "host/mrl_cdb.h"
+#include "lcdata/guards.h"
+#include "lcdata/keys.h"
+
+namespace {
+
+constexpr int SYSTEM_RECORD_BYTES = 352;
+
+struct SystemRecord
+{
+    std::int32_t rawClass;
+    std::int32_t gravity;
+    unsigned char others[SYSTEM_RECORD_BYTES - 8]; ///< not ours
+};
+static_assert(sizeof(SystemRecord) == SYSTEM_RECORD_BYTES);
+
+bool readSystem(int db, SystemRecord& record)
+{
+    const LCM_KeyGuard key(db, LC_KWH_SYSTEM, 0);
+    int length = sizeof record;
+    return mrl_cdb_get(db, LC_KWH_SYSTEM, 0, &record, &length, 0) < CD_END;
+}
+
+} // namespace
+
+int lcm_system_class(int db)
+{
+    SystemRecord record{};
+    if (!readSystem(db, record) || record.rawClass == 0 || record.rawClass > 39)
+        return 0;
+    return record.rawClass < 20 ? 1 : 3;
+}
+
+int lcm_gravity_direction(int db)
+{
+    SystemRecord record{};
+    return readSystem(db, record) ? record.gravity : 1;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+/// Searches in a tree of actions. A tree has two levels; the first match wins.
+
+#include <unordered_map>
+#include <vector>
+
+#include "model/data_class.h"
+
+/// The entry with a code: a parent ahead of its children, an earlier parent ahead of a later one.
+/// @return null when there is none
+const LCM_SubAction* lcm_find_action(const std::vector<LCM_ActionEntry*>& tree, int code);
+
+/// Where the records of a code go in a tree: to the first child with the code of each parent ahead of the
+/// first parent that has the code itself, and to that parent.
+struct LCM_ActionTargets
+{
+    std::vector<LCM_SubAction*> children;
+    LCM_ActionEntry* parent = nullptr;
+
+    bool empty() const { return !parent && children.empty(); }
+    /// Copies a record over the entries; their states stay.
+    void store(const tagCDB_LC_ACT& record) const;
+};
+
+/// The targets of one code, found in a walk.
+LCM_ActionTargets lcm_action_targets(const std::vector<LCM_ActionEntry*>& tree, int code);
+
+/// The targets of all codes of a tree at once, for many look-ups.
+class LCM_ActionIndex
+{
+  public:
+    explicit LCM_ActionIndex(const std::vector<LCM_ActionEntry*>& tree);
+
+    /// @return no entries for an unknown code
+    const LCM_ActionTargets& at(int code) const;
+    /// Notes a parent that was appended to the tree.
+    void add(LCM_ActionEntry* parent);
+
+  private:
+    std::unordered_map<int, LCM_ActionTargets> m_targets;
+};

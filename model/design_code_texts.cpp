@@ -1,0 +1,70 @@
+// The design code's symbols for the factors, and which factors it has.
+#include <array>
+
+#include "host/mrl_lib.h"
+#include "host/mrl_widgets.h"
+#include "model/data_class.h"
+
+namespace {
+
+constexpr int FILE_NAME_BYTES = 1024;
+constexpr int LABEL_BYTES = 20;
+
+/// The label of an entry "TXT_..." of the design-code file, empty when there is none.
+QString readLabel(const QString& file, const QString& upperKey)
+{
+    const QByteArray entry = QStringLiteral("TXT_%1").arg(upperKey).toUtf8();
+    int value = 0;
+    std::array<char, LABEL_BYTES + 1> label{}; // a label that fills the buffer has no closing zero
+    mrl_lib_profile_read(file.toUtf8().constData(), "ACTIONS", entry.constData(), 1, &value, label.data(),
+                         LABEL_BYTES, 0);
+    return QString::fromUtf8(label.data()).simplified();
+}
+
+} // namespace
+
+QString LCM_DataClass::designCodeText(const QString& key)
+{
+    const QString upperKey = key.toUpper();
+    const auto cached = textCache.find(upperKey);
+    if (cached != textCache.end())
+        return cached->second;
+
+    std::array<char, FILE_NAME_BYTES> file{};
+    if (!mrl_lib_designcode_file(db, file.data(), FILE_NAME_BYTES)) {
+        if (!textWarningShown)
+            MRL_QT_MessageBox::critical(
+                nullptr, tr("Database corrupt"),
+                tr("Can't read design code from database! Some text may be wrong or unreadable."), QString(),
+                QString(), QString(), 0, -1);
+        textWarningShown = true;
+    }
+    QString label = readLabel(QString::fromUtf8(file.data()), upperKey);
+    if (label.isEmpty())
+        label = key;
+    textCache[upperKey] = label;
+    return label;
+}
+
+/// For safety factors a design code can also say "none" in its file.
+int LCM_DataClass::hasLabelled(bool known, const QString& key)
+{
+    return known && designCodeText(key) != QLatin1String("none") ? 1 : 0;
+}
+
+int LCM_DataClass::hasGamu() { return hasLabelled(info.gamu, QStringLiteral("Gamu")); }
+int LCM_DataClass::hasGamf() { return hasLabelled(info.gamf, QStringLiteral("Gamf")); }
+int LCM_DataClass::hasGama() { return hasLabelled(info.gama, QStringLiteral("Gama")); }
+int LCM_DataClass::hasPsi0() const { return info.psi0; }
+int LCM_DataClass::hasPsi1() const { return info.psi1; }
+int LCM_DataClass::hasPsi2() const { return info.psi2; }
+int LCM_DataClass::hasPsi1s() const { return info.psi1s; }
+
+int LCM_DataClass::optionalColumnCount()
+{
+    // The order matters: the first safety factor that asks for its label may bring up the warning.
+    int count = hasGamu();
+    count += hasGamf();
+    count += hasGama();
+    return count + hasPsi0() + hasPsi1() + hasPsi1s() + hasPsi2();
+}
