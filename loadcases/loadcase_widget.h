@@ -43,7 +43,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     void getSelectedLoadcases(std::set<int>& numbers);
     std::vector<LCM_LoadcaseCopy> getCopies() const;
 
-    LCM_DataClass* dataClass() const override;
+    LCM_DataClass* model() const override { return m_model; }
     bool isActionUsed(const tagCDB_LC_ACT& action) override;
     void removeActionLoadcases(const tagCDB_LC_ACT& action) override;
 

@@ -92,8 +92,10 @@ tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadcaseRow& row, const LCM_LoadcaseS
 /// @param actionWord id of the newly chosen entry
 tagCDB_LC_CTRL lcm_record_with_action(const tagCDB_LC_CTRL& record, int actionWord);
 
-/// The bytes of an action code as text, up to the first zero byte, trailing blanks included.
-QString lcm_code_text(int code);
+/// The text of the marker of an action that the project lacks; it names the code's bytes up to the first zero,
+/// trailing blanks included. Not translated.
+QString lcm_missing_action_text(int code);
+
 /// The code with its letters in lower or upper case, blank-padded; 0x20202020 for a code without bytes.
 int lcm_lower_code(int code);
 int lcm_upper_code(int code);
