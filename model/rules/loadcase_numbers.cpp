@@ -5,7 +5,7 @@
 #include <limits>
 #include <unordered_set>
 
-#include "lcdata/lc_codes.h"
+#include "lcdata/load_case_rules.h"
 
 int lcm_next_number(const std::vector<int>& rows, std::optional<int> selected, const std::set<int>& used)
 {
@@ -15,8 +15,7 @@ int lcm_next_number(const std::vector<int>& rows, std::optional<int> selected, c
     // One step up for each taken number that is met: at most one per row and one per used number.
     const std::unordered_set<int> taken(rows.begin(), rows.end());
     auto nextUsed = used.lower_bound(number);
-    while (number < std::numeric_limits<int>::max())
-    {
+    while (number < std::numeric_limits<int>::max()) {
         while (nextUsed != used.end() && *nextUsed < number)
             ++nextUsed;
         const bool isUsed = nextUsed != used.end() && *nextUsed == number;
@@ -38,8 +37,7 @@ int lcm_proposed_target(int target, const std::set<int>& taken)
 
 LCM_DefaultAction lcm_default_action_of_new(int rowCount)
 {
-    switch (rowCount)
-    {
+    switch (rowCount) {
     case 0:
         return LCM_DefaultAction::Dead;
     case 1:

@@ -4,23 +4,20 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "lcdata/lc_codes.h"
+#include "lcdata/gama.h"
+#include "lcdata/keys.h"
+#include "lcdata/load_case_rules.h"
+#include "lcdata/packed_text.h"
+#include "lcdata/packing.h"
 
 namespace {
 
-constexpr float ZERO_GAMA = 1.1920929e-7f; // an amount below this is no accidental factor of its own
-constexpr float STORED_ZERO_GAMA = 0.001f;
-
 /// The axis of gravity, 1 to 3, and 0 when the direction names none.
-int axisOf(int gravity)
-{
-    return gravity >= -3 && gravity <= 3 ? std::abs(gravity) : 0;
-}
+int axisOf(int gravity) { return gravity >= -3 && gravity <= 3 ? std::abs(gravity) : 0; }
 
 float* componentOf(tagCDB_LC_CTRL& record, int axis)
 {
-    switch (axis)
-    {
+    switch (axis) {
     case 1:
         return &record.dlx;
     case 2:
@@ -32,7 +29,8 @@ float* componentOf(tagCDB_LC_CTRL& record, int axis)
     }
 }
 
-/// The amount with the sign of gravity. Zero has no sign: a load case without dead weight is stored as it was.
+/// The amount with the sign of gravity. Zero has no sign: a load case without dead weight is stored as it
+/// was.
 float alongGravity(float value, int gravity)
 {
     const float amount = std::fabs(value);
@@ -42,17 +40,16 @@ float alongGravity(float value, int gravity)
 LCM_LoadcaseFactors ownFactors(const tagCDB_LC_CTRL& record)
 {
     LCM_LoadcaseFactors factors;
-    lcm_unpack_pair(record.gamu, factors[LC_COL_GAMU], factors[LC_COL_GAMA]);
-    lcm_unpack_pair(record.psi1, factors[LC_COL_PSI1], factors[LC_COL_PSI1S]);
+    const LCM_FactorPair safety = lcm_unpack_pair(record.gamu);
+    const LCM_FactorPair frequent = lcm_unpack_pair(record.psi1);
+    factors[LC_COL_GAMU] = safety.main;
+    factors[LC_COL_GAMA] = safety.minor;
+    factors[LC_COL_PSI1] = frequent.main;
+    factors[LC_COL_PSI1S] = frequent.minor;
     factors[LC_COL_GAMF] = record.gamf;
     factors[LC_COL_PSI0] = record.psi0;
     factors[LC_COL_PSI2] = record.psi2;
     return factors;
-}
-
-float roundedMain(float value)
-{
-    return static_cast<float>(std::trunc(static_cast<double>(value) * 1000.0 + 0.5) * 0.001);
 }
 
 /// Packs a pair of cells. Unlike the packing of two numbers at hand each cell counts only if its column is
@@ -62,15 +59,13 @@ float packCells(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup
 {
     float field = 0.0f;
     if (setup.hasColumn(mainColumn))
-        field = cells[mainColumn] == LC_UNDEFINED ? LC_UNDEFINED : roundedMain(cells[mainColumn]);
+        field = cells[mainColumn] == LC_UNDEFINED ? LC_UNDEFINED : lcm_round_main(cells[mainColumn]);
     if (!setup.hasColumn(minorColumn))
         return field;
-    float minor = cells[minorColumn];
+    const float minor = cells[minorColumn];
     if (minor == LC_UNDEFINED)
         return LC_UNDEFINED;
-    if (zeroRule && std::fabs(minor) < ZERO_GAMA)
-        minor = STORED_ZERO_GAMA;
-    return field + static_cast<float>(static_cast<double>(minor) * 0.0001);
+    return lcm_add_minor(field, zeroRule ? lcm_gama_to_store(minor) : minor);
 }
 
 std::string bytesOf(int code)
@@ -84,8 +79,7 @@ int packLatin1(const QString& text)
 {
     const QByteArray bytes = text.toLatin1();
     unsigned word = 0x20202020u;
-    for (int i = 0; i < 4 && i < bytes.size(); ++i)
-    {
+    for (int i = 0; i < 4 && i < bytes.size(); ++i) {
         const unsigned shift = 8u * static_cast<unsigned>(i);
         word &= ~(0xffu << shift);
         word |= static_cast<unsigned>(static_cast<unsigned char>(bytes.at(i))) << shift;
@@ -104,8 +98,7 @@ LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int g
 {
     const int axis = axisOf(gravity);
     LCM_LoadcaseDeadWeight cells{record.dlz, record.dlx, record.dly, record.dlz};
-    switch (axis)
-    {
+    switch (axis) {
     case 1:
         cells.factor = cells.dlx = std::fabs(record.dlx);
         break;
@@ -126,7 +119,7 @@ LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB
     if (lcm_has_own_factors(record.action))
         return ownFactors(record);
     LCM_LoadcaseFactors factors;
-    if (!action || record.action == LC_IMPERFECTION)
+    if (!action || record.action == LC_ACTION_IMPERFECTION)
         return factors;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
         factors[column] = lcm_action_factor(*action, column);
@@ -135,8 +128,7 @@ LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB
 
 float lcm_action_factor(const tagCDB_LC_ACT& action, int column)
 {
-    switch (column)
-    {
+    switch (column) {
     case LC_COL_GAMU:
         return action.gamu;
     case LC_COL_GAMF:
@@ -156,21 +148,26 @@ float lcm_action_factor(const tagCDB_LC_ACT& action, int column)
     }
 }
 
+LCM_LoadcaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                  const LCM_LoadcaseSetup& setup)
+{
+    return {number, lcm_title_text(record.title), record.action, lcm_shown_dead_weight(record, setup.gravity),
+            lcm_shown_factors(record, action)};
+}
+
 void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_LoadcaseSetup& setup,
                            tagCDB_LC_CTRL& record)
 {
     record.dlx = record.dly = record.dlz = 0.0f;
     float* along = componentOf(record, axisOf(setup.gravity));
-    if (setup.globalDirections)
-    {
+    if (setup.globalDirections) {
         const auto shown = lcm_shown_components(setup.systemClass);
         record.dlx = shown[0] ? cells.dlx : 0.0f;
         record.dly = shown[1] ? cells.dly : 0.0f;
         record.dlz = shown[2] ? cells.dlz : 0.0f;
         if (along)
             *along = alongGravity(*along, setup.gravity);
-    }
-    else if (along)
+    } else if (along)
         *along = alongGravity(cells.factor, setup.gravity);
     if (setup.systemClass == 1)
         record.dlz = 0.0f;
@@ -181,8 +178,7 @@ void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_Loadca
 void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup,
                        tagCDB_LC_CTRL& record)
 {
-    if (!lcm_has_own_factors(record.action))
-    {
+    if (!lcm_has_own_factors(record.action)) {
         record.gamu = record.gamf = record.psi0 = record.psi1 = record.psi2 = LC_UNDEFINED;
         return;
     }
@@ -191,6 +187,17 @@ void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup
     record.gamf = setup.hasColumn(LC_COL_GAMF) ? cells[LC_COL_GAMF] : 0.0f;
     record.psi0 = setup.hasColumn(LC_COL_PSI0) ? cells[LC_COL_PSI0] : 0.0f;
     record.psi2 = setup.hasColumn(LC_COL_PSI2) ? cells[LC_COL_PSI2] : 0.0f;
+}
+
+tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadcaseRow& row, const LCM_LoadcaseSetup& setup)
+{
+    tagCDB_LC_CTRL record{};
+    record.action = row.action;
+    record.factor = 1.0f;
+    lcm_title_pack(row.title, record.title, LC_TITLE_WORDS);
+    lcm_store_dead_weight(row.deadWeight, setup, record);
+    lcm_store_factors(row.factors, setup, record);
+    return record;
 }
 
 tagCDB_LC_CTRL lcm_record_with_action(const tagCDB_LC_CTRL& record, int actionWord)
@@ -208,12 +215,6 @@ QString lcm_missing_action_text(int code)
     return QStringLiteral("*** Action %1 is missing ***").arg(QString::fromStdString(bytesOf(code)));
 }
 
-int lcm_lower_code(int code)
-{
-    return packLatin1(QString::fromStdString(bytesOf(code)).toLower());
-}
+int lcm_lower_code(int code) { return packLatin1(QString::fromStdString(bytesOf(code)).toLower()); }
 
-int lcm_upper_code(int code)
-{
-    return packLatin1(QString::fromStdString(bytesOf(code)).toUpper());
-}
+int lcm_upper_code(int code) { return packLatin1(QString::fromStdString(bytesOf(code)).toUpper()); }

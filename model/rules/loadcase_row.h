@@ -92,8 +92,8 @@ tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadcaseRow& row, const LCM_LoadcaseS
 /// @param actionWord id of the newly chosen entry
 tagCDB_LC_CTRL lcm_record_with_action(const tagCDB_LC_CTRL& record, int actionWord);
 
-/// The text of the marker of an action that the project lacks; it names the code's bytes up to the first zero,
-/// trailing blanks included. Not translated.
+/// The text of the marker of an action that the project lacks; it names the code's bytes up to the first
+/// zero, trailing blanks included. Not translated.
 QString lcm_missing_action_text(int code);
 
 /// The code with its letters in lower or upper case, blank-padded; 0x20202020 for a code without bytes.

@@ -2,7 +2,8 @@
 
 #include <QCoreApplication>
 
-#include "lcdata/lc_codes.h"
+#include "lcdata/keys.h"
+#include "lcdata/packing.h"
 
 namespace {
 
@@ -34,10 +35,7 @@ QString between(const char* factor, const QString& low, const QString& high)
 const QString ZERO = QStringLiteral("0.0");
 
 /// A factor of the load case, or that of its action where the load case has none of its own.
-float ownOr(float own, float ofAction)
-{
-    return own == LC_UNDEFINED ? ofAction : own;
-}
+float ownOr(float own, float ofAction) { return own == LC_UNDEFINED ? ofAction : own; }
 
 void checkSafety(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action, const tagCDB_LC_ACT& limits,
                  LCM_Findings& findings)
@@ -66,30 +64,25 @@ Combination combinationOf(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& act
                           const tagCDB_LC_ACT& limits)
 {
     Combination values;
-    if (limits.psi1 != 0.0f)
-    {
-        lcm_unpack_pair(record.psi1, values.psi1, values.psi1s);
-        if (values.psi1 == LC_UNDEFINED)
-        {
-            values.psi1 = action.psi1;
-            values.psi1s = action.psi1s;
-        }
+    if (limits.psi1 != 0.0f) {
+        const LCM_FactorPair own = lcm_unpack_pair(record.psi1);
+        const bool follows = own.main == LC_UNDEFINED;
+        values.psi1 = follows ? action.psi1 : own.main;
+        values.psi1s = follows ? action.psi1s : own.minor;
     }
     if (limits.psi2 != 0.0f)
         values.psi2 = ownOr(record.psi2, action.psi2);
     return values;
 }
 
-bool within(float value, float low, float high)
-{
-    return value >= low && value <= high;
-}
+bool within(float value, float low, float high) { return value >= low && value <= high; }
 
 void checkCombination(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action, const tagCDB_LC_ACT& limits,
                       LCM_Findings& findings)
 {
     const Combination values = combinationOf(record, action, limits);
-    const bool hasPsi1 = limits.psi1 != 0.0f; // without it nothing bounds Psi2 from above and Psi1s from below
+    const bool hasPsi1 =
+        limits.psi1 != 0.0f; // without it nothing bounds Psi2 from above and Psi1s from below
     if (limits.psi0 != 0.0f && record.psi0 != LC_UNDEFINED && !within(record.psi0, 0.0f, limits.psi0))
         findings[LC_COL_PSI0] = between("Psi0", ZERO, number(limits.psi0, 3));
     if (hasPsi1 && record.psi1 != LC_UNDEFINED && !within(values.psi1, values.psi2, limits.psi1))
@@ -117,13 +110,12 @@ LCM_LoadcaseVerdict lcm_judge_loadcase(const tagCDB_LC_CTRL& record, const tagCD
                                        const tagCDB_LC_ACT& limits)
 {
     LCM_LoadcaseVerdict verdict;
-    if (action)
-    {
+    if (action) {
         verdict.findings = lcm_check_loadcase(record, *action, limits);
         verdict.valid = verdict.findings.empty();
         return verdict;
     }
-    verdict.actionMissing = record.action != LC_NO_ACTION && record.action != LC_IMPERFECTION;
+    verdict.actionMissing = record.action != LC_ACTION_NONE && record.action != LC_ACTION_IMPERFECTION;
     verdict.valid = !verdict.actionMissing;
     return verdict;
 }

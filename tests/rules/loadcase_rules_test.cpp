@@ -1,0 +1,133 @@
+#include "model/rules/loadcase_rules.h"
+
+#include <gmock/gmock.h>
+
+#include "lcdata/packing.h"
+#include "support/loadcase_builders.h"
+
+namespace {
+
+using namespace lctest;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+const tagCDB_LC_ACT ALL_LIMITS = limits().all(1.0f);
+
+tagCDB_LC_CTRL withOwn(float gamu, float gamf, float psi0, float psi1, float psi1s, float psi2)
+{
+    tagCDB_LC_CTRL record = standalone();
+    record.gamu = gamu;
+    record.gamf = gamf;
+    record.psi0 = psi0;
+    record.psi1 = lcm_pack_pair(psi1, psi1s);
+    record.psi2 = psi2;
+    return record;
+}
+
+TEST(LoadcaseRules, FollowingAGoodActionIsClean)
+{
+    const tagCDB_LC_ACT g = action().gamu(1.35f).gamf(1.35f).psi0(0.7f).psi1(0.5f).psi2(0.3f).psi1s(0.9f);
+    EXPECT_THAT(lcm_check_loadcase(following(code("G")), g, ALL_LIMITS), IsEmpty());
+}
+
+TEST(LoadcaseRules, FavourableFactorAboveUnfavourableOfTheActionIsAFinding)
+{
+    const auto findings =
+        lcm_check_loadcase(following(code("G")), action().gamu(1.35f).gamf(1.36f), ALL_LIMITS);
+    EXPECT_THAT(findings, ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1.35!"))));
+}
+
+TEST(LoadcaseRules, NegativeFavourableFactorShowsTheRange)
+{
+    const auto findings =
+        lcm_check_loadcase(following(code("G")), action().gamu(1.35f).gamf(-0.1f), ALL_LIMITS);
+    EXPECT_THAT(findings, ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1.35!"))));
+}
+
+TEST(LoadcaseRules, CombinationFactorsOfTheActionAreNotTheLoadCasesBusiness)
+{
+    const tagCDB_LC_ACT odd = action().gamu(1.35f).psi0(7.0f).psi1(5.0f).psi2(6.0f).psi1s(-1.0f);
+    EXPECT_THAT(lcm_check_loadcase(following(code("G")), odd, ALL_LIMITS), IsEmpty());
+}
+
+TEST(LoadcaseRules, DesignCodeWithoutUnfavourableFactorJudgesNoSafetyFactor)
+{
+    EXPECT_THAT(lcm_check_loadcase(following(code("G")), action().gamu(1.0f).gamf(2.0f), limits().gamf(1.0f)),
+                IsEmpty());
+    EXPECT_THAT(lcm_check_loadcase(following(code("G")), action().gamu(1.0f).gamf(2.0f), limits().gamu(1.0f)),
+                IsEmpty());
+}
+
+TEST(LoadcaseRules, NegativeUnfavourableFactorOfItsOwnIsAFinding)
+{
+    const auto findings =
+        lcm_check_loadcase(withOwn(-1.0f, -2.0f, 0, 0, 0, 0), action(), limits().gamu(1.0f));
+    EXPECT_THAT(findings, ElementsAre(Pair(LC_COL_GAMU, QString("GAMU has to be greater than 0.0!"))));
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0.0f, 0, 0, 0, 0, 0), action(), limits().gamu(1.0f)), IsEmpty());
+}
+
+// Limits 1, 0.8, 0.6 and 0.95 for Psi0, Psi1, Psi2 and Psi1s.
+const tagCDB_LC_ACT PSI_LIMITS = limits().psi0(1.0f).psi1(0.8f).psi2(0.6f).psi1s(0.95f);
+
+TEST(LoadcaseRules, CombinationFactorsOfItsOwnHaveTheirRanges)
+{
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.7f, 0.5f, 0.9f, 0.3f), action(), PSI_LIMITS), IsEmpty());
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 1.2f, 0.5f, 0.9f, 0.3f), action(), PSI_LIMITS),
+                ElementsAre(Pair(LC_COL_PSI0, QString("Psi0 has to be between 0.0 and 1!"))));
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.9f, 0.94f, 0.3f), action(), PSI_LIMITS),
+                ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.3 and 0.8!"))));
+    // 0.4 lies below Psi1, which is the lower limit of Psi1s
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.4f, 0.3f), action(), PSI_LIMITS),
+                ElementsAre(Pair(LC_COL_PSI1S, QString("Psi1' has to be between 0.5 and 0.95!"))));
+}
+
+TEST(LoadcaseRules, Psi2AbovePsi1CondemnsBoth)
+{
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.9f, 0.55f), action(), PSI_LIMITS),
+                ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.55 and 0.8!")),
+                            Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 0.5!"))));
+}
+
+TEST(LoadcaseRules, UndefinedPsi2IsJudgedByThatOfTheAction)
+{
+    EXPECT_THAT(
+        lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.9f, LC_UNDEFINED), action().psi2(0.6f), PSI_LIMITS),
+        ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.6 and 0.8!"))));
+}
+
+TEST(LoadcaseRules, WithoutPsi1InTheDesignCodeNothingIsComparedWithIt)
+{
+    EXPECT_THAT(
+        lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.1f, 0.9f), action(), limits().psi2(0.6f).psi1s(0.95f)),
+        IsEmpty());
+}
+
+TEST(LoadcaseVerdict, NoneAndImperfectionAreValidUnseen)
+{
+    EXPECT_TRUE(lcm_judge_loadcase(withOwn(-1, -1, -1, -1, -1, -1), nullptr, ALL_LIMITS).valid);
+    EXPECT_TRUE(lcm_judge_loadcase(following(70), nullptr, ALL_LIMITS).valid);
+}
+
+TEST(LoadcaseVerdict, MissingActionIsInvalidWithoutAFinding)
+{
+    const LCM_LoadcaseVerdict verdict = lcm_judge_loadcase(following(code("X")), nullptr, ALL_LIMITS);
+    EXPECT_FALSE(verdict.valid);
+    EXPECT_TRUE(verdict.actionMissing);
+    EXPECT_THAT(verdict.findings, IsEmpty());
+}
+
+TEST(LoadcaseVerdict, CopiedFactorsOfAStoredRecordDontCondemnIt)
+{
+    // A record that was filled from its action when it was made: the dialog shows the action's factors.
+    tagCDB_LC_CTRL record = withOwn(-1.0f, 2.0f, 3.0f, 4.0f, 0.0f, 5.0f);
+    record.action = code("G");
+    const tagCDB_LC_ACT g = action().gamu(1.35f).gamf(1.0f);
+    EXPECT_FALSE(lcm_judge_loadcase(record, &g, ALL_LIMITS).valid);
+    EXPECT_TRUE(lcm_judge_stored_loadcase(1, record, &g, setup(), ALL_LIMITS).valid);
+
+    const tagCDB_LC_ACT bad = action().gamu(1.35f).gamf(2.0f);
+    EXPECT_FALSE(lcm_judge_stored_loadcase(1, record, &bad, setup(), ALL_LIMITS).valid);
+}
+
+} // namespace
