@@ -8,11 +8,13 @@
 #include <QString>
 
 #include <memory>
+#include <string>
 
 #include "host/mrl_export.h"
 #include "host/mrl_widgets.h"
 
 class QBoxLayout;
+class QLayout;
 class MRL_T_Liste;
 
 /// A database as the host's document objects see it.
@@ -43,7 +45,8 @@ class MRL_HOST_API MRL_H_ShadowDatabase : public MRL_H_CDBDoc
     ~MRL_H_ShadowDatabase() override;
 
     /// Refreshes a key range of the document from the project.
-    /// @param first, last KWL, both included. @param keep handed on as callers pass it (false)
+    /// @param first, last KWL, both included.
+    /// @param keep true: a range with unsaved changes stays as it is; false: the project's state holds
     void cdb2shadow(int kwh, int first, int last, bool keep);
     /// The same for a whole group.
     void cdb2shadow(int kwh, bool keep);
@@ -53,7 +56,7 @@ class MRL_HOST_API MRL_H_ShadowDatabase : public MRL_H_CDBDoc
     void addSaveKwh(int kwh);
 
     struct Private;
-    /// The host's own side of the document: what is marked and which project stands behind it.
+    /// The host's own side of the document: which project stands behind it, what is marked, saving.
     Private& host() { return *d; }
 
   private:
@@ -150,12 +153,19 @@ class MRL_HOST_API MRL_H_Dialog : public MRL_QT_Dialog
     /// @return true if the dialog may close
     virtual bool checkContents() = 0;
     virtual void saveContents() = 0;
+    /// Called when the dialog is rejected, before it closes.
     virtual void noOpHook() = 0;
+    /// The Help button and F1.
     virtual void showHelp() = 0;
 
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
+    QLayout* makeButtons();
+    bool saveInOneTransaction();
+    void tellNotSaved(const QString& what, const std::string& reason);
+
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -1,7 +1,12 @@
 #include <QAbstractButton>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
 
 #include "host/mrl_widgets.h"
+#include "hostlib/data/cdb/project.h"
 
 namespace {
 
@@ -19,6 +24,40 @@ void prepare(QMessageBox& box, const QString& title, const QString& text)
     // Names that people typed may look like markup.
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+// A list of hundreds of names would push the buttons off the screen.
+void limitHeight(QMessageBox& box)
+{
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!label || !grid || !screen)
+        return;
+    const int highest = screen->availableSize().height() / 2;
+    if (label->sizeHint().height() <= highest)
+        return;
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
+    grid->removeWidget(label);
+    auto* area = new QScrollArea(&box); // child of the box
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setMinimumSize(label->sizeHint().width() + 32, highest);
+    area->setWidget(label);
+    grid->addWidget(area, row, column, rows, columns);
+}
+
+/// Shows the box. Meanwhile the process holds no write lock: other programs could not write either, for as
+/// long as the user is away.
+int runModal(QMessageBox& box)
+{
+    limitHeight(box);
+    const mrl::cdb::WriteLockPause pause;
+    return box.exec();
 }
 
 int runBox(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
@@ -46,7 +85,7 @@ int runBox(QWidget* parent, QMessageBox::Icon icon, const QString& title, const 
     } else if (choice.escapeButton >= 0 && choice.escapeButton < 3 && buttons[choice.escapeButton]) {
         box.setEscapeButton(buttons[choice.escapeButton]);
     }
-    box.exec();
+    runModal(box);
     for (int i = 0; i < 3; ++i) {
         if (buttons[i] && box.clickedButton() == buttons[i])
             return i;
@@ -90,5 +129,5 @@ int MRL_QT_MessageBox::question(QWidget* parent, const QString& title, const QSt
         if (button != 0)
             box.addButton(static_cast<QMessageBox::StandardButton>(button));
     }
-    return box.exec();
+    return runModal(box);
 }

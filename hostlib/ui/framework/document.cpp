@@ -1,0 +1,313 @@
+#include "hostlib/ui/framework/document.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <set>
+
+#include <sys/stat.h>
+
+namespace cdb = mrl::cdb;
+
+namespace {
+
+/// What a project says about itself beside its keys, and what goes along to another file.
+constexpr const char* kFacts[] = {"designcode"};
+
+std::string utf8(const QString& path) { return path.toUtf8().toStdString(); }
+
+struct FileId
+{
+    quint64 device = 0;
+    quint64 inode = 0;
+};
+
+bool operator==(const FileId& a, const FileId& b) { return a.device == b.device && a.inode == b.inode; }
+
+/// @return zeros for a file that is not there
+FileId fileId(const QString& path)
+{
+    struct stat info
+    {
+    };
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0)
+        return {};
+    return {info.st_dev, info.st_ino};
+}
+
+bool sameRange(const cdb::KeyRange& a, const cdb::KeyRange& b)
+{
+    return a.kwh == b.kwh && a.first == b.first && a.last == b.last;
+}
+
+cdb::Result addGroups(int db, std::set<int>& groups)
+{
+    std::vector<cdb::Key> keys;
+    auto result = cdb::keys(db, keys);
+    for (const auto& key : keys)
+        groups.insert(key.kwh);
+    return result;
+}
+
+/// Closes a database that nobody has taken over, and removes the file that was made for it.
+class Unclaimed
+{
+  public:
+    Unclaimed(int db, QString newFile) : m_db(db), m_newFile(std::move(newFile)) {}
+    ~Unclaimed()
+    {
+        if (m_db < 0)
+            return;
+        cdb::close(m_db);
+        if (m_newFile.isEmpty())
+            return;
+        for (const char* suffix : {"", "-wal", "-shm"})
+            QFile::remove(m_newFile + QLatin1String(suffix));
+    }
+    Unclaimed(const Unclaimed&) = delete;
+    Unclaimed& operator=(const Unclaimed&) = delete;
+    void claim() { m_db = -1; }
+
+  private:
+    int m_db;
+    QString m_newFile;
+};
+
+cdb::Result replaceAll(int from, int to)
+{
+    std::set<int> groups;
+    if (auto result = addGroups(from, groups); !result)
+        return result;
+    if (auto result = addGroups(to, groups); !result)
+        return result;
+    for (const int kwh : groups) {
+        if (auto result = cdb::replaceRange(from, to, {kwh}); !result)
+            return result;
+    }
+    for (const char* name : kFacts) {
+        if (auto result = cdb::setFact(to, name, cdb::fact(from, name)); !result)
+            return result;
+    }
+    return {};
+}
+
+cdb::Result differ(int a, int b, const cdb::KeyRange& range, bool& different)
+{
+    bool equal = false;
+    auto result = cdb::rangesEqual(a, b, range, equal);
+    different = !equal;
+    return result;
+}
+
+} // namespace
+
+MRL_H_ShadowDatabase::Private::Private(MRL_H_ShadowDatabase& document) : m_document(document) {}
+
+MRL_H_ShadowDatabase::Private::~Private() { close(); }
+
+cdb::Result MRL_H_ShadowDatabase::Private::open(const QString& path)
+{
+    auto file = cdb::open(utf8(path));
+    if (file.result.code == cdb::Code::ReadOnly)
+        file = cdb::openReadOnly(utf8(path));
+    if (!file)
+        return file.result;
+    Unclaimed fileGuard(file.db, QString());
+    const auto copy = cdb::copyOf(file.db);
+    if (!copy)
+        return copy.result;
+    Unclaimed copyGuard(copy.db, QString());
+    // Of the copy and not of the file, which another program may have changed between the two.
+    const auto base = cdb::copyOf(copy.db);
+    if (!base)
+        return base.result;
+    copyGuard.claim();
+    fileGuard.claim();
+    return adopt(file.db, copy.db, base.db, path);
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::create()
+{
+    const auto copy = cdb::openMemory();
+    if (!copy)
+        return copy.result;
+    const auto base = cdb::openMemory();
+    if (!base) {
+        cdb::close(copy.db);
+        return base.result;
+    }
+    return adopt(-1, copy.db, base.db, QString());
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::adopt(int file, int copy, int base, const QString& path)
+{
+    close();
+    m_file = file;
+    m_copy = copy;
+    m_base = base;
+    m_path = path;
+    const auto id = fileId(path);
+    m_device = id.device;
+    m_inode = id.inode;
+    m_document.attach(copy);
+    return {};
+}
+
+void MRL_H_ShadowDatabase::Private::close()
+{
+    if (m_copy >= 0 && m_document.index() == m_copy)
+        m_document.attach(-1);
+    for (int* db : {&m_copy, &m_base, &m_file}) {
+        if (*db >= 0)
+            cdb::close(*db);
+        *db = -1;
+    }
+    m_path.clear();
+    m_marks.clear();
+    m_refreshFailure = {};
+}
+
+bool MRL_H_ShadowDatabase::Private::isReadOnly() const { return m_file >= 0 && cdb::isReadOnly(m_file); }
+
+bool MRL_H_ShadowDatabase::Private::hasChanges() const
+{
+    if (m_copy < 0)
+        return false;
+    std::set<int> groups;
+    if (!addGroups(m_copy, groups) || !addGroups(m_base, groups))
+        return true;
+    return std::any_of(groups.begin(), groups.end(), [this](int kwh) {
+        bool different = true;
+        return !differ(m_copy, m_base, {kwh}, different) || different;
+    });
+}
+
+void MRL_H_ShadowDatabase::Private::mark(const cdb::KeyRange& range)
+{
+    const bool known = std::any_of(m_marks.begin(), m_marks.end(),
+                                   [&](const cdb::KeyRange& other) { return sameRange(other, range); });
+    if (!known)
+        m_marks.push_back(range);
+}
+
+void MRL_H_ShadowDatabase::Private::refresh(const cdb::KeyRange& range, bool keep)
+{
+    if (m_file < 0)
+        return;
+    const auto refreshed = [&]() -> cdb::Result {
+        if (auto result = followFile(); !result)
+            return result;
+        bool edited = false;
+        if (auto result = differ(m_copy, m_base, range, edited); !result)
+            return result;
+        if (keep && edited)
+            return {};
+        // The base first: should the second step fail, the range counts as edited and nothing gets lost.
+        if (auto result = cdb::replaceRange(m_file, m_base, range); !result)
+            return result;
+        return cdb::replaceRange(m_base, m_copy, range);
+    }();
+    if (!refreshed && m_refreshFailure)
+        m_refreshFailure = refreshed;
+}
+
+/// When another file has taken the place of the one that is open, goes over to that.
+cdb::Result MRL_H_ShadowDatabase::Private::followFile()
+{
+    const auto now = fileId(m_path);
+    if (now == FileId{m_device, m_inode})
+        return {};
+    auto file = cdb::open(utf8(m_path));
+    if (!file)
+        return file.result;
+    cdb::close(m_file);
+    m_file = file.db;
+    m_device = now.device;
+    m_inode = now.inode;
+    return {};
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::KeyRange>& changed) const
+{
+    for (const auto& range : m_marks) {
+        bool different = false;
+        if (auto result = differ(m_file, m_base, range, different); !result)
+            return result;
+        if (different)
+            changed.push_back(range);
+    }
+    return {};
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::writeMarks()
+{
+    for (const auto& range : m_marks) {
+        if (auto result = cdb::replaceRange(m_copy, m_file, range); !result)
+            return result;
+    }
+    return {};
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::noteSaved()
+{
+    for (const auto& range : m_marks) {
+        if (auto result = cdb::replaceRange(m_copy, m_base, range); !result)
+            return result;
+    }
+    return {};
+}
+
+mrl::ui::SaveResult MRL_H_ShadowDatabase::Private::save(mrl::ui::OnConflict onConflict)
+{
+    using mrl::ui::SaveOutcome;
+    if (m_file < 0)
+        return {SaveOutcome::Failed, {cdb::Code::NoFile, "The project has no file yet."}, {}};
+    if (auto result = followFile(); !result)
+        return {SaveOutcome::Failed, result, {}};
+    // The lock comes first, so that nobody changes the file between the comparison and the writing.
+    cdb::Transaction transaction(m_file);
+    if (auto result = transaction.state(); !result)
+        return {SaveOutcome::Failed, result, {}};
+    std::vector<cdb::KeyRange> changed;
+    if (auto result = checkForConflicts(changed); !result)
+        return {SaveOutcome::Failed, result, {}};
+    if (!changed.empty() && onConflict == mrl::ui::OnConflict::Report)
+        return {SaveOutcome::Conflict, {}, changed};
+    if (auto result = writeMarks(); !result)
+        return {SaveOutcome::Failed, result, {}};
+    if (auto result = transaction.commit(); !result)
+        return {SaveOutcome::Failed, result, {}};
+    // The project is saved. Should this fail, the document only counts as changed still.
+    (void)noteSaved();
+    return {};
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::saveAs(const QString& path)
+{
+    if (m_copy < 0)
+        return {cdb::Code::NotOpen, "There is no project to save."};
+    const auto there = fileId(path);
+    const bool isNew = there == FileId{};
+    auto file = isNew ? cdb::create(utf8(path)) : cdb::open(utf8(path));
+    if (!file)
+        return file.result;
+    Unclaimed fileGuard(file.db, isNew ? path : QString());
+    {
+        cdb::Transaction transaction(file.db);
+        if (auto result = transaction.state(); !result)
+            return result;
+        if (auto result = replaceAll(m_copy, file.db); !result)
+            return result;
+        if (auto result = transaction.commit(); !result)
+            return result;
+    }
+    const auto base = cdb::copyOf(m_copy);
+    if (!base)
+        return base.result;
+    fileGuard.claim();
+    const auto marks = std::exchange(m_marks, {});
+    const int copy = std::exchange(m_copy, -1);
+    auto result = adopt(file.db, copy, base.db, path);
+    m_marks = marks;
+    return result;
+}

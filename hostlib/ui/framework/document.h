@@ -1,0 +1,96 @@
+#pragma once
+
+/// The host's own side of the document: where it comes from, whether it holds changes, and its saving.
+
+#include <QString>
+
+#include <vector>
+
+#include "host/mrl_export.h"
+#include "host/mrl_framework.h"
+#include "hostlib/data/cdb/project.h"
+
+namespace mrl::ui {
+
+enum class SaveOutcome {
+    Saved,    ///< the project file holds the marked ranges of the document
+    Conflict, ///< another program has changed marked ranges since they were read; nothing was written
+    Failed    ///< nothing was written; the result says why
+};
+
+struct [[nodiscard]] SaveResult
+{
+    SaveOutcome outcome = SaveOutcome::Saved;
+    mrl::cdb::Result failure;                ///< why it failed
+    std::vector<mrl::cdb::KeyRange> changed; ///< the ranges of a conflict
+};
+
+/// What saving does with ranges that another program has changed since.
+enum class OnConflict { Report, Overwrite };
+
+} // namespace mrl::ui
+
+/// The document is a private copy of a project in memory. A second copy, the base, holds the project as it
+/// was read last: what differs between document and base is unsaved, what differs between file and base was
+/// written by another program.
+struct MRL_HOST_API MRL_H_ShadowDatabase::Private
+{
+    explicit Private(MRL_H_ShadowDatabase& document);
+    ~Private();
+    Private(const Private&) = delete;
+    Private& operator=(const Private&) = delete;
+
+    /// Opens a project file; the former document is closed only when that has succeeded. A file that can't be
+    /// written is opened for reading.
+    mrl::cdb::Result open(const QString& path);
+
+    /// Begins an empty document without a file; it gets one by saveAs.
+    mrl::cdb::Result create();
+
+    /// Lets go of the document and its file. Unsaved changes are lost.
+    void close();
+
+    bool hasFile() const { return m_file >= 0; }
+    bool isReadOnly() const;
+    /// The file of the project, empty while there is none.
+    QString path() const { return m_path; }
+
+    /// Does the document, as it stands in its database, differ from what was read or saved last?
+    /// A document that can't be read counts as changed.
+    bool hasChanges() const;
+
+    /// What the plug-ins and the workbench have marked for saving.
+    const std::vector<mrl::cdb::KeyRange>& marks() const { return m_marks; }
+
+    /// Makes the marked ranges of the file equal to the document's, keys that are gone included, in one
+    /// transaction.
+    mrl::ui::SaveResult save(mrl::ui::OnConflict onConflict = mrl::ui::OnConflict::Report);
+
+    /// Writes the whole document to another file, in one transaction, and goes on with that file. A project
+    /// that the file holds already is replaced; a file that is no project is refused. On failure the document
+    /// stays with its former file.
+    mrl::cdb::Result saveAs(const QString& path);
+
+    /// The first failure of a refreshing since the document was opened.
+    const mrl::cdb::Result& refreshFailure() const { return m_refreshFailure; }
+
+    void refresh(const mrl::cdb::KeyRange& range, bool keep);
+    void mark(const mrl::cdb::KeyRange& range);
+
+  private:
+    mrl::cdb::Result adopt(int file, int copy, int base, const QString& path);
+    mrl::cdb::Result followFile();
+    mrl::cdb::Result checkForConflicts(std::vector<mrl::cdb::KeyRange>& changed) const;
+    mrl::cdb::Result writeMarks();
+    mrl::cdb::Result noteSaved();
+
+    MRL_H_ShadowDatabase& m_document;
+    int m_file = -1; ///< the project's file, open as long as the document
+    int m_copy = -1; ///< the document
+    int m_base = -1; ///< the project as it was read or saved last
+    QString m_path;
+    quint64 m_device = 0;
+    quint64 m_inode = 0;
+    std::vector<mrl::cdb::KeyRange> m_marks;
+    mrl::cdb::Result m_refreshFailure;
+};

@@ -1,0 +1,104 @@
+#include "hostlib/ui/framework/help_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "hostlib/ui/framework/help_pages.h"
+
+namespace mrl::ui {
+
+HelpWindow::HelpWindow(QWidget* owner)
+    : QWidget(owner, Qt::Window), m_browser(new QTextBrowser(this)), m_search(new QLineEdit(this))
+{
+    setObjectName(QStringLiteral("help window"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    resize(760, 640);
+
+    auto* layout = new QVBoxLayout(this); // owned by this
+    layout->addLayout(makeBar());
+    layout->addWidget(m_browser, 1);
+    m_browser->setObjectName(QStringLiteral("help browser"));
+    m_browser->setOpenExternalLinks(false);
+    connect(m_browser, &QTextBrowser::sourceChanged, this, &HelpWindow::followTitle);
+
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        m_search->setFocus(Qt::ShortcutFocusReason);
+        m_search->selectAll();
+    });
+    connect(new QShortcut(QKeySequence::FindNext, this), &QShortcut::activated, this, &HelpWindow::find);
+    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
+}
+
+HelpWindow* HelpWindow::of(QWidget* owner)
+{
+    QWidget* window = owner ? owner->window() : nullptr;
+    const auto windows = window ? window->findChildren<HelpWindow*>(QString(), Qt::FindDirectChildrenOnly)
+                                : QList<HelpWindow*>();
+    for (HelpWindow* known : windows) {
+        if (known->isVisible())
+            return known;
+    }
+    return new HelpWindow(window); // deletes itself on closing
+}
+
+void HelpWindow::showPage(const QString& book, const QString& topic)
+{
+    const QString page = helpPage(book, topic);
+    if (page.isEmpty())
+        m_browser->setPlainText(tr("There is no help on \"%1\" in the book \"%2\".").arg(topic, book));
+    else
+        m_browser->setSource(QUrl::fromLocalFile(page));
+    followTitle();
+    show();
+    raise();
+    activateWindow();
+    m_browser->setFocus(Qt::OtherFocusReason);
+}
+
+QLayout* HelpWindow::makeBar()
+{
+    auto* bar = new QHBoxLayout; // the caller's layout takes it over
+    auto* back = new QPushButton(tr("Back"), this);
+    back->setEnabled(false);
+    connect(back, &QPushButton::clicked, m_browser, &QTextBrowser::backward);
+    connect(m_browser, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+    bar->addWidget(back);
+    bar->addStretch(1);
+
+    auto* label = new QLabel(tr("Find:"), this);
+    label->setBuddy(m_search);
+    bar->addWidget(label);
+    m_search->setObjectName(QStringLiteral("help search"));
+    m_search->setClearButtonEnabled(true);
+    m_search->setPlaceholderText(tr("Word in this page"));
+    connect(m_search, &QLineEdit::returnPressed, this, &HelpWindow::find);
+    bar->addWidget(m_search);
+
+    auto* close = new QPushButton(tr("Close"), this);
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    bar->addWidget(close);
+    return bar;
+}
+
+// From the cursor on, and once more from the top.
+void HelpWindow::find()
+{
+    if (m_search->text().isEmpty() || m_browser->find(m_search->text()))
+        return;
+    m_browser->moveCursor(QTextCursor::Start);
+    m_browser->find(m_search->text());
+}
+
+void HelpWindow::followTitle()
+{
+    const QString title = m_browser->documentTitle();
+    setWindowTitle(title.isEmpty() ? tr("Help") : tr("Help: %1").arg(title));
+}
+
+} // namespace mrl::ui
