@@ -10,6 +10,7 @@
 
 #include <list>
 #include <memory>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,12 @@
 #include "host/mrl_widgets.h"
 
 class MRL_H_TableWidget;
+class MRL_H_TwHeaderLineEditItem;
+class MRL_H_TwHeaderComboBoxItem;
+/// What the cells of a column share: id, description, list, state. Known to the table layer only.
+struct MRL_H_TwColumn;
+/// How the table layer reaches the private half of the cells.
+struct MRL_H_TwCellAccess;
 
 /// The description of a line edit, in a dialog or in a column.
 struct StructLineEdit
@@ -76,49 +83,157 @@ class MRL_HOST_API MRL_QT_TableWidgetItem : public QTableWidgetItem
 {
   public:
     explicit MRL_QT_TableWidgetItem(int type = UserType);
-    /// False: the cell looks and is read-only. It can still be selected and copied.
+    /// False: the cell looks and is read-only: it loses `Qt::ItemIsEditable` and keeps `Qt::ItemIsEnabled`,
+    /// so that it can still be clicked, selected and copied. Tells nobody.
     virtual void setEnabled(bool enabled);
     virtual bool isEnabled() const;
 };
 
 /// The base of all cells of a MRL_H_TableWidget. A cell keeps its value itself and makes its text on demand;
-/// colours, flags and the roles 356, 357 and 1234001 cost bytes. Only a change of the value is reported by
+/// colours, flags and the roles 357 and 1234001 cost bytes. Only a change of the value is reported by
 /// `cellChanged`.
 class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
 {
   public:
+    /// The values of type() of the cells; what derives from a cell keeps its type.
+    enum CellType : int {
+        FirstCell = UserType + 100,
+        LineEditCell = FirstCell,
+        EditableComboBoxCell,
+        ComboBoxCell,
+        LastCell
+    };
+
     explicit MRL_H_TwItem(int type);
     ~MRL_H_TwItem() override;
+    MRL_H_TwItem(const MRL_H_TwItem&) = delete;
+    MRL_H_TwItem& operator=(const MRL_H_TwItem&) = delete;
+
+    /// The item as a cell of this layer, null when it is none. Cheaper than a dynamic_cast.
+    static MRL_H_TwItem* fromItem(QTableWidgetItem* item);
+    static const MRL_H_TwItem* fromItem(const QTableWidgetItem* item);
+
+    /// A column that its header disabled stays disabled, whatever its cells are told.
+    void setEnabled(bool enabled) override;
+    bool isEnabled() const override;
+    QVariant data(int role) const override;
+    /// Qt::DisplayRole and Qt::EditRole set the value, unbounded; a whole number is kept exactly.
+    void setData(int role, const QVariant& value) override;
+    bool operator<(const QTableWidgetItem& other) const override;
+    /// As QTableWidgetItem's, at next to no cost where nothing changes.
+    void setForeground(const QBrush& brush);
+    void setToolTip(const QString& toolTip);
+
+  protected:
+    MRL_H_TwItem(int type, MRL_H_TwColumn* column);
+    MRL_H_TwColumn* column() const { return m_column; }
+    /// What the cell shows.
+    virtual QString shownText() const;
+    /// The value as QTableWidgetItem::data gives it.
+    virtual QVariant value() const;
+    /// @return true when the value was another one
+    virtual bool assign(const QVariant& value);
+    /// Takes what a person typed or pasted; refuses what the column's description doesn't allow.
+    /// @param dryRun the cell stays as it is
+    /// @return true when the value is another one
+    virtual bool enterText(const QString& text, bool dryRun);
+    /// Tells the table that the value is another one.
+    void valueChanged();
+
+  private:
+    friend struct MRL_H_TwCellAccess;
+    struct Extra;
+
+    MRL_H_TwColumn* m_column;       ///< counted; null for a cell that no header made
+    std::unique_ptr<Extra> m_extra; ///< tool tip and rare roles, only for the cells that have some
+    mutable int m_row = -1;         ///< where the cell was last seen; to be verified
+    quint8 m_state = 0;
 };
 
 /// A cell of a line-edit column: a text or a number, as the column's description says.
 class MRL_HOST_API MRL_H_TwSimpleLineEditItem : public MRL_H_TwItem
 {
   public:
-    /// Sets the text; of a number cell the number that the text names.
+    explicit MRL_H_TwSimpleLineEditItem(const MRL_H_TwHeaderLineEditItem& header);
+    ~MRL_H_TwSimpleLineEditItem() override;
+
+    static MRL_H_TwSimpleLineEditItem* fromItem(QTableWidgetItem* item);
+    static const MRL_H_TwSimpleLineEditItem* fromItem(const QTableWidgetItem* item);
+
+    /// Sets the text; of a number cell the number that the text names, the undefined value for an empty text.
     void setText(const QString& text);
     /// Sets the number, whatever the bounds of the column.
     void setVal(float value);
-    /// @param ok [out] may be null. @return the number, 0 for a text that is none
+    /// @param ok [out] may be null; false for a text that is no number
+    /// @return the number, -99999 for a number cell that shows nothing, 0 for a text that is none
     double getVal(bool* ok) const;
+
+  protected:
+    MRL_H_TwSimpleLineEditItem(int type, const MRL_H_TwHeaderLineEditItem& header);
+    QString shownText() const override;
+    QVariant value() const override;
+    bool assign(const QVariant& value) override;
+    bool enterText(const QString& text, bool dryRun) override;
+    /// @return true when the number was another one
+    virtual bool assignNumber(double number);
+
+  private:
+    friend struct MRL_H_TwCellAccess;
+    bool assignText(const QString& text);
+
+    double m_number;
+    QString m_text; ///< of a text cell
 };
 
 /// A number cell that can also stand for "no value of its own": its current id is -1 then.
 class MRL_HOST_API MRL_H_TwEditableComboBoxItem : public MRL_H_TwSimpleLineEditItem
 {
   public:
+    explicit MRL_H_TwEditableComboBoxItem(const MRL_H_TwHeaderLineEditItem& header);
+
+    static MRL_H_TwEditableComboBoxItem* fromItem(QTableWidgetItem* item);
+    static const MRL_H_TwEditableComboBoxItem* fromItem(const QTableWidgetItem* item);
+
+    /// -1: the cell has no value of its own; a setVal that follows at once sets what it shows instead. Any
+    /// other number that it is given later is its own again.
+    /// @return false for an id other than -1 and 0
     bool setCurrentId(int id);
+    /// 0 with a value of its own, otherwise -1.
     int getCurrentId() const;
+
+  protected:
+    bool assign(const QVariant& value) override;
+    bool enterText(const QString& text, bool dryRun) override;
+    bool assignNumber(double number) override;
+
+  private:
+    bool m_own = true;
+    bool m_showNext = false; ///< the next number is for show
 };
 
 /// A cell of a combo column. It keeps the id, also one that the column's list doesn't have.
 class MRL_HOST_API MRL_H_TwSimpleComboBoxItem : public MRL_H_TwItem
 {
   public:
+    explicit MRL_H_TwSimpleComboBoxItem(const MRL_H_TwHeaderComboBoxItem& header);
+
+    static MRL_H_TwSimpleComboBoxItem* fromItem(QTableWidgetItem* item);
+    static const MRL_H_TwSimpleComboBoxItem* fromItem(const QTableWidgetItem* item);
+
     /// @return false when the column's list has no such id; the cell keeps it all the same and shows the
     /// number
     bool setCurrentId(int id);
-    int getCurrentId() const;
+    int getCurrentId() const { return m_id; }
+
+  protected:
+    QString shownText() const override;
+    QVariant value() const override;
+    bool assign(const QVariant& value) override;
+    bool enterText(const QString& text, bool dryRun) override;
+
+  private:
+    friend struct MRL_H_TwCellAccess;
+    int m_id = -1;
 };
 
 /// The header of a column: its id, and the maker of its cells.
@@ -128,12 +243,19 @@ class MRL_HOST_API MRL_H_TwHeaderItem : public MRL_QT_TableWidgetItem
     MRL_H_TwHeaderItem(int type, int id, const QString& caption, const QString& toolTip,
                        Qt::Alignment alignment);
     ~MRL_H_TwHeaderItem() override;
+    MRL_H_TwHeaderItem(const MRL_H_TwHeaderItem&) = delete;
+    MRL_H_TwHeaderItem& operator=(const MRL_H_TwHeaderItem&) = delete;
+
     int id() const;
     /// False: the cells of the column can't be edited, whatever they are told themselves.
     void setColumnEnabled(bool enabled);
     bool isColumnEnabled() const;
     /// A new cell of this column. The caller owns it until it is put into a table.
     virtual MRL_H_TwItem* createEmptyItem() = 0;
+    MRL_H_TwColumn* column() const { return m_column; }
+
+  private:
+    MRL_H_TwColumn* m_column; ///< counted, shared with the cells
 };
 
 class MRL_HOST_API MRL_H_TwHeaderLineEditItem : public MRL_H_TwHeaderItem
@@ -158,7 +280,8 @@ class MRL_HOST_API MRL_H_TwHeaderComboBoxItem : public MRL_H_TwHeaderItem
     /// The entries that the cells of the column offer, all rows the same. @param row any
     std::list<ComboList> getComboEntries(int row) const;
     /// Replaces what the cells offer, without changing their ids. A cell whose shown text changes thereby
-    /// reports `cellChanged`, unless the table's signals are blocked.
+    /// reports `cellChanged`, unless the table's signals are blocked. In step with the number of entries, and
+    /// with the number of rows only where a text changes.
     void setComboEntries(const std::list<ComboList>& entries);
 };
 
@@ -169,14 +292,28 @@ class MRL_HOST_API MRL_QT_TableWidget : public QTableWidget
     explicit MRL_QT_TableWidget(QWidget* parent = nullptr, const char* name = nullptr);
     MRL_QT_TableWidget(int rows, int columns, QWidget* parent = nullptr, const char* name = nullptr);
     ~MRL_QT_TableWidget() override;
+    /// True: typing on a cell that can't be edited searches for a text that begins so.
     void activateSearchEnabled(bool on);
+    bool isSearchEnabled() const { return m_search; }
     /// True: getContextMenu() builds a new menu on each call.
     void setResetContextMenuOnCreation(bool on);
+    bool isResetContextMenuOnCreation() const { return m_resetMenu; }
+    void keyboardSearch(const QString& search) override;
+
+  private:
+    bool m_search = true;
+    bool m_resetMenu = false;
 };
 
+/// A table with column ids. It sorts by itself: never while a change is being reported, a signal block or a
+/// sorting block lasts. Sorting is stable; numbers sort as numbers and texts by their code units.
+///
+/// A walk that changes cells of many rows without a signal block does well to hold a sorting block: otherwise
+/// each change of a cell in the sorted column moves its row when its report has returned.
 class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
 {
     Q_OBJECT
+    Q_PROPERTY(bool sortingEnabled READ isSortingEnabled WRITE setSortingEnabled)
   public:
     /// How new rows are made; the tables of the managers pass 1.
     enum CreateType : int { CreateNone = 0, CreateCells = 1 };
@@ -190,23 +327,51 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     /// The cell of a row in the column that has the id, or null. Constant time.
     QTableWidgetItem* itemOnColId(int row, int id) const;
     QTableWidgetItem* horizontalHeaderItemOnColId(int id) const;
-    /// The position of the column with this id, -1 when there is none.
+    /// The position of the column with this id, -1 when there is none. Constant time.
     int getColumnNumber(int id) const;
     /// The id of the column at this position, -1 when there is none.
     int getColumnId(int column) const;
     /// Appends rows, filled with cells made by each header item's createEmptyItem. Reports no `cellChanged`.
     void appendNewRows(int count, CreateType type);
-    /// True: a value entered in a selected cell goes to the same column of all selected rows.
+    /// Removes any number of rows in one pass. The other rows keep their order, the selection of their cells
+    /// stays. Reports no `cellChanged`. Rows that the table doesn't have are ignored.
+    void removeRows(const std::set<int>& rows);
+    /// True: a value entered in a selected cell goes to the same column of all selected rows. Each changed
+    /// cell is reported once, with its row alone selected, the last one with the whole selection.
     void setMultiEditingEnabled(bool on);
+    bool isMultiEditingEnabled() const;
     /// False: the context menu has no entries for new and delete.
     void setContextmenueEnabled_new_del(bool on);
     /// The menu with the standard entries of the table, owned by the table.
     virtual MRL_QT_Menu* getContextMenu();
 
+    /// These replace QTableView's: its own sorting, which moves rows in the middle of a report, stays off.
+    void setSortingEnabled(bool on);
+    bool isSortingEnabled() const;
+    void sortByColumn(int column, Qt::SortOrder order);
+    void sortItems(int column, Qt::SortOrder order = Qt::AscendingOrder);
+
+  public slots:
+    /// The selected rectangle as tab-separated text; what isn't selected in it is empty.
+    void copySelection();
+    void copySelectionWithHeaders();
+    /// Enters the clipboard's text from the first selected cell on, as if it were typed cell by cell; a
+    /// single value, or a block that fits several times, fills the selection.
+    void pasteClipboard();
+    /// Enters the values of the first selected row in the other selected rows.
+    void fillDown();
+    void fitColumns();
+
+  public:
     struct Private;
 
   protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   private:
     std::unique_ptr<Private> d;
@@ -220,7 +385,10 @@ class MRL_HOST_API MRL_H_TableWidgetBox : public QFrame
     MRL_H_TableWidgetBox(MRL_H_TableWidget* table, QWidget* parent, const char* name);
 };
 
-/// The delegate of such tables: makes the editors of the cells.
+/// The delegate of such tables: makes the editors of the cells. A text or number is edited in a
+/// MRL_H_LineEdit, a combo cell in a MRL_QT4_ComboBox, a MRL_H_TwEditableComboBoxItem in an editable
+/// MRL_QT4_ComboBox with a MRL_H_LineEdit inside. Return commits and moves down, Tab moves right, Esc gives
+/// up.
 class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -229,4 +397,12 @@ class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
     ~MRL_H_DelegateItem() override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    QString displayText(const QVariant& value, const QLocale& locale) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
