@@ -1,0 +1,359 @@
+#include <QString>
+#include <QStringList>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <initializer_list>
+#include <unordered_map>
+
+#include "hostlib/data/designcode/action_name.h"
+#include "hostlib/data/designcode/designcode.h"
+#include "hostlib/data/designcode/factor_fields.h"
+#include "hostlib/data/designcode/ini_file.h"
+
+namespace mrl::designcode {
+
+namespace {
+
+constexpr int MAX_TITLE_UNITS = 2 * LC_TITLE_WORDS - 1; // the last unit stays 0
+constexpr std::size_t MAX_ACTIONS = 999;                // an enumeration of default actions stops there
+constexpr float STORED_ZERO_GAMA = 0.001f;              // a stored 0 would be shown as 1.0
+
+struct Keyword
+{
+    const char* word;
+    int value;
+};
+
+constexpr Keyword CATEGORIES[] = {{"G", 1}, {"P", 2}, {"Q", 3}, {"A", 4}, {"E", 5}};
+constexpr int CATEGORY_Q = 3;
+constexpr Keyword SUPERPOSITIONS[] = {{"PERM", 0}, {"COND", 1}, {"EXCL", 2}, {"UNSI", 3},
+                                      {"USEX", 4}, {"ALEX", 5}, {"EXEX", 6}, {"PERC", 8}};
+
+/// Takes the sections of a file over into a design code. Each step returns false once `error` is set.
+class Builder
+{
+  public:
+    explicit Builder(const IniFile& file) : ini(file) {}
+
+    bool build();
+
+    DesignCode code;
+    IniError error;
+
+  private:
+    bool fail(int line, std::string reason);
+    bool identity(const IniSection& section);
+    bool availability(const IniSection& section);
+    bool texts(const IniSection& section);
+    bool combinations(const IniSection& section);
+    bool action(const IniSection& section);
+    bool actionEntry(const IniEntry& entry, DefaultAction& action);
+    bool partition(const IniSection& section, tagCDB_LC_ACT& record);
+    bool enterAction(DefaultAction action);
+    bool onlyKeys(const IniSection& section, std::initializer_list<const char*> keys);
+
+    bool number(const IniEntry& entry, float& value);
+    bool integer(const IniEntry& entry, int& value);
+    bool keyword(const IniEntry& entry, const Keyword* first, const Keyword* last, int& value);
+    bool title(const IniEntry& entry, tagCDB_LC_ACT& record);
+    bool oldNumbers(const IniEntry& entry, DefaultAction& action);
+
+    const IniFile& ini;
+    std::unordered_map<int, int> codeLines;
+    std::unordered_map<int, int> oldNumberLines;
+};
+
+bool Builder::fail(int line, std::string reason)
+{
+    error = {line, std::move(reason)};
+    return false;
+}
+
+bool Builder::build()
+{
+    for (const IniSection& section : ini.sections) {
+        const bool isAction = section.name.rfind("ACTION ", 0) == 0;
+        bool good = false;
+        if (section.name == "DESIGN CODE") {
+            good = identity(section);
+        } else if (section.name == "AVAILABILITY") {
+            good = availability(section);
+        } else if (section.name == "ACTIONS") {
+            good = texts(section);
+        } else if (section.name == "COMBINATIONS") {
+            good = combinations(section);
+        } else if (isAction) {
+            good = action(section);
+        } else {
+            good = fail(section.line, "section '" + section.name + "' is not known");
+        }
+        if (!good) {
+            return false;
+        }
+    }
+    return ini.find("DESIGN CODE") != nullptr || fail(0, "section 'DESIGN CODE' is missing");
+}
+
+bool Builder::onlyKeys(const IniSection& section, std::initializer_list<const char*> keys)
+{
+    for (const IniEntry& entry : section.entries) {
+        if (std::find(keys.begin(), keys.end(), entry.key) == keys.end()) {
+            return fail(entry.line,
+                        "entry '" + entry.key + "' is not known in section '" + section.name + "'");
+        }
+    }
+    return true;
+}
+
+bool Builder::identity(const IniSection& section)
+{
+    if (!onlyKeys(section, {"label", "ntcode", "idcode", "country", "year"})) {
+        return false;
+    }
+    for (const char* key : {"label", "ntcode", "idcode", "country", "year"}) {
+        if (section.find(key) == nullptr) {
+            return fail(section.line, std::string("entry '") + key + "' is missing in section 'DESIGN CODE'");
+        }
+    }
+    code.label = section.find("label")->value;
+    if (code.label.empty()) {
+        return fail(section.find("label")->line, "the label is empty");
+    }
+    return integer(*section.find("ntcode"), code.ntcode) && integer(*section.find("idcode"), code.idcode) &&
+           integer(*section.find("country"), code.country) && integer(*section.find("year"), code.year);
+}
+
+bool Builder::availability(const IniSection& section)
+{
+    if (!onlyKeys(section, {"Gamu", "Gamf", "Gama", "Psi0", "Psi1", "Psi2", "Psi1s"})) {
+        return false;
+    }
+    for (const FactorField& factor : FACTOR_FIELDS) {
+        const IniEntry* entry = section.find(factor.name);
+        if (entry != nullptr && !number(*entry, code.availability.*factor.field)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Builder::texts(const IniSection& section)
+{
+    code.hasActionsSection = true;
+    for (const IniEntry& entry : section.entries) {
+        if (entry.key.rfind("TXT_", 0) != 0) {
+            return fail(entry.line,
+                        "entry '" + entry.key + "' of section 'ACTIONS' doesn't begin with 'TXT_'");
+        }
+        code.texts.push_back({entry.key, entry.value});
+    }
+    return true;
+}
+
+bool Builder::combinations(const IniSection& section)
+{
+    if (!onlyKeys(section, {"KFI", "XSI"})) {
+        return false;
+    }
+    for (const IniEntry& entry : section.entries) {
+        float value = 0.0f;
+        if (!number(entry, value)) {
+            return false;
+        }
+        (entry.key == "KFI" ? code.kfi : code.xsi) = value;
+    }
+    return true;
+}
+
+bool Builder::action(const IniSection& section)
+{
+    DefaultAction result;
+    result.line = section.line;
+    result.name = section.name.substr(std::string("ACTION ").size());
+    result.record.kind = 1;
+    if (const auto reason = setName(result.name, result.record)) {
+        return fail(section.line, *reason);
+    }
+    result.code = packWord(result.name);
+    if (!onlyKeys(section, {"title", "category", "group", "superposition", "old", "Gamu", "Gamf", "Gama",
+                            "Psi0", "Psi1", "Psi2", "Psi1s"})) {
+        return false;
+    }
+    for (const IniEntry& entry : section.entries) {
+        if (!actionEntry(entry, result)) {
+            return false;
+        }
+    }
+    return partition(section, result.record) && enterAction(std::move(result));
+}
+
+bool Builder::actionEntry(const IniEntry& entry, DefaultAction& action)
+{
+    if (entry.key == "title") {
+        return title(entry, action.record);
+    }
+    if (entry.key == "old") {
+        return oldNumbers(entry, action);
+    }
+    for (const FactorField& factor : FACTOR_FIELDS) {
+        if (entry.key != factor.name) {
+            continue;
+        }
+        float& value = action.record.*factor.field;
+        if (!number(entry, value)) {
+            return false;
+        }
+        if (factor.field == &tagCDB_LC_ACT::gama && value == 0.0f) {
+            value = STORED_ZERO_GAMA;
+        }
+    }
+    return true;
+}
+
+bool Builder::partition(const IniSection& section, tagCDB_LC_ACT& record)
+{
+    const IniEntry* category = section.find("category");
+    const IniEntry* superposition = section.find("superposition");
+    const IniEntry* group = section.find("group");
+    if (category == nullptr || superposition == nullptr) {
+        return fail(section.line, "an action needs the entries 'category' and 'superposition'");
+    }
+    int categoryValue = 0;
+    int superpositionValue = 0;
+    int groupValue = 0;
+    if (!keyword(*category, std::begin(CATEGORIES), std::end(CATEGORIES), categoryValue) ||
+        !keyword(*superposition, std::begin(SUPERPOSITIONS), std::end(SUPERPOSITIONS), superpositionValue) ||
+        (group != nullptr && !integer(*group, groupValue))) {
+        return false;
+    }
+    if (group != nullptr && (categoryValue != CATEGORY_Q || groupValue < 1 || groupValue > 5)) {
+        return fail(group->line, "a load group is 1 to 5 and stands with category Q only");
+    }
+    record.partition = superpositionValue + 16 * categoryValue + 256 * groupValue;
+    return true;
+}
+
+bool Builder::enterAction(DefaultAction action)
+{
+    const auto [first, isNew] = codeLines.emplace(action.code, action.line);
+    if (!isNew) {
+        return fail(action.line, "the first four characters of the name are those of the action in line " +
+                                     std::to_string(first->second));
+    }
+    if (code.actions.size() == MAX_ACTIONS) {
+        return fail(action.line, "more than 999 actions");
+    }
+    code.actions.push_back(std::move(action));
+    return true;
+}
+
+bool Builder::number(const IniEntry& entry, float& value)
+{
+    const char* const last = entry.value.data() + entry.value.size();
+    const auto [end, result] = std::from_chars(entry.value.data(), last, value);
+    if (result != std::errc() || end != last || !std::isfinite(value)) {
+        return fail(entry.line, "'" + entry.value + "' of entry '" + entry.key + "' is no number");
+    }
+    return true;
+}
+
+bool Builder::integer(const IniEntry& entry, int& value)
+{
+    const char* const last = entry.value.data() + entry.value.size();
+    const auto [end, result] = std::from_chars(entry.value.data(), last, value);
+    if (result != std::errc() || end != last) {
+        return fail(entry.line, "'" + entry.value + "' of entry '" + entry.key + "' is no whole number");
+    }
+    return true;
+}
+
+bool Builder::keyword(const IniEntry& entry, const Keyword* first, const Keyword* last, int& value)
+{
+    const auto* hit = std::find_if(first, last, [&](const Keyword& k) { return entry.value == k.word; });
+    if (hit != last) {
+        value = hit->value;
+        return true;
+    }
+    std::string words;
+    for (const Keyword* k = first; k != last; ++k) {
+        words += std::string(words.empty() ? "" : ", ") + k->word;
+    }
+    return fail(entry.line, "'" + entry.value + "' of entry '" + entry.key + "' is none of " + words);
+}
+
+bool Builder::title(const IniEntry& entry, tagCDB_LC_ACT& record)
+{
+    const QString text = QString::fromStdString(entry.value);
+    if (text.size() > MAX_TITLE_UNITS) {
+        return fail(entry.line, "the title has " + std::to_string(text.size()) + " units, at most " +
+                                    std::to_string(MAX_TITLE_UNITS) + " fit");
+    }
+    for (int i = 0; i < text.size(); ++i) {
+        const auto unit = static_cast<std::uint32_t>(text.at(i).unicode());
+        record.title[i / 2] |= i % 2 == 0 ? unit : unit << 16;
+    }
+    return true;
+}
+
+bool Builder::oldNumbers(const IniEntry& entry, DefaultAction& action)
+{
+    const QStringList words = QString::fromStdString(entry.value).split(',');
+    for (const QString& word : words) {
+        int number = 0;
+        if (!integer({entry.key, word.trimmed().toStdString(), entry.line}, number)) {
+            return false;
+        }
+        if (number < 1 || number > 999) {
+            return fail(entry.line, "an old number is 1 to 999");
+        }
+        const auto [first, isNew] = oldNumberLines.emplace(number, entry.line);
+        if (!isNew) {
+            return fail(entry.line, "the old number " + std::to_string(number) +
+                                        " is already given in line " + std::to_string(first->second));
+        }
+        action.oldNumbers.push_back(number);
+    }
+    return true;
+}
+
+/// The name that a project stores: the file's name without folder and ending.
+std::string nameOf(const std::string& file)
+{
+    const std::string base = file.substr(file.find_last_of('/') + 1);
+    const auto dot = base.rfind(".ini");
+    return dot != std::string::npos && dot + 4 == base.size() ? base.substr(0, dot) : base;
+}
+
+} // namespace
+
+std::string Error::text() const
+{
+    return line > 0 ? file + ":" + std::to_string(line) + ": " + reason : file + ": " + reason;
+}
+
+ReadResult parse(std::string_view content, const std::string& file)
+{
+    const IniResult ini = parseIni(content);
+    if (const auto* error = std::get_if<IniError>(&ini)) {
+        return Error{file, error->line, error->reason};
+    }
+    Builder builder(std::get<IniFile>(ini));
+    if (!builder.build()) {
+        return Error{file, builder.error.line, builder.error.reason};
+    }
+    builder.code.file = file;
+    builder.code.name = nameOf(file);
+    return std::move(builder.code);
+}
+
+ReadResult read(const std::string& file)
+{
+    const auto text = readText(file);
+    if (const auto* error = std::get_if<IniError>(&text)) {
+        return Error{file, error->line, error->reason};
+    }
+    return parse(std::get<std::string>(text), file);
+}
+
+} // namespace mrl::designcode

@@ -1,0 +1,144 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <set>
+#include <variant>
+
+#include "hostlib/data/designcode/designcode.h"
+
+using mrl::designcode::DesignCode;
+using mrl::designcode::Found;
+using testing::IsEmpty;
+
+namespace {
+
+class ShippedCode : public testing::TestWithParam<const char*>
+{
+  protected:
+    DesignCode code() const
+    {
+        const auto file = mrl::designcode::find(GetParam());
+        if (!file) {
+            ADD_FAILURE() << "not on the search path";
+            return {};
+        }
+        auto result = mrl::designcode::read(*file);
+        if (const auto* error = std::get_if<mrl::designcode::Error>(&result)) {
+            ADD_FAILURE() << error->text();
+            return {};
+        }
+        return std::get<DesignCode>(std::move(result));
+    }
+};
+
+const mrl::designcode::DefaultAction* byName(const DesignCode& code, const std::string& name)
+{
+    const auto it =
+        std::find_if(code.actions.begin(), code.actions.end(), [&](const auto& a) { return a.name == name; });
+    return it == code.actions.end() ? nullptr : &*it;
+}
+
+constexpr const char* SHIPPED[] = {"asce7-lrfd",          "bs-en1990-na", "din-en1990-na", "ds-en1990-dkna",
+                                   "en1990-road-bridges", "en1990",       "sia260"};
+
+} // namespace
+
+TEST_P(ShippedCode, HasNoWarning)
+{
+    for (const auto& warning : mrl::designcode::warnings(code())) {
+        ADD_FAILURE() << warning.line << ": " << warning.text;
+    }
+}
+
+TEST_P(ShippedCode, OffersTheKindsOfActionsThatProjectsNeed)
+{
+    const DesignCode shipped = code();
+    std::set<int> families;
+    for (const auto& action : shipped.actions) {
+        families.insert(action.record.partition / 16 % 16);
+    }
+    EXPECT_EQ(families, (std::set<int>{1, 2, 3, 4, 5})) << "G, P, Q, A and E";
+    for (const char* name : {"W", "T", "SET"}) {
+        EXPECT_NE(byName(shipped, name), nullptr) << name;
+    }
+}
+
+TEST_P(ShippedCode, EveryTitleIsSet)
+{
+    for (const auto& action : code().actions) {
+        EXPECT_NE(action.record.title[0], 0u) << action.name;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Designcode, ShippedCode, testing::ValuesIn(SHIPPED), [](const auto& sample) {
+    std::string name = sample.param;
+    name.erase(std::remove(name.begin(), name.end(), '-'), name.end());
+    return name;
+});
+
+TEST(ShippedCodes, AreTheSevenThatAreListed)
+{
+    std::vector<std::string> names;
+    for (const Found& found : mrl::designcode::list()) {
+        names.push_back(found.name);
+    }
+    EXPECT_THAT(names, testing::UnorderedElementsAreArray(SHIPPED));
+}
+
+TEST(ShippedCodes, DanishCodeHasTheNumbersThatSteerItsRule)
+{
+    const auto result = mrl::designcode::read(*mrl::designcode::find("ds-en1990-dkna"));
+    const auto& code = std::get<DesignCode>(result);
+    EXPECT_EQ(code.ntcode, 0);
+    EXPECT_EQ(code.idcode, 2);
+    EXPECT_EQ(code.country, 45);
+    EXPECT_EQ(code.year, 2004);
+    EXPECT_TRUE(code.kfi.has_value());
+}
+
+TEST(ShippedCodes, OnlyRoadBridgesKnowTheInfrequentFactor)
+{
+    for (const char* name : SHIPPED) {
+        const auto result = mrl::designcode::read(*mrl::designcode::find(name));
+        const bool known = std::get<DesignCode>(result).availability.psi1s > 0.0f;
+        EXPECT_EQ(known, std::string(name) == "en1990-road-bridges") << name;
+    }
+}
+
+TEST(ShippedCodes, LoadFactorDesignKnowsSafetyFactorsOnly)
+{
+    const auto result = mrl::designcode::read(*mrl::designcode::find("asce7-lrfd"));
+    const tagCDB_LC_ACT& marks = std::get<DesignCode>(result).availability;
+    EXPECT_GT(marks.gamu, 0.0f);
+    EXPECT_GT(marks.gamf, 0.0f);
+    EXPECT_EQ(marks.gama + marks.psi0 + marks.psi1 + marks.psi2 + marks.psi1s, 0.0f);
+}
+
+TEST(ShippedCodes, EuropeanDomesticLoadHasItsTabledFactors)
+{
+    // Table A1.2(B): 1.50 and 0; Table A1.1, category A: 0.7, 0.5, 0.3.
+    const auto result = mrl::designcode::read(*mrl::designcode::find("en1990"));
+    const auto* action = byName(std::get<DesignCode>(result), "Q_A");
+    ASSERT_NE(action, nullptr);
+    EXPECT_EQ(action->record.gamu, 1.5f);
+    EXPECT_EQ(action->record.gamf, 0.0f);
+    EXPECT_EQ(action->record.psi0, 0.7f);
+    EXPECT_EQ(action->record.psi1, 0.5f);
+    EXPECT_EQ(action->record.psi2, 0.3f);
+}
+
+TEST(FindDesignCode, TakesANameWithEndingAndAPath)
+{
+    const auto byBareName = mrl::designcode::find("en1990");
+    ASSERT_TRUE(byBareName.has_value());
+    EXPECT_EQ(mrl::designcode::find("en1990.ini"), byBareName);
+    EXPECT_EQ(mrl::designcode::find(*byBareName), byBareName);
+}
+
+TEST(FindDesignCode, UnknownAndEmptyNamesAreNotFound)
+{
+    EXPECT_FALSE(mrl::designcode::find("").has_value());
+    EXPECT_FALSE(mrl::designcode::find("none").has_value());
+    EXPECT_FALSE(mrl::designcode::find("/nowhere/none.ini").has_value());
+    EXPECT_FALSE(mrl::designcode::find("/tmp").has_value()) << "a folder is no design code";
+}
