@@ -19,10 +19,11 @@ class LoadcaseManager : public MRL_H_Dialog
     LoadcaseManager(MRL_H_PluginParameter* parameter, MRL_LC_CtrlStruct* control, int db);
     ~LoadcaseManager() override;
 
-  public slots:
     /// As the base does; when the dialog stays open, `copies` and `mode` of the control structure are as they
     /// were before.
     void accept() override;
+
+  public slots:
     void slot_tabChanged(int index);
     /// Ends the dialog with MRL_LC_DELETE_UNUSED: nothing is checked and nothing saved.
     void slot_deleteUnusedLoadcases();

@@ -1,0 +1,198 @@
+#include "manager/loadcase_manager.h"
+
+#include <QHBoxLayout>
+#include <QMessageBox>
+#include <QTabWidget>
+
+#include "actions/actions_widget.h"
+#include "host/mrl_alib.h"
+#include "host/mrl_cdb.h"
+#include "host/mrl_dlib.h"
+#include "host/mrl_lib.h"
+#include "host/mrl_textlist.h"
+#include "loadcases/loadcase_widget.h"
+#include "manager/control_struct.h"
+#include "manager/entry_points.h"
+
+namespace {
+
+constexpr int WANTED_LOADCASES = 0;
+constexpr int WANTED_ACTIONS = 1;
+constexpr int EXACTLY_ONE_LOADCASE = 1;
+constexpr int SETTING_LANGUAGE = 102;
+
+/// One line "label = value" where the design code defines the value, else an empty text.
+QString boxedValueLine(const char* name, const char* textKey)
+{
+    float value = 0.0f;
+    if (mrl_dlib_boxed_value("COMBINATIONS", name, value) <= 0)
+        return QString();
+    const QString label = QString::fromUtf8(mrl_lib_convtext(1, mrl_lib_setting(SETTING_LANGUAGE), textKey));
+    return QStringLiteral("%1 = %2").arg(label, QString::number(static_cast<double>(value), 'g'));
+}
+
+} // namespace
+
+LoadcaseManager::LoadcaseManager(MRL_H_PluginParameter* parameter, MRL_LC_CtrlStruct* control, int db)
+    : MRL_H_Dialog(parameter, QStringLiteral("LoadcaseManager"), QStringLiteral("General"), true, false,
+                   QRect(-1, -1, 1, 1)),
+      m_control(control), m_db(db)
+{
+    setObjectName(QStringLiteral("new loadcase manager"));
+}
+
+LoadcaseManager::~LoadcaseManager() = default;
+
+void LoadcaseManager::accept()
+{
+    const std::int32_t mode = m_control->mode;
+    const std::vector<LCM_LoadcaseCopy> copies = m_control->copies;
+    MRL_H_Dialog::accept();
+    if (result() == QDialog::Accepted)
+        return;
+    // The saving may have come as far as these before it failed and was rolled back.
+    m_control->mode = mode;
+    m_control->copies = copies;
+}
+
+int LoadcaseManager::createContents(QBoxLayout* layout)
+{
+    m_tabs = new QTabWidget(this);
+    mrl_connect(m_tabs, "2currentChanged ( int )", this, "1slot_tabChanged ( int )", Qt::AutoConnection);
+    setCaption(tr("Marlavon: Loadcase Manager"));
+    createTabs();
+    layout->addWidget(m_tabs, 1);
+    mrl_cdb_use(m_db, 0);
+    mrl_dlib_ini_switch(m_db);
+    addInfoLine(layout);
+    if (m_control->mode == WANTED_LOADCASES && m_loadcases)
+        m_tabs->setCurrentWidget(m_loadcases);
+    else if (m_control->mode == WANTED_ACTIONS && m_actions)
+        m_tabs->setCurrentWidget(m_actions);
+    return 1;
+}
+
+void LoadcaseManager::createTabs()
+{
+    if (m_control->singleTab && m_control->mode == WANTED_LOADCASES) {
+        createLoadcaseTab();
+        m_tabs->addTab(m_loadcases, tr("Loadcases"));
+        return;
+    }
+    if (m_control->singleTab && m_control->mode == WANTED_ACTIONS) {
+        createActionsTab();
+        m_tabs->addTab(m_actions, tr("Actions"));
+        setCaption(tr("Marlavon: Action Manager"));
+        return;
+    }
+    // The load-case tab makes the working model, which the actions tab then shares.
+    createLoadcaseTab();
+    createActionsTab();
+    m_tabs->addTab(m_actions, tr("Actions"));
+    m_tabs->addTab(m_loadcases, tr("Loadcases"));
+    setCaption(tr("Marlavon: Action and Loadcase Manager"));
+    m_loadcases->setActionsWidget(m_actions);
+}
+
+void LoadcaseManager::createLoadcaseTab()
+{
+    m_loadcases = new LCM_LoadcaseWidget(m_db, this, "loadcasewidget");
+    mrl_connect(m_loadcases, "2signal_deleteUnusedLoadcases()", this, "1slot_deleteUnusedLoadcases()",
+                Qt::AutoConnection);
+}
+
+void LoadcaseManager::createActionsTab()
+{
+    m_actions = new LCM_ActionsWidget(m_loadcases, m_db, m_control->actionOptions, this, "actionswidget");
+}
+
+QString LoadcaseManager::infoText() const
+{
+    QString text = MRL_A_Normen::getNormLabelText(m_db);
+    for (const QString& line : {boxedValueLine("KFI", "40Z"), boxedValueLine("XSI", "40X")}) {
+        if (!line.isEmpty())
+            text += QLatin1Char('\n') + line;
+    }
+    return text;
+}
+
+void LoadcaseManager::addInfoLine(QBoxLayout* layout)
+{
+    auto* line = new MRL_QT_HBoxLayout;
+    line->addWidget(new MRL_QT_InfoText(infoText(), this, "norm info"));
+    layout->addLayout(line, 0);
+}
+
+void LoadcaseManager::initContents()
+{
+    if (m_actions)
+        m_actions->fillTable();
+    if (m_loadcases) {
+        m_loadcases->fillTable();
+        m_loadcases->selectLoadcases(m_control->loadCases);
+    }
+    if (!m_actions || m_actions->hasFactorColumns())
+        return;
+    // The page goes, the widget stays: it is still checked and saved.
+    m_tabs->removeTab(m_tabs->indexOf(m_actions));
+    if (m_loadcases)
+        m_tabs->setCurrentWidget(m_loadcases);
+}
+
+bool LoadcaseManager::refuseInvalid(QWidget* tab)
+{
+    QMessageBox::critical(this, tr("Invalid input"), tr("The input is invalid, please check your input!"),
+                          QMessageBox::Ok);
+    if (m_tabs->indexOf(tab) >= 0)
+        m_tabs->setCurrentWidget(tab);
+    return false;
+}
+
+bool LoadcaseManager::takeSelectedLoadcases()
+{
+    std::set<int> selected;
+    m_loadcases->getSelectedLoadcases(selected);
+    if ((m_control->options & EXACTLY_ONE_LOADCASE) == 0 || selected.size() == 1) {
+        m_control->loadCases = std::move(selected);
+        return true;
+    }
+    MRL_QT_MessageBox::critical(this, tr("Error!"), tr("Please select exactly one loadcase!"));
+    return false;
+}
+
+bool LoadcaseManager::checkContents()
+{
+    if (m_actions && !m_actions->isValid())
+        return refuseInvalid(m_actions);
+    if (m_loadcases && !m_loadcases->isValid())
+        return refuseInvalid(m_loadcases);
+    const bool mayClose = !m_loadcases || takeSelectedLoadcases();
+    if (m_actions)
+        m_actions->getSelectedActionCodes(m_control->actions);
+    return mayClose;
+}
+
+void LoadcaseManager::saveContents()
+{
+    if (m_actions)
+        m_actions->save(true);
+    if (m_loadcases) {
+        m_loadcases->save(true);
+        m_control->copies = m_loadcases->getCopies();
+    }
+    m_control->mode = m_actions && m_tabs->currentWidget() == m_actions ? WANTED_ACTIONS : WANTED_LOADCASES;
+}
+
+void LoadcaseManager::noOpHook() {}
+
+void LoadcaseManager::showHelp()
+{
+    if (m_control->helpFunction)
+        m_control->helpFunction(-1);
+    else
+        MRL_T_Help::show(this, "marlload", "ACT");
+}
+
+void LoadcaseManager::slot_tabChanged(int) {}
+
+void LoadcaseManager::slot_deleteUnusedLoadcases() { done(MRL_LC_DELETE_UNUSED); }
