@@ -1,0 +1,88 @@
+#include "workbench/document.h"
+
+#include "hostlib/data/designcode/designcode.h"
+#include "hostlib/ui/framework/document.h"
+#include "lcdata/keys.h"
+#include "workbench/managers.h"
+
+namespace mrl::workbench {
+
+Document::Document(Managers& managers, QObject* parent) : QObject(parent), m_managers(managers) {}
+
+Document::~Document() { m_shadow.host().close(); }
+
+QString Document::open(const QString& file)
+{
+    auto& host = m_shadow.host();
+    if (const auto opened = host.open(file); !opened)
+        return QString::fromStdString(opened.text);
+    if (m_managers.isLoaded())
+        m_managers.load(m_shadow);
+    const auto refreshed = host.refreshFailure();
+    if (!refreshed) {
+        close();
+        return QString::fromStdString(refreshed.text);
+    }
+    emit replaced();
+    return QString();
+}
+
+void Document::close()
+{
+    m_shadow.host().close();
+    emit replaced();
+}
+
+bool Document::isOpen() const { return database() >= 0; }
+
+bool Document::isReadOnly() const { return const_cast<Document*>(this)->m_shadow.host().isReadOnly(); }
+
+QString Document::file() const { return const_cast<Document*>(this)->m_shadow.host().path(); }
+
+bool Document::isModified() const
+{
+    return isOpen() && const_cast<Document*>(this)->m_shadow.host().hasChanges();
+}
+
+int Document::database() const { return m_shadow.index(); }
+
+QString Document::designCodeFailure() const
+{
+    const auto loaded = designcode::ofDatabase(database());
+    return loaded.code ? QString() : QString::fromStdString(loaded.reason);
+}
+
+void Document::markAll()
+{
+    m_managers.markForSaving(m_shadow);
+    // The current load case belongs to no manager: the functions that other modules call move it.
+    m_shadow.addSaveKwh(LC_KWH_CURRENT, LC_KWL_CURRENT, LC_KWL_CURRENT);
+}
+
+Document::Result Document::save(bool overwrite)
+{
+    markAll();
+    const auto saved = m_shadow.host().save(overwrite ? ui::OnConflict::Overwrite : ui::OnConflict::Report);
+    emit changed();
+    switch (saved.outcome) {
+    case ui::SaveOutcome::Saved:
+        return {};
+    case ui::SaveOutcome::Conflict:
+        return {Outcome::Conflict, QString()};
+    case ui::SaveOutcome::Failed:
+        break;
+    }
+    return {Outcome::Failed, QString::fromStdString(saved.failure.text)};
+}
+
+Document::Result Document::saveAs(const QString& file)
+{
+    markAll();
+    const auto saved = m_shadow.host().saveAs(file);
+    emit changed();
+    if (saved)
+        return {};
+    return {Outcome::Failed, QString::fromStdString(saved.text)};
+}
+
+} // namespace mrl::workbench

@@ -1,0 +1,286 @@
+#include "workbench/main_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStandardPaths>
+#include <QStatusBar>
+
+#include "host/mrl_textlist.h"
+#include "workbench/input_page.h"
+#include "workbench/new_project_dialog.h"
+#include "workbench/recent_files.h"
+#include "workbench/settings_dialog.h"
+#include "workbench/start_page.h"
+#include "workbench/summary_page.h"
+#include "workbench/task_panel.h"
+
+namespace mrl::workbench {
+
+namespace {
+
+const char GEOMETRY_KEY[] = "Workbench/geometry";
+
+QString fileFilter() { return MainWindow::tr("Projects (*.cdb);;All files (*)"); }
+
+} // namespace
+
+MainWindow::MainWindow() : m_document(new Document(m_managers, this))
+{
+    setObjectName(QStringLiteral("workbench"));
+    m_pages = new QStackedWidget(this);
+    m_start = new StartPage(m_pages);
+    m_project = createProjectPage();
+    m_pages->addWidget(m_start);
+    m_pages->addWidget(m_project);
+    setCentralWidget(m_pages);
+    m_place = new QLabel(this);
+    statusBar()->addWidget(m_place, 1);
+    createActions();
+    createFileMenu();
+    createOtherMenus();
+    createToolBar();
+
+    connect(m_start, &StartPage::newWanted, this, &MainWindow::slot_new);
+    connect(m_start, &StartPage::openWanted, this, &MainWindow::slot_open);
+    connect(m_start, &StartPage::recentWanted, this, &MainWindow::openProject);
+    connect(m_tasks, &TaskPanel::managerWanted, this, &MainWindow::openManager);
+    connect(m_document, &Document::replaced, this, &MainWindow::slot_replaced);
+    connect(m_document, &Document::changed, this, &MainWindow::slot_changed);
+    restorePlace();
+    slot_replaced();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::restorePlace()
+{
+    resize(1080, 700);
+    restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray());
+}
+
+bool MainWindow::openProject(const QString& file)
+{
+    if (!mayGiveUp())
+        return false;
+    const QString path = QFileInfo(file).absoluteFilePath();
+    const QString reason = m_document->open(path);
+    if (reason.isEmpty()) {
+        RecentFiles::add(path);
+        return true;
+    }
+    RecentFiles::remove(path);
+    m_start->showRecent(RecentFiles::list());
+    QMessageBox::critical(this, tr("Open project"), reason);
+    return false;
+}
+
+void MainWindow::slot_new()
+{
+    if (!mayGiveUp())
+        return;
+    NewProjectDialog dialog(folder(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const NewProject wish = dialog.wish();
+    // What was not saved has been given up above, so that the file may be the one that is open.
+    m_document->close();
+    const QString reason = createProject(wish);
+    if (reason.isEmpty())
+        openProject(wish.file);
+    else
+        QMessageBox::critical(this, tr("New project"), reason);
+}
+
+void MainWindow::slot_open()
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open project"), folder(), fileFilter());
+    if (!file.isEmpty())
+        openProject(file);
+}
+
+bool MainWindow::slot_save()
+{
+    if (!m_document->isModified())
+        return true;
+    if (m_document->isReadOnly())
+        return slot_saveAs();
+    const auto result = m_document->save(false);
+    if (result.outcome == Document::Outcome::Conflict)
+        return overwriteConflict();
+    return saved(result);
+}
+
+bool MainWindow::overwriteConflict()
+{
+    QMessageBox box(QMessageBox::Warning, tr("Save project"),
+                    tr("Another program has changed this project since it was opened."), QMessageBox::Cancel,
+                    this);
+    box.setInformativeText(
+        tr("Overwriting replaces its actions and load cases by those shown here. \"Save as\" keeps "
+           "both."));
+    auto* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == overwrite && saved(m_document->save(true));
+}
+
+bool MainWindow::slot_saveAs()
+{
+    QString file =
+        QFileDialog::getSaveFileName(this, tr("Save project as"), m_document->file(), fileFilter());
+    if (file.isEmpty())
+        return false;
+    if (QFileInfo(file).suffix().isEmpty())
+        file += QStringLiteral(".cdb");
+    if (!saved(m_document->saveAs(file)))
+        return false;
+    RecentFiles::add(file);
+    return true;
+}
+
+bool MainWindow::saved(const Document::Result& result)
+{
+    if (result.outcome == Document::Outcome::Done) {
+        statusBar()->showMessage(tr("Saved."), 4000);
+        return true;
+    }
+    QMessageBox::critical(this, tr("Save project"), result.reason);
+    return false;
+}
+
+bool MainWindow::mayGiveUp()
+{
+    if (!m_document->isModified())
+        return true;
+    const auto answer = QMessageBox::question(
+        this, tr("Unsaved changes"),
+        tr("%1 has unsaved changes. Should they be saved?").arg(QFileInfo(m_document->file()).fileName()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return slot_save();
+    return answer == QMessageBox::Discard;
+}
+
+void MainWindow::slot_close()
+{
+    if (mayGiveUp())
+        m_document->close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!mayGiveUp()) {
+        event->ignore();
+        return;
+    }
+    QSettings().setValue(QLatin1String(GEOMETRY_KEY), saveGeometry());
+    event->accept();
+}
+
+QString MainWindow::managerRefusal() const
+{
+    if (!m_managers.isLoaded())
+        return tr("The managers can't be loaded: %1").arg(m_managers.reason());
+    // Without the design code its factors would be missing, and an acceptance would write zeros.
+    const QString reason = m_document->designCodeFailure();
+    return reason.isEmpty()
+               ? QString()
+               : tr("The managers need the design code of the project, which can't be loaded: %1")
+                     .arg(reason);
+}
+
+void MainWindow::openManager(Manager which)
+{
+    if (!m_document->isOpen())
+        return;
+    const QString refusal = managerRefusal();
+    if (!refusal.isEmpty()) {
+        QMessageBox::warning(this, tr("Managers"), refusal);
+        return;
+    }
+    m_managers.openDialog(which, m_document->shadow(), this);
+    slot_changed();
+}
+
+void MainWindow::slot_replaced()
+{
+    const bool open = m_document->isOpen();
+    m_pages->setCurrentWidget(open ? m_project : static_cast<QWidget*>(m_start));
+    m_start->showRecent(RecentFiles::list());
+    for (QAction* action : {m_saveAsAction, m_closeAction})
+        action->setEnabled(open);
+    m_place->setText(open ? QDir::toNativeSeparators(m_document->file()) : QString());
+    slot_changed();
+}
+
+void MainWindow::slot_changed()
+{
+    if (m_document->isOpen())
+        refreshProject();
+    const bool canManage = m_document->isOpen() && managerRefusal().isEmpty();
+    m_actionsAction->setEnabled(canManage);
+    m_loadCasesAction->setEnabled(canManage);
+    refreshTitle();
+}
+
+void MainWindow::refreshProject()
+{
+    const ProjectSummary summary = summarise(m_document->database());
+    m_summary->show(summary);
+    m_tasks->showCounts(static_cast<int>(summary.actions.size()), static_cast<int>(summary.loadCases.size()));
+    m_tasks->setRefusal(managerRefusal());
+    m_input->showText(m_managers.isLoaded() ? m_managers.generate(m_document->shadow()) : QString());
+}
+
+void MainWindow::refreshTitle()
+{
+    const bool modified = m_document->isModified();
+    m_saveAction->setEnabled(modified);
+    setWindowModified(modified);
+    if (!m_document->isOpen()) {
+        setWindowTitle(tr("Marlavon Workbench"));
+        return;
+    }
+    const QString name = QFileInfo(m_document->file()).fileName();
+    setWindowTitle(m_document->isReadOnly() ? tr("%1[*] (read-only) - Marlavon Workbench").arg(name)
+                                            : tr("%1[*] - Marlavon Workbench").arg(name));
+    m_place->setText(QDir::toNativeSeparators(m_document->file()));
+}
+
+QString MainWindow::folder() const
+{
+    if (m_document->isOpen())
+        return QFileInfo(m_document->file()).absolutePath();
+    const QStringList recent = RecentFiles::list();
+    if (!recent.isEmpty())
+        return QFileInfo(recent.first()).absolutePath();
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void MainWindow::slot_settings()
+{
+    SettingsDialog dialog(this);
+    dialog.exec();
+}
+
+void MainWindow::slot_help() { MRL_T_Help::show(this, "marlload", "ACT"); }
+
+void MainWindow::slot_about()
+{
+    QMessageBox::about(
+        this, tr("About the Marlavon Workbench"),
+        tr("<h3>Marlavon Workbench %1</h3>"
+           "<p>Edits the actions and load cases of structural models.</p>"
+           "<p>Check every design code against the printed standard before you rely on it.</p>")
+            .arg(QCoreApplication::applicationVersion()));
+}
+
+} // namespace mrl::workbench

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "workbench/document.h"
+#include "workbench/managers.h"
+
+class QLabel;
+class QStackedWidget;
+
+namespace mrl::workbench {
+
+class InputPage;
+class StartPage;
+class SummaryPage;
+class TaskPanel;
+
+/// The host's window: one project, its tasks, and what came of them.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+  public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Opens a project, after the question about unsaved changes. @return whether it is open now
+    bool openProject(const QString& file);
+    /// Runs a manager on the open project, or tells why not.
+    void openManager(Manager which);
+    const Document& document() const { return *m_document; }
+
+  public slots:
+    void slot_new();
+    void slot_open();
+    /// @return whether the project is saved now
+    bool slot_save();
+    bool slot_saveAs();
+    void slot_close();
+    void slot_settings();
+    void slot_help();
+    void slot_about();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private slots:
+    void slot_replaced();
+    void slot_changed();
+    void slot_fillRecentMenu();
+
+  private:
+    void createActions();
+    void createFileMenu();
+    void createOtherMenus();
+    void createToolBar();
+    QWidget* createProjectPage();
+    /// Asks about unsaved changes. @return false when the project is to stay
+    bool mayGiveUp();
+    bool saved(const Document::Result& result);
+    bool overwriteConflict();
+    /// Why no manager can run; empty when they can.
+    QString managerRefusal() const;
+    void refreshProject();
+    void refreshTitle();
+    QString folder() const;
+    void restorePlace();
+
+    Managers m_managers;
+    Document* m_document; ///< child of this, like all below
+    QStackedWidget* m_pages = nullptr;
+    StartPage* m_start = nullptr;
+    QWidget* m_project = nullptr;
+    TaskPanel* m_tasks = nullptr;
+    SummaryPage* m_summary = nullptr;
+    InputPage* m_input = nullptr;
+    QLabel* m_place = nullptr;
+    QMenu* m_recentMenu = nullptr;
+    QAction* m_newAction = nullptr;
+    QAction* m_openAction = nullptr;
+    QAction* m_saveAction = nullptr;
+    QAction* m_saveAsAction = nullptr;
+    QAction* m_closeAction = nullptr;
+    QAction* m_actionsAction = nullptr;
+    QAction* m_loadCasesAction = nullptr;
+};
+
+} // namespace mrl::workbench

@@ -1,0 +1,50 @@
+#pragma once
+
+/// The two managers as the workbench reaches them: by name, through a library that is loaded while it runs.
+
+#include <QLibrary>
+#include <QString>
+
+#include <memory>
+
+#include "host/mrl_framework.h"
+#include "host/mrl_textlist.h"
+
+class QWidget;
+
+namespace mrl::workbench {
+
+enum class Manager { Actions, LoadCases };
+
+class Managers
+{
+  public:
+    Managers();
+    ~Managers();
+    Managers(const Managers&) = delete;
+    Managers& operator=(const Managers&) = delete;
+
+    /// Whether both plug-ins are there; else reason() says why not.
+    bool isLoaded() const { return m_actions && m_loadCases; }
+    const QString& reason() const { return m_reason; }
+
+    /// The document opens: the plug-ins refresh their keys.
+    void load(MRL_H_ShadowDatabase& document);
+    /// The document is about to be saved: the plug-ins mark their keys.
+    void markForSaving(MRL_H_ShadowDatabase& document);
+    /// Runs the dialog of a manager. @return the host's result value
+    int openDialog(Manager which, MRL_H_ShadowDatabase& document, QWidget* parent);
+    /// The input text that the managers generate.
+    QString generate(MRL_H_ShadowDatabase& document);
+
+  private:
+    MRL_H_Plugin* plugin(Manager which) const;
+    int call(Manager which, SupportedFunctions code, MRL_H_PluginParameter& parameter);
+
+    QLibrary m_library;
+    QString m_reason;
+    std::unique_ptr<MRL_H_Plugin> m_actions;
+    std::unique_ptr<MRL_H_Plugin> m_loadCases;
+};
+
+} // namespace mrl::workbench

@@ -1,0 +1,126 @@
+#include "workbench/project_summary.h"
+
+#include <QCoreApplication>
+#include <QVector>
+
+#include <array>
+#include <cstring>
+
+#include "host/mrl_alib.h"
+#include "host/mrl_cdb.h"
+#include "host/mrl_dlib.h"
+#include "hostlib/data/designcode/designcode.h"
+#include "lcdata/action_code.h"
+#include "lcdata/key_walk.h"
+#include "lcdata/load_cases.h"
+#include "lcdata/system.h"
+#include "model/data_class.h"
+#include "workbench/project_check.h"
+
+namespace mrl::workbench {
+
+namespace {
+
+std::vector<StoredAction> readActions(int db)
+{
+    std::vector<StoredAction> actions;
+    for (auto walk = lcm_walk_actions(db); walk.next();) {
+        StoredAction action{walk.kwl(), {}};
+        int length = sizeof action.record;
+        const int result = mrl_cdb_get(db, LC_KWH_ACTIONS, walk.kwl(), &action.record, &length, 0);
+        mrl_cdb_free_ex(db, LC_KWH_ACTIONS, walk.kwl());
+        if (result <= CD_CUT && action.record.kind == 1 && !lcm_is_reserved_action(walk.kwl()))
+            actions.push_back(action);
+    }
+    return actions;
+}
+
+void readLoadCases(int db, ProjectSummary& summary)
+{
+    std::array<char, LC_FOREIGN_RECORD_BYTES> buffer;
+    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
+        int length = LC_FOREIGN_RECORD_BYTES;
+        const int result = mrl_cdb_get(db, LC_KWH_CASES, walk.kwl(), buffer.data(), &length, 0);
+        mrl_cdb_free_ex(db, LC_KWH_CASES, walk.kwl());
+        if (result > CD_CUT)
+            continue;
+        StoredLoadCase loadCase{walk.kwl(), {}};
+        std::memcpy(&loadCase.record, buffer.data(), sizeof loadCase.record);
+        if (static_cast<std::uint32_t>(loadCase.record.kind) <= 1u)
+            summary.loadCases.push_back(loadCase);
+        else
+            ++summary.foreignLoadCases;
+    }
+}
+
+struct FactorName
+{
+    FactorColumn::Factor factor;
+    const char* name;
+    const char* key;
+    float tagCDB_LC_ACT::*mark;
+};
+
+constexpr FactorName FACTORS[] = {
+    {FactorColumn::Gamu, "Gamu", "TXT_GAMU", &tagCDB_LC_ACT::gamu},
+    {FactorColumn::Gamf, "Gamf", "TXT_GAMF", &tagCDB_LC_ACT::gamf},
+    {FactorColumn::Gama, "Gama", "TXT_GAMA", &tagCDB_LC_ACT::gama},
+    {FactorColumn::Psi0, "Psi0", "TXT_PSI0", &tagCDB_LC_ACT::psi0},
+    {FactorColumn::Psi1, "Psi1", "TXT_PSI1", &tagCDB_LC_ACT::psi1},
+    {FactorColumn::Psi1s, "Psi1s", "TXT_PSI1S", &tagCDB_LC_ACT::psi1s},
+    {FactorColumn::Psi2, "Psi2", "TXT_PSI2", &tagCDB_LC_ACT::psi2},
+};
+
+QString labelOf(const designcode::DesignCode& code, const FactorName& factor)
+{
+    for (const auto& entry : code.texts) {
+        if (entry.key == factor.key)
+            return QString::fromStdString(entry.text).simplified();
+    }
+    return QString::fromLatin1(factor.name);
+}
+
+/// The factors that the design code knows; all of them under their plain names where there is none.
+std::vector<FactorColumn> factorColumns(const designcode::DesignCode* code)
+{
+    std::vector<FactorColumn> columns;
+    for (const auto& factor : FACTORS) {
+        if (code && code->availability.*factor.mark <= 0.0f)
+            continue;
+        const QString label = code ? labelOf(*code, factor) : QString::fromLatin1(factor.name);
+        if (label != QLatin1String("none"))
+            columns.push_back({factor.factor, label});
+    }
+    return columns;
+}
+
+} // namespace
+
+QString actionName(int code)
+{
+    char bytes[4];
+    lcm_word_to_chars(code, bytes);
+    return QString::fromUtf8(bytes, 4).trimmed();
+}
+
+ProjectSummary summarise(int db)
+{
+    ProjectSummary summary;
+    const designcode::Loaded loaded = designcode::ofDatabase(db);
+    mrl_cdb_use(db, 0);
+    if (loaded.code && mrl_dlib_ini_switch(db) >= 0)
+        summary.designCode = MRL_A_Normen::getNormLabelText(db);
+    else
+        summary.designCodeReason = QString::fromStdString(loaded.reason);
+    summary.factors = factorColumns(loaded.code.get());
+    summary.systemClass = lcm_system_class(db);
+    summary.gravity = lcm_gravity_direction(db);
+    summary.currentLoadCase = mrl_lc_current(db);
+    summary.actions = readActions(db);
+    readLoadCases(db, summary);
+    if (loaded.code)
+        summary.findings = checkProject(db);
+    return summary;
+}
+
+} // namespace mrl::workbench

@@ -1,0 +1,60 @@
+#pragma once
+
+/// What the workbench shows of a project without opening a manager.
+
+#include <QString>
+
+#include <vector>
+
+#include "lcdata/records.h"
+
+namespace mrl::workbench {
+
+struct StoredAction
+{
+    int code = 0;
+    tagCDB_LC_ACT record{};
+};
+
+struct StoredLoadCase
+{
+    int number = 0;
+    tagCDB_LC_CTRL record{};
+};
+
+/// A factor that the design code of the project knows, and its symbol there.
+struct FactorColumn
+{
+    enum Factor { Gamu, Gamf, Gama, Psi0, Psi1, Psi2, Psi1s };
+    Factor factor;
+    QString label;
+};
+
+/// One thing that a check of the project found.
+struct CheckFinding
+{
+    QString where; ///< "Action Q_A", "Load case 12"
+    QString text;
+};
+
+struct ProjectSummary
+{
+    QString designCode;       ///< its label; empty when it can't be loaded
+    QString designCodeReason; ///< why it can't be loaded, empty when it can
+    int systemClass = 0;      ///< 0 spatial, 1 plane, 3 plate
+    int gravity = 1;          ///< signed axis
+    int currentLoadCase = 0;  ///< 0: none
+    std::vector<FactorColumn> factors;
+    std::vector<StoredAction> actions;
+    std::vector<StoredLoadCase> loadCases; ///< this system's own
+    int foreignLoadCases = 0;              ///< those of other modules, which the managers don't show
+    std::vector<CheckFinding> findings;    ///< empty too when the design code can't be loaded
+};
+
+/// Reads all of it from an open database and makes that database the current one.
+ProjectSummary summarise(int db);
+
+/// The name of an action code as people write it: without blanks at its end.
+QString actionName(int code);
+
+} // namespace mrl::workbench

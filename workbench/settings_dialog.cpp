@@ -1,0 +1,74 @@
+#include "workbench/settings_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+
+#include "hostlib/data/settings/settings.h"
+#include "hostlib/ui/widget/application_settings.h"
+
+namespace mrl::workbench {
+
+namespace {
+
+constexpr int RESTRICTED_MODES = 24;
+constexpr int RESTRICTED_MODE = 8;
+
+QLabel* hint(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setWordWrap(true);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+} // namespace
+
+SettingsDialog::SettingsDialog(QWidget* parent)
+    : MRL_QT_Dialog(parent, "settings"), m_language(new MRL_QT4_ComboBox(this, "combo_language")),
+      m_experimental(new MRL_QT_CheckBox(tr("&Experimental functions"), this, "check_experimental")),
+      m_restricted(new MRL_QT_CheckBox(tr("&Restricted run mode"), this, "check_restricted"))
+{
+    setCaption(tr("Settings"));
+    // Each language under its own name, so that everybody finds his.
+    m_language->addItem(QStringLiteral("English"), settings::English);
+    m_language->addItem(QStringLiteral("Deutsch"), settings::German);
+    m_language->setCurrentId(settings::language());
+    m_experimental->setChecked(MRL_QT_ApplicationInterface::experimentalOn());
+    m_restricted->setChecked((settings::runMode() & RESTRICTED_MODES) != 0);
+
+    auto* form = new QFormLayout;
+    form->addRow(tr("&Language:"), m_language);
+    form->addRow(QString(), hint(tr("A change of the language holds from the next start."), this));
+    form->addRow(tr("Functions:"), m_experimental);
+    form->addRow(QString(), hint(tr("Shows commands that are still on trial, such as \"ADD ALL\" in the "
+                                    "Action Manager."),
+                                 this));
+    form->addRow(QString(), m_restricted);
+    form->addRow(QString(),
+                 hint(tr("The Action Manager then offers the actions of the design code only."), this));
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
+    auto* layout = new MRL_QT_VBoxLayout(this);
+    layout->addLayout(form);
+    layout->addStretch(1);
+    layout->addWidget(buttons);
+    resize(480, sizeHint().height());
+}
+
+SettingsDialog::~SettingsDialog() = default;
+
+void SettingsDialog::accept()
+{
+    settings::setLanguage(m_language->getCurrentId());
+    ui::setExperimental(m_experimental->isChecked());
+    const int other = settings::runMode() & ~RESTRICTED_MODES;
+    const bool was = (settings::runMode() & RESTRICTED_MODES) != 0;
+    // Which of the restricted modes it is stays as it was.
+    if (was != m_restricted->isChecked())
+        settings::setRunMode(m_restricted->isChecked() ? other | RESTRICTED_MODE : other);
+    MRL_QT_Dialog::accept();
+}
+
+} // namespace mrl::workbench

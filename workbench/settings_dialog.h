@@ -1,0 +1,25 @@
+#pragma once
+
+#include "host/mrl_widgets.h"
+
+namespace mrl::workbench {
+
+/// The settings of the package that a person chooses.
+class SettingsDialog : public MRL_QT_Dialog
+{
+    Q_OBJECT
+  public:
+    explicit SettingsDialog(QWidget* parent);
+    ~SettingsDialog() override;
+
+  public slots:
+    /// Stores what was chosen.
+    void accept() override;
+
+  private:
+    MRL_QT4_ComboBox* m_language;    ///< child of this
+    MRL_QT_CheckBox* m_experimental; ///< child of this
+    MRL_QT_CheckBox* m_restricted;   ///< child of this
+};
+
+} // namespace mrl::workbench

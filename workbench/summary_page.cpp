@@ -1,0 +1,156 @@
+#include "workbench/summary_page.h"
+
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "workbench/summary_models.h"
+
+namespace mrl::workbench {
+
+namespace {
+
+QLabel* valueLabel(const char* name, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(QLatin1String(name));
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setWordWrap(true);
+    return label;
+}
+
+QString systemName(int systemClass)
+{
+    switch (systemClass) {
+    case 1:
+        return SummaryPage::tr("plane structure");
+    case 3:
+        return SummaryPage::tr("plate");
+    default:
+        return SummaryPage::tr("spatial structure");
+    }
+}
+
+QString axisName(int axis)
+{
+    static const char* const NAMES[] = {"X", "Y", "Z"};
+    const int size = axis < 0 ? -axis : axis;
+    if (size < 1 || size > 3)
+        return QString::number(axis);
+    return (axis < 0 ? QStringLiteral("\u2212") : QStringLiteral("+")) + QLatin1String(NAMES[size - 1]);
+}
+
+void fitColumns(QTableView* table, int stretched)
+{
+    table->resizeColumnsToContents();
+    table->horizontalHeader()->setSectionResizeMode(stretched, QHeaderView::Stretch);
+}
+
+} // namespace
+
+SummaryPage::SummaryPage(QWidget* parent)
+    : QWidget(parent), m_designCode(valueLabel("fact_designcode", this)),
+      m_system(valueLabel("fact_system", this)), m_gravity(valueLabel("fact_gravity", this)),
+      m_current(valueLabel("fact_current", this)),
+      m_noActions(
+          new QLabel(tr("No actions are stored yet. The managers start with the default actions of the "
+                        "design code; OK stores them."),
+                     this)),
+      m_tabs(new QTabWidget(this)), m_actionsModel(new ActionsModel(this)),
+      m_loadCasesModel(new LoadCasesModel(this)), m_findingsModel(new FindingsModel(this)),
+      m_actions(createTable(m_actionsModel, "table_actions")),
+      m_loadCases(createTable(m_loadCasesModel, "table_loadcases")),
+      m_findings(createTable(m_findingsModel, "table_findings"))
+{
+    setObjectName(QStringLiteral("summary"));
+    m_noActions->setWordWrap(true);
+    auto* actionsPage = new QWidget(this);
+    auto* actionsLayout = new QVBoxLayout(actionsPage);
+    actionsLayout->setContentsMargins(0, 0, 0, 0);
+    actionsLayout->addWidget(m_noActions);
+    actionsLayout->addWidget(m_actions, 1);
+    m_tabs->addTab(actionsPage, QString());
+    m_tabs->addTab(m_loadCases, QString());
+    m_tabs->addTab(m_findings, QString());
+    m_tabs->setDocumentMode(true);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(createFacts());
+    layout->addWidget(m_tabs, 1);
+}
+
+SummaryPage::~SummaryPage() = default;
+
+QWidget* SummaryPage::createFacts()
+{
+    auto* facts = new QWidget(this);
+    auto* form = new QFormLayout(facts);
+    form->setContentsMargins(0, 0, 0, 6);
+    form->setHorizontalSpacing(18);
+    form->addRow(tr("Design code:"), m_designCode);
+    form->addRow(tr("System:"), m_system);
+    form->addRow(tr("Gravity:"), m_gravity);
+    form->addRow(tr("Current load case:"), m_current);
+    return facts;
+}
+
+QTableView* SummaryPage::createTable(QAbstractItemModel* model, const char* name)
+{
+    auto* table = new QTableView(this);
+    table->setObjectName(QLatin1String(name));
+    table->setModel(model);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setAlternatingRowColors(true);
+    table->setWordWrap(false);
+    table->setTabKeyNavigation(false);
+    table->setFrameShape(QFrame::NoFrame);
+    table->verticalHeader()->hide();
+    // The height of all rows is that of the font; asking each row would be slow with very many.
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+void SummaryPage::show(const ProjectSummary& summary)
+{
+    showFacts(summary);
+    m_actionsModel->show(summary.actions, summary.factors);
+    m_loadCasesModel->show(summary.loadCases, summary.factors, summary.currentLoadCase);
+    m_findingsModel->show(summary.findings);
+    fitColumns(m_actions, ActionsModel::Title);
+    fitColumns(m_loadCases, LoadCasesModel::Title);
+    fitColumns(m_findings, 1);
+    m_noActions->setVisible(summary.actions.empty());
+    showCounts(summary);
+}
+
+void SummaryPage::showFacts(const ProjectSummary& summary)
+{
+    m_designCode->setText(summary.designCodeReason.isEmpty()
+                              ? summary.designCode
+                              : tr("can't be loaded: %1").arg(summary.designCodeReason));
+    m_system->setText(systemName(summary.systemClass));
+    m_gravity->setText(axisName(summary.gravity));
+    m_current->setText(summary.currentLoadCase == 0 ? tr("none") : QString::number(summary.currentLoadCase));
+}
+
+void SummaryPage::showCounts(const ProjectSummary& summary)
+{
+    const auto size = [](const auto& list) { return static_cast<int>(list.size()); };
+    m_tabs->setTabText(0, tr("Actions (%1)").arg(size(summary.actions)));
+    m_tabs->setTabText(1, tr("Load cases (%1)").arg(size(summary.loadCases)));
+    m_tabs->setTabToolTip(
+        1, summary.foreignLoadCases == 0
+               ? QString()
+               : tr("%n further number(s) belong to other modules.", "", summary.foreignLoadCases));
+    m_tabs->setTabText(2, summary.findings.empty() ? tr("Check: no findings")
+                                                   : tr("Check: %n finding(s)", "", size(summary.findings)));
+}
+
+} // namespace mrl::workbench

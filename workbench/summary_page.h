@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QWidget>
+
+#include "workbench/project_summary.h"
+
+class QAbstractItemModel;
+class QLabel;
+class QTabWidget;
+class QTableView;
+
+namespace mrl::workbench {
+
+class ActionsModel;
+class FindingsModel;
+class LoadCasesModel;
+
+/// What the project holds, at a glance and read-only.
+class SummaryPage : public QWidget
+{
+    Q_OBJECT
+  public:
+    explicit SummaryPage(QWidget* parent);
+    ~SummaryPage() override;
+
+    void show(const ProjectSummary& summary);
+    using QWidget::show;
+
+  private:
+    QWidget* createFacts();
+    QTableView* createTable(QAbstractItemModel* model, const char* name);
+    void showFacts(const ProjectSummary& summary);
+    void showCounts(const ProjectSummary& summary);
+
+    QLabel* m_designCode; ///< child of this, like all below
+    QLabel* m_system;
+    QLabel* m_gravity;
+    QLabel* m_current;
+    QLabel* m_noActions;
+    QTabWidget* m_tabs;
+    ActionsModel* m_actionsModel;
+    LoadCasesModel* m_loadCasesModel;
+    FindingsModel* m_findingsModel;
+    QTableView* m_actions;
+    QTableView* m_loadCases;
+    QTableView* m_findings;
+};
+
+} // namespace mrl::workbench
