@@ -10,7 +10,7 @@
 #include "lcdata/records.h"
 
 class LCM_LoadcaseTab;
-class MRL_H_TwItem;
+class LCM_RowCells;
 class MRL_LC_ActionsTable;
 class MRL_QT_Action;
 class QBoxLayout;
@@ -82,10 +82,24 @@ class LCM_ActionsWidget : public LCM_TabInterface
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
+    struct Deletion;
+
     void setupTable();
-    QWidget* createButton(const QString& text, const char* name, const char* slot, QBoxLayout* column);
+    void createCommands();
+    QBoxLayout* createButtons(QWidget* box);
+
+    QString cellText(int row, int column) const;
     void fillRow(int row, const tagCDB_LC_ACT& action, bool check);
+    void fillCells(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check);
     bool checkRow(int row);
+    bool checkCells(const LCM_RowCells& cells);
+    void appendRow(const tagCDB_LC_ACT& action);
+
+    Deletion selectedForDeletion();
+    bool userAgreesToDelete(const std::vector<int>& used);
+    void addUsed(Deletion& deletion);
+    tagCDB_LC_ACT actionOf(int code);
+    void reinitialise(const std::set<int>& rows, bool reportAll);
 
     int m_dialogOption;
     MRL_LC_ActionsTable* m_actionsTable = nullptr;   ///< the base's table with its full type

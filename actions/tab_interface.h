@@ -4,6 +4,7 @@
 
 class LCM_DataClass;
 class MRL_H_TableWidget;
+class MRL_H_TwSimpleLineEditItem;
 
 /// The user has yet to be told that the inputs of the superposition may need care. One accepted dialog tells
 /// it once: each tab sets this when it is made, the actions tab clears it with its notice, the load-case tab,
@@ -45,4 +46,7 @@ class LCM_TabInterface : public QWidget
     LCM_DataClass* m_model = nullptr;     ///< shared, see LCM_DataClass::release
     int m_db;
     bool m_modified = false;
+
+  private:
+    MRL_H_TwSimpleLineEditItem* verdictCell(int row) const;
 };

@@ -19,7 +19,8 @@ bool isNearly(float value, float other) { return std::fabs(value - other) < LC_G
 LCM_ActionCells lcm_action_cells(const tagCDB_LC_ACT& record)
 {
     LCM_ActionCells cells;
-    cells.name = lcm_code_text(lcm_action_code(record));
+    cells.code = lcm_action_code(record);
+    cells.name = lcm_code_text(cells.code);
     cells.title = lcm_title_text(record.title);
     cells.partition = lcm_partition_id(record.partition);
     cells.superposition = lcm_superposition_id(record.partition);

@@ -14,6 +14,7 @@
 /// The values of a row's cells.
 struct LCM_ActionCells
 {
+    int code = 0;           ///< the action code; reading goes by the name and leaves this aside
     QString name;           ///< the name as the action code holds it: four characters, padded with blanks
     QString title;          ///< the description
     int partition = -1;     ///< id of the partition's entry; -1 without such a cell
@@ -34,8 +35,8 @@ int lcm_action_record(const LCM_ActionCells& cells, tagCDB_LC_ACT& record);
 /// The text of an action code: its four bytes, the low one first, blanks included.
 QString lcm_code_text(int code);
 
-/// The partition entry's id for a partition word. A word with a load group (256 or more) is shown as that load
-/// group of the variable actions, 49 to 53 for Q_1 to Q_5, whatever its category says.
+/// The partition entry's id for a partition word. A word with a load group (256 or more) is shown as that
+/// load group of the variable actions, 49 to 53 for Q_1 to Q_5, whatever its category says.
 int lcm_partition_id(int word);
 
 /// The superposition entry's id for a partition word: its low four bits; 7 is shown as 8.
@@ -44,6 +45,6 @@ int lcm_superposition_id(int word);
 /// The partition word for the two entries; the reverse of the two functions above.
 int lcm_partition_word(int partitionId, int superpositionId);
 
-/// The accidental safety factor as it is shown: a stored 0 stands for 1.0, and a stored 0.001 for 0.0. The way
-/// back isn't symmetric: the writing of actions stores a shown 0.0 as 0.001, and nothing stores 0.
+/// The accidental safety factor as it is shown: a stored 0 stands for 1.0, and a stored 0.001 for 0.0. The
+/// way back isn't symmetric: the writing of actions stores a shown 0.0 as 0.001, and nothing stores 0.
 float lcm_shown_gama(float stored);

@@ -1,6 +1,7 @@
 #pragma once
 
-/// The judgement of an action's row. The load cases are judged by rules of their own, worded apart on purpose.
+/// The judgement of an action's row. The load cases are judged by rules of their own, worded apart on
+/// purpose.
 
 #include "lcdata/records.h"
 #include "model/rules/findings.h"
@@ -16,11 +17,13 @@ struct LCM_DesignCodeIdentity
 
 /// Judges the factors of an action against each other and against the limits of the design code.
 ///
-/// A limit of 0 says that the design code doesn't know the factor: its rules don't apply then. `Gama` is never
-/// judged. All comparisons are in single precision and stand as written: a factor that is no number passes none.
+/// A limit of 0 says that the design code doesn't know the factor: its rules don't apply then. `Gama` is
+/// never judged. All comparisons are in single precision and stand as written: a factor that is no number
+/// passes none.
 ///
 /// @param record the action as its row shows it; a factor without a column is 0
-/// @param limits the availability record of the design code. Of `Gamu` and `Gamf` it only matters whether they
+/// @param limits the availability record of the design code. Of `Gamu` and `Gamf` it only matters whether
+/// they
 ///               are 0; the four `Psi` are also upper limits.
 /// @param identity the design code; one of them asks for a fixed lower limit of `Psi1s`
 /// @return the findings by column id, see action_columns.h; also for columns that a table may not show

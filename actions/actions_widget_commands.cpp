@@ -1,0 +1,164 @@
+// The commands of the actions tab that change the set of rows or put values of the design code back.
+
+#include <QStringList>
+
+#include <unordered_set>
+
+#include "actions/actions_table.h"
+#include "actions/actions_widget.h"
+#include "actions/columns.h"
+#include "actions/loadcase_tab.h"
+#include "actions/new_action.h"
+#include "actions/new_action_dialog.h"
+#include "actions/row_cells.h"
+#include "actions/table_helpers.h"
+#include "host/mrl_widgets.h"
+#include "lcdata/action_code.h"
+#include "model/data_class.h"
+
+void LCM_ActionsWidget::slot_newClicked()
+{
+    m_rowCacheDirty = true;
+    m_modified = true;
+    // To the end of the slot: the receivers of the signals find the new row last, then it sorts into place.
+    const MRL_QT_SortingBlocker sortingBlocker(m_table);
+    QStringList names;
+    for (int row = 0; row < m_table->rowCount(); ++row)
+        names.append(cellText(row, ACT_COL_ACTION));
+    MRL_LC_AddNewActionDialog dialog(m_dialogOption, m_model, names, this, "new action");
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const tagCDB_LC_ACT action = lcm_add_action(*m_model, dialog);
+    appendRow(action);
+    emit signal_newAction();
+    emit signal_actionCountChanged();
+}
+
+void LCM_ActionsWidget::slot_addAllClicked()
+{
+    m_rowCacheDirty = true;
+    const MRL_QT_SortingBlocker sortingBlocker(m_table);
+    for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*m_model))
+        appendRow(action);
+    emit signal_newAction();
+    emit signal_actionCountChanged();
+}
+
+void LCM_ActionsWidget::appendRow(const tagCDB_LC_ACT& action)
+{
+    m_table->appendNewRows(1, MRL_H_TableWidget::CreateCells);
+    fillRow(m_table->rowCount() - 1, action, true);
+}
+
+struct LCM_ActionsWidget::Deletion
+{
+    std::set<int> codes;   ///< action codes that will leave the project
+    std::set<int> rows;    ///< their positions
+    std::vector<int> used; ///< selected actions that load cases refer to, in the order of their discovery
+};
+
+void LCM_ActionsWidget::slot_deleteClicked()
+{
+    m_modified = true;
+    Deletion deletion = selectedForDeletion();
+    // A refusal spares the used actions alone.
+    if (!deletion.used.empty() && userAgreesToDelete(deletion.used))
+        addUsed(deletion);
+    for (const int code : deletion.codes)
+        m_model->removeAction(code);
+    removeRows(m_table, deletion.rows);
+    m_rowCacheDirty = true;
+    emit signal_actionCountChanged();
+}
+
+LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
+{
+    Deletion deletion;
+    std::unordered_set<int> used; // the same codes as the list, to be found fast
+    std::unordered_set<int> seenRows;
+    // By cell and not by row, since that is the order in which the question names the actions. Asking an item
+    // for its row would search the whole table each time.
+    for (const QModelIndex& index : m_table->selectionModel()->selectedIndexes()) {
+        const int row = index.row();
+        if (m_table->item(row, index.column()) == nullptr || !seenRows.insert(row).second)
+            continue;
+        const int code = LCM_RowCells(m_table, row).actionCode();
+        if (m_loadcaseTab != nullptr) {
+            if (deletion.codes.count(code) != 0 || used.count(code) != 0)
+                continue;
+            if (m_loadcaseTab->isActionUsed(actionOf(code))) {
+                used.insert(code);
+                deletion.used.push_back(code);
+                continue;
+            }
+        }
+        deletion.codes.insert(code);
+        deletion.rows.insert(row);
+    }
+    return deletion;
+}
+
+bool LCM_ActionsWidget::userAgreesToDelete(const std::vector<int>& used)
+{
+    QString text = tr("One or more actions are in use. Do you want to delete the selected actions and all "
+                      "assigned loadcases?\n\nThe actions are:\n");
+    for (const int code : used)
+        text += lcm_action_label(actionOf(code)) + QLatin1Char('\n');
+    return MRL_QT_MessageBox::warning(this, tr("Action used!"), text, tr("Delete"), tr("Cancel"), QString(),
+                                      0, -1) == 0;
+}
+
+void LCM_ActionsWidget::addUsed(Deletion& deletion)
+{
+    std::map<int, int> rowOfCode;
+    for (int row = 0; row < m_table->rowCount(); ++row) {
+        tagCDB_LC_ACT action;
+        rowOfCode.emplace(readRow(row, action), row); // the first row of a code counts
+    }
+    for (const int code : deletion.used) {
+        m_loadcaseTab->removeActionLoadcases(actionOf(code));
+        deletion.codes.insert(code);
+        const auto row = rowOfCode.find(code);
+        deletion.rows.insert(row == rowOfCode.end() ? -1 : row->second);
+    }
+}
+
+tagCDB_LC_ACT LCM_ActionsWidget::actionOf(int code)
+{
+    tagCDB_LC_ACT action{};
+    findAction(code, action);
+    return action;
+}
+
+void LCM_ActionsWidget::slot_reInitAllActions()
+{
+    std::set<int> rows;
+    for (int row = 0; row < m_table->rowCount(); ++row)
+        rows.insert(rows.end(), row);
+    reinitialise(rows, false);
+}
+
+void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedRows(m_table), true); }
+
+void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
+{
+    m_rowCacheDirty = true;
+    std::vector<LCM_RowCells> taken;
+    for (const int row : rows)
+        taken.emplace_back(m_table, row);
+    std::vector<LCM_RowCells> reported;
+    {
+        // One block around all rows: a sorted table sorts once at its end, and not once for each row.
+        const MRL_QT_SignalBlocker signalBlocker(m_table);
+        for (const LCM_RowCells& cells : taken) {
+            tagCDB_LC_ACT action;
+            const bool known = m_model->findAction(cells.actionCode(), action, true) != 0;
+            if (known)
+                fillCells(cells, action, true);
+            if (known || reportAll)
+                reported.push_back(cells);
+        }
+    }
+    // Only now: the rows may have moved.
+    emit signal_reinitActions(lcm_positions(m_table, reported));
+}

@@ -1,0 +1,128 @@
+// The table of the actions tab: its making, its filling, and the judgement of its rows.
+
+#include <QFontMetrics>
+#include <QHeaderView>
+
+#include "actions/action_columns_setup.h"
+#include "actions/actions_table.h"
+#include "actions/actions_widget.h"
+#include "actions/columns.h"
+#include "actions/row_cells.h"
+#include "actions/table_helpers.h"
+#include "host/mrl_dlib.h"
+#include "host/mrl_widgets.h"
+#include "model/data_class.h"
+#include "model/rules/action_rules.h"
+
+namespace {
+
+/// The records of all active entries, a parent ahead of its children. A parent's state says nothing about its
+/// children.
+std::vector<const tagCDB_LC_ACT*> activeRecords(const LCM_DataClass& model)
+{
+    std::vector<const tagCDB_LC_ACT*> records;
+    for (const LCM_ActionEntry* entry : model.actions) {
+        if (entry->state == LCM_STATE_ACTIVE)
+            records.push_back(&entry->record);
+        for (const LCM_SubAction* child : entry->subActions)
+            if (child->state == LCM_STATE_ACTIVE)
+                records.push_back(&child->record);
+    }
+    return records;
+}
+
+LCM_DesignCodeIdentity activeDesignCode()
+{
+    return {mrl_dlib_cdb_get_ntcode(), mrl_dlib_cdb_get_idcode(), mrl_dlib_cdb_get_dcntry(),
+            mrl_dlib_cdb_get_dcyear()};
+}
+
+} // namespace
+
+void LCM_ActionsWidget::setupTable()
+{
+    // Child of this.
+    m_actionsTable = new MRL_LC_ActionsTable(4 + m_model->optionalColumnCount(), this, "actions table");
+    m_table = m_actionsTable;
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    QHeaderView* rows = m_table->verticalHeader();
+    rows->setSectionResizeMode(QHeaderView::Fixed);
+    rows->setDefaultSectionSize(rows->fontMetrics().height() + 8);
+    m_table->setResetContextMenuOnCreation(true);
+    m_table->activateSearchEnabled(false);
+    m_table->setMultiEditingEnabled(true);
+    m_table->setContextmenueEnabled_new_del(false);
+    lcm_create_action_columns(m_table, m_model);
+    mrl_connect(m_table, "2cellChanged( int, int )", this, "1slot_cellChanged( int, int )",
+                Qt::AutoConnection);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    m_table->resizeColumnsToContents();
+    m_table->setSortingEnabled(true);
+}
+
+void LCM_ActionsWidget::fillTable()
+{
+    {
+        const MRL_QT_SignalBlocker signalBlocker(m_table);
+        MRL_QT_SortingBlocker sortingBlocker(m_table);
+        const std::vector<const tagCDB_LC_ACT*> records = activeRecords(*m_model);
+        int row = m_table->rowCount();
+        m_table->appendNewRows(static_cast<int>(records.size()), MRL_H_TableWidget::CreateCells);
+        for (const tagCDB_LC_ACT* record : records)
+            fillRow(row++, *record, true);
+        sortingBlocker.unblock();
+        m_table->sortByColumn(m_table->getColumnNumber(ACT_COL_ACTION), Qt::AscendingOrder);
+    }
+    emit signal_actionCountChanged();
+    m_table->resizeColumnsToContents();
+}
+
+void LCM_ActionsWidget::fillRow(int row, const tagCDB_LC_ACT& action, bool check)
+{
+    fillCells(LCM_RowCells(m_table, row), action, check);
+}
+
+void LCM_ActionsWidget::fillCells(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check)
+{
+    const MRL_QT_SignalBlocker signalBlocker(m_table);
+    cells.show(action);
+    if (check)
+        cells.setValid(checkCells(cells));
+}
+
+bool LCM_ActionsWidget::checkRow(int row) { return checkCells(LCM_RowCells(m_table, row)); }
+
+bool LCM_ActionsWidget::checkCells(const LCM_RowCells& cells)
+{
+    MRL_QT_UpdateBlocker updateBlocker(m_table);
+    MRL_QT_SignalBlocker signalBlocker(m_table);
+    tagCDB_LC_ACT action;
+    cells.read(action);
+    const LCM_Findings findings =
+        lcm_check_action(action, *m_model->availabilityRecord(), activeDesignCode());
+    cells.markErrors(findings);
+    updateBlocker.unblock();
+    signalBlocker.unblock();
+    return findings.empty();
+}
+
+void LCM_ActionsWidget::slot_cellChanged(int row, int col)
+{
+    m_modified = true;
+    m_rowCacheDirty = true;
+    // Taken before anything is judged: the colouring may let a sorted table move its rows, and the signal has
+    // to name the row that was edited.
+    const LCM_RowCells edited(m_table, row);
+    std::vector<LCM_RowCells> selected;
+    for (const int selectedRow : getSelectedRows(m_table))
+        selected.emplace_back(m_table, selectedRow);
+    for (const LCM_RowCells& cells : selected)
+        cells.setValid(checkCells(cells));
+    emit signal_actionValuesChanged(edited.position(), col);
+}
+
+QString LCM_ActionsWidget::cellText(int row, int column) const
+{
+    const auto* cell = LCM_RowCells(m_table, row).at<MRL_H_TwSimpleLineEditItem>(column);
+    return cell == nullptr ? QString() : cell->text();
+}

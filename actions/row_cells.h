@@ -1,0 +1,52 @@
+#pragma once
+
+#include <set>
+#include <vector>
+
+#include "host/mrl_table.h"
+#include "lcdata/records.h"
+#include "model/rules/findings.h"
+
+/// The cells of a row, taken all at once. A table that sorts may move a row as soon as one of its cells is
+/// written; what is written through the taken cells reaches the same row all the same. Good until the row is
+/// removed.
+class LCM_RowCells
+{
+  public:
+    LCM_RowCells(const MRL_H_TableWidget* table, int row);
+
+    /// The cell in the column with this id. @return null when there is none or it is of another class
+    template <class Item>
+    Item* at(int columnId) const
+    {
+        return dynamic_cast<Item*>(cellAt(columnId));
+    }
+    bool hasColumn(int columnId) const;
+    /// Where the row stands now. Constant time as long as it hasn't moved.
+    int position() const;
+    /// A cell that tells the row from every other one. @return null for a row without cells
+    const QTableWidgetItem* anyCell() const;
+
+    /// See markRowErrors.
+    void markErrors(const LCM_Findings& findings) const;
+    /// Stores the verdict on the row, see ROLE_ROW_VALID.
+    void setValid(bool valid) const;
+    /// The row's action code, -1 without a cell that holds it.
+    int actionCode() const;
+
+    /// Writes an action into the row, its code included. A cell that is missing is passed over. Judges
+    /// nothing.
+    void show(const tagCDB_LC_ACT& action) const;
+    /// Reads the row into a record. @param action [out] is written whole @return the action code
+    int read(tagCDB_LC_ACT& action) const;
+
+  private:
+    QTableWidgetItem* cellAt(int columnId) const;
+
+    const MRL_H_TableWidget* m_table;
+    int m_row;
+    std::vector<QTableWidgetItem*> m_cells; ///< by column position
+};
+
+/// Where rows stand now, in one walk over the table.
+std::set<int> lcm_positions(const MRL_H_TableWidget* table, const std::vector<LCM_RowCells>& rows);

@@ -1,0 +1,37 @@
+#include "actions/tab_interface.h"
+
+#include "actions/columns.h"
+#include "host/mrl_table.h"
+
+bool modificationNoticePending = true;
+
+LCM_TabInterface::LCM_TabInterface(int db, QWidget* parent, const char* name) : QWidget(parent), m_db(db)
+{
+    modificationNoticePending = true;
+    setObjectName(QLatin1String(name));
+}
+
+LCM_TabInterface::~LCM_TabInterface() = default;
+
+bool LCM_TabInterface::isValid()
+{
+    for (int row = 0; m_table != nullptr && row < m_table->rowCount(); ++row) {
+        const MRL_H_TwSimpleLineEditItem* cell = verdictCell(row);
+        if (cell == nullptr || !cell->data(ROLE_ROW_VALID).toBool())
+            return false;
+    }
+    return true;
+}
+
+void LCM_TabInterface::setRowValid(int row, bool valid)
+{
+    if (m_table == nullptr)
+        return;
+    if (MRL_H_TwSimpleLineEditItem* cell = verdictCell(row))
+        cell->setData(ROLE_ROW_VALID, valid);
+}
+
+MRL_H_TwSimpleLineEditItem* LCM_TabInterface::verdictCell(int row) const
+{
+    return dynamic_cast<MRL_H_TwSimpleLineEditItem*>(m_table->itemOnColId(row, ACT_COL_ACTION));
+}
