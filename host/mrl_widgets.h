@@ -282,6 +282,8 @@ class MRL_HOST_API MRL_QT_BusyDialog : public QDialog
     explicit MRL_QT_BusyDialog(const QString& text, QWidget* parent = nullptr, const char* name = nullptr);
     void setText(const QString& text);
     void setVisible(bool visible) override;
+    /// The user can't end it.
+    void reject() override;
 
   private:
     QLabel* m_label; ///< child of this

@@ -1,8 +1,7 @@
 // The main of window tests: an application on the offscreen platform, with settings of its own in a
-// temporary folder, so that no test reads or changes what a person has stored.
+// temporary folder, so that no test reads or changes what a person or another test has stored.
 #include <gmock/gmock.h>
 
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "host/mrl_widgets.h"
@@ -13,7 +12,6 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    QStandardPaths::setTestModeEnabled(true);
     ::testing::InitGoogleMock(&argc, argv);
     MRL_QT_Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("mrl-tests"));

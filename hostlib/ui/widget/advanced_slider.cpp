@@ -109,7 +109,12 @@ MRL_QT_AdvancedSlider::MRL_QT_AdvancedSlider(QWidget* parent, int, const char* n
     connect(d->slider, &QSlider::actionTriggered, this, [this](int action) { d->sliderMoved(action); });
 }
 
-MRL_QT_AdvancedSlider::~MRL_QT_AdvancedSlider() = default;
+MRL_QT_AdvancedSlider::~MRL_QT_AdvancedSlider()
+{
+    // Losing the focus on the way out ends an open editing, which nobody is there to hear of any more.
+    d->input->disconnect(this);
+    d->slider->disconnect(this);
+}
 
 void MRL_QT_AdvancedSlider::setRange(int lowest, int highest, int step)
 {

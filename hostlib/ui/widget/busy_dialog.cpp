@@ -38,3 +38,6 @@ void MRL_QT_BusyDialog::setVisible(bool visible)
     } while (windowHandle() && !windowHandle()->isExposed() && waited.elapsed() < patienceMs);
     repaint();
 }
+
+// Only the work ends it, by hide().
+void MRL_QT_BusyDialog::reject() {}
