@@ -68,8 +68,8 @@ MRL_HOST_API Opened openMemory();
 /// Where a private copy lives.
 enum class Storage { Memory, TemporaryFile };
 
-/// A private copy of an open database, as it stands in it now (own uncommitted writes included).
-/// Its path is that of the original.
+/// A private copy of an open database, for reading and writing. Its path is that of the original. Refused
+/// (Code::Locked) while a transaction is open on it.
 MRL_HOST_API Opened copyOf(int db, Storage where = Storage::Memory);
 
 /// Closes a database; an open transaction is rolled back, and its object then refuses to commit. The index is

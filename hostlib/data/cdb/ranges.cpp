@@ -1,0 +1,218 @@
+#include <cstring>
+
+#include "hostlib/data/cdb/checksum.h"
+#include "hostlib/data/cdb/errors.h"
+#include "hostlib/data/cdb/project.h"
+#include "hostlib/data/cdb/registry.h"
+
+namespace mrl::cdb {
+
+namespace {
+
+/// Reads the records of a range in order, each checked against its checksum.
+class RangeReader
+{
+  public:
+    RangeReader(Database& database, const KeyRange& range)
+        : db(database), kwh(range.kwh),
+          text("SELECT kwl,position,crc,bytes FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 "
+               "ORDER BY kwh,kwl,position"),
+          run(text, database.connection())
+    {
+        run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
+    }
+
+    /// @return is there a record; false also on failure, see result()
+    bool next()
+    {
+        const int status = run.step();
+        if (status == SQLITE_ROW)
+            return check();
+        over = true;
+        if (status != SQLITE_DONE)
+            error = db.readFailed(status);
+        return false;
+    }
+    const Result& result() const { return error; }
+    bool atEnd() const { return over; }
+    int kwl() const { return run.integer(0); }
+    int position() const { return run.integer(1); }
+    const void* bytes() const { return run.bytes(3); }
+    int size() const { return run.size(3); }
+
+    bool sameRecord(const RangeReader& other) const
+    {
+        return position() == other.position() && size() == other.size() &&
+               std::memcmp(bytes(), other.bytes(), static_cast<std::size_t>(size())) == 0;
+    }
+
+  private:
+    bool check()
+    {
+        const auto sum = recordChecksum(kwh, kwl(), position(), bytes(), static_cast<std::size_t>(size()));
+        if (sum == static_cast<std::uint32_t>(run.integer(2)))
+            return true;
+        over = true;
+        const auto name = std::to_string(kwh) + "/" + std::to_string(kwl());
+        error = db.readFailed(
+            failure(Code::Checksum, db.file(), "record " + name + " does not fit its checksum"));
+        return false;
+    }
+
+    Database& db;
+    int kwh;
+    Statement text;
+    Run run;
+    bool over = false;
+    Result error;
+};
+
+/// Walks two ranges side by side and hands each key that differs to `differs`, once and in ascending order;
+/// a result of false ends the walk.
+template <class Differs>
+Result compare(Database& a, Database& b, const KeyRange& range, Differs differs)
+{
+    RangeReader left(a, range);
+    RangeReader right(b, range);
+    left.next();
+    right.next();
+    while (left.result() && right.result() && !(left.atEnd() && right.atEnd())) {
+        const bool onlyLeft = right.atEnd() || (!left.atEnd() && left.kwl() < right.kwl());
+        const bool onlyRight = !onlyLeft && (left.atEnd() || right.kwl() < left.kwl());
+        const int key = onlyRight ? right.kwl() : left.kwl();
+        bool same = !onlyLeft && !onlyRight;
+        // Through the records of this key on both sides.
+        bool hereLeft = !onlyRight;
+        bool hereRight = !onlyLeft;
+        while (hereLeft || hereRight) {
+            same = same && hereLeft && hereRight && left.sameRecord(right);
+            hereLeft = hereLeft && left.next() && left.kwl() == key;
+            hereRight = hereRight && right.next() && right.kwl() == key;
+        }
+        if (!left.result() || !right.result())
+            break;
+        if (!same && !differs(key))
+            break;
+    }
+    return left.result() ? right.result() : left.result();
+}
+
+/// Replaces the records of one key by those of another database.
+Result copyKey(Database& from, Database& to, int kwh, int kwl)
+{
+    const Key key{kwh, kwl};
+    if (to.remove(key) == Outcome::Failed)
+        return to.lastFailure();
+    RangeReader reader(from, {kwh, kwl, kwl});
+    while (reader.next())
+        if (to.append(key, reader.bytes(), reader.size()) != Outcome::Done)
+            return to.lastFailure();
+    return reader.result();
+}
+
+} // namespace
+
+Result keys(int db, const KeyRange& range, std::vector<Key>& out)
+{
+    auto* database = Registry::instance().find(db);
+    if (database == nullptr)
+        return notOpen(db);
+    Statement text("SELECT kwl FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 ORDER BY kwh,kwl");
+    Run run(text, database->connection());
+    run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
+    int status = SQLITE_OK;
+    bool first = true;
+    while ((status = run.step()) == SQLITE_ROW) {
+        const Key key{range.kwh, run.integer(0)};
+        if (first || out.back() != key)
+            out.push_back(key);
+        first = false;
+    }
+    return status == SQLITE_DONE ? Result{} : database->readFailed(status);
+}
+
+Result keys(int db, std::vector<Key>& out)
+{
+    auto* database = Registry::instance().find(db);
+    if (database == nullptr)
+        return notOpen(db);
+    Statement text("SELECT kwh,kwl FROM record ORDER BY kwh,kwl");
+    Run run(text, database->connection());
+    int status = SQLITE_OK;
+    bool first = true;
+    while ((status = run.step()) == SQLITE_ROW) {
+        const Key key{run.integer(0), run.integer(1)};
+        if (first || out.back() != key)
+            out.push_back(key);
+        first = false;
+    }
+    return status == SQLITE_DONE ? Result{} : database->readFailed(status);
+}
+
+Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
+{
+    out = {};
+    auto* database = Registry::instance().find(db);
+    if (database == nullptr)
+        return notOpen(db);
+    Statement text("SELECT crc FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3");
+    Run run(text, database->connection());
+    run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
+    Fingerprint sum;
+    int status = SQLITE_OK;
+    while ((status = run.step()) == SQLITE_ROW) {
+        const auto checksum = static_cast<std::uint32_t>(run.integer(0));
+        ++sum.count;
+        sum.mix ^= checksum;
+        sum.sum += checksum;
+    }
+    if (status != SQLITE_DONE)
+        return database->readFailed(status);
+    out = sum;
+    return {};
+}
+
+Result rangesEqual(int a, int b, const KeyRange& range, bool& equal)
+{
+    equal = false;
+    auto* left = Registry::instance().find(a);
+    auto* right = Registry::instance().find(b);
+    if (left == nullptr || right == nullptr)
+        return notOpen(left == nullptr ? a : b);
+    bool differs = false;
+    Result result = compare(*left, *right, range, [&](int) {
+        differs = true;
+        return false;
+    });
+    equal = result && !differs;
+    return result;
+}
+
+Result replaceRange(int from, int to, const KeyRange& range, int* changed)
+{
+    if (changed != nullptr)
+        *changed = 0;
+    auto* source = Registry::instance().find(from);
+    auto* target = Registry::instance().find(to);
+    if (source == nullptr || target == nullptr)
+        return notOpen(source == nullptr ? from : to);
+    // The lock comes ahead of the comparison: what is compared must still be there when it is written.
+    Transaction transaction(to);
+    if (Result state = transaction.state(); !state)
+        return state;
+    std::vector<int> differing;
+    Result result = compare(*source, *target, range, [&](int kwl) {
+        differing.push_back(kwl);
+        return true;
+    });
+    for (const int kwl : differing)
+        if (result)
+            result = copyKey(*source, *target, range.kwh, kwl);
+    if (!result)
+        return result;
+    if (changed != nullptr)
+        *changed = static_cast<int>(differing.size());
+    return transaction.commit();
+}
+
+} // namespace mrl::cdb

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include <sqlite3.h>
+
+namespace mrl::cdb {
+
+struct CloseConnection
+{
+    void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+};
+using Connection = std::unique_ptr<sqlite3, CloseConnection>;
+
+/// A statement that is compiled at its first use and kept.
+class Statement
+{
+  public:
+    explicit Statement(const char* text) : sql(text) {}
+    /// @return null when it does not compile; the connection then has the reason
+    sqlite3_stmt* on(sqlite3* connection)
+    {
+        if (!compiled) {
+            sqlite3_stmt* made = nullptr;
+            sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &made, nullptr);
+            compiled.reset(made);
+        }
+        return compiled.get();
+    }
+    void drop() { compiled.reset(); }
+
+  private:
+    struct Finalize
+    {
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    const char* sql;
+    std::unique_ptr<sqlite3_stmt, Finalize> compiled;
+};
+
+/// One run of a statement. Its end resets the statement, so that no snapshot outlives it.
+class Run
+{
+  public:
+    Run(Statement& text, sqlite3* connection) : statement(text.on(connection)), db(connection) {}
+    ~Run() { sqlite3_reset(statement); } // harmless for null
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    Run& bind(int at, sqlite3_int64 value)
+    {
+        sqlite3_bind_int64(statement, at, value);
+        return *this;
+    }
+    /// The bytes must outlive the run.
+    Run& bind(int at, const void* data, int size)
+    {
+        sqlite3_bind_blob(statement, at, data, size, SQLITE_STATIC);
+        return *this;
+    }
+    Run& bind(int at, const std::string& text)
+    {
+        sqlite3_bind_text(statement, at, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+        return *this;
+    }
+
+    /// @return SQLITE_ROW, SQLITE_DONE, or an extended error code
+    int step() { return statement != nullptr ? sqlite3_step(statement) : sqlite3_extended_errcode(db); }
+    bool row() { return step() == SQLITE_ROW; }
+
+    int integer(int column) const { return sqlite3_column_int(statement, column); }
+    sqlite3_int64 wide(int column) const { return sqlite3_column_int64(statement, column); }
+    int type(int column) const { return sqlite3_column_type(statement, column); }
+    const void* bytes(int column) const { return sqlite3_column_blob(statement, column); }
+    int size(int column) const { return sqlite3_column_bytes(statement, column); }
+    std::string text(int column) const
+    {
+        const auto* p = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+        return p != nullptr ? std::string(p, static_cast<std::size_t>(size(column))) : std::string();
+    }
+
+  private:
+    sqlite3_stmt* statement;
+    sqlite3* db;
+};
+
+} // namespace mrl::cdb
