@@ -13,8 +13,6 @@ using mrl::workbench::Manager;
 
 const MRL_QT_InitTranslator translator("mrl_workbench");
 
-QString tr(const char* text) { return QCoreApplication::translate("mrl::workbench::CommandLine", text); }
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -30,14 +28,17 @@ int main(int argc, char** argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/workbench/icon.svg")));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(tr("Edits the actions and load cases of structural models."));
+    parser.setApplicationDescription(
+        QCoreApplication::translate("CommandLine", "Edits the actions and load cases of structural models."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("FILE"), tr("The project to open."),
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QCoreApplication::translate("CommandLine", "The project to open."),
                                  QStringLiteral("[FILE]"));
-    const QCommandLineOption manager(QStringLiteral("manager"),
-                                     tr("Opens a manager on the project: actions or loadcases."),
-                                     QStringLiteral("actions|loadcases"));
+    const QCommandLineOption manager(
+        QStringLiteral("manager"),
+        QCoreApplication::translate("CommandLine", "Opens a manager on the project: actions or loadcases."),
+        QStringLiteral("actions|loadcases"));
     parser.addOption(manager);
     parser.process(application);
 

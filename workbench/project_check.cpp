@@ -26,8 +26,6 @@ struct ReleaseModel
 using Model = std::unique_ptr<LCM_DataClass, ReleaseModel>;
 using ActionMap = std::map<int, tagCDB_LC_ACT>;
 
-QString tr(const char* text) { return QCoreApplication::translate("mrl::workbench::Check", text); }
-
 ActionMap activeActions(const LCM_DataClass& model)
 {
     std::vector<tagCDB_LC_ACT> records;
@@ -69,7 +67,7 @@ void checkActions(const ActionMap& actions, const LCM_DataClass& model, std::vec
     const LCM_DesignCodeIdentity identity{mrl_dlib_cdb_get_ntcode(), mrl_dlib_cdb_get_idcode(),
                                           mrl_dlib_cdb_get_dcntry(), mrl_dlib_cdb_get_dcyear()};
     for (const auto& [code, record] : actions)
-        append(out, tr("Action %1").arg(actionName(code)),
+        append(out, QCoreApplication::translate("Workbench", "Action %1").arg(actionName(code)),
                lcm_check_action(record, *model.availabilityRecord(), identity));
 }
 
@@ -81,10 +79,11 @@ void checkLoadCases(const ActionMap& actions, const LCM_LoadcaseSetup& setup, co
         const auto verdict = lcm_judge_stored_loadcase(entry.number, entry.record,
                                                        found == actions.end() ? nullptr : &found->second,
                                                        setup, *model.availabilityRecord());
-        const QString where = tr("Load case %1").arg(entry.number);
+        const QString where = QCoreApplication::translate("Workbench", "Load case %1").arg(entry.number);
         append(out, where, verdict.findings);
         if (verdict.actionMissing)
-            out.push_back({where, tr("The project has no action %1.").arg(actionName(entry.record.action))});
+            out.push_back({where, QCoreApplication::translate("Workbench", "The project has no action %1.")
+                                      .arg(actionName(entry.record.action))});
     }
 }
 

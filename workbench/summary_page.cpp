@@ -145,12 +145,13 @@ void SummaryPage::showCounts(const ProjectSummary& summary)
     const auto size = [](const auto& list) { return static_cast<int>(list.size()); };
     m_tabs->setTabText(0, tr("Actions (%1)").arg(size(summary.actions)));
     m_tabs->setTabText(1, tr("Load cases (%1)").arg(size(summary.loadCases)));
-    m_tabs->setTabToolTip(
-        1, summary.foreignLoadCases == 0
-               ? QString()
-               : tr("%n further number(s) belong to other modules.", "", summary.foreignLoadCases));
-    m_tabs->setTabText(2, summary.findings.empty() ? tr("Check: no findings")
-                                                   : tr("Check: %n finding(s)", "", size(summary.findings)));
+    m_tabs->setTabToolTip(1,
+                          summary.foreignLoadCases == 0
+                              ? QString()
+                              : tr("Numbers that belong to other modules: %1").arg(summary.foreignLoadCases));
+    const QString findings = summary.findings.empty() ? tr("none") : QString::number(summary.findings.size());
+    m_tabs->setTabText(2, summary.designCodeReason.isEmpty() ? tr("Findings (%1)").arg(findings)
+                                                             : tr("Findings (not checked)"));
 }
 
 } // namespace mrl::workbench

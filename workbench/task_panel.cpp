@@ -41,9 +41,12 @@ QCommandLinkButton* TaskPanel::createTask(Manager which, const QString& text, co
 
 void TaskPanel::showCounts(int actions, int loadCases)
 {
-    m_actions->setDescription(actions == 0 ? tr("no actions yet") : tr("%n action(s)", "", actions));
-    m_loadCases->setDescription(loadCases == 0 ? tr("no load cases yet")
-                                               : tr("%n load case(s)", "", loadCases));
+    m_actions->setDescription(actions == 0   ? tr("no actions yet")
+                              : actions == 1 ? tr("1 action")
+                                             : tr("%1 actions").arg(actions));
+    m_loadCases->setDescription(loadCases == 0   ? tr("no load cases yet")
+                                : loadCases == 1 ? tr("1 load case")
+                                                 : tr("%1 load cases").arg(loadCases));
 }
 
 void TaskPanel::setRefusal(const QString& reason)
