@@ -22,13 +22,16 @@ const QBrush& normalBrush()
     return brush;
 }
 
-/// Writes only what changes: each write of a cell makes the view look for it.
-void mark(QTableWidgetItem& cell, const QBrush& brush, const QString& toolTip)
+void mark(QTableWidgetItem* item, const QBrush& brush, const QString& toolTip)
 {
-    if (cell.toolTip() != toolTip)
-        cell.setToolTip(toolTip);
-    if (cell.foreground() != brush)
-        cell.setForeground(brush);
+    // The cells of this layer write only what changes.
+    if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item)) {
+        cell->setToolTip(toolTip);
+        cell->setForeground(brush);
+    } else {
+        item->setToolTip(toolTip);
+        item->setForeground(brush);
+    }
 }
 
 } // namespace
@@ -72,9 +75,9 @@ void LCM_RowCells::markErrors(const LCM_Findings& findings) const
             continue;
         const auto finding = findings.find(m_table->getColumnId(static_cast<int>(column)));
         if (finding == findings.end())
-            mark(*m_cells[column], normalBrush(), QString());
+            mark(m_cells[column], normalBrush(), QString());
         else
-            mark(*m_cells[column], errorBrush(), finding->second);
+            mark(m_cells[column], errorBrush(), finding->second);
     }
 }
 

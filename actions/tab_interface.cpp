@@ -33,5 +33,5 @@ void LCM_TabInterface::setRowValid(int row, bool valid)
 
 MRL_H_TwSimpleLineEditItem* LCM_TabInterface::verdictCell(int row) const
 {
-    return dynamic_cast<MRL_H_TwSimpleLineEditItem*>(m_table->itemOnColId(row, ACT_COL_ACTION));
+    return MRL_H_TwSimpleLineEditItem::fromItem(m_table->itemOnColId(row, ACT_COL_ACTION));
 }
