@@ -58,6 +58,7 @@ class MRL_HOST_API MRL_H_ShadowDatabase : public MRL_H_CDBDoc
     struct Private;
     /// The host's own side of the document: which project stands behind it, what is marked, saving.
     Private& host() { return *d; }
+    const Private& host() const { return *d; }
 
   private:
     std::unique_ptr<Private> d;

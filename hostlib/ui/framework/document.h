@@ -52,6 +52,8 @@ struct MRL_HOST_API MRL_H_ShadowDatabase::Private
 
     bool hasFile() const { return m_file >= 0; }
     bool isReadOnly() const;
+    /// The index of the project's file, which stays open as long as the document; -1 while there is none.
+    int file() const { return m_file; }
     /// The file of the project, empty while there is none.
     QString path() const { return m_path; }
 
