@@ -1,0 +1,44 @@
+// Saves a document without end, to be killed in the middle of it: document_saver FILE
+// The two states are told apart by every load case: all hold the same number, and in the even ones the second
+// half of them is not there.
+#include <cstdio>
+
+#include "host/mrl_cdb.h"
+#include "host/mrl_framework.h"
+#include "hostlib/ui/framework/document.h"
+
+namespace {
+
+constexpr int kCases = 12;
+constexpr int kCount = 400;
+
+void makeState(int db, int state)
+{
+    const int length = sizeof state;
+    const int last = state % 2 ? kCount : kCount / 2;
+    for (int lc = 1; lc <= kCount; ++lc) {
+        if (lc <= last)
+            mrl_cdb_put(db, kCases, lc, &state, &length, 0);
+        else
+            mrl_cdb_del(db, kCases, lc);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2)
+        return 2;
+    MRL_H_ShadowDatabase document;
+    if (!document.host().open(QString::fromLocal8Bit(argv[1])))
+        return 3;
+    document.addSaveKwh(kCases);
+    for (int state = 1;; ++state) {
+        makeState(document.index(), state);
+        if (document.host().save().outcome != mrl::ui::SaveOutcome::Saved)
+            return 4;
+        std::printf("%d\n", state);
+        std::fflush(stdout);
+    }
+}

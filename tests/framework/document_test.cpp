@@ -1,0 +1,373 @@
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "host/mrl_cdb.h"
+#include "host/mrl_framework.h"
+#include "hostlib/data/cdb/project.h"
+#include "hostlib/ui/framework/document.h"
+
+namespace {
+
+namespace cdb = mrl::cdb;
+using mrl::ui::OnConflict;
+using mrl::ui::SaveOutcome;
+using ::testing::HasSubstr;
+using ::testing::SizeIs;
+
+constexpr int kCases = 12;
+constexpr int kActions = 14;
+
+void put(int db, int kwh, int kwl, int value)
+{
+    const int length = sizeof value;
+    ASSERT_EQ(mrl_cdb_put(db, kwh, kwl, &value, &length, 0), CD_OK);
+}
+
+/// -1 for a key that is not there.
+int get(int db, int kwh, int kwl)
+{
+    int value = -1;
+    int length = sizeof value;
+    mrl_cdb_get(db, kwh, kwl, &value, &length, 0);
+    mrl_cdb_free_ex(db, kwh, kwl);
+    return value;
+}
+
+/// A project file with the load cases 1 to 3 (values 10, 20, 30), a superposition key and an action; the
+/// document on it; and another program that has the file open.
+class Document : public ::testing::Test
+{
+  protected:
+    Document() : path(folder.filePath("bridge.cdb"))
+    {
+        const auto made = cdb::create(path.toStdString());
+        for (int lc = 1; lc <= 3; ++lc)
+            put(made.db, kCases, lc, 10 * lc);
+        put(made.db, kActions, 70, 700);
+        put(made.db, kActions, 0x20202047, 35);
+        EXPECT_TRUE(static_cast<bool>(cdb::setFact(made.db, "designcode", "EN1990.ini")));
+        cdb::close(made.db);
+        EXPECT_TRUE(static_cast<bool>(document.host().open(path)));
+        other = cdb::open(path.toStdString()).db;
+    }
+    ~Document() override
+    {
+        document.host().close();
+        cdb::close(other);
+    }
+    int db() const { return document.index(); }
+
+    QTemporaryDir folder;
+    QString path;
+    MRL_H_ShadowDatabase document;
+    int other = -1;
+};
+
+TEST_F(Document, HoldsEveryKeyOfItsProject)
+{
+    EXPECT_EQ(get(db(), kCases, 2), 20);
+    EXPECT_EQ(get(db(), kActions, 70), 700);
+    EXPECT_EQ(cdb::fact(db(), "designcode"), "EN1990.ini");
+    EXPECT_TRUE(document.host().hasFile());
+    EXPECT_EQ(document.host().path(), path);
+    EXPECT_FALSE(document.host().isReadOnly());
+}
+
+TEST_F(Document, WhatIsWrittenInItStaysOutOfTheFileUntilItIsSaved)
+{
+    put(db(), kCases, 1, 11);
+    EXPECT_EQ(get(other, kCases, 1), 10);
+    document.addSaveKwh(kCases);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kCases, 1), 11);
+}
+
+TEST_F(Document, SavingTakesKeysAwayThatAreGone)
+{
+    mrl_cdb_del(db(), kCases, 2);
+    put(db(), kCases, 4, 40);
+    document.addSaveKwh(kCases);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kCases, 2), -1);
+    EXPECT_EQ(get(other, kCases, 3), 30);
+    EXPECT_EQ(get(other, kCases, 4), 40);
+}
+
+TEST_F(Document, OnlyMarkedRangesAreSaved)
+{
+    put(db(), kActions, 70, 701);
+    put(db(), kActions, 0x20202047, 36);
+    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kActions, 70), 700);
+    EXPECT_EQ(get(other, kActions, 0x20202047), 36);
+    EXPECT_TRUE(document.host().hasChanges()); // of what nobody has marked
+}
+
+TEST_F(Document, ARangeMarkedTwiceIsMarkedOnce)
+{
+    document.addSaveKwh(kCases);
+    document.addSaveKwh(kCases);
+    EXPECT_THAT(document.host().marks(), SizeIs(1));
+}
+
+TEST_F(Document, ARefreshTakesWhatAnotherProgramWrote)
+{
+    put(other, kCases, 1, 99);
+    mrl_cdb_del(other, kCases, 3);
+    put(other, kActions, 70, 999);
+    EXPECT_EQ(get(db(), kCases, 1), 10);
+    document.cdb2shadow(kCases, false);
+    EXPECT_EQ(get(db(), kCases, 1), 99);
+    EXPECT_EQ(get(db(), kCases, 3), -1);
+    EXPECT_EQ(get(db(), kActions, 70), 700); // another range
+    EXPECT_FALSE(document.host().hasChanges());
+    EXPECT_TRUE(static_cast<bool>(document.host().refreshFailure()));
+}
+
+TEST_F(Document, ARefreshGivesUpUnsavedChangesUnlessTheyAreToBeKept)
+{
+    put(other, kCases, 1, 99);
+    put(db(), kCases, 2, 21);
+    document.cdb2shadow(kCases, true);
+    EXPECT_EQ(get(db(), kCases, 2), 21);
+    document.cdb2shadow(kCases, false);
+    EXPECT_EQ(get(db(), kCases, 2), 20);
+    EXPECT_EQ(get(db(), kCases, 1), 99);
+}
+
+TEST_F(Document, ChangesAreSeenFromTheDatabaseItself)
+{
+    EXPECT_FALSE(document.host().hasChanges());
+    put(db(), kCases, 1, 11);
+    EXPECT_TRUE(document.host().hasChanges());
+    put(db(), kCases, 1, 10);
+    EXPECT_FALSE(document.host().hasChanges());
+    put(db(), 99, 1, 1);
+    EXPECT_TRUE(document.host().hasChanges());
+    mrl_cdb_del(db(), 99, 1);
+    EXPECT_FALSE(document.host().hasChanges());
+}
+
+TEST_F(Document, AfterSavingThereAreNoChanges)
+{
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_FALSE(document.host().hasChanges());
+    put(db(), kCases, 1, 12);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved); // its own save is no conflict
+    EXPECT_EQ(get(other, kCases, 1), 12);
+}
+
+TEST_F(Document, WhatAnotherProgramChangedInAMarkedRangeIsReportedAndNothingIsWritten)
+{
+    put(other, kCases, 3, 33);
+    put(db(), kCases, 1, 11);
+    put(db(), kActions, 70, 701);
+    document.addSaveKwh(kActions);
+    document.addSaveKwh(kCases);
+    const auto saved = document.host().save();
+    EXPECT_EQ(saved.outcome, SaveOutcome::Conflict);
+    ASSERT_THAT(saved.changed, SizeIs(1));
+    EXPECT_EQ(saved.changed[0].kwh, kCases);
+    EXPECT_EQ(get(other, kCases, 1), 10);
+    EXPECT_EQ(get(other, kActions, 70), 700);
+}
+
+TEST_F(Document, TheUserCanOverwriteWhatAnotherProgramChanged)
+{
+    put(other, kCases, 3, 33);
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    ASSERT_EQ(document.host().save(OnConflict::Overwrite).outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kCases, 1), 11);
+    EXPECT_EQ(get(other, kCases, 3), 30);
+    EXPECT_FALSE(document.host().hasChanges());
+}
+
+TEST_F(Document, WhatAnotherProgramChangedElsewhereIsNoConflictAndStays)
+{
+    put(other, kActions, 70, 999);
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kActions, 70), 999);
+}
+
+TEST_F(Document, AChangeThatWasReadAgainIsNoConflict)
+{
+    put(other, kCases, 3, 33);
+    document.cdb2shadow(kCases, false);
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kCases, 3), 33);
+}
+
+TEST_F(Document, AFileThatAnotherProgramHoldsFailsWithItsName)
+{
+    cdb::setLockWait(document.host().file(), 0);
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    {
+        const cdb::Transaction held(other);
+        const auto saved = document.host().save();
+        EXPECT_EQ(saved.outcome, SaveOutcome::Failed);
+        EXPECT_EQ(saved.failure.code, cdb::Code::Locked);
+        EXPECT_THAT(saved.failure.text, HasSubstr("bridge.cdb"));
+    }
+    EXPECT_TRUE(document.host().hasChanges());
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+}
+
+TEST_F(Document, AFileThatAnotherOneHasReplacedIsReadAnew)
+{
+    const QString replacement = folder.filePath("new.cdb");
+    const auto made = cdb::create(replacement.toStdString());
+    put(made.db, kCases, 1, 77);
+    cdb::close(made.db);
+    cdb::close(other);
+    other = -1;
+    ASSERT_TRUE(QFile::remove(path));
+    for (const char* suffix : {"-wal", "-shm"})
+        QFile::remove(path + suffix);
+    ASSERT_TRUE(QFile::rename(replacement, path));
+
+    put(db(), kCases, 2, 21);
+    document.addSaveKwh(kCases);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict);
+    EXPECT_EQ(document.host().save(OnConflict::Overwrite).outcome, SaveOutcome::Saved);
+    other = cdb::open(path.toStdString()).db;
+    EXPECT_EQ(get(other, kCases, 2), 21);
+    EXPECT_EQ(get(other, kCases, 1), 10);
+}
+
+TEST_F(Document, AFileThatIsGoneFailsAndKeepsTheDocument)
+{
+    cdb::close(other);
+    other = -1;
+    ASSERT_TRUE(QFile::remove(path));
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    const auto saved = document.host().save();
+    EXPECT_EQ(saved.outcome, SaveOutcome::Failed);
+    EXPECT_THAT(saved.failure.text, HasSubstr("bridge.cdb"));
+    EXPECT_EQ(get(db(), kCases, 1), 11);
+}
+
+TEST_F(Document, SaveAsMakesAFileOfTheWholeDocumentAndGoesOnWithIt)
+{
+    put(db(), kCases, 1, 11);
+    document.addSaveKwh(kCases);
+    const QString copy = folder.filePath("copy.cdb");
+    ASSERT_TRUE(static_cast<bool>(document.host().saveAs(copy)));
+    EXPECT_EQ(document.host().path(), copy);
+    EXPECT_FALSE(document.host().hasChanges());
+    EXPECT_EQ(get(other, kCases, 1), 10); // the former file is as it was
+    put(db(), kCases, 2, 22);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    const auto written = cdb::openReadOnly(copy.toStdString());
+    EXPECT_EQ(get(written.db, kCases, 1), 11);
+    EXPECT_EQ(get(written.db, kCases, 2), 22);
+    EXPECT_EQ(get(written.db, kActions, 70), 700);
+    EXPECT_EQ(cdb::fact(written.db, "designcode"), "EN1990.ini");
+    cdb::close(written.db);
+}
+
+TEST_F(Document, SaveAsReplacesAProjectThatIsThere)
+{
+    const QString copy = folder.filePath("copy.cdb");
+    const auto made = cdb::create(copy.toStdString());
+    put(made.db, kCases, 500, 1);
+    put(made.db, 55, 5, 1);
+    cdb::close(made.db);
+    ASSERT_TRUE(static_cast<bool>(document.host().saveAs(copy)));
+    const auto written = cdb::openReadOnly(copy.toStdString());
+    EXPECT_EQ(get(written.db, kCases, 500), -1);
+    EXPECT_EQ(get(written.db, 55, 5), -1);
+    EXPECT_EQ(get(written.db, kCases, 1), 10);
+    cdb::close(written.db);
+}
+
+TEST_F(Document, SaveAsOnItsOwnFileIsASave)
+{
+    put(db(), kCases, 1, 11);
+    ASSERT_TRUE(static_cast<bool>(document.host().saveAs(path)));
+    EXPECT_EQ(get(other, kCases, 1), 11);
+    EXPECT_FALSE(document.host().hasChanges());
+}
+
+TEST_F(Document, SaveAsRefusesAFileThatIsNoProject)
+{
+    const QString letter = folder.filePath("letter.cdb");
+    QFile file(letter);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("Dear Sirs");
+    file.close();
+    EXPECT_FALSE(static_cast<bool>(document.host().saveAs(letter)));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "Dear Sirs");
+    EXPECT_EQ(document.host().path(), path);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+}
+
+TEST_F(Document, SaveAsIntoAFolderThatIsNotThereFailsAndLeavesTheDocument)
+{
+    EXPECT_FALSE(static_cast<bool>(document.host().saveAs(folder.filePath("no/such/folder.cdb"))));
+    EXPECT_EQ(document.host().path(), path);
+    EXPECT_EQ(get(db(), kCases, 1), 10);
+}
+
+TEST_F(Document, AFileThatCannotBeOpenedLeavesTheDocumentThatIsOpen)
+{
+    EXPECT_FALSE(static_cast<bool>(document.host().open(folder.filePath("missing.cdb"))));
+    EXPECT_EQ(get(db(), kCases, 1), 10);
+}
+
+TEST_F(Document, ClosingUnbindsIt)
+{
+    document.host().close();
+    EXPECT_EQ(document.index(), -1);
+    EXPECT_FALSE(document.host().hasChanges());
+    EXPECT_FALSE(document.host().hasFile());
+}
+
+TEST(NewDocument, HasNoFileUntilItIsSavedAs)
+{
+    const QTemporaryDir folder;
+    MRL_H_ShadowDatabase document;
+    ASSERT_TRUE(static_cast<bool>(document.host().create()));
+    EXPECT_FALSE(document.host().hasFile());
+    put(document.index(), kCases, 1, 10);
+    EXPECT_TRUE(document.host().hasChanges());
+    document.cdb2shadow(kCases, false); // there is nothing to refresh from
+    EXPECT_EQ(get(document.index(), kCases, 1), 10);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Failed);
+    ASSERT_TRUE(static_cast<bool>(document.host().saveAs(folder.filePath("new.cdb"))));
+    EXPECT_TRUE(document.host().hasFile());
+    EXPECT_FALSE(document.host().hasChanges());
+}
+
+TEST(AttachedDocument, IsTheDatabaseAsItStands)
+{
+    const auto database = cdb::openMemory();
+    put(database.db, kCases, 1, 10);
+    {
+        MRL_H_ShadowDatabase document;
+        document.attach(database.db);
+        document.cdb2shadow(kCases, false);
+        document.cdb2shadow(kActions, 0x20202020, 0x7a7a7a7a, false);
+        document.addSaveKwh(kCases);
+        EXPECT_EQ(get(document.index(), kCases, 1), 10);
+        EXPECT_EQ(document.host().save().outcome, SaveOutcome::Failed);
+    }
+    EXPECT_TRUE(cdb::isOpen(database.db)); // it isn't owned
+    cdb::close(database.db);
+}
+
+} // namespace
