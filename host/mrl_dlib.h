@@ -9,7 +9,9 @@
 struct tagCDB_LC_ACT;
 
 /// Loads the design code of a database and makes that database the current one.
-/// @return 0, negative when the database is not open or has no design code that can be loaded
+/// @return 0; negative when the database is not open, which changes nothing, or when it has no design code
+/// that
+///         can be loaded: it is current then, and no design code is active
 MRL_HOST_API int mrl_dlib_ini_switch(int db);
 
 /// Looks an action up in the active design code.

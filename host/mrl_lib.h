@@ -36,6 +36,7 @@ MRL_HOST_API bool mrl_lib_designcode_file(int db, char* buffer, int size);
 /// behind it
 ///             only where it is shorter than `size`; empty on failure. The buffer is never overrun.
 /// @param zero always 0
-/// @return negative when the file or the section is missing
+/// @return negative when the file or the section is missing or the file is malformed, 0 when only the entry
+///         is missing, above 0 when it is there
 MRL_HOST_API int mrl_lib_profile_read(const char* file, const char* section, const char* key, int one,
                                       void* value, char* text, int size, int zero);

@@ -87,9 +87,8 @@ struct Found
     std::string file; ///< its path
 };
 
-/// The folders that are searched, the first match wins: each of the colon list MRL_DESIGNCODE_PATH, the
-/// folder share/mrl/designcodes of the installation that this library belongs to, and in a build tree the
-/// sources' own.
+/// The folders that are searched, the first match wins: each of the colon list MRL_DESIGNCODE_PATH, then
+/// share/mrl/designcodes beside the folder of this library. A build tree has that folder as well.
 MRL_HOST_API std::vector<std::string> searchPath();
 
 /// The design-code files on the search path, by name.

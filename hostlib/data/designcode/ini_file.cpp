@@ -182,6 +182,9 @@ IniResult parseIni(std::string_view content)
 
 std::variant<std::string, IniError> readText(const std::string& file)
 {
+    if (file.empty()) {
+        return IniError{0, "no file is named"};
+    }
     QFile in(QString::fromStdString(file));
     if (QFileInfo(in).isDir()) {
         return IniError{0, "is a folder"};

@@ -1,0 +1,87 @@
+#include "hostlib/data/designcode/active.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+#include "hostlib/data/cdb/project.h"
+
+namespace mrl::designcode {
+
+namespace {
+
+struct CacheEntry
+{
+    qint64 modified = 0;
+    qint64 size = 0;
+    LoadedIndexed loaded;
+};
+
+LoadedIndexed load(const std::string& file)
+{
+    ReadResult result = read(file);
+    if (const auto* error = std::get_if<Error>(&result)) {
+        return {nullptr, error->text()};
+    }
+    return {std::make_shared<IndexedCode>(std::get<DesignCode>(std::move(result))), {}};
+}
+
+/// Parses a file once for as long as its time and size stand; also a failure is kept.
+LoadedIndexed cached(const std::string& file)
+{
+    static std::unordered_map<std::string, CacheEntry> cache;
+    const QFileInfo info(QString::fromStdString(file));
+    const qint64 modified = info.lastModified().toMSecsSinceEpoch();
+    const qint64 size = info.size();
+    const auto it = cache.find(file);
+    if (it != cache.end() && it->second.modified == modified && it->second.size == size) {
+        return it->second.loaded;
+    }
+    return (cache[file] = {modified, size, load(file)}).loaded;
+}
+
+} // namespace
+
+IndexedCode::IndexedCode(DesignCode parsed) : code(std::move(parsed))
+{
+    for (std::size_t i = 0; i < code.actions.size(); ++i) {
+        byCode.emplace(code.actions[i].code, i);
+        for (const int number : code.actions[i].oldNumbers) {
+            byOldNumber.emplace(number, i);
+        }
+    }
+}
+
+const DefaultAction* IndexedCode::find(int codeOrOldNumber) const
+{
+    if (const auto it = byCode.find(codeOrOldNumber); it != byCode.end()) {
+        return &code.actions[it->second];
+    }
+    const auto it = byOldNumber.find(codeOrOldNumber);
+    return it == byOldNumber.end() ? nullptr : &code.actions[it->second];
+}
+
+std::optional<std::string> fileOfDatabase(int db) { return find(mrl::cdb::fact(db, "designcode")); }
+
+LoadedIndexed indexedOfDatabase(int db)
+{
+    const std::string name = mrl::cdb::fact(db, "designcode");
+    if (name.empty()) {
+        return {nullptr, "the project names no design code"};
+    }
+    const auto file = find(name);
+    if (!file) {
+        return {nullptr, "the design code '" + name + "' is not on the search path"};
+    }
+    return cached(*file);
+}
+
+Loaded ofDatabase(int db)
+{
+    const LoadedIndexed loaded = indexedOfDatabase(db);
+    if (!loaded.code) {
+        return {nullptr, loaded.reason};
+    }
+    return {std::shared_ptr<const DesignCode>(loaded.code, &loaded.code->code), {}};
+}
+
+} // namespace mrl::designcode

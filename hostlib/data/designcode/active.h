@@ -1,0 +1,37 @@
+#pragma once
+
+/// Parsed design codes with their lookups, shared between all databases that name the same file.
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "hostlib/data/designcode/designcode.h"
+
+namespace mrl::designcode {
+
+/// A design code with its default actions found in one step: they are asked for with every load case.
+struct IndexedCode
+{
+    explicit IndexedCode(DesignCode parsed);
+
+    /// The default action of a code or an old number, null when there is none.
+    const DefaultAction* find(int codeOrOldNumber) const;
+
+    DesignCode code;
+
+  private:
+    std::unordered_map<int, std::size_t> byCode;
+    std::unordered_map<int, std::size_t> byOldNumber;
+};
+
+struct LoadedIndexed
+{
+    std::shared_ptr<const IndexedCode> code; ///< null on failure
+    std::string reason;                      ///< one line; empty on success
+};
+
+/// The design code that a database names.
+LoadedIndexed indexedOfDatabase(int db);
+
+} // namespace mrl::designcode
