@@ -3,27 +3,47 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <unordered_set>
+#include <utility>
 
 #include "lcdata/load_case_rules.h"
 
+LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected, std::set<int> used)
+    : m_rows(std::move(rows)), m_used(std::move(used)), m_empty(m_rows.empty()),
+      m_fixedStart(selected.has_value())
+{
+    std::sort(m_rows.begin(), m_rows.end());
+    if (selected)
+        m_number = *selected;
+    else if (!m_empty)
+        m_number = std::max(1, m_rows.back());
+}
+
+int LCM_FreeNumbers::next()
+{
+    if (m_empty)
+        return 1;
+    while (m_number < std::numeric_limits<int>::max() && !isFree(m_number))
+        ++m_number;
+    return m_number;
+}
+
+void LCM_FreeNumbers::take(int number)
+{
+    m_taken.insert(number);
+    m_empty = false;
+    if (!m_fixedStart)
+        m_number = std::max(m_number, number);
+}
+
+bool LCM_FreeNumbers::isFree(int number) const
+{
+    return !std::binary_search(m_rows.begin(), m_rows.end(), number) && m_used.count(number) == 0 &&
+           m_taken.count(number) == 0;
+}
+
 int lcm_next_number(const std::vector<int>& rows, std::optional<int> selected, const std::set<int>& used)
 {
-    if (rows.empty())
-        return 1;
-    int number = selected.value_or(std::max(1, *std::max_element(rows.begin(), rows.end())));
-    // One step up for each taken number that is met: at most one per row and one per used number.
-    const std::unordered_set<int> taken(rows.begin(), rows.end());
-    auto nextUsed = used.lower_bound(number);
-    while (number < std::numeric_limits<int>::max()) {
-        while (nextUsed != used.end() && *nextUsed < number)
-            ++nextUsed;
-        const bool isUsed = nextUsed != used.end() && *nextUsed == number;
-        if (!isUsed && taken.count(number) == 0)
-            break;
-        ++number;
-    }
-    return number;
+    return LCM_FreeNumbers(rows, selected, used).next();
 }
 
 int lcm_proposed_target(int target, const std::set<int>& taken)

@@ -9,12 +9,33 @@
 /// The highest load-case number.
 constexpr int LC_MAX_NUMBER = 999999;
 
-/// The number that a new load case is proposed: the smallest free one from the selected load case on, or from
+/// The numbers that new load cases are proposed: the smallest free one from the selected load case on, or from
 /// the highest of the table when none is selected.
-/// @param rows     numbers of all rows of the table
-/// @param selected number of the topmost selected row
-/// @param used     numbers that the database knows, those of other modules too
-/// @return the number, which may be above LC_MAX_NUMBER; 1 for an empty table, whatever is used
+class LCM_FreeNumbers
+{
+  public:
+    /// @param rows     numbers of all rows of the table
+    /// @param selected number of the topmost selected row
+    /// @param used     numbers that the database knows, those of other modules too
+    LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected, std::set<int> used);
+
+    /// The next free number, which may be above LC_MAX_NUMBER; 1 for an empty table, whatever is used.
+    int next();
+    /// A row with this number came.
+    void take(int number);
+
+  private:
+    bool isFree(int number) const;
+
+    std::vector<int> m_rows; ///< ascending
+    std::set<int> m_used;
+    std::set<int> m_taken;
+    bool m_empty;
+    bool m_fixedStart;
+    int m_number = 1; ///< everything below it, down to the start, is taken
+};
+
+/// LCM_FreeNumbers::next for a table as it stands.
 int lcm_next_number(const std::vector<int>& rows, std::optional<int> selected, const std::set<int>& used);
 
 /// What the number dialog proposes when a target is given: the first free number from the target on that lies

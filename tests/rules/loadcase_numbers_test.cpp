@@ -71,6 +71,30 @@ TEST(NextNumber, AgreesWithTheWalkOverRandomTables)
     }
 }
 
+TEST(FreeNumbers, GrowWithTheRowsThatTheyBrought)
+{
+    LCM_FreeNumbers behindTwo({1, 2, 5}, 2, {4});
+    std::vector<int> made;
+    for (int i = 0; i < 3; ++i) {
+        made.push_back(behindTwo.next());
+        behindTwo.take(made.back());
+    }
+    EXPECT_THAT(made, testing::ElementsAre(3, 6, 7));
+
+    LCM_FreeNumbers fresh({}, std::nullopt, {1, 2});
+    EXPECT_EQ(fresh.next(), 1);
+    fresh.take(1);
+    EXPECT_EQ(fresh.next(), 3);
+}
+
+TEST(FreeNumbers, WithoutSelectionFollowANumberThatTheUserChose)
+{
+    LCM_FreeNumbers numbers({1, 2}, std::nullopt, {});
+    EXPECT_EQ(numbers.next(), 3);
+    numbers.take(10);
+    EXPECT_EQ(numbers.next(), 11);
+}
+
 TEST(ProposedTarget, IsTheTargetOrTheNextFreeNumberAboveIt)
 {
     EXPECT_EQ(lcm_proposed_target(4, {}), 4);

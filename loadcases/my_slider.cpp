@@ -1,0 +1,14 @@
+#include "loadcases/my_slider.h"
+
+MySlider::MySlider(QWidget* parent, const char* name, const std::set<int>& excluded)
+    : MRL_QT_AdvancedSlider(parent, 1, name, excluded)
+{
+    mrl_connect(this, "2valueAboutToChange( double )", this, "1slot_valueAboutToChange( double )",
+                Qt::AutoConnection);
+}
+
+void MySlider::slot_valueAboutToChange(double value)
+{
+    wanted = static_cast<int>(value);
+    corrected = static_cast<int>(checkValidValue(value)) != wanted;
+}

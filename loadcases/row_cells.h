@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include <QString>
+
+#include "model/rules/loadcase_row.h"
+
+class MRL_H_TableWidget;
+class QTableWidgetItem;
+
+/// The cells of one row of the load-case table, taken at once. They stay the cells of that load case wherever
+/// sorting moves the row, also in the middle of writing them.
+class LCM_RowCells
+{
+  public:
+    LCM_RowCells(const MRL_H_TableWidget& table, int row);
+
+    /// The cell of a column, null when there is none.
+    QTableWidgetItem* operator[](int column) const;
+
+    int number() const;
+    QString title() const;
+    /// Id of the action cell, -1 when it is no combo cell.
+    int actionId() const;
+    LCM_LoadcaseDeadWeight deadWeight() const;
+    LCM_LoadcaseFactors factors() const;
+
+    /// The action word that a row with a missing action came with; none for any other row.
+    std::optional<int> keptWord() const;
+    void keepWord(std::optional<int> actionWord);
+
+    void showNumber(int number);
+    void showTitle(const QString& title);
+    void showDeadWeight(const LCM_LoadcaseDeadWeight& values);
+    /// @param enabled whether the factors are the load case's own
+    void showFactors(const LCM_LoadcaseFactors& values, bool enabled);
+
+  private:
+    static constexpr int COLUMNS = LC_COL_DLZ - LC_COL_NUMBER + 1;
+    std::array<QTableWidgetItem*, COLUMNS> m_cells; ///< by column id; owned by the table
+};

@@ -1,0 +1,70 @@
+#include "loadcases/table_loadcases.h"
+
+#include <QCursor>
+
+#include "lcdata/records.h"
+#include "loadcases/cell.h"
+#include "loadcases/columns.h"
+#include "loadcases/loadcase_widget.h"
+
+TableLoadCases::TableLoadCases(int columns, LCM_LoadcaseWidget* tab, const char* name)
+    : MRL_H_TableWidget(0, columns, tab, name), widget(tab)
+{
+    setResetContextMenuOnCreation(true);
+    deleteUnusedAction = new MRL_QT_Action(LCM_LoadcaseWidget::tr("Delete unused loadcases"), this,
+                                           "delete unused loadcases");
+    mrl_connect(deleteUnusedAction, "2triggered( bool )", widget, "2signal_deleteUnusedLoadcases( )",
+                Qt::AutoConnection);
+}
+
+TableLoadCases::~TableLoadCases() = default;
+
+void TableLoadCases::contextMenuEvent(QContextMenuEvent*)
+{
+    MRL_QT_Menu* menu = getContextMenu();
+    menu->addSeparator();
+    menu->addAction(deleteUnusedAction);
+    menu->exec(QCursor::pos(), nullptr);
+}
+
+MyDelegate::MyDelegate(TableLoadCases* loadcases, LCM_LoadcaseWidget* tab)
+    : MRL_H_DelegateItem(loadcases), table(loadcases), widget(tab)
+{
+    mrl_connect(this, "2closeEditor( QWidget*, QAbstractItemDelegate::EndEditHint )", this,
+                "1slot_closeEditor( QWidget*, QAbstractItemDelegate::EndEditHint )", Qt::AutoConnection);
+}
+
+QWidget* MyDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                  const QModelIndex& index) const
+{
+    QWidget* editor = MRL_H_DelegateItem::createEditor(parent, option, index);
+    if (!index.isValid() || !lcm_is_factor_column(table->getColumnId(index.column())))
+        return editor;
+    const int action = lcm_cell_id(table->itemOnColId(table->currentRow(), LC_COL_ACTION));
+    auto* combo = qobject_cast<MRL_QT4_ComboBox*>(editor);
+    if (!combo)
+        return editor;
+    auto* line = qobject_cast<MRL_H_LineEdit*>(combo->lineEdit());
+    if (lcm_has_own_factors(action))
+    {
+        if (line)
+            line->getStrLineEdit().thirdBound = 0.0;
+        combo->clear();
+        return editor;
+    }
+    const QString text = LCM_LoadcaseWidget::tr("Use from Action");
+    if (line)
+    {
+        StrLineEdit description = line->getStrLineEdit();
+        description.format = -3;
+        description.text = text;
+        description.value = static_cast<double>(LC_UNDEFINED);
+        line->updateVal(description);
+    }
+    combo->setCurrentText(text);
+    if (QTableWidgetItem* cell = table->currentItem())
+        cell->setText(text);
+    return editor;
+}
+
+void MyDelegate::slot_closeEditor(QWidget*, QAbstractItemDelegate::EndEditHint) {}

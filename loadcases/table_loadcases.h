@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/mrl_table.h"
+
+class LCM_LoadcaseWidget;
+
+/// The table of load cases.
+class TableLoadCases : public MRL_H_TableWidget
+{
+    Q_OBJECT
+  public:
+    TableLoadCases(int columns, LCM_LoadcaseWidget* tab, const char* name);
+    ~TableLoadCases() override;
+
+    MRL_QT_Action* deleteUnusedAction; ///< child of this
+
+  protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+  private:
+    LCM_LoadcaseWidget* widget; ///< the tab that owns the table
+};
+
+/// The delegate of the table of load cases. A factor of a load case with an action is offered as "Use from
+/// Action".
+class MyDelegate : public MRL_H_DelegateItem
+{
+    Q_OBJECT
+  public:
+    MyDelegate(TableLoadCases* loadcases, LCM_LoadcaseWidget* tab);
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+
+  private slots:
+    void slot_closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint);
+
+  private:
+    TableLoadCases* table;      ///< parent of this
+    LCM_LoadcaseWidget* widget; ///< the tab that owns the table
+};
