@@ -9,8 +9,7 @@ LCM_ActionList::LCM_ActionList(const QString& none, const QString& imperfection,
 {
     append(none, LC_ACTION_NONE, LC_ACTION_NONE, false);
     append(imperfection, LC_ACTION_IMPERFECTION, LC_ACTION_IMPERFECTION, false);
-    for (const tagCDB_LC_ACT& action : actions)
-    {
+    for (const tagCDB_LC_ACT& action : actions) {
         const QString label = lcm_action_label(action);
         const bool standsForNone = label == none || label == imperfection;
         const int id = standsForNone ? LC_ACTION_NONE : lcm_action_code(action);

@@ -10,11 +10,13 @@
 #include "lcdata/records.h"
 
 /// What the action column offers: none, the imperfection, the project's actions, and markers of actions that
-/// load cases name and the project lacks. An id is looked up in constant time; the first entry of an id counts.
+/// load cases name and the project lacks. An id is looked up in constant time; the first entry of an id
+/// counts.
 class LCM_ActionList
 {
   public:
-    /// @param none, imperfection texts of the two fixed entries; an action with one of them as its label stands
+    /// @param none, imperfection texts of the two fixed entries; an action with one of them as its label
+    /// stands
     ///                           for no action
     LCM_ActionList(const QString& none, const QString& imperfection,
                    const std::vector<tagCDB_LC_ACT>& actions);

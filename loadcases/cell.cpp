@@ -24,19 +24,17 @@ void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float
         return;
     number->setEnabled(enabled);
     auto* editable = MRL_H_TwEditableComboBoxItem::fromItem(cell);
-    if (editable && follows)
-    {
+    if (editable && follows) {
         editable->setCurrentId(-1);
         editable->setVal(actionValue);
-    }
-    else
+    } else
         number->setVal(value);
 }
 
 QString lcm_cell_text(const QTableWidgetItem* cell)
 {
-    const bool hasText = MRL_H_TwSimpleLineEditItem::fromItem(cell) ||
-                         MRL_H_TwSimpleComboBoxItem::fromItem(cell);
+    const bool hasText =
+        MRL_H_TwSimpleLineEditItem::fromItem(cell) || MRL_H_TwSimpleComboBoxItem::fromItem(cell);
     return hasText ? cell->text() : QString();
 }
 

@@ -1,21 +1,26 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <set>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "actions/loadcase_tab.h"
 #include "actions/tab_interface.h"
 #include "lcdata/records.h"
+#include "loadcases/action_list.h"
 #include "loadcases/loadcase_copy.h"
 #include "model/rules/loadcase_row.h"
 
 class LCM_ActionsWidget;
-class LCM_ActionList;
-class LCM_RowCells;
+class LCM_FreeNumbers;
+class LCM_LoadcaseCells;
 class MRL_QT_CheckBox;
+class QBoxLayout;
 class TableLoadCases;
 struct LCM_LoadcaseEntry;
+struct LCM_RowContext;
 
 /// The load-case tab: the table of load cases with its commands. The rows are the live copy while the dialog
 /// is open; the working model gets them back on saving.
@@ -95,11 +100,65 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     void setItemVal(int row, int colId, float val, bool enabled);
 
   private:
+    void createButtons(QBoxLayout* column);
+    void createCheckBoxes(QBoxLayout* line);
     void setupTable();
+    void setupColumns();
+    void setupFactorColumns(int position);
+    void readSettings();
+    void storeSettings();
+    void notifyModification();
+
+    LCM_RowContext rowContext();
+    int numberOfRow(int row) const;
+    std::vector<int> rowNumbers() const;
+    /// The positions of all rows whose action cell holds this code.
+    std::set<int> rowsOfAction(int code) const;
+
+    void fillCells(LCM_LoadcaseCells& cells, const LCM_LoadcaseEntry& entry, LCM_RowContext& context);
+    /// The action that the row shows, null for none, the imperfection and a missing one.
+    const tagCDB_LC_ACT* shownAction(const LCM_LoadcaseCells& cells, LCM_RowContext& context);
+    void readCells(const LCM_LoadcaseCells& cells, LCM_LoadcaseEntry& entry, const LCM_RowContext& context);
+    /// The row as it is after reading and filling it again: what follows from its action, its dead weight as
+    /// it will be stored.
+    void refreshCells(LCM_LoadcaseCells& cells, LCM_RowContext& context);
+    /// Lets the row follow its newly chosen action; factors of its own are dropped.
+    void followAction(LCM_LoadcaseCells& cells, LCM_RowContext& context);
+    bool judge(int row, const LCM_LoadcaseCells& cells, LCM_RowContext& context);
+    void judgeRows(const std::set<int>& rows, LCM_RowContext& context);
+    /// @param word what a row keeps whose action is missing
+    void bindAction(LCM_LoadcaseCells& cells, int code, int word);
+    /// The action word that the row stands for.
+    int actionWord(const LCM_LoadcaseCells& cells) const;
+    int keptWordFor(const LCM_LoadcaseCells& cells, int markerId) const;
+    /// Gives the column the list when entries were appended to it.
+    void showActionList();
+    void setActionEntries();
+    /// Moves a row to another entry of the new list. @param former the list before
+    void rebind(LCM_LoadcaseCells& cells, int newId, const LCM_ActionList& former);
+    std::vector<tagCDB_LC_ACT> presentActions() const;
+    /// The entries of the new list in which the ids of all rows end up.
+    std::unordered_map<int, int> bindAllIds();
+    bool showReinitialised(LCM_LoadcaseCells& cells, const tagCDB_LC_ACT& action);
+
+    bool createFromSelection(bool copy, const std::set<int>& selected, LCM_LoadcaseEntry& entry,
+                             std::set<int>& newRows, LCM_LoadcaseCopy& info);
+    bool createWithoutSelection(LCM_LoadcaseEntry& entry, std::set<int>& newRows, LCM_LoadcaseCopy& info);
+    void bindDefaultAction(bool dead, LCM_LoadcaseEntry& entry);
+    void scrollToNumber(int number);
+    bool confirmDeletion(std::size_t count);
+    LCM_FreeNumbers freeNumbers();
+    void forgetUsedActions() { m_usedActions.reset(); }
 
     TableLoadCases* loadcaseTable = nullptr;    ///< child of this
     LCM_ActionsWidget* actionsWidget = nullptr; ///< the actions tab, not owned; null without one
     MRL_QT_CheckBox* checkDeadload = nullptr;   ///< child of this
     MRL_QT_CheckBox* checkIncrease = nullptr;   ///< child of this
     std::vector<LCM_LoadcaseCopy> copies;
+
+    LCM_ActionList m_actionList; ///< what the action column offers
+    /// Ids that the action cells hold, while they are known; saves a walk over all rows for each question.
+    std::optional<std::unordered_set<int>> m_usedActions;
+    LCM_FreeNumbers* m_freeNumbers =
+        nullptr; ///< only while load cases are created; on that operation's stack
 };

@@ -5,8 +5,8 @@
 #include "loadcases/my_slider.h"
 #include "model/rules/loadcase_numbers.h"
 
-LCM_LoadcaseNumberDialog::LCM_LoadcaseNumberDialog(QWidget* parent, const std::set<int>& taken, bool asksFactor,
-                                                   const LCM_LoadcaseCopy& info)
+LCM_LoadcaseNumberDialog::LCM_LoadcaseNumberDialog(QWidget* parent, const std::set<int>& taken,
+                                                   bool asksFactor, const LCM_LoadcaseCopy& info)
     : MRL_QT_Dialog(parent, "lc number input"), usedNumbers(taken), copy(asksFactor)
 {
     setModal(true);
@@ -37,8 +37,7 @@ void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
     layout->addLayout(grid);
     grid->addWidget(new QLabel(tr("Target loadcase:"), this), 0, 0);
     grid->addWidget(slider, 0, 1);
-    if (copy)
-    {
+    if (copy) {
         StructLineEdit description;
         description.format = -3;
         description.flags = 0x800;
@@ -54,10 +53,7 @@ void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
     mrl_connect(buttons->cmdCancel(), "2clicked( )", this, "1reject( )", Qt::AutoConnection);
 }
 
-int LCM_LoadcaseNumberDialog::number() const
-{
-    return static_cast<int>(slider->getDisplayValue());
-}
+int LCM_LoadcaseNumberDialog::number() const { return static_cast<int>(slider->getDisplayValue()); }
 
 double LCM_LoadcaseNumberDialog::factor() const
 {

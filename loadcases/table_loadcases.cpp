@@ -11,8 +11,8 @@ TableLoadCases::TableLoadCases(int columns, LCM_LoadcaseWidget* tab, const char*
     : MRL_H_TableWidget(0, columns, tab, name), widget(tab)
 {
     setResetContextMenuOnCreation(true);
-    deleteUnusedAction = new MRL_QT_Action(LCM_LoadcaseWidget::tr("Delete unused loadcases"), this,
-                                           "delete unused loadcases");
+    deleteUnusedAction =
+        new MRL_QT_Action(LCM_LoadcaseWidget::tr("Delete unused loadcases"), this, "delete unused loadcases");
     mrl_connect(deleteUnusedAction, "2triggered( bool )", widget, "2signal_deleteUnusedLoadcases( )",
                 Qt::AutoConnection);
 }
@@ -45,16 +45,14 @@ QWidget* MyDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& o
     if (!combo)
         return editor;
     auto* line = qobject_cast<MRL_H_LineEdit*>(combo->lineEdit());
-    if (lcm_has_own_factors(action))
-    {
+    if (lcm_has_own_factors(action)) {
         if (line)
             line->getStrLineEdit().thirdBound = 0.0;
         combo->clear();
         return editor;
     }
     const QString text = LCM_LoadcaseWidget::tr("Use from Action");
-    if (line)
-    {
+    if (line) {
         StrLineEdit description = line->getStrLineEdit();
         description.format = -3;
         description.text = text;

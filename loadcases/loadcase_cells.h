@@ -12,10 +12,10 @@ class QTableWidgetItem;
 
 /// The cells of one row of the load-case table, taken at once. They stay the cells of that load case wherever
 /// sorting moves the row, also in the middle of writing them.
-class LCM_RowCells
+class LCM_LoadcaseCells
 {
   public:
-    LCM_RowCells(const MRL_H_TableWidget& table, int row);
+    LCM_LoadcaseCells(const MRL_H_TableWidget& table, int row);
 
     /// The cell of a column, null when there is none.
     QTableWidgetItem* operator[](int column) const;

@@ -1,45 +1,39 @@
-#include "loadcases/row_cells.h"
+#include "loadcases/loadcase_cells.h"
 
 #include "actions/columns.h"
 #include "host/mrl_table.h"
 #include "loadcases/cell.h"
 
-LCM_RowCells::LCM_RowCells(const MRL_H_TableWidget& table, int row)
+LCM_LoadcaseCells::LCM_LoadcaseCells(const MRL_H_TableWidget& table, int row)
 {
     for (int i = 0; i < COLUMNS; ++i)
         m_cells[static_cast<std::size_t>(i)] = table.itemOnColId(row, LC_COL_NUMBER + i);
 }
 
-QTableWidgetItem* LCM_RowCells::operator[](int column) const
+QTableWidgetItem* LCM_LoadcaseCells::operator[](int column) const
 {
     const int i = column - LC_COL_NUMBER;
     return i >= 0 && i < COLUMNS ? m_cells[static_cast<std::size_t>(i)] : nullptr;
 }
 
-int LCM_RowCells::number() const
+int LCM_LoadcaseCells::number() const
 {
     // The cell keeps the exact int; a float would lose the last digits of a number above 16777216.
     const QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     return cell ? cell->data(Qt::DisplayRole).toInt() : static_cast<int>(LC_UNDEFINED);
 }
 
-QString LCM_RowCells::title() const
-{
-    return lcm_cell_text((*this)[LC_COL_TITLE]);
-}
+QString LCM_LoadcaseCells::title() const { return lcm_cell_text((*this)[LC_COL_TITLE]); }
 
-int LCM_RowCells::actionId() const
-{
-    return lcm_cell_id((*this)[LC_COL_ACTION]);
-}
+int LCM_LoadcaseCells::actionId() const { return lcm_cell_id((*this)[LC_COL_ACTION]); }
 
-LCM_LoadcaseDeadWeight LCM_RowCells::deadWeight() const
+LCM_LoadcaseDeadWeight LCM_LoadcaseCells::deadWeight() const
 {
     return {lcm_cell_value((*this)[LC_COL_DEADFACTOR]), lcm_cell_value((*this)[LC_COL_DLX]),
             lcm_cell_value((*this)[LC_COL_DLY]), lcm_cell_value((*this)[LC_COL_DLZ])};
 }
 
-LCM_LoadcaseFactors LCM_RowCells::factors() const
+LCM_LoadcaseFactors LCM_LoadcaseCells::factors() const
 {
     LCM_LoadcaseFactors values;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
@@ -47,21 +41,21 @@ LCM_LoadcaseFactors LCM_RowCells::factors() const
     return values;
 }
 
-std::optional<int> LCM_RowCells::keptWord() const
+std::optional<int> LCM_LoadcaseCells::keptWord() const
 {
     const QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     const QVariant word = cell ? cell->data(ROLE_ACTION_CODE) : QVariant();
     return word.isValid() ? std::optional<int>(word.toInt()) : std::nullopt;
 }
 
-void LCM_RowCells::keepWord(std::optional<int> actionWord)
+void LCM_LoadcaseCells::keepWord(std::optional<int> actionWord)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     if (cell && keptWord() != actionWord)
         cell->setData(ROLE_ACTION_CODE, actionWord ? QVariant(*actionWord) : QVariant());
 }
 
-void LCM_RowCells::showNumber(int number)
+void LCM_LoadcaseCells::showNumber(int number)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     if (!cell || cell->data(Qt::DisplayRole) == QVariant(number))
@@ -70,13 +64,13 @@ void LCM_RowCells::showNumber(int number)
     cell->setData(Qt::DisplayRole, number);
 }
 
-void LCM_RowCells::showTitle(const QString& title)
+void LCM_LoadcaseCells::showTitle(const QString& title)
 {
     if (auto* cell = MRL_H_TwSimpleLineEditItem::fromItem((*this)[LC_COL_TITLE]))
         cell->setText(title);
 }
 
-void LCM_RowCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
+void LCM_LoadcaseCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
 {
     lcm_set_cell_value((*this)[LC_COL_DLX], values.dlx, true, LC_UNDEFINED);
     lcm_set_cell_value((*this)[LC_COL_DLY], values.dly, true, LC_UNDEFINED);
@@ -84,7 +78,7 @@ void LCM_RowCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
     lcm_set_cell_value((*this)[LC_COL_DEADFACTOR], values.factor, true, LC_UNDEFINED);
 }
 
-void LCM_RowCells::showFactors(const LCM_LoadcaseFactors& values, bool enabled)
+void LCM_LoadcaseCells::showFactors(const LCM_LoadcaseFactors& values, bool enabled)
 {
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
         lcm_set_cell_value((*this)[column], values[column], enabled, values[column]);
