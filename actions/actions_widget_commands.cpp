@@ -64,8 +64,7 @@ void LCM_ActionsWidget::slot_deleteClicked()
     // A refusal spares the used actions alone.
     if (!deletion.used.empty() && userAgreesToDelete(deletion.used))
         addUsed(deletion);
-    for (const int code : deletion.codes)
-        m_model->removeAction(code);
+    m_model->removeActions(deletion.codes);
     removeRows(m_table, deletion.rows);
     m_rowCacheDirty = true;
     emit signal_actionCountChanged();

@@ -14,7 +14,7 @@
 /// @param words the number of words of the field
 void lcm_title_pack(const QString& text, std::uint32_t* field, int words);
 
-/// Converts a title to UTF-8, passing over unpaired surrogates.
+/// Converts a title to UTF-8, passing over invalid sequences.
 /// @param buffer [out] at most size - 1 bytes of text, the rest of it zero. A character may be cut in the
 /// middle.
 /// @param size   the buffer's size in bytes; at most the first `size` units of the field are looked at

@@ -19,6 +19,8 @@ struct LCM_ActionTargets
     LCM_ActionEntry* parent = nullptr;
 
     bool empty() const { return !parent && children.empty(); }
+    /// The entry that a search finds; null when there is none. The children stand ahead of the parent.
+    const LCM_SubAction* first() const { return children.empty() ? parent : children.front(); }
     /// Copies a record over the entries; their states stay.
     void store(const tagCDB_LC_ACT& record) const;
 };

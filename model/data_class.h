@@ -114,6 +114,8 @@ class LCM_DataClass : public QObject
     /// Takes an action out of the project: one of the design code becomes free with its default values, one
     /// of the user's own leaves `actions`.
     void removeAction(int code);
+    /// removeAction for each of the codes, in step with their number.
+    void removeActions(const std::set<int>& codes);
 
     /// The design code's label of a factor, "Gamu" to "Psi1s"; the key itself when it has none.
     QString designCodeText(const QString& key);

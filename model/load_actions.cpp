@@ -1,6 +1,7 @@
 // How the action tree is built from the design code and the project, and put back to the design code's
 // values.
 #include <algorithm>
+#include <unordered_set>
 
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
@@ -145,17 +146,25 @@ void LCM_DataClass::resetAction(int code)
         storeAction(code, record, true);
 }
 
-void LCM_DataClass::removeAction(int code)
+void LCM_DataClass::removeAction(int code) { removeActions({code}); }
+
+void LCM_DataClass::removeActions(const std::set<int>& codes)
 {
-    const LCM_ActionTargets targets = lcm_action_targets(actions, code);
-    if (targets.empty())
-        return;
-    resetAction(code);
-    for (LCM_SubAction* child : targets.children)
-        child->state = LCM_STATE_FREE;
-    if (!targets.parent)
-        return;
-    targets.parent->state = LCM_STATE_FREE;
-    if (targets.parent->userDefined)
-        actions.erase(std::find(actions.begin(), actions.end(), targets.parent));
+    const LCM_ActionIndex live(actions);
+    const LCM_ActionIndex defaults(designCodeActions);
+    std::unordered_set<const LCM_ActionEntry*> gone;
+    for (const int code : codes) {
+        const LCM_ActionTargets& targets = live.at(code);
+        if (const LCM_SubAction* known = defaults.at(code).first())
+            targets.store(known->record);
+        for (LCM_SubAction* child : targets.children)
+            child->state = LCM_STATE_FREE;
+        if (!targets.parent)
+            continue;
+        targets.parent->state = LCM_STATE_FREE;
+        if (targets.parent->userDefined)
+            gone.insert(targets.parent);
+    }
+    const auto isGone = [&](const LCM_ActionEntry* entry) { return gone.count(entry) != 0; };
+    actions.erase(std::remove_if(actions.begin(), actions.end(), isGone), actions.end());
 }
