@@ -1,6 +1,7 @@
 #include "hostlib/ui/framework/help_window.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -32,7 +33,14 @@ HelpWindow::HelpWindow(QWidget* owner)
         m_search->selectAll();
     });
     connect(new QShortcut(QKeySequence::FindNext, this), &QShortcut::activated, this, &HelpWindow::find);
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
+}
+
+void HelpWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel))
+        close();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 HelpWindow* HelpWindow::of(QWidget* owner)

@@ -21,6 +21,9 @@ class HelpWindow : public QWidget
 
     void showPage(const QString& book, const QString& topic);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     QLayout* makeBar();
     void find();
