@@ -143,6 +143,8 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
   private:
     friend struct MRL_H_TwCellAccess;
     struct Extra;
+    void setRole(int role, const QVariant& value);
+    void dropEmptyExtra();
 
     MRL_H_TwColumn* m_column;       ///< counted; null for a cell that no header made
     std::unique_ptr<Extra> m_extra; ///< tool tip and rare roles, only for the cells that have some
@@ -370,8 +372,7 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
-    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
-    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     std::unique_ptr<Private> d;

@@ -1,0 +1,333 @@
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <numeric>
+
+#include "hostlib/ui/table/number_text.h"
+#include "hostlib/ui/table/table_private.h"
+
+namespace {
+
+/// Up to so many rows are moved one by one, each for one shift of the model's cells; more are sorted at once.
+constexpr std::size_t fewRows = 6;
+
+/// Sorts row numbers by keys, stably. Leaves `rows` alone when they are in order.
+template <typename Key, typename Less>
+void sortByKeys(std::vector<int>& rows, const std::vector<Key>& keys, Qt::SortOrder order, Less less)
+{
+    const auto before = [&](int a, int b) {
+        const Key& left = keys[static_cast<std::size_t>(a)];
+        const Key& right = keys[static_cast<std::size_t>(b)];
+        return order == Qt::AscendingOrder ? less(left, right) : less(right, left);
+    };
+    if (!std::is_sorted(rows.begin(), rows.end(), before))
+        std::stable_sort(rows.begin(), rows.end(), before);
+}
+
+bool isIdentity(const std::vector<int>& order)
+{
+    for (std::size_t i = 0; i < order.size(); ++i)
+        if (order[i] != static_cast<int>(i))
+            return false;
+    return true;
+}
+
+/// Rows without a cell come last, as they stand.
+bool itemLess(const QTableWidgetItem* a, const QTableWidgetItem* b)
+{
+    return a != nullptr && b != nullptr && *a < *b;
+}
+
+} // namespace
+
+void MRL_H_TableWidget::Private::setSorting(bool on)
+{
+    if (on == sorting)
+        return;
+    sorting = on;
+    QHeaderView* header = table.horizontalHeader();
+    header->setSortIndicatorShown(on);
+    // As in QTableView: a click on a header sorts in a sorted table, and selects the column in another one.
+    if (on) {
+        QObject::disconnect(header, SIGNAL(sectionPressed(int)), &table, SLOT(selectColumn(int)));
+        QObject::disconnect(header, SIGNAL(sectionEntered(int)), &table, SLOT(_q_selectColumn(int)));
+        QObject::connect(header, &QHeaderView::sortIndicatorChanged, &table,
+                         [this](int column, Qt::SortOrder order) { sortBy(column, order); });
+        sortBy(header->sortIndicatorSection(), header->sortIndicatorOrder());
+    } else {
+        QObject::disconnect(header, &QHeaderView::sortIndicatorChanged, &table, nullptr);
+        QObject::connect(header, SIGNAL(sectionPressed(int)), &table, SLOT(selectColumn(int)),
+                         Qt::UniqueConnection);
+        QObject::connect(header, SIGNAL(sectionEntered(int)), &table, SLOT(_q_selectColumn(int)),
+                         Qt::UniqueConnection);
+    }
+}
+
+void MRL_H_TableWidget::Private::sortBy(int column, Qt::SortOrder order)
+{
+    {
+        const QSignalBlocker noSecondSort(table.horizontalHeader());
+        table.horizontalHeader()->setSortIndicator(column, order);
+    }
+    table.horizontalHeader()->viewport()->update();
+    if (column != sortColumn || order != sortOrder)
+        noteAllUnsorted();
+    sortColumn = column;
+    sortOrder = order;
+    if (allUnsorted)
+        sortAll();
+    else if (!unsorted.empty())
+        sortFew();
+}
+
+void MRL_H_TableWidget::Private::noteUnsorted(MRL_H_TwItem& cell)
+{
+    quint8& state = MRL_H_TwCellAccess::state(cell);
+    if (allUnsorted || (state & MRL_H_TwCellAccess::Unsorted) != 0)
+        return;
+    if (unsorted.size() >= fewRows) {
+        noteAllUnsorted();
+        return;
+    }
+    state = static_cast<quint8>(state | MRL_H_TwCellAccess::Unsorted);
+    unsorted.push_back(&cell);
+}
+
+void MRL_H_TableWidget::Private::forgetUnsorted(MRL_H_TwItem& cell)
+{
+    unsorted.erase(std::remove(unsorted.begin(), unsorted.end(), &cell), unsorted.end());
+}
+
+void MRL_H_TableWidget::Private::clearUnsorted()
+{
+    for (MRL_H_TwItem* cell : unsorted) {
+        quint8& state = MRL_H_TwCellAccess::state(*cell);
+        state = static_cast<quint8>(state & ~MRL_H_TwCellAccess::Unsorted);
+    }
+    unsorted.clear();
+}
+
+void MRL_H_TableWidget::Private::noteAllUnsorted()
+{
+    clearUnsorted();
+    allUnsorted = true;
+}
+
+void MRL_H_TableWidget::Private::sortIfDue()
+{
+    if (!sorting || reports > 0 || table.signalsBlocked())
+        return;
+    if (allUnsorted)
+        sortAll();
+    else if (!unsorted.empty())
+        sortFew();
+}
+
+void MRL_H_TableWidget::Private::sortAll()
+{
+    clearUnsorted();
+    allUnsorted = false;
+    const int rows = table.rowCount();
+    if (sortColumn < 0 || sortColumn >= table.columnCount() || rows < 2)
+        return;
+    std::vector<int> order(static_cast<std::size_t>(rows));
+    std::iota(order.begin(), order.end(), 0);
+    std::vector<const QTableWidgetItem*> cells(order.size());
+    bool allNumbers = true;
+    bool allCells = true;
+    for (int row = 0; row < rows; ++row) {
+        const QTableWidgetItem* item = table.item(row, sortColumn);
+        const MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item);
+        cells[static_cast<std::size_t>(row)] = item;
+        allCells = allCells && cell != nullptr;
+        allNumbers = allNumbers && MRL_H_TwSimpleLineEditItem::fromItem(item) != nullptr &&
+                     MRL_H_TwCellAccess::column(*cell)->isNumber();
+    }
+    // Keys taken once: comparing through the cells would touch their memory at every comparison.
+    if (allNumbers) {
+        std::vector<double> keys(cells.size());
+        std::transform(cells.begin(), cells.end(), keys.begin(), [](const QTableWidgetItem* item) {
+            return MRL_H_TwCellAccess::number(*MRL_H_TwSimpleLineEditItem::fromItem(item));
+        });
+        sortByKeys(order, keys, sortOrder, mrl::table::numberLess);
+    } else if (allCells) {
+        std::vector<QString> keys(cells.size());
+        std::transform(cells.begin(), cells.end(), keys.begin(), [](const QTableWidgetItem* item) {
+            return MRL_H_TwCellAccess::text(*MRL_H_TwItem::fromItem(item));
+        });
+        sortByKeys(order, keys, sortOrder, [](const QString& a, const QString& b) { return a < b; });
+    } else {
+        const auto middle = std::stable_partition(order.begin(), order.end(), [&](int row) {
+            return cells[static_cast<std::size_t>(row)] != nullptr;
+        });
+        std::vector<int> filled(order.begin(), middle);
+        sortByKeys(filled, cells, sortOrder, itemLess);
+        std::copy(filled.begin(), filled.end(), order.begin());
+    }
+    if (!isIdentity(order))
+        permuteRows(order);
+}
+
+void MRL_H_TableWidget::Private::permuteRows(const std::vector<int>& order)
+{
+    QAbstractItemModel& model = *table.model();
+    const int columns = table.columnCount();
+    emit model.layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    {
+        const QSignalBlocker quiet(&model);
+        std::vector<int> target(order.size());
+        for (std::size_t i = 0; i < order.size(); ++i)
+            target[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
+
+        std::vector<QTableWidgetItem*> row(static_cast<std::size_t>(columns));
+        std::vector<bool> done(order.size());
+        // Along the cycles of the permutation, so that each cell is taken and set once.
+        for (std::size_t start = 0; start < order.size(); ++start) {
+            if (done[start] || target[start] == static_cast<int>(start))
+                continue;
+            for (int c = 0; c < columns; ++c)
+                row[static_cast<std::size_t>(c)] = table.takeItem(static_cast<int>(start), c);
+            std::size_t place = start;
+            do {
+                place = static_cast<std::size_t>(target[place]);
+                for (int c = 0; c < columns; ++c) {
+                    QTableWidgetItem* moved = row[static_cast<std::size_t>(c)];
+                    row[static_cast<std::size_t>(c)] = table.takeItem(static_cast<int>(place), c);
+                    if (moved != nullptr)
+                        table.setItem(static_cast<int>(place), c, moved);
+                    if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(moved))
+                        MRL_H_TwCellAccess::row(*cell) = static_cast<int>(place);
+                }
+                done[place] = true;
+            } while (place != start);
+        }
+
+        const QModelIndexList from = MRL_H_TwModelAccess::persistent(model);
+        QModelIndexList to;
+        to.reserve(from.size());
+        for (const QModelIndex& index : from)
+            to.append(index.row() < static_cast<int>(target.size())
+                          ? model.index(target[static_cast<std::size_t>(index.row())], index.column())
+                          : index);
+        MRL_H_TwModelAccess::changePersistent(model, from, to);
+    }
+    emit model.layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void MRL_H_TableWidget::Private::sortFew()
+{
+    std::vector<std::pair<int, QTableWidgetItem*>> wrong; // row and cell, in the order of the rows
+    for (MRL_H_TwItem* cell : unsorted)
+        if (const int row = rowOf(*cell); row >= 0)
+            wrong.emplace_back(row, cell);
+    clearUnsorted();
+    std::sort(wrong.begin(), wrong.end());
+    const auto before = [this](const QTableWidgetItem* a, const QTableWidgetItem* b) {
+        return sortOrder == Qt::AscendingOrder ? *a < *b : *b < *a;
+    };
+
+    // Where each belongs among the rows that stand right. Equal ones keep the order in which they stand.
+    const int right = table.rowCount() - static_cast<int>(wrong.size());
+    const auto rowOfRight = [&wrong](int place) {
+        for (const auto& entry : wrong)
+            place += entry.first <= place ? 1 : 0;
+        return place;
+    };
+    struct Move
+    {
+        int place; ///< how many of the rows that stand right come before
+        int row;
+        QTableWidgetItem* cell;
+    };
+    std::vector<Move> moves;
+    for (const auto& [row, cell] : wrong) {
+        int low = 0;
+        int high = right;
+        while (low < high) {
+            const int middle = (low + high) / 2;
+            const int other = rowOfRight(middle);
+            const QTableWidgetItem* item = table.item(other, sortColumn);
+            if (item == nullptr) {
+                noteAllUnsorted();
+                sortAll();
+                return;
+            }
+            const bool first = before(item, cell) || (other < row && !before(cell, item));
+            (first ? low : high) = first ? middle + 1 : middle;
+        }
+        moves.push_back({low, row, cell});
+    }
+    std::stable_sort(moves.begin(), moves.end(), [&](const Move& a, const Move& b) {
+        return a.place != b.place ? a.place < b.place : before(a.cell, b.cell);
+    });
+    bool stands = true;
+    for (std::size_t i = 0; i < moves.size(); ++i)
+        stands = stands && moves[i].row == moves[i].place + static_cast<int>(i);
+    if (stands)
+        return;
+
+    QAbstractItemModel& model = *table.model();
+    emit model.layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    for (std::size_t i = 0; i < moves.size(); ++i) {
+        // Rows that have not been moved yet still stand anywhere between.
+        int to = moves[i].place + static_cast<int>(i);
+        std::vector<int> waiting;
+        for (std::size_t j = i + 1; j < moves.size(); ++j)
+            waiting.push_back(moves[j].row - (moves[j].row > moves[i].row ? 1 : 0));
+        std::sort(waiting.begin(), waiting.end());
+        for (const int row : waiting)
+            to += row < to ? 1 : 0;
+        const int from = moves[i].row;
+        moveRow(from, to);
+        for (std::size_t j = i + 1; j < moves.size(); ++j) {
+            int& row = moves[j].row;
+            row -= row > from ? 1 : 0;
+            row += row >= to ? 1 : 0;
+        }
+    }
+    emit model.layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void MRL_H_TableWidget::Private::moveRow(int from, int to)
+{
+    if (from == to)
+        return;
+    QAbstractItemModel& model = *table.model();
+    const QSignalBlocker quiet(&model);
+    const int inserted = to > from ? to + 1 : to;
+    model.insertRows(inserted, 1);
+    const int source = from + (inserted <= from ? 1 : 0);
+    for (int c = 0; c < table.columnCount(); ++c) {
+        QTableWidgetItem* item = table.takeItem(source, c);
+        if (item != nullptr)
+            table.setItem(inserted, c, item);
+        if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item))
+            MRL_H_TwCellAccess::row(*cell) = to;
+    }
+    QModelIndexList old;
+    QModelIndexList fresh;
+    for (const QModelIndex& index : MRL_H_TwModelAccess::persistent(model))
+        if (index.row() == source) {
+            old.append(index);
+            fresh.append(model.index(inserted, index.column()));
+        }
+    MRL_H_TwModelAccess::changePersistent(model, old, fresh);
+    model.removeRows(source, 1);
+}
+
+void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
+{
+    std::vector<int> order;
+    order.reserve(static_cast<std::size_t>(rowCount()));
+    std::vector<int> gone;
+    for (int row = 0; row < rowCount(); ++row)
+        (rows.count(row) != 0 ? gone : order).push_back(row);
+    if (gone.empty())
+        return;
+    const int kept = static_cast<int>(order.size());
+    order.insert(order.end(), gone.begin(), gone.end());
+    if (!isIdentity(order))
+        d->permuteRows(order);
+    model()->removeRows(kept, static_cast<int>(gone.size()));
+}
