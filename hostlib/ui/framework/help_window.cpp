@@ -26,6 +26,8 @@ HelpWindow::HelpWindow(QWidget* owner)
     layout->addWidget(m_browser, 1);
     m_browser->setObjectName(QStringLiteral("help browser"));
     m_browser->setOpenExternalLinks(false);
+    constexpr int margin = 12;
+    m_browser->document()->setDocumentMargin(margin);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &HelpWindow::followTitle);
 
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {

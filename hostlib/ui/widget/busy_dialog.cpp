@@ -9,6 +9,7 @@ MRL_QT_BusyDialog::MRL_QT_BusyDialog(const QString& text, QWidget* parent, const
       m_label(new QLabel(text, this))
 {
     setObjectName(QString::fromLatin1(name));
+    setWindowTitle(tr("Please wait"));
     auto* layout = new QVBoxLayout(this); // owned by this
     layout->setContentsMargins(24, 20, 24, 20);
     layout->addWidget(m_label);

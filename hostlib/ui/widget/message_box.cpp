@@ -4,6 +4,9 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
 
 #include "host/mrl_widgets.h"
 #include "hostlib/data/cdb/project.h"
@@ -34,7 +37,8 @@ void limitHeight(QMessageBox& box)
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (!label || !grid || !screen)
         return;
-    const int highest = screen->availableSize().height() / 2;
+    const QSize room = screen->availableSize();
+    const int highest = room.height() / 2;
     if (label->sizeHint().height() <= highest)
         return;
     int row = 0;
@@ -46,7 +50,11 @@ void limitHeight(QMessageBox& box)
     auto* area = new QScrollArea(&box); // child of the box
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
-    area->setMinimumSize(label->sizeHint().width() + 32, highest);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const int scrollBar = area->verticalScrollBar()->sizeHint().width();
+    area->setMinimumSize(std::min(label->sizeHint().width() + scrollBar, room.width() * 6 / 10), highest);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop);
     area->setWidget(label);
     grid->addWidget(area, row, column, rows, columns);
 }
