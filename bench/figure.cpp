@@ -1,7 +1,8 @@
 #include "bench/figure.h"
 
 #include <algorithm>
-#include <chrono>
+#include <cstdlib>
+#include <ctime>
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -10,9 +11,9 @@ namespace bench {
 
 namespace {
 
-constexpr int turns = 7;
-constexpr double shortest = 3e6; // ns; a shorter step is repeated
-constexpr int mostRepeats = 2000;
+constexpr int fewestTurns = 7;
+constexpr int mostTurns = 201;
+constexpr double wanted = 60e6; // ns for one side in all; short steps are measured more often
 
 struct Entry
 {
@@ -34,28 +35,22 @@ double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-double repeated(const Side& side, int times)
-{
-    double sum = 0;
-    for (int i = 0; i < times; ++i)
-        sum += side();
-    return sum / times;
-}
-
 void measure(benchmark::State& state, const Entry& entry, int n)
 {
     const Sides sides = entry.make(n);
     std::vector<double> ours;
     std::vector<double> raw;
     for (auto _ : state) {
-        // The first turn warms both up and tells how often a step has to be repeated.
+        // The first turn warms both up and tells how many turns there is time for. A median over many short
+        // turns does not see the few in which another process took the processor away.
         sides.ours();
         const double once = sides.raw();
-        const int repeats =
-            sides.repeat ? std::clamp(static_cast<int>(shortest / std::max(once, 1.0)), 1, mostRepeats) : 1;
+        const int turns =
+            sides.timed ? std::clamp(static_cast<int>(wanted / std::max(once, 1.0)), fewestTurns, mostTurns)
+                        : fewestTurns;
         for (int turn = 0; turn < turns; ++turn) {
-            ours.push_back(repeated(sides.ours, repeats));
-            raw.push_back(repeated(sides.raw, repeats));
+            ours.push_back(sides.ours());
+            raw.push_back(sides.raw());
         }
     }
     state.counters["n"] = n;
@@ -73,9 +68,18 @@ void add(const std::string& name, double target, std::vector<int> sizes, std::fu
 
 double nanoseconds(const std::function<void()>& step)
 {
-    const auto start = std::chrono::steady_clock::now();
+    // Processor time by default: what other processes take away in between is not ours, and would fall on the
+    // longer side of a figure more often than on the shorter.
+    static const clockid_t clock =
+        std::getenv("MRL_BENCH_WALL") != nullptr ? CLOCK_MONOTONIC : CLOCK_PROCESS_CPUTIME_ID;
+    const auto now = [] {
+        timespec moment{};
+        clock_gettime(clock, &moment);
+        return static_cast<double>(moment.tv_sec) * 1e9 + static_cast<double>(moment.tv_nsec);
+    };
+    const double start = now();
     step();
-    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count();
+    return now() - start;
 }
 
 double bytesKept(const std::function<void()>& step)

@@ -19,7 +19,7 @@ struct Sides
 {
     Side ours;
     Side raw;
-    bool repeat = true; ///< short steps are repeated until the clock can tell
+    bool timed = true; ///< short steps are measured more often
 };
 
 /// Registers a figure; main() measures it. @param target the greatest ratio of ours to raw that is wanted
@@ -27,7 +27,8 @@ void add(const std::string& name, double target, std::vector<int> sizes, std::fu
 
 inline const std::vector<int> usualSizes{1000, 10000, 100000};
 
-/// Nanoseconds that a step takes.
+/// Nanoseconds that a step takes, of processor time (user and system), or with MRL_BENCH_WALL of the wall
+/// clock.
 double nanoseconds(const std::function<void()>& step);
 
 /// Bytes that the process has allocated and not given back since the step began, as malloc counts them.

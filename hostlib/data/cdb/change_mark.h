@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 struct sqlite3;
@@ -26,12 +25,16 @@ class ChangeMark
     bool unchanged() const;
 
   private:
-    static constexpr int words = 12; // the first copy of the header, 48 bytes
-    using Header = std::array<std::uint32_t, words>;
+    /// What changes with each commit: the change counter, and the checksum of the whole header.
+    struct Header
+    {
+        std::uint64_t counter = 0;
+        std::uint64_t checksum = 0;
+    };
     Header read() const;
 
     enum class Watch { Never, Shared, Private } kind = Watch::Never;
-    const volatile std::uint32_t* shared = nullptr; // belongs to the connection, as long as it is open
+    const volatile std::uint64_t* shared = nullptr; // belongs to the connection, as long as it is open
     Header noted{};
 };
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "hostlib/data/cdb/project.h"
+#include "hostlib/data/cdb/removal_ahead.h"
 #include "hostlib/data/cdb/statement.h"
 #include "hostlib/data/cdb/walk.h"
 
@@ -114,7 +115,6 @@ class Database
     Outcome writeFailed(int status);
     Outcome writeFailed(Result error);
     bool mayWrite();
-    void countOut();
 
     int execute(const char* sql);
     void fail(Result error);
@@ -137,8 +137,9 @@ class Database
     std::vector<Level> levels;
     std::vector<Write> journal;
     Change change;
-    Change removed; // by the delete or update that runs now
-    Result failed;  // of the open transaction
+    RemovalAhead removals;
+    Removed removed; // counted by gone() in the statement that runs now
+    Result failed;   // of the open transaction
     bool pausable = false;
     bool paused = false;
     bool replaying = false;
@@ -155,6 +156,7 @@ class Database
     // gone() adds the checksum of each row that it meets to `removed` and is always true: the summary learns
     // what a delete takes away without a second search for the row.
     Statement erase{"DELETE FROM record WHERE kwh=?1 AND kwl=?2 AND gone(crc)"};
+    Statement eraseKnown{"DELETE FROM record WHERE kwh=?1 AND kwl=?2"};
     Statement update{
         "UPDATE record SET crc=?4,bytes=?5 WHERE kwh=?1 AND kwl=?2 AND position=?3 AND gone(crc)"};
     Statement selectFact{"SELECT crc,value FROM fact WHERE name=?1"};

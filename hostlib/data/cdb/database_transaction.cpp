@@ -77,6 +77,7 @@ void Database::rollback()
         execute("ROLLBACK");
     endLevel(false);
     walk.drop();
+    removals.drop();
 }
 
 void Database::endLevel(bool keepWrites)
@@ -88,6 +89,7 @@ void Database::endLevel(bool keepWrites)
     levels.pop_back();
     if (!levels.empty())
         return;
+    removals.drop();
     journal.clear();
     journal.shrink_to_fit();
     failed = {};
@@ -113,6 +115,7 @@ void Database::pause()
     if (sqlite3_get_autocommit(db.get()) == 0)
         execute("ROLLBACK");
     walk.drop();
+    removals.drop();
 }
 
 void Database::resume()

@@ -22,7 +22,7 @@ void Database::gone(sqlite3_context* context, int, sqlite3_value** values)
 {
     auto* self = static_cast<Database*>(sqlite3_user_data(context));
     ++self->removed.records;
-    self->removed.recordMix ^= static_cast<std::uint32_t>(sqlite3_value_int(values[0]));
+    self->removed.mix ^= static_cast<std::uint32_t>(sqlite3_value_int(values[0]));
     sqlite3_result_int(context, 1);
 }
 
@@ -87,6 +87,8 @@ Outcome Database::apply(const Write& what, const void* data, int size)
     if (what.kind == Write::Kind::SetFact)
         return replaceFact(what.name, {static_cast<const char*>(data), static_cast<std::size_t>(size)});
     walk.written(what.key);
+    if (what.kind != Write::Kind::Delete)
+        removals.written(what.key);
     switch (what.kind) {
     case Write::Kind::Put:
         return insertWhole(what.key, data, size);
@@ -178,22 +180,27 @@ Outcome Database::replaceAt(const Key& key, int position, const void* data, int 
         return writeFailed(status);
     if (sqlite3_changes(db.get()) == 0)
         return Outcome::Missing;
-    change.recordMix ^= removed.recordMix ^ sum;
+    change.recordMix ^= removed.mix ^ sum;
     return Outcome::Done;
 }
 
 Outcome Database::deleteRows(const Key& key)
 {
+    Removed expected;
+    const bool known = removals.find(db.get(), key, expected);
     removed = {};
-    Run run(erase, db.get());
+    Run run(known ? eraseKnown : erase, db.get());
     const int status = run.bind(1, key.kwh).bind(2, key.kwl).step();
     if (status != SQLITE_DONE)
         return writeFailed(status);
+    if (known && sqlite3_changes(db.get()) != expected.records)
+        return writeFailed(SQLITE_CORRUPT);
+    const Removed& taken = known ? expected : removed;
     if (!readAt.empty())
         readAt.erase(key);
-    change.records -= removed.records;
-    change.recordMix ^= removed.recordMix;
-    return removed.records > 0 ? Outcome::Done : Outcome::Missing;
+    change.records -= taken.records;
+    change.recordMix ^= taken.mix;
+    return taken.records > 0 ? Outcome::Done : Outcome::Missing;
 }
 
 Outcome Database::replaceFact(const std::string& name, const std::string& value)
@@ -206,7 +213,7 @@ Outcome Database::replaceFact(const std::string& name, const std::string& value)
             return writeFailed(status);
     }
     change.facts -= removed.records;
-    change.factMix ^= removed.recordMix;
+    change.factMix ^= removed.mix;
     if (value.empty())
         return Outcome::Done;
     const auto sum = factChecksum(name, value);

@@ -6,9 +6,8 @@ namespace mrl::cdb {
 
 namespace {
 
-constexpr int mostAhead = 512;               // rows
-constexpr std::size_t mostBytes = 256 << 10; // of one block
-constexpr int growth = 8;
+constexpr int mostAhead = 1024; // rows
+constexpr int growth = 32;
 
 bool before(const Key& a, const Key& b, bool up)
 {
@@ -63,36 +62,58 @@ int Walk::fill(sqlite3* connection, const Key& from, bool up)
     wantsBytes = false;
     upward = up;
     complete = false;
+    taken = 0;
     mark.take();
-    Run run(withBytes ? upRecords : (up ? upKeys : downKeys), connection);
-    run.bind(1, from.kwh).bind(2, from.kwl).bind(3, ahead);
-    return take(run, up);
+    int status = takeRest(connection, from, up);
+    if (status == SQLITE_DONE && !full())
+        status = takeBeyond(connection, from, up);
+    complete = status == SQLITE_DONE && !full();
+    return status == SQLITE_ROW || status == SQLITE_DONE ? SQLITE_OK : status;
 }
 
-int Walk::take(Run& run, bool up)
+int Walk::takeRest(sqlite3* connection, const Key& from, bool up)
 {
+    Run run(withBytes ? restRecords : (up ? restUp : restDown), connection);
+    run.bind(1, from.kwh).bind(2, from.kwl).bind(3, ahead);
     int status = SQLITE_OK;
-    int taken = 0;
-    while (arena.size() < mostBytes && (status = run.step()) == SQLITE_ROW) {
-        ++taken;
-        Row row{{run.integer(0), run.integer(1)}, 0, 0, 0, 0};
-        const Key& last = rows.empty() ? current : rows.back().key;
-        if (row.key == last && !withBytes)
-            continue;
-        if (row.key != last && !before(last, row.key, up))
+    while (!full() && (status = run.step()) == SQLITE_ROW)
+        if (!add(run, from.kwh, up))
             return SQLITE_CORRUPT;
-        if (withBytes) {
-            row.position = run.integer(2);
-            row.checksum = static_cast<std::uint32_t>(run.integer(3));
-            row.offset = static_cast<std::uint32_t>(arena.size());
-            row.size = run.size(4);
-            const auto* bytes = static_cast<const unsigned char*>(run.bytes(4));
-            arena.insert(arena.end(), bytes, bytes + row.size);
-        }
-        rows.push_back(row);
+    return status;
+}
+
+int Walk::takeBeyond(sqlite3* connection, const Key& from, bool up)
+{
+    Run run(withBytes ? beyondRecords : (up ? beyondUp : beyondDown), connection);
+    run.bind(1, from.kwh).bind(2, ahead - taken);
+    int status = SQLITE_OK;
+    while (!full() && (status = run.step()) == SQLITE_ROW)
+        if (!add(run, run.integer(withBytes ? 3 : 1), up))
+            return SQLITE_CORRUPT;
+    return status;
+}
+
+bool Walk::add(const Run& run, int kwh, bool up)
+{
+    ++taken;
+    Row row{{kwh, run.integer(0)}, 0, 0, 0, 0};
+    const bool sameKey = !rows.empty() && rows.back().key == row.key;
+    if (sameKey && !withBytes)
+        return true;
+    if (!sameKey && !before(rows.empty() ? current : rows.back().key, row.key, up))
+        return false;
+    if (withBytes) {
+        // The positions of a key count up from 0 without a gap; the checksum, which covers the position,
+        // tells when they do not.
+        row.position = sameKey ? rows.back().position + 1 : 0;
+        row.checksum = static_cast<std::uint32_t>(run.integer(1));
+        row.offset = static_cast<std::uint32_t>(arena.size());
+        row.size = run.size(2);
+        const auto* bytes = static_cast<const unsigned char*>(run.bytes(2));
+        arena.insert(arena.end(), bytes, bytes + row.size);
     }
-    complete = status == SQLITE_DONE && taken < ahead;
-    return status == SQLITE_ROW || status == SQLITE_DONE ? SQLITE_OK : status;
+    rows.push_back(row);
+    return true;
 }
 
 Walk::Serve Walk::find(const Key& key, int behind, Found& out)
@@ -112,7 +133,7 @@ Walk::Serve Walk::find(const Key& key, int behind, Found& out)
         }
         return Serve::NotHere;
     }
-    // The positions of a key count up from 0 without a gap, and a block begins with a whole key.
+    // A block begins with the first record of a key.
     const std::size_t i = begin + static_cast<std::size_t>(behind + 1);
     if (i >= rows.size() && !complete)
         return Serve::NotHere;

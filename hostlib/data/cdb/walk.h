@@ -56,20 +56,31 @@ class Walk
     bool standsOn(const Key& key) const { return valid && key == current; }
     bool next(Key& key);
     int fill(sqlite3* connection, const Key& from, bool up);
-    int take(Run& run, bool up);
+    int takeRest(sqlite3* connection, const Key& from, bool up);
+    int takeBeyond(sqlite3* connection, const Key& from, bool up);
+    bool add(const Run& run, int kwh, bool up);
+    bool full() const { return taken >= ahead || arena.size() >= mostBytes; }
 
-    Statement upKeys{"SELECT kwh,kwl FROM record WHERE (kwh,kwl)>(?1,?2) ORDER BY kwh,kwl LIMIT ?3"};
-    Statement downKeys{
-        "SELECT kwh,kwl FROM record WHERE (kwh,kwl)<(?1,?2) ORDER BY kwh DESC,kwl DESC LIMIT ?3"};
-    Statement upRecords{"SELECT kwh,kwl,position,crc,bytes FROM record WHERE (kwh,kwl)>(?1,?2) "
-                        "ORDER BY kwh,kwl,position LIMIT ?3"};
+    static constexpr std::size_t mostBytes = 256 << 10; // of one block
+
+    // The rest of the group first, then the groups beyond: a comparison of (kwh,kwl) pairs would be made for
+    // each row, a condition on the one or the other only at the start.
+    Statement restUp{"SELECT kwl FROM record WHERE kwh=?1 AND kwl>?2 ORDER BY kwl LIMIT ?3"};
+    Statement restDown{"SELECT kwl FROM record WHERE kwh=?1 AND kwl<?2 ORDER BY kwl DESC LIMIT ?3"};
+    Statement restRecords{
+        "SELECT kwl,crc,bytes FROM record WHERE kwh=?1 AND kwl>?2 ORDER BY kwl,position LIMIT ?3"};
+    Statement beyondUp{"SELECT kwl,kwh FROM record WHERE kwh>?1 ORDER BY kwh,kwl LIMIT ?2"};
+    Statement beyondDown{"SELECT kwl,kwh FROM record WHERE kwh<?1 ORDER BY kwh DESC,kwl DESC LIMIT ?2"};
+    Statement beyondRecords{
+        "SELECT kwl,crc,bytes,kwh FROM record WHERE kwh>?1 ORDER BY kwh,kwl,position LIMIT ?2"};
 
     std::vector<Row> rows;
     std::vector<unsigned char> arena;
     std::size_t at = 0;       // the next row to serve as a key
     std::size_t begin = 0;    // the first row of the current key
     Key current;              // where the walk stands
-    int ahead = 1;            // how many rows the next block takes
+    int ahead = 1;            // how many rows the block takes
+    int taken = 0;            // how many it has
     bool valid = false;       // the walk stands somewhere
     bool upward = true;       // its direction
     bool withBytes = false;   // the block holds the records
