@@ -56,7 +56,8 @@ TEST(ActionList, MissingActionGetsOneMarkerHoweverOftenItIsMissed)
     EXPECT_TRUE(list.takeGrown());
     EXPECT_EQ(list.bind(code("aB")).id, code("ab"));
     EXPECT_FALSE(list.takeGrown());
-    EXPECT_EQ(entriesOf(list).back(), (std::pair<QString, int>{"*** Action AB   is missing ***", code("ab")}));
+    EXPECT_EQ(entriesOf(list).back(),
+              (std::pair<QString, int>{"*** Action AB   is missing ***", code("ab")}));
     EXPECT_EQ(list.codeOf(code("ab")), code("AB"));
     EXPECT_EQ(list.entries().size(), 3u);
 }

@@ -164,8 +164,8 @@ TEST(LoadcaseTable, MissingActionShowsItsMarkerAndZeros)
     EXPECT_TRUE(tabs.cell(2, LC_COL_ACTION)->toolTip().isEmpty());
     EXPECT_FALSE(tabs.lc->isValid());
 
-    auto* header = static_cast<MRL_H_TwHeaderComboBoxItem*>(
-        tabs.table->horizontalHeaderItemOnColId(LC_COL_ACTION));
+    auto* header =
+        static_cast<MRL_H_TwHeaderComboBoxItem*>(tabs.table->horizontalHeaderItemOnColId(LC_COL_ACTION));
     const auto entries = header->getComboEntries(0);
     EXPECT_EQ(std::count_if(entries.begin(), entries.end(),
                             [](const ComboList& entry) { return entry.text.startsWith("***"); }),
@@ -175,6 +175,7 @@ TEST(LoadcaseTable, MissingActionShowsItsMarkerAndZeros)
 TEST(LoadcaseTable, LowerCaseActionIsFoundBySecondAttempt)
 {
     const Project project;
+    project.putAction(permanent());
     project.putAction(action("q", "old").all(1.0f).partition(0x31));
     project.putLoadcase(1, following(code("Q")));
     project.putLoadcase(2, following(code("q")));

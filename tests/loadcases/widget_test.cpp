@@ -13,12 +13,14 @@ namespace {
 using namespace lctest;
 using mrl::test::ModalAnswers;
 
-MRL_QT_CheckBox* box(const Tabs& tabs, const char* name) { return tabs.lc->findChild<MRL_QT_CheckBox*>(name); }
+MRL_QT_CheckBox* box(const Tabs& tabs, const char* name)
+{
+    return tabs.lc->findChild<MRL_QT_CheckBox*>(name);
+}
 
 void storeSetting(const char* key, int value)
 {
-    qobject_cast<MRL_QT_Application*>(QCoreApplication::instance())
-        ->setAppSettings("LF_Manager", key, value);
+    qobject_cast<MRL_QT_Application*>(QCoreApplication::instance())->setAppSettings("LF_Manager", key, value);
 }
 int storedSetting(const char* key)
 {
@@ -54,7 +56,8 @@ TEST_F(LoadcaseWidget, BoxChoosesBetweenTheAmountAndTheComponentsOfTheSystem)
     {
         int rawClass;
         std::vector<int> components;
-    } systems[] = {{0, {LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}}, {1, {LC_COL_DLX, LC_COL_DLY}}, {20, {LC_COL_DLZ}}};
+    } systems[] = {
+        {0, {LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}}, {1, {LC_COL_DLX, LC_COL_DLY}}, {20, {LC_COL_DLZ}}};
     for (const auto& system : systems) {
         project.system(system.rawClass, -3);
         const Tabs tabs(project, Tabs::LoadcasesAlone);

@@ -2,6 +2,7 @@
 
 /// Projects in memory with actions and load cases, and the two tabs on them, for tests.
 
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
@@ -19,6 +20,7 @@
 #include "host/mrl_cdb.h"
 #include "host/mrl_table.h"
 #include "hostlib/data/cdb/project.h"
+#include "hostlib/data/designcode/designcode.h"
 #include "lcdata/action_code.h"
 #include "lcdata/keys.h"
 #include "loadcases/cell.h"
@@ -32,8 +34,9 @@ namespace lctest {
 /// A design code with all seven factors, the default actions G (dead), Q and W (live).
 inline std::string fullCode()
 {
-    return "[DESIGN CODE]\nlabel = Test code\nyear = 2020\n"
-           "[AVAILABILITY]\nGamu = 1.0\nGamf = 1.0\nGama = 1.0\nPsi0 = 1.0\nPsi1 = 1.0\nPsi2 = 1.0\nPsi1s = 1.0\n"
+    return "[DESIGN CODE]\nlabel = Test code\nntcode = 0\nidcode = 1\ncountry = 0\nyear = 2020\n"
+           "[AVAILABILITY]\nGamu = 1.0\nGamf = 1.0\nGama = 1.0\nPsi0 = 1.0\nPsi1 = 1.0\nPsi2 = 1.0\nPsi1s = "
+           "1.0\n"
            "[ACTIONS]\nTXT_GAMU = gU\n"
            "[ACTION G]\ntitle = Permanent\ncategory = G\nsuperposition = PERM\nold = 2\n"
            "Gamu = 1.35\nGamf = 1.0\nGama = 1.0\nPsi0 = 1.0\nPsi1 = 1.0\nPsi2 = 1.0\nPsi1s = 1.0\n"
@@ -58,10 +61,7 @@ inline std::string withoutLines(const std::string& text, const std::string& word
 }
 
 /// The actions of fullCode() as the project stores them.
-inline ActionBuilder permanent()
-{
-    return action("G", "Permanent").all(1.0f).gamu(1.35f).partition(0x10);
-}
+inline ActionBuilder permanent() { return action("G", "Permanent").all(1.0f).gamu(1.35f).partition(0x10); }
 inline ActionBuilder variable()
 {
     return action("Q", "Variable")
@@ -85,6 +85,7 @@ class Project
         std::ofstream(file) << designCode;
         m_db = mrl::cdb::openMemory().db;
         EXPECT_TRUE(mrl::cdb::setFact(m_db, "designcode", file));
+        EXPECT_EQ(mrl::designcode::ofDatabase(m_db).reason, "");
         system(0, -3);
     }
     ~Project() { mrl::cdb::close(m_db); }
@@ -155,13 +156,16 @@ class Tabs
     {
         m_window = std::make_unique<QWidget>();
         auto* layout = new QVBoxLayout(m_window.get());
+        auto* pages = new QTabWidget(m_window.get());
+        layout->addWidget(pages);
         lc = new LCM_LoadcaseWidget(project.db(), m_window.get(), "loadcasewidget");
         if (which == Both) {
             actions = new LCM_ActionsWidget(lc, project.db(), 0, m_window.get(), "actionswidget");
-            layout->addWidget(actions);
+            pages->addTab(actions, "Actions");
             lc->setActionsWidget(actions);
         }
-        layout->addWidget(lc);
+        pages->addTab(lc, "Loadcases");
+        pages->setCurrentWidget(lc);
         m_window->resize(1150, 700);
         if (actions)
             actions->fillTable();
@@ -245,8 +249,7 @@ class Tabs
     /// Enters a factor of an action as an edit does.
     void enterAction(int code, int column, float entered) const
     {
-        MRL_H_TwSimpleLineEditItem::fromItem(
-            actions->tableWidget()->itemOnColId(actionRow(code), column))
+        MRL_H_TwSimpleLineEditItem::fromItem(actions->tableWidget()->itemOnColId(actionRow(code), column))
             ->setVal(entered);
     }
     void selectAction(int code) const
