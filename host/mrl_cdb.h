@@ -35,6 +35,7 @@ MRL_HOST_API int mrl_cdb_use(int db, int zero);
 /// @param direction +1 or -1
 /// @note Fetches ahead in blocks and holds neither a statement nor a snapshot between two calls. Deleting the
 ///       current key does not disturb the next step.
+/// @return 0 when there is such a key
 MRL_HOST_API int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction);
 
 /// Reads one record of a key.

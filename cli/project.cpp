@@ -1,0 +1,41 @@
+#include "cli/project.h"
+
+#include "cli/failure.h"
+#include "host/mrl_dlib.h"
+
+namespace mrl::cli {
+
+namespace {
+
+void throwUnless(const cdb::Result& result)
+{
+    if (!result) {
+        throw Failure{result.code == cdb::Code::Exists ? ExitCode::Refused : ExitCode::File, result.text};
+    }
+}
+
+} // namespace
+
+Project::Project(const cdb::Opened& opened, const std::string& file, Access access)
+    : handle(opened.db), name(file)
+{
+    throwUnless(opened.result);
+    // A project without a design code is still a project; those who need one ask for it.
+    mrl_dlib_ini_switch(db());
+    if (access == Access::Write) {
+        transaction = std::make_unique<cdb::Transaction>(db());
+        throwUnless(transaction->state());
+    }
+}
+
+void Project::commit() { throwUnless(transaction->commit()); }
+
+void Project::refuse(const std::string& reason) const
+{
+    throwOnError();
+    throw Failure{ExitCode::Refused, name + ": " + reason};
+}
+
+void Project::throwOnError() const { throwUnless(cdb::stickyError(db())); }
+
+} // namespace mrl::cli
