@@ -13,17 +13,13 @@
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
 
-/// A folder of its own for each test, gone with it. In memory where the system has such a place: the many
-/// waits for a disk would say nothing about us.
+/// A folder of its own for each test, gone with it.
 class Folder
 {
   public:
     Folder()
     {
-        const bool memory = access("/dev/shm", W_OK) == 0;
-        const auto parent =
-            memory ? std::filesystem::path("/dev/shm") : std::filesystem::temp_directory_path();
-        std::string name = (parent / "mrl-cdb-XXXXXX").string();
+        std::string name = (std::filesystem::temp_directory_path() / "mrl-cdb-XXXXXX").string();
         if (mkdtemp(name.data()) != nullptr)
             folder = name;
     }

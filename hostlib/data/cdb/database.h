@@ -118,7 +118,6 @@ class Database
 
     int execute(const char* sql);
     void fail(Result error);
-    int beginWriting();
     int writeSummary();
     void endLevel(bool keepWrites);
     void endAll();

@@ -145,10 +145,9 @@ void MRL_H_TableWidget::mouseReleaseEvent(QMouseEvent* event)
     d->openListOnRelease = false;
     if (!open)
         return;
-    // Editors that have been closed wait for their deletion, hidden.
-    for (auto* combo : viewport()->findChildren<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly))
-        if (combo->isVisible() && !combo->isEditable())
-            combo->showPopup();
+    auto* combo = viewport()->findChild<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly);
+    if (combo != nullptr && !combo->isEditable())
+        combo->showPopup();
 }
 
 void MRL_H_TableWidget::contextMenuEvent(QContextMenuEvent* event)

@@ -1,0 +1,227 @@
+// The main window: opening, editing through the managers, saving, closing.
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "lcdata/actions.h"
+#include "lcdata/load_cases.h"
+#include "tests/support/modal_answers.h"
+#include "tests/workbench/project_file.h"
+#include "workbench/main_window.h"
+#include "workbench/recent_files.h"
+
+namespace mrl::test {
+
+using workbench::MainWindow;
+using workbench::Manager;
+using workbench::Managers;
+
+class MainWindowTest : public ::testing::Test
+{
+  protected:
+    MainWindowTest() { window.show(); }
+
+    void open() { ASSERT_TRUE(window.openProject(project.path())); }
+    bool modified() const { return window.document().isModified(); }
+    QAction* command(const char* name) { return window.findChild<QAction*>(QLatin1String(name)); }
+
+    /// Opens a manager and presses a button in it.
+    void runManager(Manager which, const QString& button)
+    {
+        answers.then([button](QWidget* dialog) {
+            ASSERT_EQ(dialog->objectName(), QStringLiteral("new loadcase manager"));
+            QTest::mouseClick(ModalAnswers::buttonOf(dialog, button), Qt::LeftButton);
+        });
+        window.openManager(which);
+    }
+    /// Stores the default actions in the document, by way of the manager.
+    void storeDefaultActions() { runManager(Manager::Actions, QStringLiteral("OK")); }
+    bool fileHasActions() const { return OtherProgram(project.path()).has(LC_KWH_ACTIONS, codeOf("G")); }
+
+    ProjectFile project;
+    ModalAnswers answers;
+    MainWindow window;
+};
+
+TEST(ManagersTest, ComeFromTheLibraryAtRunTime)
+{
+    const Managers managers;
+    EXPECT_TRUE(managers.isLoaded()) << managers.reason().toStdString();
+}
+
+TEST_F(MainWindowTest, ShowsTheWaysToAProjectFirst)
+{
+    EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("start"))->isVisible());
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Marlavon Workbench"));
+    EXPECT_FALSE(command("action_save")->isEnabled());
+}
+
+TEST_F(MainWindowTest, OpenProjectIsShownWithItsTasks)
+{
+    open();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("tower.cdb[*] - Marlavon Workbench"));
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("summary"))->isVisible());
+    EXPECT_TRUE(window.findChild<QPushButton*>(QStringLiteral("task_actions"))->isEnabled());
+    EXPECT_EQ(workbench::RecentFiles::list().first(), project.path());
+}
+
+TEST_F(MainWindowTest, TaskOpensItsManager)
+{
+    open();
+    QString title;
+    answers.then([&](QWidget* dialog) {
+        title = dialog->windowTitle();
+        qobject_cast<QDialog*>(dialog)->reject();
+    });
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("task_actions")), Qt::LeftButton);
+    EXPECT_EQ(title, QStringLiteral("Marlavon: Action Manager"));
+    answers.then([&](QWidget* dialog) {
+        title = dialog->windowTitle();
+        qobject_cast<QDialog*>(dialog)->reject();
+    });
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("task_loadcases")), Qt::LeftButton);
+    EXPECT_EQ(title, QStringLiteral("Marlavon: Action and Loadcase Manager"));
+}
+
+TEST_F(MainWindowTest, AcceptedManagerChangesTheDocumentAndSavingTheFile)
+{
+    open();
+    storeDefaultActions();
+    EXPECT_TRUE(modified());
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_FALSE(fileHasActions());
+    command("action_save")->trigger();
+    EXPECT_FALSE(modified());
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_TRUE(fileHasActions());
+}
+
+TEST_F(MainWindowTest, ActionsStoredByTheLoadCaseManagerAreSavedToo)
+{
+    open();
+    runManager(Manager::LoadCases, QStringLiteral("OK"));
+    command("action_save")->trigger();
+    EXPECT_TRUE(fileHasActions());
+}
+
+TEST_F(MainWindowTest, CancelledManagerLeavesNothingToSave)
+{
+    open();
+    runManager(Manager::LoadCases, QStringLiteral("Cancel"));
+    runManager(Manager::Actions, QStringLiteral("Cancel"));
+    EXPECT_FALSE(modified());
+    EXPECT_FALSE(command("action_save")->isEnabled());
+}
+
+TEST_F(MainWindowTest, CurrentLoadCaseIsSaved)
+{
+    open();
+    storeDefaultActions();
+    ASSERT_TRUE(
+        mrl_lc_create_load_case(window.document().database(), 7, codeOf("G"), QStringLiteral("Dead")));
+    mrl_lc_set_current(window.document().database(), 7);
+    EXPECT_TRUE(window.slot_save());
+    EXPECT_EQ(mrl_lc_current(OtherProgram(project.path()).db()), 7);
+}
+
+TEST_F(MainWindowTest, KeysOfOtherModulesInTheFileAreLeftAlone)
+{
+    open();
+    storeDefaultActions();
+    {
+        const OtherProgram other(project.path());
+        other.put(LC_KWH_ACTIONS, 17, tagCDB_LC_ACT{}); // superposition data
+        other.put(40, 1, tagCDB_LC_ACT{});
+    }
+    EXPECT_TRUE(window.slot_save());
+    EXPECT_TRUE(OtherProgram(project.path()).has(LC_KWH_ACTIONS, 17));
+    EXPECT_TRUE(OtherProgram(project.path()).has(40, 1));
+}
+
+TEST_F(MainWindowTest, ManagersAreRefusedWithTheReasonWithoutADesignCode)
+{
+    ASSERT_TRUE(cdb::setFact(OtherProgram(project.path()).db(), "designcode", "gone-code"));
+    open();
+    EXPECT_FALSE(window.findChild<QPushButton*>(QStringLiteral("task_actions"))->isEnabled());
+    auto* reason = window.findChild<QLabel*>(QStringLiteral("task_refusal"));
+    EXPECT_TRUE(reason->isVisible());
+    EXPECT_TRUE(reason->text().contains(QStringLiteral("gone-code"))) << reason->text().toStdString();
+    answers.click(QStringLiteral("OK"));
+    window.openManager(Manager::Actions);
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_TRUE(answers.boxes()[0].text.contains(QStringLiteral("gone-code")));
+}
+
+TEST_F(MainWindowTest, ClosingAsksAboutUnsavedChanges)
+{
+    open();
+    storeDefaultActions();
+    answers.click(QStringLiteral("Cancel"));
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible());
+    answers.click(QStringLiteral("Save"));
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(fileHasActions());
+}
+
+TEST_F(MainWindowTest, DiscardedChangesAreNotInTheFile)
+{
+    open();
+    storeDefaultActions();
+    answers.click(QStringLiteral("Discard"));
+    window.slot_close();
+    EXPECT_FALSE(window.document().isOpen());
+    EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("start"))->isVisible());
+    EXPECT_FALSE(fileHasActions());
+}
+
+TEST_F(MainWindowTest, ClosingWithoutChangesAsksNothing)
+{
+    open();
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(answers.boxes().empty());
+}
+
+TEST_F(MainWindowTest, ChangesOfAnotherProgramAreNotOverwrittenUnasked)
+{
+    open();
+    storeDefaultActions();
+    tagCDB_LC_CTRL others = loadcase().title(QStringLiteral("Theirs"));
+    OtherProgram(project.path()).put(LC_KWH_CASES, 5, others);
+    answers.click(QStringLiteral("Cancel"));
+    EXPECT_FALSE(window.slot_save());
+    EXPECT_TRUE(OtherProgram(project.path()).has(LC_KWH_CASES, 5));
+    EXPECT_FALSE(fileHasActions());
+    answers.click(QStringLiteral("Overwrite"));
+    EXPECT_TRUE(window.slot_save());
+    EXPECT_FALSE(OtherProgram(project.path()).has(LC_KWH_CASES, 5));
+    EXPECT_TRUE(fileHasActions());
+}
+
+TEST_F(MainWindowTest, FileThatIsNoProjectIsRefusedAndThePresentOneStays)
+{
+    open();
+    const QString letter = project.path(QStringLiteral("letter.cdb"));
+    QFile file(letter);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("a letter to somebody");
+    file.close();
+    answers.click(QStringLiteral("OK"));
+    EXPECT_FALSE(window.openProject(letter));
+    EXPECT_TRUE(answers.boxes()[0].text.contains(QStringLiteral("letter.cdb")));
+    EXPECT_EQ(window.document().file(), project.path());
+}
+
+TEST_F(MainWindowTest, GeneratedInputEchoesTheActions)
+{
+    open();
+    auto* text = window.findChild<QPlainTextEdit*>(QStringLiteral("text_input"));
+    EXPECT_TRUE(text->toPlainText().split('\n').contains(QStringLiteral("ECHO ACT")));
+    EXPECT_TRUE(text->isReadOnly());
+}
+
+} // namespace mrl::test

@@ -1,0 +1,165 @@
+// What the summary page says about a project.
+#include <QLabel>
+#include <QTabWidget>
+#include <QTableView>
+
+#include "lcdata/packed_text.h"
+#include "lcdata/packing.h"
+#include "tests/support/project_fixture.h"
+#include "workbench/summary_models.h"
+#include "workbench/summary_page.h"
+
+namespace mrl::test {
+
+using workbench::ActionsModel;
+using workbench::LoadCasesModel;
+using workbench::ProjectSummary;
+using workbench::summarise;
+using workbench::SummaryPage;
+
+class SummaryTest : public ProjectTest
+{
+  protected:
+    QString shown(const QAbstractItemModel& model, int row, int column) const
+    {
+        return model.index(row, column).data().toString();
+    }
+    QStringList headers(const QAbstractItemModel& model) const
+    {
+        QStringList texts;
+        for (int column = 0; column < model.columnCount(); ++column)
+            texts << model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        return texts;
+    }
+};
+
+TEST_F(SummaryTest, TellsActionsAndLoadCasesApartFromThoseOfOtherModules)
+{
+    project.putAction(action(QStringLiteral("G")));
+    project.putAction(action(QStringLiteral("Y1")));
+    project.putAction(17, action(QStringLiteral("SUP")));
+    project.putLoadcase(1, loadcase());
+    project.putLoadcase(2, loadcase().kind(1));
+    project.putLoadcase(3, loadcase().kind(2));
+    project.putLoadcase(4, loadcase().kind(-1));
+    const ProjectSummary summary = summarise(db);
+    ASSERT_EQ(summary.actions.size(), 1u);
+    EXPECT_EQ(summary.actions[0].code, codeOf("G"));
+    ASSERT_EQ(summary.loadCases.size(), 2u);
+    EXPECT_EQ(summary.foreignLoadCases, 2);
+}
+
+TEST_F(SummaryTest, SaysWhyTheDesignCodeCannotBeLoaded)
+{
+    project.setDesignCode("no-such-code");
+    const ProjectSummary summary = summarise(db);
+    EXPECT_TRUE(summary.designCodeReason.contains(QStringLiteral("no-such-code")));
+    EXPECT_EQ(summary.factors.size(), 7u) << "all factors under their plain names";
+    EXPECT_TRUE(summary.findings.empty());
+}
+
+TEST_F(SummaryTest, ShowsTheFactorsOfTheDesignCodeUnderItsSymbols)
+{
+    useCode(DesignCodeFile()
+                .marks(ActionBuilder(QString()).gamu(1.0f).gamf(1.0f).psi0(1.0f))
+                .text("TXT_GAMU", "sup")
+                .text("TXT_GAMF", "none")
+                .add(action(QStringLiteral("G")), {2, 7}));
+    ActionsModel model(nullptr);
+    const ProjectSummary summary = summarise(db);
+    model.show(summary.actions, summary.factors);
+    EXPECT_EQ(headers(model),
+              (QStringList{"Action", "Description", "Category", "Superposition", "sup", "Psi0"}));
+}
+
+TEST_F(SummaryTest, ActionsAreShownAsEngineersWriteThem)
+{
+    // Category Q in load group 1, superposition EXCL: 1 * 256 + 3 * 16 + 2. A stored Gama of 0.001 means 0.
+    project.putAction(action(QStringLiteral("Q_1"))
+                          .partition(0x132)
+                          .gamu(1.35f)
+                          .gama(0.001f)
+                          .title(QStringLiteral("Traffic")));
+    ActionsModel model(nullptr);
+    const ProjectSummary summary = summarise(db);
+    model.show(summary.actions, summary.factors);
+    EXPECT_EQ(shown(model, 0, ActionsModel::Name), QStringLiteral("Q_1"));
+    EXPECT_EQ(shown(model, 0, ActionsModel::Title), QStringLiteral("Traffic"));
+    EXPECT_EQ(shown(model, 0, ActionsModel::Category), QStringLiteral("variable, group 1"));
+    EXPECT_EQ(shown(model, 0, ActionsModel::Superposition), QStringLiteral("EXCL"));
+    EXPECT_EQ(shown(model, 0, ActionsModel::FirstFactor), QStringLiteral("1.35"));
+    EXPECT_EQ(shown(model, 0, ActionsModel::FirstFactor + 2), QStringLiteral("0.00")) << "Gama";
+}
+
+TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndLeaveThoseOfTheActionEmpty)
+{
+    tagCDB_LC_CTRL own = loadcase().title(QStringLiteral("Own")).deadWeight(0.0f, 0.0f, -1.0f);
+    own.gamu = lcm_pack_pair(1.35f, 1.0f);
+    own.gamf = 0.5f;
+    tagCDB_LC_CTRL bound = loadcase(QStringLiteral("G"));
+    bound.gamu = bound.gamf = bound.psi0 = bound.psi1 = bound.psi2 = LC_UNDEFINED;
+    tagCDB_LC_CTRL imperfection = loadcase();
+    imperfection.action = 70;
+    project.putLoadcase(1, own);
+    project.putLoadcase(2, bound);
+    project.putLoadcase(3, imperfection);
+    LoadCasesModel model(nullptr);
+    const ProjectSummary summary = summarise(db);
+    model.show(summary.loadCases, summary.factors, 2);
+    EXPECT_EQ(shown(model, 0, LoadCasesModel::Action), QStringLiteral("none"));
+    EXPECT_EQ(shown(model, 0, LoadCasesModel::Dlz), QStringLiteral("-1.00"));
+    EXPECT_EQ(shown(model, 0, LoadCasesModel::FirstFactor), QStringLiteral("1.35"));
+    EXPECT_EQ(shown(model, 0, LoadCasesModel::FirstFactor + 2), QStringLiteral("1.00")) << "Gama";
+    EXPECT_EQ(shown(model, 1, LoadCasesModel::Action), QStringLiteral("G"));
+    for (int column = LoadCasesModel::FirstFactor; column < model.columnCount(); ++column)
+        EXPECT_EQ(shown(model, 1, column), QString()) << column;
+    EXPECT_EQ(shown(model, 2, LoadCasesModel::Action), QStringLiteral("IMP"));
+    EXPECT_TRUE(model.index(1, 0).data(Qt::FontRole).value<QFont>().bold()) << "the current load case";
+}
+
+TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
+{
+    project.putAction(action(QStringLiteral("G")).gamu(1.0f).gamf(1.2f));
+    project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
+    const ProjectSummary summary = summarise(db);
+    QStringList where;
+    for (const auto& finding : summary.findings)
+        where << finding.where;
+    EXPECT_TRUE(where.contains(QStringLiteral("Action G")));
+    EXPECT_TRUE(where.contains(QStringLiteral("Load case 12")));
+}
+
+TEST_F(SummaryTest, SoundProjectHasNoFindings)
+{
+    project.putAction(action(QStringLiteral("G")));
+    project.putLoadcase(1, loadcase(QStringLiteral("G")));
+    EXPECT_TRUE(summarise(db).findings.empty());
+}
+
+TEST_F(SummaryTest, PageShowsFactsAndCounts)
+{
+    project.putAction(action(QStringLiteral("G")));
+    project.putLoadcase(1, loadcase(QStringLiteral("G")));
+    const struct
+    {
+        int raw;
+        int gravity;
+        char rest[344];
+    } system{1, -2, {}};
+    project.put(LC_KWH_SYSTEM, 0, system);
+    SummaryPage page(nullptr);
+    page.show(summarise(db));
+    const auto fact = [&](const char* name) { return page.findChild<QLabel*>(QLatin1String(name))->text(); };
+    EXPECT_EQ(fact("fact_designcode"), QStringLiteral("Test"));
+    EXPECT_EQ(fact("fact_system"), QStringLiteral("plane structure"));
+    EXPECT_EQ(fact("fact_gravity"), QStringLiteral("\u2212Y"));
+    EXPECT_EQ(fact("fact_current"), QStringLiteral("none"));
+    auto* tabs = page.findChild<QTabWidget*>();
+    EXPECT_EQ(tabs->tabText(0), QStringLiteral("Actions (1)"));
+    EXPECT_EQ(tabs->tabText(1), QStringLiteral("Load cases (1)"));
+    EXPECT_EQ(tabs->tabText(2), QStringLiteral("Findings (none)"));
+    EXPECT_EQ(page.findChild<QTableView*>(QStringLiteral("table_actions"))->editTriggers(),
+              QAbstractItemView::NoEditTriggers);
+}
+
+} // namespace mrl::test
