@@ -51,6 +51,8 @@ class Database
     // Writing: database_write.cpp
     Outcome putWhole(const Key& key, const void* data, int size);
     Outcome overwriteLastRead(const Key& key, const void* data, int size);
+    /// Overwrites the record at position 0, which is there.
+    Outcome overwriteFirst(const Key& key, const void* data, int size);
     Outcome append(const Key& key, const void* data, int size);
     Outcome remove(const Key& key);
     Outcome setFact(const std::string& name, const std::string& value);

@@ -111,6 +111,11 @@ Outcome Database::overwriteLastRead(const Key& key, const void* data, int size)
     return write({Write::Kind::Overwrite, key, behindOf(key), {}, {}}, data, size);
 }
 
+Outcome Database::overwriteFirst(const Key& key, const void* data, int size)
+{
+    return write({Write::Kind::Overwrite, key, 0, {}, {}}, data, size);
+}
+
 Outcome Database::append(const Key& key, const void* data, int size)
 {
     return write({Write::Kind::Append, key, 0, {}, {}}, data, size);

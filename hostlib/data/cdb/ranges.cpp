@@ -1,4 +1,5 @@
 #include <cstring>
+#include <optional>
 
 #include "hostlib/data/cdb/checksum.h"
 #include "hostlib/data/cdb/errors.h"
@@ -17,15 +18,29 @@ class RangeReader
         : db(database), kwh(range.kwh),
           text("SELECT kwl,position,crc,bytes FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 "
                "ORDER BY kwh,kwl,position"),
-          run(text, database.connection())
+          last(range.last)
     {
-        run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
+        from(range.first);
+    }
+
+    /// Goes on to the first record of a key ahead, or of the next one there is.
+    /// @return is there a record; false also on failure, see result()
+    bool seek(int key)
+    {
+        // Stepping over a few records costs less than a new search.
+        constexpr int near = 8;
+        for (int steps = 0; !over && kwl() < key && steps < near; ++steps)
+            next();
+        if (over || kwl() >= key)
+            return !over;
+        from(key);
+        return next();
     }
 
     /// @return is there a record; false also on failure, see result()
     bool next()
     {
-        const int status = run.step();
+        const int status = run->step();
         if (status == SQLITE_ROW)
             return check();
         over = true;
@@ -35,10 +50,10 @@ class RangeReader
     }
     const Result& result() const { return error; }
     bool atEnd() const { return over; }
-    int kwl() const { return run.integer(0); }
-    int position() const { return run.integer(1); }
-    const void* bytes() const { return run.bytes(3); }
-    int size() const { return run.size(3); }
+    int kwl() const { return run->integer(0); }
+    int position() const { return run->integer(1); }
+    const void* bytes() const { return run->bytes(3); }
+    int size() const { return run->size(3); }
 
     bool sameRecord(const RangeReader& other) const
     {
@@ -47,10 +62,15 @@ class RangeReader
     }
 
   private:
+    void from(int first)
+    {
+        run.emplace(text, db.connection());
+        run->bind(1, kwh).bind(2, first).bind(3, last);
+    }
     bool check()
     {
         const auto sum = recordChecksum(kwh, kwl(), position(), bytes(), static_cast<std::size_t>(size()));
-        if (sum == static_cast<std::uint32_t>(run.integer(2)))
+        if (sum == static_cast<std::uint32_t>(run->integer(2)))
             return true;
         over = true;
         const auto name = std::to_string(kwh) + "/" + std::to_string(kwl());
@@ -62,9 +82,17 @@ class RangeReader
     Database& db;
     int kwh;
     Statement text;
-    Run run;
+    int last;
+    std::optional<Run> run;
     bool over = false;
     Result error;
+};
+
+/// A key whose records differ.
+struct Difference
+{
+    int kwl;
+    bool overwrites; ///< it holds one record on both sides, at the same position 0
 };
 
 /// Walks two ranges side by side and hands each key that differs to `differs`, once and in ascending order;
@@ -81,6 +109,7 @@ Result compare(Database& a, Database& b, const KeyRange& range, Differs differs)
         const bool onlyRight = !onlyLeft && (left.atEnd() || right.kwl() < left.kwl());
         const int key = onlyRight ? right.kwl() : left.kwl();
         bool same = !onlyLeft && !onlyRight;
+        bool single = same && left.position() == 0 && right.position() == 0;
         // Through the records of this key on both sides.
         bool hereLeft = !onlyRight;
         bool hereRight = !onlyLeft;
@@ -88,25 +117,46 @@ Result compare(Database& a, Database& b, const KeyRange& range, Differs differs)
             same = same && hereLeft && hereRight && left.sameRecord(right);
             hereLeft = hereLeft && left.next() && left.kwl() == key;
             hereRight = hereRight && right.next() && right.kwl() == key;
+            single = single && !hereLeft && !hereRight;
         }
         if (!left.result() || !right.result())
             break;
-        if (!same && !differs(key))
+        if (!same && !differs(Difference{key, single}))
             break;
     }
     return left.result() ? right.result() : left.result();
 }
 
-/// Replaces the records of one key by those of another database.
-Result copyKey(Database& from, Database& to, int kwh, int kwl)
+/// Replaces the records of a key by those that the reader stands at the first of.
+Outcome copyRecords(RangeReader& reader, Database& to, const Key& key)
 {
-    const Key key{kwh, kwl};
-    if (to.remove(key) == Outcome::Failed)
-        return to.lastFailure();
-    RangeReader reader(from, {kwh, kwl, kwl});
-    while (reader.next())
+    do {
         if (to.append(key, reader.bytes(), reader.size()) != Outcome::Done)
+            return Outcome::Failed;
+    } while (reader.next() && reader.kwl() == key.kwl);
+    return Outcome::Done;
+}
+
+/// Makes keys equal to those of another database. @param differing in ascending order
+Result copyKeys(Database& from, Database& to, const KeyRange& range, const std::vector<Difference>& differing)
+{
+    if (differing.empty())
+        return {};
+    RangeReader reader(from, {range.kwh, differing.front().kwl, range.last});
+    reader.next();
+    for (const auto& difference : differing) {
+        const Key key{range.kwh, difference.kwl};
+        const bool present = reader.seek(key.kwl) && reader.kwl() == key.kwl;
+        if (!reader.result())
+            return reader.result();
+        Outcome outcome = Outcome::Done;
+        if (present && difference.overwrites)
+            outcome = to.overwriteFirst(key, reader.bytes(), reader.size());
+        else if (outcome = to.remove(key); present && outcome != Outcome::Failed)
+            outcome = copyRecords(reader, to, key);
+        if (outcome == Outcome::Failed)
             return to.lastFailure();
+    }
     return reader.result();
 }
 
@@ -180,7 +230,7 @@ Result rangesEqual(int a, int b, const KeyRange& range, bool& equal)
     if (left == nullptr || right == nullptr)
         return notOpen(left == nullptr ? a : b);
     bool differs = false;
-    Result result = compare(*left, *right, range, [&](int) {
+    Result result = compare(*left, *right, range, [&](const Difference&) {
         differs = true;
         return false;
     });
@@ -200,14 +250,13 @@ Result replaceRange(int from, int to, const KeyRange& range, int* changed)
     Transaction transaction(to);
     if (Result state = transaction.state(); !state)
         return state;
-    std::vector<int> differing;
-    Result result = compare(*source, *target, range, [&](int kwl) {
-        differing.push_back(kwl);
+    std::vector<Difference> differing;
+    Result result = compare(*source, *target, range, [&](const Difference& difference) {
+        differing.push_back(difference);
         return true;
     });
-    for (const int kwl : differing)
-        if (result)
-            result = copyKey(*source, *target, range.kwh, kwl);
+    if (result)
+        result = copyKeys(*source, *target, range, differing);
     if (!result)
         return result;
     if (changed != nullptr)
