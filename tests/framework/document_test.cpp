@@ -139,6 +139,41 @@ TEST_F(Document, ARefreshGivesUpUnsavedChangesUnlessTheyAreToBeKept)
     EXPECT_EQ(get(db(), kCases, 1), 99);
 }
 
+TEST_F(Document, ARefreshOfARangeKeepsSightOfUnsavedChangesBesideIt)
+{
+    put(db(), kActions, 70, 701);
+    put(other, kActions, 0x20202047, 36);
+    document.cdb2shadow(kActions, 0x20202020, 0x7a7a7a7a, false);
+    EXPECT_EQ(get(db(), kActions, 0x20202047), 36);
+    EXPECT_EQ(get(db(), kActions, 70), 701);
+    EXPECT_TRUE(document.host().hasChanges());
+}
+
+TEST_F(Document, ARangeThatWasNeverReadByItselfAsksWhenBothSidesHaveChangedItsGroup)
+{
+    put(db(), kActions, 70, 701);
+    put(other, kActions, 71, 711);
+    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict); // better once too often
+    EXPECT_EQ(document.host().save(OnConflict::Overwrite).outcome, SaveOutcome::Saved);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kActions, 71), 711);
+}
+
+TEST_F(Document, ARangeReadByItselfIsToldApartFromTheRestOfItsGroup)
+{
+    document.cdb2shadow(kActions, 0x20202020, 0x7a7a7a7a, false);
+    put(db(), kActions, 70, 701);
+    put(db(), kActions, 0x20202047, 36);
+    put(other, kActions, 71, 711);
+    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(get(other, kActions, 0x20202047), 36);
+    EXPECT_TRUE(document.host().hasChanges()); // key 70
+    put(db(), kActions, 70, 700);
+    EXPECT_FALSE(document.host().hasChanges());
+}
+
 TEST_F(Document, ChangesAreSeenFromTheDatabaseItself)
 {
     EXPECT_FALSE(document.host().hasChanges());

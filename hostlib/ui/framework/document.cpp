@@ -91,14 +91,6 @@ cdb::Result replaceAll(int from, int to)
     return {};
 }
 
-cdb::Result differ(int a, int b, const cdb::KeyRange& range, bool& different)
-{
-    bool equal = false;
-    auto result = cdb::rangesEqual(a, b, range, equal);
-    different = !equal;
-    return result;
-}
-
 } // namespace
 
 MRL_H_ShadowDatabase::Private::Private(MRL_H_ShadowDatabase& document) : m_document(document) {}
@@ -117,47 +109,43 @@ cdb::Result MRL_H_ShadowDatabase::Private::open(const QString& path)
     if (!copy)
         return copy.result;
     Unclaimed copyGuard(copy.db, QString());
-    // Of the copy and not of the file, which another program may have changed between the two.
-    const auto base = cdb::copyOf(copy.db);
-    if (!base)
-        return base.result;
+    // Of the copy and not of the file, which another program may have changed since.
+    mrl::ui::SyncState state;
+    if (auto result = state.reset(copy.db); !result)
+        return result;
     copyGuard.claim();
     fileGuard.claim();
-    return adopt(file.db, copy.db, base.db, path);
+    adopt(file.db, copy.db, path, std::move(state));
+    return {};
 }
 
 cdb::Result MRL_H_ShadowDatabase::Private::create()
 {
     const auto copy = cdb::openMemory();
-    if (!copy)
-        return copy.result;
-    const auto base = cdb::openMemory();
-    if (!base) {
-        cdb::close(copy.db);
-        return base.result;
-    }
-    return adopt(-1, copy.db, base.db, QString());
+    if (copy)
+        adopt(-1, copy.db, QString(), {});
+    return copy.result;
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::adopt(int file, int copy, int base, const QString& path)
+/// Takes over a file, -1 for none, and its document.
+void MRL_H_ShadowDatabase::Private::adopt(int file, int copy, const QString& path, mrl::ui::SyncState state)
 {
     close();
     m_file = file;
     m_copy = copy;
-    m_base = base;
     m_path = path;
     const auto id = fileId(path);
     m_device = id.device;
     m_inode = id.inode;
+    m_state = std::move(state);
     m_document.attach(copy);
-    return {};
 }
 
 void MRL_H_ShadowDatabase::Private::close()
 {
     if (m_copy >= 0 && m_document.index() == m_copy)
         m_document.attach(-1);
-    for (int* db : {&m_copy, &m_base, &m_file}) {
+    for (int* db : {&m_copy, &m_file}) {
         if (*db >= 0)
             cdb::close(*db);
         *db = -1;
@@ -173,13 +161,8 @@ bool MRL_H_ShadowDatabase::Private::hasChanges() const
 {
     if (m_copy < 0)
         return false;
-    std::set<int> groups;
-    if (!addGroups(m_copy, groups) || !addGroups(m_base, groups))
-        return true;
-    return std::any_of(groups.begin(), groups.end(), [this](int kwh) {
-        bool different = true;
-        return !differ(m_copy, m_base, {kwh}, different) || different;
-    });
+    bool different = true;
+    return !m_state.differs(m_copy, different) || different;
 }
 
 void MRL_H_ShadowDatabase::Private::mark(const cdb::KeyRange& range)
@@ -194,21 +177,25 @@ void MRL_H_ShadowDatabase::Private::refresh(const cdb::KeyRange& range, bool kee
 {
     if (m_file < 0)
         return;
-    const auto refreshed = [&]() -> cdb::Result {
-        if (auto result = followFile(); !result)
-            return result;
-        bool edited = false;
-        if (auto result = differ(m_copy, m_base, range, edited); !result)
-            return result;
-        if (keep && edited)
-            return {};
-        // The base first: should the second step fail, the range counts as edited and nothing gets lost.
-        if (auto result = cdb::replaceRange(m_file, m_base, range); !result)
-            return result;
-        return cdb::replaceRange(m_base, m_copy, range);
-    }();
+    const auto refreshed = refreshNow(range, keep);
     if (!refreshed && m_refreshFailure)
         m_refreshFailure = refreshed;
+}
+
+cdb::Result MRL_H_ShadowDatabase::Private::refreshNow(const cdb::KeyRange& range, bool keep)
+{
+    if (auto result = followFile(); !result)
+        return result;
+    if (auto result = m_state.cut(range, m_copy, m_file); !result)
+        return result;
+    bool edited = false;
+    if (auto result = m_state.differs(m_copy, range, edited); !result)
+        return result;
+    if (keep && edited)
+        return {};
+    if (auto result = cdb::replaceRange(m_file, m_copy, range); !result)
+        return result;
+    return m_state.note(m_copy, range);
 }
 
 /// When another file has taken the place of the one that is open, goes over to that.
@@ -227,11 +214,13 @@ cdb::Result MRL_H_ShadowDatabase::Private::followFile()
     return {};
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::KeyRange>& changed) const
+cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::KeyRange>& changed)
 {
     for (const auto& range : m_marks) {
+        if (auto result = m_state.cut(range, m_copy, m_file); !result)
+            return result;
         bool different = false;
-        if (auto result = differ(m_file, m_base, range, different); !result)
+        if (auto result = m_state.differs(m_file, range, different); !result)
             return result;
         if (different)
             changed.push_back(range);
@@ -243,15 +232,6 @@ cdb::Result MRL_H_ShadowDatabase::Private::writeMarks()
 {
     for (const auto& range : m_marks) {
         if (auto result = cdb::replaceRange(m_copy, m_file, range); !result)
-            return result;
-    }
-    return {};
-}
-
-cdb::Result MRL_H_ShadowDatabase::Private::noteSaved()
-{
-    for (const auto& range : m_marks) {
-        if (auto result = cdb::replaceRange(m_copy, m_base, range); !result)
             return result;
     }
     return {};
@@ -278,7 +258,8 @@ mrl::ui::SaveResult MRL_H_ShadowDatabase::Private::save(mrl::ui::OnConflict onCo
     if (auto result = transaction.commit(); !result)
         return {SaveOutcome::Failed, result, {}};
     // The project is saved. Should this fail, the document only counts as changed still.
-    (void)noteSaved();
+    for (const auto& range : m_marks)
+        (void)m_state.note(m_copy, range);
     return {};
 }
 
@@ -301,13 +282,12 @@ cdb::Result MRL_H_ShadowDatabase::Private::saveAs(const QString& path)
         if (auto result = transaction.commit(); !result)
             return result;
     }
-    const auto base = cdb::copyOf(m_copy);
-    if (!base)
-        return base.result;
+    mrl::ui::SyncState state;
+    if (auto result = state.reset(m_copy); !result)
+        return result;
     fileGuard.claim();
-    const auto marks = std::exchange(m_marks, {});
-    const int copy = std::exchange(m_copy, -1);
-    auto result = adopt(file.db, copy, base.db, path);
-    m_marks = marks;
-    return result;
+    auto marks = std::move(m_marks);
+    adopt(file.db, std::exchange(m_copy, -1), path, std::move(state));
+    m_marks = std::move(marks);
+    return {};
 }

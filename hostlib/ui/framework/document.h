@@ -9,6 +9,7 @@
 #include "host/mrl_export.h"
 #include "host/mrl_framework.h"
 #include "hostlib/data/cdb/project.h"
+#include "hostlib/ui/framework/sync_state.h"
 
 namespace mrl::ui {
 
@@ -30,9 +31,8 @@ enum class OnConflict { Report, Overwrite };
 
 } // namespace mrl::ui
 
-/// The document is a private copy of a project in memory. A second copy, the base, holds the project as it
-/// was read last: what differs between document and base is unsaved, what differs between file and base was
-/// written by another program.
+/// The document is a private copy of a project in memory. Where it differs from what was read or saved last,
+/// it holds unsaved changes; where the file does, another program has written.
 struct MRL_HOST_API MRL_H_ShadowDatabase::Private
 {
     explicit Private(MRL_H_ShadowDatabase& document);
@@ -80,19 +80,19 @@ struct MRL_HOST_API MRL_H_ShadowDatabase::Private
     void mark(const mrl::cdb::KeyRange& range);
 
   private:
-    mrl::cdb::Result adopt(int file, int copy, int base, const QString& path);
+    void adopt(int file, int copy, const QString& path, mrl::ui::SyncState state);
     mrl::cdb::Result followFile();
-    mrl::cdb::Result checkForConflicts(std::vector<mrl::cdb::KeyRange>& changed) const;
+    mrl::cdb::Result refreshNow(const mrl::cdb::KeyRange& range, bool keep);
+    mrl::cdb::Result checkForConflicts(std::vector<mrl::cdb::KeyRange>& changed);
     mrl::cdb::Result writeMarks();
-    mrl::cdb::Result noteSaved();
 
     MRL_H_ShadowDatabase& m_document;
     int m_file = -1; ///< the project's file, open as long as the document
     int m_copy = -1; ///< the document
-    int m_base = -1; ///< the project as it was read or saved last
     QString m_path;
     quint64 m_device = 0;
     quint64 m_inode = 0;
+    mrl::ui::SyncState m_state;
     std::vector<mrl::cdb::KeyRange> m_marks;
     mrl::cdb::Result m_refreshFailure;
 };
