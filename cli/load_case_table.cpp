@@ -15,7 +15,7 @@ constexpr std::size_t VALUE_WIDTH = 7;
 std::string front(const std::string& mark, const std::string& number, const std::string& action,
                   const std::string& title)
 {
-    return mark + paddedLeft(number, NUMBER_WIDTH) + "  " + padded(action, ACTION_WIDTH) +
+    return mark + paddedLeft(number, NUMBER_WIDTH) + "  " + padded(action, ACTION_WIDTH) + " " +
            padded(title, TITLE_WIDTH);
 }
 
