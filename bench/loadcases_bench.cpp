@@ -1,0 +1,234 @@
+// The manager's two tabs with n load cases. Raw is always the same: a QTableWidget of as many cells, each
+// filled with a plain text item.
+
+#include <QMessageBox>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <memory>
+
+#include "actions/actions_table.h"
+#include "actions/actions_widget.h"
+#include "actions/columns.h"
+#include "bench/figure.h"
+#include "bench/load_cases.h"
+#include "host/mrl_table.h"
+#include "loadcases/columns.h"
+#include "loadcases/loadcase_widget.h"
+#include "loadcases/table_loadcases.h"
+
+namespace {
+
+std::unique_ptr<QTableWidget> bareTable(int rows, int columns)
+{
+    auto table = std::make_unique<QTableWidget>(rows, columns);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            table->setItem(row, column, new QTableWidgetItem(QString::number(row)));
+    return table;
+}
+
+/// Both tabs in a window, filled as the manager fills them.
+class Dialog
+{
+  public:
+    explicit Dialog(int db)
+    {
+        auto* layout = new QVBoxLayout(&m_window);
+        auto* pages = new QTabWidget(&m_window);
+        layout->addWidget(pages);
+        loadcases = new LCM_LoadcaseWidget(db, &m_window, "loadcasewidget");
+        actions = new LCM_ActionsWidget(loadcases, db, 0, &m_window, "actionswidget");
+        pages->addTab(actions, "Actions");
+        pages->addTab(loadcases, "Loadcases");
+        loadcases->setActionsWidget(actions);
+        pages->setCurrentWidget(loadcases);
+        actions->fillTable();
+        loadcases->fillTable();
+        table = static_cast<MRL_H_TableWidget*>(loadcases->tableWidget());
+        m_window.resize(1150, 600);
+        m_window.show();
+        QCoreApplication::processEvents();
+    }
+
+    LCM_LoadcaseWidget* loadcases; ///< child of the window
+    LCM_ActionsWidget* actions;    ///< child of the window
+    MRL_H_TableWidget* table;      ///< that of the load cases
+
+  private:
+    QWidget m_window;
+};
+
+/// A project and an open dialog on it.
+class OpenDialog : protected bench::LoadCases
+{
+  public:
+    explicit OpenDialog(int count) : LoadCases(count) { reopen(); }
+
+    void raw() { m_bare = bareTable(n, dialog->table->columnCount()); }
+    void prepareRaw() { m_bare.reset(); }
+
+  protected:
+    void reopen()
+    {
+        m_bare.reset();
+        dialog.reset();
+        dialog = std::make_unique<Dialog>(db);
+    }
+    /// Gives all load cases one action.
+    void bindAllToOneAction()
+    {
+        dialog.reset();
+        mrl::cdb::Transaction transaction(db);
+        for (int number = 1; number <= n; ++number) {
+            tagCDB_LC_CTRL record{};
+            mrl_lc_get(db, number, record);
+            record.action = mrl_lc_get_default_action(db, false);
+            mrl_lc_put(db, number, record);
+        }
+        bench::require(static_cast<bool>(transaction.commit()), "commit");
+        reopen();
+    }
+    std::unique_ptr<Dialog> dialog;
+
+  private:
+    std::unique_ptr<QTableWidget> m_bare;
+};
+
+class Open : OpenDialog
+{
+  public:
+    using OpenDialog::OpenDialog;
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void prepareOurs() { dialog.reset(); }
+    void ours()
+    {
+        dialog = std::make_unique<Dialog>(db);
+        bench::require(dialog->table->rowCount() == n, "rows");
+    }
+};
+const bench::Timed<Open> open_("loadcases.open", 2.0);
+
+class Memory : bench::LoadCases
+{
+  public:
+    using LoadCases::LoadCases;
+    double ours()
+    {
+        std::unique_ptr<Dialog> dialog;
+        const double bytes = bench::bytesKept([&] { dialog = std::make_unique<Dialog>(db); });
+        m_columns = dialog->table->columnCount();
+        return bytes;
+    }
+    double raw()
+    {
+        std::unique_ptr<QTableWidget> bare;
+        return bench::bytesKept([&] { bare = bareTable(n, m_columns); });
+    }
+
+  private:
+    int m_columns = 0;
+};
+const bench::Measured<Memory> memory("loadcases.open_memory", 1.2);
+
+/// Both checks, then both saves in one transaction, as the dialog is accepted.
+class Accept : OpenDialog
+{
+  public:
+    using OpenDialog::OpenDialog;
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void ours()
+    {
+        bench::require(dialog->actions->isValid() && dialog->loadcases->isValid(), "valid");
+        mrl::cdb::Transaction transaction(db);
+        dialog->actions->save(true);
+        dialog->loadcases->save(true);
+        bench::require(static_cast<bool>(transaction.commit()), "commit");
+    }
+};
+const bench::Timed<Accept> accept_("loadcases.accept", 1.5);
+
+class ChangeFactor : OpenDialog
+{
+  public:
+    explicit ChangeFactor(int count) : OpenDialog(count) { bindAllToOneAction(); }
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void ours()
+    {
+        const int code = mrl_lc_get_default_action(db, false);
+        auto* table = dialog->actions->tableWidget();
+        for (int row = 0; row < table->rowCount(); ++row)
+            if (table->itemOnColId(row, ACT_COL_ACTION)->data(ROLE_ACTION_CODE).toInt() == code)
+                MRL_H_TwSimpleLineEditItem::fromItem(table->itemOnColId(row, ACT_COL_GAMU))
+                    ->setVal(m_value = 3.0f - m_value);
+    }
+
+  private:
+    float m_value = 1.4f;
+};
+const bench::Timed<ChangeFactor> changeFactor("loadcases.change_factor", 1.0);
+
+/// The last action goes from the tab and comes back: the second half is measured.
+class AddAction : OpenDialog
+{
+  public:
+    using OpenDialog::OpenDialog;
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void ours() { emit dialog->actions->signal_actionCountChanged(); }
+};
+const bench::Timed<AddAction> addAction("loadcases.add_action", 1.0);
+
+class DeleteHalf : OpenDialog
+{
+  public:
+    using OpenDialog::OpenDialog;
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void prepareOurs()
+    {
+        reopen();
+        std::set<int> numbers;
+        for (int number = 1; number <= n; number += 2)
+            numbers.insert(numbers.end(), number);
+        dialog->loadcases->selectLoadcases(numbers);
+    }
+    void ours()
+    {
+        QTimer::singleShot(0, [] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            bench::require(box != nullptr, "question");
+            box->button(QMessageBox::Yes)->click();
+        });
+        dialog->loadcases->slot_deleteClicked();
+        bench::require(dialog->table->rowCount() == n / 2, "rows");
+    }
+};
+const bench::Timed<DeleteHalf> deleteHalf("loadcases.delete_half", 1.0);
+
+class New : OpenDialog
+{
+  public:
+    explicit New(int count) : OpenDialog(count) { dialog->loadcases->selectLoadcases({count / 2}); }
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void ours() { dialog->loadcases->slot_newClicked(); }
+};
+const bench::Timed<New> new_("loadcases.new", 0.05);
+
+class Reinitialise : OpenDialog
+{
+  public:
+    using OpenDialog::OpenDialog;
+    using OpenDialog::prepareRaw;
+    using OpenDialog::raw;
+    void ours() { dialog->actions->slot_reInitAllActions(); }
+};
+const bench::Timed<Reinitialise> reinitialise("loadcases.reinitialise", 1.0);
+
+} // namespace
