@@ -145,7 +145,10 @@ void MRL_LC_AddNewActionDialog::createUserHalf()
 void MRL_LC_AddNewActionDialog::createFoot()
 {
     d->infoText = new MRL_QT_InfoText(QString(), this, nullptr);
-    // Keeps its place while hidden, so that nothing jumps while a name is typed.
+    // Keeps its place while hidden, that of a line of text, so that nothing jumps while a name is typed.
+    d->infoText->setText(tr("Name already used!"));
+    d->infoText->setMinimumHeight(d->infoText->sizeHint().height());
+    d->infoText->setText(QString());
     QSizePolicy policy = d->infoText->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     d->infoText->setSizePolicy(policy);

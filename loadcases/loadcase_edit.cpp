@@ -42,6 +42,8 @@ void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
     if (column == LC_COL_ACTION) {
         forgetUsedActions();
         LCM_LoadcaseCells cells(*loadcaseTable, row);
+        const int word = actionWord(cells);
+        cells.keepWord(m_actionList.isMarker(cells.actionId()) ? std::optional<int>(word) : std::nullopt);
         followAction(cells, context);
     }
     if (column != LC_COL_TITLE)
@@ -55,7 +57,6 @@ void LCM_LoadcaseWidget::followAction(LCM_LoadcaseCells& cells, LCM_RowContext& 
     tagCDB_LC_CTRL record{};
     lcm_store_dead_weight(cells.deadWeight(), context.setup, record);
     record = lcm_record_with_action(record, word);
-    bindAction(cells, word, word);
     cells.showDeadWeight(lcm_shown_dead_weight(record, context.setup.gravity));
     cells.showFactors(lcm_shown_factors(record, shownAction(cells, context)), lcm_has_own_factors(word));
     lcm_set_cell_from_action(cells[LC_COL_ACTION], true);

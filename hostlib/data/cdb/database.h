@@ -120,6 +120,7 @@ class Database
 
     int execute(const char* sql);
     void fail(Result error);
+    int beginWriting();
     int writeSummary();
     void endLevel(bool keepWrites);
     void endAll();

@@ -30,11 +30,24 @@ Result Database::begin(Pausable wish)
         fail(failure(Code::Locked, path, "a message is waiting for its answer"));
     if (!failed)
         return failed;
-    // On a read-only file the lock would be granted as well, so that only the first write would tell.
-    const int status = execute(!outermost ? "SAVEPOINT level" : isReadOnly() ? "BEGIN" : "BEGIN IMMEDIATE");
+    int status = SQLITE_OK;
+    if (!outermost)
+        status = execute("SAVEPOINT level");
+    else
+        // On a read-only file the lock would be granted as well, and only the first write would tell.
+        status = isReadOnly() ? execute("BEGIN") : beginWriting();
     if (status != SQLITE_OK)
         fail(failureOf(status, db.get(), path));
     return failed;
+}
+
+int Database::beginWriting()
+{
+    // What is written to a file that was deleted or replaced meanwhile would be lost without a word.
+    int moved = 0;
+    if (access == Access::ReadWrite)
+        sqlite3_file_control(db.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved != 0 ? SQLITE_READONLY_DBMOVED : execute("BEGIN IMMEDIATE");
 }
 
 Result Database::commit()
@@ -138,7 +151,7 @@ void Database::resume()
 
 int Database::replay()
 {
-    int status = execute("BEGIN IMMEDIATE");
+    int status = beginWriting();
     change = {};
     replaying = true;
     std::size_t level = 1;

@@ -31,6 +31,19 @@ Wording byOperatingSystem(int number, const Wording& otherwise)
     }
 }
 
+/// What the operating system said. SQLite does not keep it for what fails in a commit; the files do.
+int systemError(sqlite3* connection)
+{
+    int number = sqlite3_system_errno(connection);
+    for (const int which : {SQLITE_FCNTL_FILE_POINTER, SQLITE_FCNTL_JOURNAL_POINTER}) {
+        sqlite3_file* file = nullptr;
+        if (number == 0 && sqlite3_file_control(connection, "main", which, &file) == SQLITE_OK &&
+            file != nullptr && file->pMethods != nullptr)
+            file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &number);
+    }
+    return number;
+}
+
 Wording wordingOf(int status, int number)
 {
     switch (status & 0xFF) {
@@ -70,7 +83,8 @@ Result failure(Code code, const std::string& file, const std::string& reason)
 
 Result failureOf(int status, sqlite3* connection, const std::string& file)
 {
-    const int number = connection != nullptr ? sqlite3_system_errno(connection) : 0;
+    const bool outside = (status & 0xFF) == SQLITE_IOERR || (status & 0xFF) == SQLITE_CANTOPEN;
+    const int number = connection != nullptr && outside ? systemError(connection) : 0;
     const auto wording = wordingOf(status, number);
     std::string reason = wording.text;
     if (wording.code == Code::InputOutput && number != 0)

@@ -79,7 +79,7 @@ class Checker
             if (status == SQLITE_DONE || run.text(0) != expected)
                 return damaged("its tables are not those of a project");
         }
-        return run.step() == SQLITE_DONE ? Result{} : damaged("it has more tables than a project");
+        return run.step() == SQLITE_DONE ? Result{} : damaged("its tables are not those of a project");
     }
 
     Result pages(Depth depth)

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int wholeNumberFormat = 0;
 constexpr int textFormat = -15;
+constexpr int defaultMaxLength = 32767; ///< QLineEdit's own
 
 QString textOf(const StrLineEdit& description, double value)
 {
@@ -56,6 +57,8 @@ StrLineEdit& MRL_H_LineEdit::getStrLineEdit() { return d->description; }
 void MRL_H_LineEdit::updateVal(const StrLineEdit& description)
 {
     d->description = description;
+    const bool limited = description.format == textFormat && description.secondBound > 0.0;
+    setMaxLength(limited ? static_cast<int>(description.secondBound) : defaultMaxLength);
     if (description.format == textFormat)
         setText(description.text);
     else

@@ -18,18 +18,18 @@ MRL_H_TableWidget::Private::Private(MRL_H_TableWidget& owner) : table(owner)
                                                SLOT(_q_emitItemChanged(QModelIndex)));
     Q_ASSERT(reportOff);
     Q_UNUSED(reportOff)
-    QObject::connect(model, &QAbstractItemModel::dataChanged, &table,
+    QObject::connect(model, &QAbstractItemModel::dataChanged, &context,
                      [this](const QModelIndex& from, const QModelIndex& to) { modelChanged(from, to); });
-    QObject::connect(model, &QAbstractItemModel::rowsInserted, &table, [this] {
+    QObject::connect(model, &QAbstractItemModel::rowsInserted, &context, [this] {
         if (!appending)
             noteAllUnsorted();
     });
-    QObject::connect(model, &QAbstractItemModel::modelReset, &table, [this] {
+    QObject::connect(model, &QAbstractItemModel::modelReset, &context, [this] {
         clearUnsorted();
         noteAllUnsorted();
     });
-    QObject::connect(model, &QAbstractItemModel::columnsInserted, &table, [this] { renumberColumns(); });
-    QObject::connect(model, &QAbstractItemModel::columnsRemoved, &table, [this] { renumberColumns(); });
+    QObject::connect(model, &QAbstractItemModel::columnsInserted, &context, [this] { renumberColumns(); });
+    QObject::connect(model, &QAbstractItemModel::columnsRemoved, &context, [this] { renumberColumns(); });
     table.horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     renumberColumns();
 }
@@ -99,7 +99,7 @@ void MRL_H_TableWidget::Private::noteLooks()
     // Not everybody blocks signals with this library's blocker, which calls catchUp() itself.
     catchUpPosted = true;
     QMetaObject::invokeMethod(
-        &table,
+        &context,
         [this] {
             catchUpPosted = false;
             catchUp();

@@ -145,9 +145,10 @@ void MRL_H_TableWidget::mouseReleaseEvent(QMouseEvent* event)
     d->openListOnRelease = false;
     if (!open)
         return;
-    auto* combo = viewport()->findChild<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly);
-    if (combo != nullptr && !combo->isEditable())
-        combo->showPopup();
+    // Editors that have been closed wait for their deletion, hidden.
+    for (auto* combo : viewport()->findChildren<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly))
+        if (combo->isVisible() && !combo->isEditable())
+            combo->showPopup();
 }
 
 void MRL_H_TableWidget::contextMenuEvent(QContextMenuEvent* event)

@@ -91,7 +91,8 @@ struct MRL_H_TableWidget::Private
     void updateMenu();
 
     MRL_H_TableWidget& table;
-    std::vector<int> columnIds;    ///< by position, -1 for a column without id
+    QObject context;            ///< ends the connections to the members of this before the table's model ends
+    std::vector<int> columnIds; ///< by position, -1 for a column without id
     std::vector<int> positionOfId; ///< by id minus firstId, for ids in its range
     int firstId = 0;
 

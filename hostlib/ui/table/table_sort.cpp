@@ -52,11 +52,11 @@ void MRL_H_TableWidget::Private::setSorting(bool on)
     if (on) {
         QObject::disconnect(header, SIGNAL(sectionPressed(int)), &table, SLOT(selectColumn(int)));
         QObject::disconnect(header, SIGNAL(sectionEntered(int)), &table, SLOT(_q_selectColumn(int)));
-        QObject::connect(header, &QHeaderView::sortIndicatorChanged, &table,
+        QObject::connect(header, &QHeaderView::sortIndicatorChanged, &context,
                          [this](int column, Qt::SortOrder order) { sortBy(column, order); });
         sortBy(header->sortIndicatorSection(), header->sortIndicatorOrder());
     } else {
-        QObject::disconnect(header, &QHeaderView::sortIndicatorChanged, &table, nullptr);
+        QObject::disconnect(header, &QHeaderView::sortIndicatorChanged, &context, nullptr);
         QObject::connect(header, SIGNAL(sectionPressed(int)), &table, SLOT(selectColumn(int)),
                          Qt::UniqueConnection);
         QObject::connect(header, SIGNAL(sectionEntered(int)), &table, SLOT(_q_selectColumn(int)),

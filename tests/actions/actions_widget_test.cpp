@@ -1,0 +1,278 @@
+#include "tests/actions/fixture.h"
+
+#include <QMenu>
+#include <QMetaMethod>
+
+using mrl::test::action;
+using mrl::test::ActionsTab;
+using mrl::test::codeOf;
+using mrl::test::FakeLoadcaseTab;
+using mrl::test::FULL_CODE;
+using mrl::test::ModalAnswers;
+using mrl::test::Project;
+
+namespace {
+
+const char* const NOTICE = "You have made modifications to the actions.\nPlease check your inputs in the "
+                           "Superposition Manager and adapt them if necessary manually or by reinitializing.";
+
+/// Data of the superposition module: a key below the action codes.
+void storeSuperposition(Project& project)
+{
+    const int words[2] = {1, 1};
+    project.put(14, 7, words, sizeof words);
+}
+
+/// The menu that opens next, closed again. @return the texts of its entries
+QStringList entriesOfNextMenu(const std::function<void()>& open)
+{
+    QStringList entries;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&entries] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr)
+            return;
+        for (const QAction* entry : menu->actions())
+            entries << (entry->isSeparator() ? QStringLiteral("-") : entry->text());
+        menu->close();
+    });
+    timer.start(0);
+    open();
+    return entries;
+}
+
+void rightClick(QWidget& widget, const QPoint& place)
+{
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget.mapToGlobal(place));
+    QApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+TEST(ActionsWidget, MetaObjectListsSignalsAndSlotsInTheirOrder)
+{
+    const QMetaObject& meta = LCM_ActionsWidget::staticMetaObject;
+    QList<QByteArray> signatures;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        signatures << meta.method(i).methodSignature();
+    EXPECT_EQ(signatures,
+              QList<QByteArray>({"signal_newAction()", "signal_deleteAction()", "signal_actionCountChanged()",
+                                 "signal_actionValuesChanged(int,int)", "signal_reinitActions(std::set<int>)",
+                                 "slot_addAllClicked()", "slot_newClicked()", "slot_deleteClicked()",
+                                 "slot_cellChanged(int,int)", "slot_reInitAllActions()",
+                                 "slot_reInitSelectedActions()"}));
+}
+
+TEST(ActionsWidget, TabInterfaceHasAMetaObjectOfItsOwnAndNothingInIt)
+{
+    const QMetaObject& meta = LCM_TabInterface::staticMetaObject;
+    EXPECT_STREQ(meta.className(), "LCM_TabInterface");
+    EXPECT_EQ(meta.methodOffset(), meta.methodCount());
+    EXPECT_EQ(meta.propertyOffset(), meta.propertyCount());
+}
+
+TEST(ActionsWidget, ReinitSignalConnectsToASlotThatTakesAReference)
+{
+    EXPECT_EQ(QMetaObject::normalizedSignature("signal_reinitActions(const std::set<int>&)"),
+              QByteArray("signal_reinitActions(std::set<int>)"));
+}
+
+TEST(ActionsWidget, SharesTheModelOfTheLoadcaseTab)
+{
+    const Project project;
+    FakeLoadcaseTab loadcases(project.db());
+    {
+        const ActionsTab tab(project, &loadcases);
+        EXPECT_EQ(tab.widget.model(), loadcases.model());
+        EXPECT_EQ(loadcases.model()->referenceCount(), 2);
+    }
+    EXPECT_EQ(loadcases.model()->referenceCount(), 1);
+}
+
+TEST(ActionsWidget, MakesAModelOfItsOwnWithoutALoadcaseTab)
+{
+    const Project project;
+    const ActionsTab tab(project);
+    EXPECT_EQ(tab.widget.model()->referenceCount(), 1);
+}
+
+TEST(ActionsWidget, ButtonsAreReachedByTab)
+{
+    const Project project;
+    const ActionsTab tab(project);
+    for (const char* name : {"button_new", "button_delete"}) {
+        const auto* button = tab.widget.findChild<QAbstractButton*>(QLatin1String(name));
+        ASSERT_NE(button, nullptr);
+        EXPECT_EQ(button->focusPolicy(), Qt::TabFocus);
+    }
+    EXPECT_EQ(tab.widget.findChild<QAbstractButton*>("button_new")->text(), QStringLiteral("New"));
+    EXPECT_EQ(tab.widget.findChild<QAbstractButton*>("button_delete")->text(), QStringLiteral("Delete"));
+    EXPECT_EQ(tab.widget.findChild<QAbstractButton*>("button_add_all"), nullptr);
+}
+
+TEST(ActionsWidget, TableWithoutRowsIsValid)
+{
+    const Project project;
+    ActionsTab tab(project, nullptr, 0, false);
+    EXPECT_TRUE(tab.widget.isValid());
+}
+
+TEST(ActionsWidget, RowWithoutItsFirstCellIsInvalid)
+{
+    const Project project;
+    ActionsTab tab(project);
+    ASSERT_TRUE(tab.widget.isValid());
+    delete tab.table.takeItem(1, 0);
+    EXPECT_FALSE(tab.widget.isValid());
+}
+
+TEST(ActionsWidget, ValidityIsTheStoredVerdict)
+{
+    const Project project;
+    ActionsTab tab(project);
+    tab.widget.setRowValid(0, false);
+    EXPECT_FALSE(tab.widget.isValid());
+    tab.widget.setRowValid(0, true);
+    EXPECT_TRUE(tab.widget.isValid());
+    tab.widget.setRowValid(99, false);
+    EXPECT_TRUE(tab.widget.isValid());
+}
+
+TEST(ActionsWidget, SelectedCodesAreThoseOfTheSelectedRows)
+{
+    Project project;
+    for (const char* name : {"A", "G", "U1"})
+        project.store(action(name));
+    ActionsTab tab(project);
+    std::set<int> codes{1, 2};
+    tab.table.clearSelection();
+    tab.widget.getSelectedActionCodes(codes);
+    EXPECT_TRUE(codes.empty());
+    tab.selectRows({"A", "U1"});
+    tab.widget.getSelectedActionCodes(codes);
+    EXPECT_EQ(codes, (std::set<int>{codeOf("A"), codeOf("U1")}));
+}
+
+TEST(ActionsWidget, SaveWithoutWritingLeavesTheDatabase)
+{
+    Project project;
+    project.store(action("G"));
+    ActionsTab tab(project);
+    tab.enter("G", ACT_COL_GAMU, "1.45");
+    tab.widget.save(false);
+    EXPECT_EQ(project.stored().at("G   ").gamu, 1.35f);
+    tagCDB_LC_ACT record{};
+    EXPECT_EQ(tab.widget.model()->findAction(codeOf("G"), record, false), 1);
+    EXPECT_EQ(record.gamu, 1.45f);
+}
+
+TEST(ActionsWidget, SaveWritesWhatTheRowsShow)
+{
+    Project project;
+    project.store(action("G"));
+    project.store(action("U1").title("Crane"));
+    ActionsTab tab(project);
+    tab.enter("G", ACT_COL_GAMU, "1.45");
+    tab.enter("U1", ACT_COL_GAMA, "0");
+    tab.widget.save(true);
+    const auto stored = project.stored();
+    ASSERT_EQ(stored.size(), 2u);
+    const tagCDB_LC_ACT g = action("G").gamu(1.45f);
+    const tagCDB_LC_ACT u1 = action("U1").title("Crane").gama(0.001f); // a shown 0 is stored so
+    EXPECT_EQ(std::memcmp(&stored.at("G   "), &g, sizeof g), 0);
+    EXPECT_EQ(std::memcmp(&stored.at("U1  "), &u1, sizeof u1), 0);
+}
+
+TEST(ActionsWidget, SaveAfterAnEditTellsOfSuperpositionInput)
+{
+    Project project;
+    project.store(action("G"));
+    storeSuperposition(project);
+    ActionsTab tab(project);
+    EXPECT_TRUE(modificationNoticePending);
+    tab.enter("G", ACT_COL_GAMU, "1.45");
+    ModalAnswers answers;
+    answers.click("OK");
+    tab.widget.save(true);
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].title, QStringLiteral("Action modified"));
+    EXPECT_EQ(answers.boxes()[0].text, QLatin1String(NOTICE));
+    EXPECT_FALSE(modificationNoticePending);
+}
+
+TEST(ActionsWidget, SaveAfterAnEditSaysNothingWithoutSuperpositionInput)
+{
+    Project project;
+    project.store(action("G"));
+    ActionsTab tab(project);
+    tab.enter("G", ACT_COL_GAMU, "1.45");
+    const ModalAnswers nothing;
+    tab.widget.save(true);
+    EXPECT_TRUE(modificationNoticePending);
+}
+
+TEST(ActionsWidget, ReinitialisingAloneBringsNoNotice)
+{
+    Project project;
+    project.store(action("G"));
+    storeSuperposition(project);
+    ActionsTab tab(project);
+    tab.widget.slot_reInitAllActions();
+    tab.widget.slot_addAllClicked();
+    EXPECT_FALSE(tab.widget.isModified());
+    const ModalAnswers nothing;
+    tab.widget.save(true);
+    EXPECT_TRUE(modificationNoticePending);
+}
+
+TEST(ActionsWidget, EachTabSetsThePendingNotice)
+{
+    const Project project;
+    modificationNoticePending = false;
+    const ActionsTab tab(project);
+    EXPECT_TRUE(modificationNoticePending);
+}
+
+TEST(ActionsWidget, TableMenuOffersTheSelectedOnlyWithASelection)
+{
+    const Project project;
+    ActionsTab tab(project);
+    tab.table.clearSelection();
+    const auto open = [&tab] { rightClick(*tab.table.viewport(), QPoint(5, 5)); };
+    QStringList entries = entriesOfNextMenu(open);
+    EXPECT_EQ(entries.last(), QStringLiteral("Reinit all actions"));
+    EXPECT_EQ(entries.at(entries.size() - 2), QStringLiteral("-"));
+    tab.selectRows({"G"});
+    entries = entriesOfNextMenu(open);
+    EXPECT_EQ(entries.last(), QStringLiteral("Reinit selected actions"));
+    EXPECT_EQ(entries.count("Reinit all actions"), 1);
+}
+
+TEST(ActionsWidget, PageMenuNeverOffersTheSelected)
+{
+    const Project project;
+    ActionsTab tab(project);
+    tab.selectRows({"G"});
+    const QStringList entries =
+        entriesOfNextMenu([&tab] { rightClick(tab.widget, tab.widget.rect().bottomRight() - QPoint(2, 2)); });
+    EXPECT_EQ(entries.last(), QStringLiteral("Reinit all actions"));
+    EXPECT_FALSE(entries.contains("Reinit selected actions"));
+}
+
+TEST(ActionsWidget, ChosenMenuEntryReinitialises)
+{
+    Project project;
+    project.store(action("G").gamu(9.0f));
+    ActionsTab tab(project);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            menu->setActiveAction(menu->actions().last());
+            QTest::keyClick(menu, Qt::Key_Return);
+        }
+    });
+    timer.start(0);
+    tab.selectRows({"G"});
+    rightClick(*tab.table.viewport(), QPoint(5, 5));
+    EXPECT_EQ(tab.record("G").gamu, 1.35f);
+}

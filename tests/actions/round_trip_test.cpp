@@ -1,0 +1,169 @@
+// Through the real table and the real database: what a person didn't touch comes back as it was.
+#include "tests/actions/fixture.h"
+
+#include <random>
+
+#include "hostlib/data/designcode/designcode.h"
+#include "model/rules/action_row.h"
+
+using mrl::test::action;
+using mrl::test::ActionBuilder;
+using mrl::test::ActionsTab;
+using mrl::test::Project;
+
+namespace {
+
+/// All entries of the model by their code's text.
+std::map<std::string, tagCDB_LC_ACT> modelRecords(const LCM_DataClass& model)
+{
+    std::map<std::string, tagCDB_LC_ACT> records;
+    for (const LCM_ActionEntry* parent : model.actions) {
+        if (parent->state != LCM_STATE_PLACEHOLDER)
+            records[mrl::test::codeName(parent->record).toStdString()] = parent->record;
+        for (const LCM_SubAction* child : parent->subActions)
+            records[mrl::test::codeName(child->record).toStdString()] = child->record;
+    }
+    return records;
+}
+
+/// A factor as a project may hold it, `Gama` aside: small, big, negative, with many digits.
+float anyFactor(std::mt19937& random)
+{
+    switch (random() % 5) {
+    case 0:
+        return static_cast<float>(random() % 300) / 100.0f;
+    case 1:
+        return std::ldexp(static_cast<float>(random()), -static_cast<int>(random() % 60));
+    case 2:
+        return -std::ldexp(static_cast<float>(random()), -static_cast<int>(random() % 60));
+    case 3:
+        return LC_UNDEFINED;
+    default:
+        return 1.0f / static_cast<float>(1 + random() % 999);
+    }
+}
+
+tagCDB_LC_ACT randomAction(std::mt19937& random, int number)
+{
+    QString title;
+    for (unsigned long i = 0, length = random() % 34; i < length; ++i)
+        title += QChar(static_cast<ushort>(' ' + random() % 0x2000));
+    ActionBuilder builder(QString::number(number, 36).toUpper().prepend("U"));
+    builder.title(title).partition(static_cast<int>(random() % 6 * 16 + random() % 7));
+    return builder.gamu(anyFactor(random))
+        .gamf(anyFactor(random))
+        .gama(1.0f + static_cast<float>(random() % 100) / 64.0f)
+        .psi0(anyFactor(random))
+        .psi1(anyFactor(random))
+        .psi2(anyFactor(random))
+        .psi1s(anyFactor(random));
+}
+
+} // namespace
+
+TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
+{
+    ASSERT_GE(mrl::designcode::list().size(), 7u);
+    for (const mrl::designcode::Found& code : mrl::designcode::list()) {
+        const auto project = Project::ofShippedCode(code.name);
+        ActionsTab tab(*project);
+        tab.widget.slot_addAllClicked();
+        const auto records = modelRecords(*tab.widget.model());
+        EXPECT_EQ(static_cast<int>(records.size()), tab.table.rowCount()) << code.name;
+        for (const auto& [name, record] : records) {
+            tagCDB_LC_ACT expected = record;
+            expected.gama = tab.table.getColumnNumber(ACT_COL_GAMA) < 0 ? 0.0f : lcm_shown_gama(record.gama);
+            for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS)
+                if (tab.table.getColumnNumber(factor.column) < 0)
+                    expected.*factor.field = 0.0f; // a factor without a column isn't kept
+            const tagCDB_LC_ACT read = tab.record(QString::fromStdString(name).trimmed());
+            EXPECT_EQ(std::memcmp(&read, &expected, sizeof read), 0) << code.name << ", " << name;
+        }
+    }
+}
+
+TEST(RoundTrip, EveryShippedActionIsFreeOfFindings)
+{
+    for (const mrl::designcode::Found& code : mrl::designcode::list()) {
+        const auto project = Project::ofShippedCode(code.name);
+        ActionsTab tab(*project);
+        tab.widget.slot_addAllClicked();
+        EXPECT_TRUE(tab.widget.isValid()) << code.name;
+    }
+}
+
+TEST(RoundTrip, RandomActionsAreStoredAsTheyWere)
+{
+    std::mt19937 random(4711);
+    Project project;
+    for (int i = 0; i < 300; ++i)
+        project.store(randomAction(random, i));
+    const auto before = project.stored();
+    ActionsTab tab(project);
+    // The two defaults come on top, since no stored action is one of the design code.
+    ASSERT_EQ(tab.table.rowCount(), 302);
+    tab.table.sortByColumn(tab.table.getColumnNumber(ACT_COL_PSI1), Qt::DescendingOrder);
+    tab.widget.save(true);
+    const auto after = project.stored();
+    for (const auto& [name, record] : before) {
+        ASSERT_EQ(after.count(name), 1u) << name;
+        EXPECT_EQ(std::memcmp(&after.at(name), &record, sizeof record), 0) << name;
+    }
+}
+
+TEST(RoundTrip, FactorWithoutAColumnIsStoredAsZero)
+{
+    Project project(mrl::test::replaced(mrl::test::FULL_CODE, "Psi0 = 1\n", "Psi0 = 0\n"));
+    project.store(action("G").psi0(0.7f));
+    ActionsTab tab(project);
+    tab.widget.save(true);
+    EXPECT_EQ(project.stored().at("G   ").psi0, 0.0f);
+}
+
+TEST(RoundTrip, GamaWithoutAColumnIsStoredAsAThousandth)
+{
+    Project project(mrl::test::replaced(mrl::test::FULL_CODE, "Gama = 1\n", "Gama = 0\n"));
+    project.store(action("G").gama(1.3f));
+    ActionsTab tab(project);
+    tab.widget.save(true);
+    EXPECT_EQ(project.stored().at("G   ").gama, 0.001f);
+}
+
+TEST(RoundTrip, StoredZeroOfGamaIsStoredAsOne)
+{
+    Project project;
+    project.store(action("G").gama(0.0f));
+    ActionsTab tab(project);
+    tab.widget.save(true);
+    EXPECT_EQ(project.stored().at("G   ").gama, 1.0f);
+}
+
+TEST(RoundTrip, StoredThousandthOfGamaStays)
+{
+    Project project;
+    project.store(action("G").gama(0.001f));
+    ActionsTab tab(project);
+    tab.widget.save(true);
+    EXPECT_EQ(project.stored().at("G   ").gama, 0.001f);
+}
+
+TEST(RoundTrip, TitleOfThirtyFourUnitsLosesTheLast)
+{
+    Project project;
+    tagCDB_LC_ACT foreign = action("G");
+    for (std::uint32_t& word : foreign.title)
+        word = 0x00780078; // two x
+    project.store(foreign);
+    ActionsTab tab(project);
+    tab.widget.save(true);
+    EXPECT_EQ(lcm_title_text(project.stored().at("G   ").title), QString(33, 'x'));
+}
+
+TEST(RoundTrip, SuffixOfTwoCharactersKeepsTheFirstUnderTheSameKey)
+{
+    Project project;
+    project.store(ActionBuilder("G_12").gamu(1.0f));
+    ActionsTab tab(project);
+    tab.widget.save(true);
+    EXPECT_EQ(project.stored().at("G_12").suffix, lcm_pack_word("1"));
+}

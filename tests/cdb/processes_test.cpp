@@ -1,0 +1,188 @@
+#include <atomic>
+#include <csignal>
+#include <ctime>
+#include <functional>
+#include <random>
+
+#include <sys/mman.h>
+#include <sys/wait.h>
+
+#include "cdb/fixture.h"
+
+namespace {
+
+/// A number that parent and child both see.
+class SharedNumber
+{
+  public:
+    SharedNumber()
+        : place(mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS,
+                     -1, 0)),
+          value(new (place) std::atomic<int>(0))
+    {
+    }
+    ~SharedNumber() { munmap(place, sizeof(std::atomic<int>)); }
+    SharedNumber(const SharedNumber&) = delete;
+    SharedNumber& operator=(const SharedNumber&) = delete;
+    std::atomic<int>& operator*() const { return *value; }
+
+  private:
+    void* place;
+    std::atomic<int>* value; // lives in the shared page
+};
+
+/// No database may be open while a process is made: SQLite's connections do not survive that.
+pid_t startProcess(const std::function<int()>& body)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(body());
+    return child;
+}
+
+int waitFor(pid_t child)
+{
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void sleepMicroseconds(long us)
+{
+    const timespec time{us / 1000000, (us % 1000000) * 1000};
+    nanosleep(&time, nullptr);
+}
+
+class Processes : public ::testing::Test
+{
+  protected:
+    Processes() { mrl::cdb::close(mrl::cdb::create(file).db); }
+    Folder folder;
+    std::string file = folder / "a.cdb";
+};
+
+TEST_F(Processes, TwoThatWriteLoseNothing)
+{
+    constexpr int rounds = 300;
+    const auto writer = [this](int own) {
+        const int db = mrl::cdb::open(file).db;
+        mrl::cdb::setLockWait(db, 60000);
+        for (int i = 1; i <= rounds; ++i) {
+            if (putText(db, 12, i * 2 + own, "by " + std::to_string(own)) != CD_OK)
+                return 1;
+            mrl::cdb::Transaction transaction(db);
+            const std::string counter = getText(db, 0, 97);
+            putText(db, 0, 97, std::to_string(counter == "<3>" ? 1 : std::stoi(counter) + 1));
+            if (!transaction.commit())
+                return 2;
+        }
+        mrl::cdb::close(db);
+        return 0;
+    };
+    const pid_t first = startProcess([&] { return writer(0); });
+    const pid_t second = startProcess([&] { return writer(1); });
+    EXPECT_EQ(waitFor(first), 0);
+    EXPECT_EQ(waitFor(second), 0);
+    const int db = mrl::cdb::open(file).db;
+    EXPECT_EQ(getText(db, 0, 97), std::to_string(2 * rounds));
+    EXPECT_EQ(walkUp(db, 12, 0).size(), 2u * rounds);
+    EXPECT_TRUE(mrl::cdb::integrityCheck(db));
+    mrl::cdb::close(db);
+}
+
+TEST_F(Processes, OneThatReadsSeesWholeTransactionsOfTheOther)
+{
+    const SharedNumber stop;
+    const pid_t writer = startProcess([&] {
+        const int db = mrl::cdb::open(file).db;
+        for (int generation = 1; *stop == 0; ++generation) {
+            mrl::cdb::Transaction transaction(db);
+            for (int i = 1; i <= 50; ++i)
+                putText(db, 12, i, std::to_string(generation));
+            if (!transaction.commit())
+                return 1;
+        }
+        mrl::cdb::close(db);
+        return 0;
+    });
+    const int db = mrl::cdb::openReadOnly(file).db;
+    int last = 0;
+    for (int i = 0; i < 200; ++i) {
+        const auto sound = mrl::cdb::integrityCheck(db);
+        EXPECT_TRUE(sound) << sound.text;
+        const std::string text = getText(db, 12, 1 + i % 50);
+        const int generation = text.front() == '<' ? 0 : std::stoi(text);
+        EXPECT_GE(generation, last);
+        last = generation;
+    }
+    EXPECT_TRUE(mrl::cdb::stickyError(db));
+    mrl::cdb::close(db);
+    *stop = 1;
+    EXPECT_EQ(waitFor(writer), 0);
+}
+
+/// Writes for ever: each generation is one transaction that deletes and rewrites all keys, then a single put.
+int writeGenerations(const std::string& file, int generation, const SharedNumber& whole,
+                     const SharedNumber& single)
+{
+    const auto opened = mrl::cdb::open(file);
+    if (!opened)
+        return 1;
+    const int db = opened.db;
+    for (++generation;; ++generation) {
+        const std::string text = std::to_string(generation) + std::string(120, 'x');
+        mrl::cdb::Transaction transaction(db);
+        for (int i = 1; i <= 30; ++i)
+            mrl_cdb_del(db, 12, i);
+        for (int i = 1; i <= 30; ++i)
+            putText(db, 12, i, text);
+        if (!transaction.commit())
+            return 2;
+        *whole = generation;
+        if (putText(db, 0, 97, std::to_string(generation)) != CD_OK)
+            return 3;
+        *single = generation;
+    }
+}
+
+int numberIn(int db, int kwh, int kwl)
+{
+    const std::string text = getText(db, kwh, kwl);
+    return text.front() == '<' ? 0 : std::stoi(text);
+}
+
+TEST_F(Processes, KilledAtAnyMomentLeavesWholeTransactionsAndLosesNone)
+{
+    std::mt19937 random(20);
+    const SharedNumber whole;
+    const SharedNumber single;
+    int progress = 0;
+    for (int kill = 0; kill < 500; ++kill) {
+        const int start = *whole;
+        const pid_t child = startProcess([&] { return writeGenerations(file, start, whole, single); });
+        // From before it has opened the file to many transactions later.
+        sleepMicroseconds(static_cast<long>(random() % 6000));
+        ::kill(child, SIGKILL);
+        EXPECT_EQ(waitFor(child), -1);
+
+        // A reader leaves the crashed program's log as it is, for the next one to find.
+        const auto opened = kill % 2 == 0 ? mrl::cdb::openReadOnly(file) : mrl::cdb::open(file);
+        ASSERT_TRUE(opened) << opened.result.text;
+        const int db = opened.db;
+        const int generation = numberIn(db, 12, 1);
+        for (int i = 2; i <= 30; ++i)
+            ASSERT_EQ(numberIn(db, 12, i), generation);
+        // What was reported as done is there; what was under way is there whole or not at all.
+        ASSERT_TRUE(generation == *whole || generation == *whole + 1) << generation << " " << *whole;
+        const int put = numberIn(db, 0, 97);
+        ASSERT_TRUE(put == *single || put == *single + 1) << put << " " << *single;
+        progress += generation > start ? 1 : 0;
+        *whole = generation;
+        *single = put;
+        mrl::cdb::close(db);
+    }
+    // Else the moments would not have been in the middle of anything.
+    EXPECT_GT(progress, 50);
+}
+
+} // namespace

@@ -1,0 +1,189 @@
+#include <gmock/gmock.h>
+
+#include <QPushButton>
+
+#include "lcdata/packed_text.h"
+#include "support/loadcase_project.h"
+#include "support/modal_answers.h"
+
+namespace {
+
+using namespace lctest;
+using mrl::test::ModalAnswers;
+
+class LoadcaseDelete : public testing::Test
+{
+  protected:
+    LoadcaseDelete()
+    {
+        project.putAction(permanent());
+        project.putAction(variable());
+        for (int number = 1; number <= 6; ++number)
+            project.putLoadcase(number, following(code(number % 2 == 1 ? "G" : "Q")));
+    }
+    std::set<int> selected(const Tabs& tabs) const
+    {
+        std::set<int> numbers;
+        tabs.lc->getSelectedLoadcases(numbers);
+        return numbers;
+    }
+    Project project;
+};
+
+TEST_F(LoadcaseDelete, AsksForOneAndRemovesItsRow)
+{
+    const Tabs tabs(project);
+    tabs.select({2});
+    ModalAnswers answers;
+    answers.click("Yes");
+    tabs.lc->slot_deleteClicked();
+    EXPECT_EQ(answers.boxes().at(0).title, "Delete loadcase(s)");
+    EXPECT_EQ(answers.boxes().at(0).text,
+              "Should the selected loadcase (including all loads) really be deleted?");
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 3, 4, 5, 6));
+    EXPECT_THAT(selected(tabs), testing::ElementsAre(3)) << "the row that followed";
+    EXPECT_TRUE(tabs.lc->isModified());
+    tabs.save();
+    EXPECT_THAT(project.numbers(), testing::ElementsAre(1, 3, 4, 5, 6));
+}
+
+TEST_F(LoadcaseDelete, AsksForSeveralByTheirCount)
+{
+    const Tabs tabs(project);
+    tabs.select({2, 5, 6});
+    ModalAnswers answers;
+    answers.click("Yes");
+    tabs.lc->slot_deleteClicked();
+    EXPECT_EQ(answers.boxes().at(0).text,
+              "Should 3 selected loadcases (including all loads) really be deleted?");
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 3, 4));
+    EXPECT_THAT(selected(tabs), testing::ElementsAre(3));
+}
+
+TEST_F(LoadcaseDelete, RefusalLeavesEverythingButModified)
+{
+    const Tabs tabs(project);
+    tabs.select({2});
+    ModalAnswers answers;
+    answers.click("No");
+    tabs.lc->slot_deleteClicked();
+    EXPECT_EQ(tabs.table->rowCount(), 6);
+    EXPECT_TRUE(tabs.lc->isModified());
+}
+
+TEST_F(LoadcaseDelete, NothingSelectedAsksNothingAndSetsModified)
+{
+    const Tabs tabs(project);
+    tabs.table->clearSelection();
+    tabs.lc->slot_deleteClicked();
+    EXPECT_TRUE(tabs.lc->isModified());
+    EXPECT_EQ(tabs.table->rowCount(), 6);
+}
+
+TEST_F(LoadcaseDelete, KeyAndButtonTakeTheSamePath)
+{
+    Tabs tabs(project);
+    tabs.show();
+    tabs.select({2});
+    {
+        ModalAnswers answers;
+        answers.click("Yes");
+        QTest::keyClick(tabs.table, Qt::Key_Delete);
+        ASSERT_TRUE(answers.allAnswered());
+    }
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 3, 4, 5, 6));
+    {
+        ModalAnswers answers;
+        answers.click("Yes");
+        QTest::mouseClick(tabs.lc->findChild<QPushButton*>("button_delete"), Qt::LeftButton);
+    }
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 4, 5, 6));
+}
+
+TEST_F(LoadcaseDelete, LastRowSelectsTheNewLastOne)
+{
+    const Tabs tabs(project);
+    tabs.select({6});
+    ModalAnswers answers;
+    answers.click("Yes");
+    tabs.lc->slot_deleteClicked();
+    EXPECT_THAT(selected(tabs), testing::ElementsAre(5));
+}
+
+TEST_F(LoadcaseDelete, AllRowsLeaveAnEmptyTableWithoutSelection)
+{
+    const Tabs tabs(project);
+    tabs.select({1, 2, 3, 4, 5, 6});
+    ModalAnswers answers;
+    answers.click("Yes");
+    tabs.lc->slot_deleteClicked();
+    EXPECT_EQ(tabs.table->rowCount(), 0);
+    EXPECT_THAT(selected(tabs), testing::IsEmpty());
+}
+
+TEST_F(LoadcaseDelete, DeletedNumberIsFreeAgain)
+{
+    const Tabs tabs(project);
+    tabs.select({3});
+    {
+        ModalAnswers answers;
+        answers.click("Yes");
+        tabs.lc->slot_deleteClicked();
+    }
+    tabs.select({2});
+    tabs.lc->slot_newClicked();
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 2, 3, 4, 5, 6));
+}
+
+TEST_F(LoadcaseDelete, CopyDeletedAgainLeavesNoNote)
+{
+    const Tabs tabs(project);
+    tabs.select({1, 2});
+    {
+        ModalAnswers answers;
+        answers.key(Qt::Key_Return).key(Qt::Key_Return);
+        tabs.lc->slot_copyClicked();
+    }
+    ASSERT_EQ(tabs.lc->getCopies().size(), 2u);
+    EXPECT_EQ(tabs.lc->getCopies()[0].target, 7);
+    tabs.select({7});
+    ModalAnswers answers;
+    answers.click("Yes");
+    tabs.lc->slot_deleteClicked();
+    ASSERT_EQ(tabs.lc->getCopies().size(), 1u);
+    EXPECT_EQ(tabs.lc->getCopies()[0].target, 8);
+    EXPECT_FALSE(tabs.lc->isActionUsed(action("X")));
+}
+
+TEST_F(LoadcaseDelete, LoadCasesOfADeletedActionGoWithoutAQuestionAndLeaveTheirNotes)
+{
+    const Tabs tabs(project);
+    tabs.select({1});
+    {
+        ModalAnswers answers;
+        answers.key(Qt::Key_Return);
+        tabs.lc->slot_copyClicked();
+    }
+    EXPECT_TRUE(tabs.lc->isActionUsed(permanent()));
+    tabs.lc->removeActionLoadcases(permanent());
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(2, 4, 6));
+    EXPECT_FALSE(tabs.lc->isActionUsed(permanent()));
+    EXPECT_EQ(tabs.lc->getCopies().size(), 1u);
+    tabs.select({2});
+    tabs.lc->slot_newClicked(); // 3 was taken out of the used numbers
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(2, 3, 4, 6));
+}
+
+TEST_F(LoadcaseDelete, ActionsTabDeletesAnActionWithItsLoadCases)
+{
+    const Tabs tabs(project);
+    tabs.selectAction(code("G"));
+    ModalAnswers answers;
+    answers.click("Delete");
+    tabs.actions->slot_deleteClicked();
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(2, 4, 6));
+    EXPECT_TRUE(tabs.lc->isValid());
+    EXPECT_FALSE(tabs.lc->isModified());
+}
+
+} // namespace

@@ -1,0 +1,265 @@
+#include <gmock/gmock.h>
+
+#include <QSignalSpy>
+
+#include "host/mrl_widgets.h"
+#include "support/loadcase_project.h"
+#include "support/modal_answers.h"
+
+namespace {
+
+using namespace lctest;
+using mrl::test::ModalAnswers;
+
+std::vector<QString> offered(const Tabs& tabs)
+{
+    auto* header =
+        static_cast<MRL_H_TwHeaderComboBoxItem*>(tabs.table->horizontalHeaderItemOnColId(LC_COL_ACTION));
+    std::vector<QString> texts;
+    for (const ComboList& entry : header->getComboEntries(0))
+        texts.push_back(entry.text);
+    return texts;
+}
+
+class LoadcaseReconcile : public testing::Test
+{
+  protected:
+    LoadcaseReconcile()
+    {
+        project.putAction(permanent());
+        project.putAction(variable());
+        project.putLoadcase(1, following(code("G")));
+        project.putLoadcase(2, following(code("Q")));
+        project.putLoadcase(3, standalone());
+    }
+    /// Takes an action away behind the load cases' back, as no command does.
+    static void dropAction(const Tabs& tabs, int actionCode)
+    {
+        tabs.actions->model()->removeAction(actionCode);
+        const int row = tabs.actionRow(actionCode);
+        tabs.actions->tableWidget()->removeRow(row);
+        // An edit makes the tab read its rows anew.
+        emit tabs.actions->tableWidget()->cellChanged(0, 0);
+        emit tabs.actions->signal_actionCountChanged();
+    }
+    static void setTitle(const Tabs& tabs, int actionCode, const QString& title)
+    {
+        tabs.actions->tableWidget()
+            ->itemOnColId(tabs.actionRow(actionCode), ACT_COL_DESCRIPTION)
+            ->setText(title);
+    }
+    Project project;
+};
+
+TEST_F(LoadcaseReconcile, OffersTheRowsOfTheActionsTab)
+{
+    const Tabs tabs(project);
+    EXPECT_THAT(offered(tabs),
+                testing::ElementsAre("None", "IMP  Imperfection", "G    Permanent", "Q    Variable"));
+    const Tabs alone(project, Tabs::LoadcasesAlone);
+    EXPECT_EQ(offered(alone), offered(tabs));
+}
+
+TEST_F(LoadcaseReconcile, WithoutActionsOnlyTheFixedEntriesAreOffered)
+{
+    const Tabs tabs(project);
+    dropAction(tabs, code("G"));
+    dropAction(tabs, code("Q"));
+    const auto texts = offered(tabs);
+    EXPECT_THAT(texts, testing::ElementsAre("None", "IMP  Imperfection", "*** Action G    is missing ***",
+                                            "*** Action Q    is missing ***"));
+}
+
+TEST_F(LoadcaseReconcile, ChangedFactorShowsInItsLoadCasesAndNowhereElse)
+{
+    const Tabs tabs(project);
+    tabs.enterAction(code("Q"), ACT_COL_PSI1S, 0.95f);
+    EXPECT_EQ(tabs.value(2, LC_COL_PSI1S), 0.95f);
+    EXPECT_EQ(tabs.value(1, LC_COL_PSI1S), 1.0f);
+    EXPECT_EQ(tabs.value(3, LC_COL_PSI1S), 0.0f);
+    EXPECT_EQ(bits(tabs.read(2).record.psi1), bits(LC_UNDEFINED));
+    EXPECT_FALSE(tabs.lc->isModified()) << "the load case's record stays what it was";
+}
+
+TEST_F(LoadcaseReconcile, TitleOfAnActionRefreshesLabelsAndAllVerdicts)
+{
+    const Tabs tabs(project);
+    tabs.enterAction(code("G"), ACT_COL_GAMF, 5.0f);
+    EXPECT_TRUE(tabs.isValid(1));
+    setTitle(tabs, code("Q"), "Traffic");
+    EXPECT_EQ(tabs.text(2, LC_COL_ACTION), "Q    Traffic");
+    EXPECT_FALSE(tabs.isValid(1));
+    EXPECT_TRUE(tabs.lc->isModified());
+    EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
+}
+
+TEST_F(LoadcaseReconcile, LostActionLeavesTheMarkerAndItHeals)
+{
+    const Tabs tabs(project);
+    dropAction(tabs, code("Q"));
+    EXPECT_EQ(tabs.text(2, LC_COL_ACTION), "*** Action Q    is missing ***");
+    EXPECT_FALSE(tabs.isValid(2));
+    EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 0.0f);
+    EXPECT_EQ(tabs.read(2).record.action, code("Q"));
+    EXPECT_TRUE(tabs.lc->isModified());
+
+    tabs.actions->slot_addAllClicked(); // brings Q and W
+    EXPECT_EQ(tabs.actionId(2), code("Q"));
+    EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
+    EXPECT_TRUE(tabs.isValid(2));
+    EXPECT_THAT(offered(tabs), testing::Each(testing::Not(testing::ResultOf(
+                                   [](const QString& text) { return text.startsWith("***"); }, true))));
+}
+
+TEST_F(LoadcaseReconcile, OneMarkerHoweverManyRowsMissTheAction)
+{
+    for (int number = 10; number < 20; ++number)
+        project.putLoadcase(number, following(code(number % 2 ? "Q" : "G")));
+    const Tabs tabs(project);
+    dropAction(tabs, code("Q"));
+    EXPECT_EQ(offered(tabs).size(), 4u);
+    EXPECT_EQ(tabs.text(19, LC_COL_ACTION), "*** Action Q    is missing ***");
+    setTitle(tabs, code("G"), "again");
+    EXPECT_EQ(offered(tabs).size(), 4u);
+    EXPECT_EQ(tabs.text(19, LC_COL_ACTION), "*** Action Q    is missing ***");
+    EXPECT_EQ(tabs.read(19).record.action, code("Q"));
+}
+
+TEST_F(LoadcaseReconcile, LowerCaseNamesOfOldRecordsFindTheirActionAfterARebuild)
+{
+    project.putLoadcase(5, following(code("q")));
+    const Tabs tabs(project);
+    EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action q    is missing ***");
+    setTitle(tabs, code("G"), "any change");
+    EXPECT_EQ(tabs.actionId(5), code("Q"));
+    EXPECT_EQ(tabs.value(5, LC_COL_GAMU), 1.5f);
+    EXPECT_TRUE(tabs.isValid(5));
+    tabs.save();
+    EXPECT_EQ(project.loadcase(5).action, code("Q"));
+}
+
+TEST_F(LoadcaseReconcile, LowerCaseActionKeepsItsRowsInARebuild)
+{
+    project.putAction(action("w", "small").all(1.0f).partition(0x31));
+    project.putLoadcase(5, following(code("w")));
+    const Tabs tabs(project);
+    setTitle(tabs, code("G"), "any change");
+    EXPECT_EQ(tabs.actionId(5), code("w"));
+    EXPECT_TRUE(tabs.isValid(5));
+}
+
+TEST_F(LoadcaseReconcile, MixedCaseNameIsMissedAfterARebuildAndKeepsItsWord)
+{
+    project.putAction(action("Ab", "mixed").all(1.0f).partition(0x31));
+    project.putLoadcase(5, following(code("Ab")));
+    const Tabs tabs(project);
+    EXPECT_EQ(tabs.actionId(5), code("Ab"));
+    EXPECT_TRUE(tabs.isValid(5));
+    setTitle(tabs, code("G"), "any change");
+    EXPECT_EQ(tabs.actionId(5), code("ab"));
+    EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action AB   is missing ***");
+    EXPECT_FALSE(tabs.isValid(5));
+    EXPECT_EQ(tabs.read(5).record.action, code("Ab"));
+    tabs.chooseAction(5, code("Ab"));
+    EXPECT_EQ(tabs.value(5, LC_COL_GAMU), 1.0f);
+    EXPECT_EQ(tabs.read(5).record.action, code("Ab"));
+}
+
+TEST_F(LoadcaseReconcile, ActionLabelledImperfectionMeansNone)
+{
+    project.putAction(action("IMP", "Imperfection").all(1.0f).partition(0x31));
+    const Tabs tabs(project);
+    auto* header =
+        static_cast<MRL_H_TwHeaderComboBoxItem*>(tabs.table->horizontalHeaderItemOnColId(LC_COL_ACTION));
+    const auto entries = header->getComboEntries(0);
+    const auto entry = std::find_if(std::next(entries.begin(), 2), entries.end(),
+                                    [](const ComboList& e) { return e.text == "IMP  Imperfection"; });
+    ASSERT_NE(entry, entries.end());
+    EXPECT_EQ(entry->id, 0);
+}
+
+TEST_F(LoadcaseReconcile, ReinitialisedActionShowsItsDefaultsInItsLoadCases)
+{
+    const Tabs tabs(project);
+    tabs.enterAction(code("Q"), ACT_COL_GAMU, 9.0f);
+    EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 9.0f);
+    tabs.selectAction(code("Q"));
+    tabs.actions->slot_reInitSelectedActions();
+    EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
+    EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.35f);
+}
+
+TEST_F(LoadcaseReconcile, MarkedCellsTakeTheTextOfTheActionsFactor)
+{
+    const Tabs tabs(project);
+    tabs.enterAction(code("Q"), ACT_COL_PSI2, LC_UNDEFINED);
+    ASSERT_TRUE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_PSI2));
+    EXPECT_EQ(tabs.text(2, LC_COL_PSI2), "");
+    tabs.selectAction(code("Q"));
+    tabs.actions->slot_reInitSelectedActions();
+    EXPECT_EQ(tabs.text(2, LC_COL_PSI2), "0.30");
+    EXPECT_FALSE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_PSI2));
+    EXPECT_TRUE(tabs.lc->isModified()) << "the marked cell reports like an edit";
+}
+
+/// Watches whether a busy dialog was shown and painted.
+class BusyWatch : public QObject
+{
+  public:
+    BusyWatch() { qApp->installEventFilter(this); }
+    int shown = 0;
+    int painted = 0;
+    QString text;
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        auto* busy = qobject_cast<MRL_QT_BusyDialog*>(object);
+        if (busy && event->type() == QEvent::Show) {
+            ++shown;
+            EXPECT_TRUE(busy->isModal());
+        }
+        if (busy && event->type() == QEvent::Paint) {
+            ++painted;
+            text = busy->findChild<QLabel*>()->text();
+        }
+        return false;
+    }
+};
+
+class BusyDialog : public testing::TestWithParam<int>
+{
+};
+
+TEST_P(BusyDialog, IsShownAndPaintedFrom150RowsOn)
+{
+    const Project project;
+    project.putAction(permanent());
+    for (int number = 1; number <= GetParam(); ++number)
+        project.putLoadcase(number, following(code("G")));
+    Tabs tabs(project);
+    tabs.show();
+    BusyWatch watch;
+    tabs.actions->slot_reInitAllActions();
+    const bool expected = GetParam() >= 150;
+    EXPECT_EQ(watch.shown, expected ? 1 : 0);
+    EXPECT_EQ(watch.painted > 0, expected);
+    if (expected) {
+        EXPECT_EQ(watch.text, "The loadcases will be checked because of changed action values.");
+    }
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BusyDialog, testing::Values(149, 150));
+
+TEST_F(LoadcaseReconcile, RefreshDropsComponentsThatTheHiddenColumnsLose)
+{
+    tagCDB_LC_CTRL record = following(code("Q"));
+    record.dlx = 0.5f;
+    project.putLoadcase(7, record);
+    const Tabs tabs(project); // the box is off: only the amount along gravity counts
+    EXPECT_EQ(tabs.value(7, LC_COL_DLX), 0.5f);
+    tabs.enterAction(code("Q"), ACT_COL_GAMU, 1.4f);
+    EXPECT_EQ(tabs.value(7, LC_COL_DLX), 0.0f);
+}
+
+} // namespace

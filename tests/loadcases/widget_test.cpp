@@ -1,0 +1,202 @@
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QPushButton>
+#include <QSignalSpy>
+
+#include "host/mrl_widgets.h"
+#include "support/loadcase_project.h"
+#include "support/modal_answers.h"
+
+namespace {
+
+using namespace lctest;
+using mrl::test::ModalAnswers;
+
+MRL_QT_CheckBox* box(const Tabs& tabs, const char* name)
+{
+    return tabs.lc->findChild<MRL_QT_CheckBox*>(name);
+}
+
+void storeSetting(const char* key, int value)
+{
+    qobject_cast<MRL_QT_Application*>(QCoreApplication::instance())->setAppSettings("LF_Manager", key, value);
+}
+int storedSetting(const char* key)
+{
+    int value = -1;
+    qobject_cast<MRL_QT_Application*>(QCoreApplication::instance())
+        ->getAppSettings("LF_Manager", key, value, -1);
+    return value;
+}
+
+class LoadcaseWidget : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        storeSetting("checkDeadload", 0);
+        storeSetting("checkIncrement", 1);
+    }
+    Project project;
+};
+
+std::vector<int> shownDeadWeight(const Tabs& tabs)
+{
+    std::vector<int> shown;
+    for (const int column : {LC_COL_DEADFACTOR, LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ})
+        if (!tabs.table->isColumnHidden(tabs.table->getColumnNumber(column)))
+            shown.push_back(column);
+    return shown;
+}
+
+TEST_F(LoadcaseWidget, BoxChoosesBetweenTheAmountAndTheComponentsOfTheSystem)
+{
+    const struct
+    {
+        int rawClass;
+        std::vector<int> components;
+    } systems[] = {
+        {0, {LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}}, {1, {LC_COL_DLX, LC_COL_DLY}}, {20, {LC_COL_DLZ}}};
+    for (const auto& system : systems) {
+        project.system(system.rawClass, -3);
+        const Tabs tabs(project, Tabs::LoadcasesAlone);
+        EXPECT_EQ(shownDeadWeight(tabs), (std::vector<int>{LC_COL_DEADFACTOR}));
+        box(tabs, "check_deadload")->setChecked(true);
+        EXPECT_EQ(shownDeadWeight(tabs), system.components);
+        box(tabs, "check_deadload")->setChecked(false);
+        EXPECT_EQ(shownDeadWeight(tabs), (std::vector<int>{LC_COL_DEADFACTOR}));
+        EXPECT_FALSE(tabs.lc->isModified());
+    }
+}
+
+TEST_F(LoadcaseWidget, SettingsAreReadAtFillingAndStoredAtEverySave)
+{
+    storeSetting("checkDeadload", 1);
+    storeSetting("checkIncrement", 0);
+    const Tabs tabs(project, Tabs::LoadcasesAlone);
+    EXPECT_TRUE(box(tabs, "check_deadload")->isChecked());
+    EXPECT_FALSE(box(tabs, "check_increaselc")->isChecked());
+    box(tabs, "check_deadload")->setChecked(false);
+    box(tabs, "check_increaselc")->setChecked(true);
+    EXPECT_EQ(storedSetting("checkDeadload"), 1);
+    tabs.lc->save(false);
+    EXPECT_EQ(storedSetting("checkDeadload"), 0);
+    EXPECT_EQ(storedSetting("checkIncrement"), 1);
+}
+
+TEST_F(LoadcaseWidget, IncrementStartsChecked)
+{
+    LCM_LoadcaseWidget tab(project.db(), nullptr, "loadcasewidget");
+    EXPECT_TRUE(tab.findChild<MRL_QT_CheckBox*>("check_increaselc")->isChecked());
+    EXPECT_FALSE(tab.findChild<MRL_QT_CheckBox*>("check_deadload")->isChecked());
+}
+
+TEST_F(LoadcaseWidget, ButtonsAreReachedByTabAlone)
+{
+    const Tabs tabs(project);
+    for (const char* name : {"button_new", "button_copy", "button_delete"})
+        EXPECT_EQ(tabs.lc->findChild<QPushButton*>(name)->focusPolicy(), Qt::TabFocus);
+}
+
+TEST_F(LoadcaseWidget, CopyWithoutASelectionSaysSoAndChangesNothing)
+{
+    project.putLoadcase(1, following(70));
+    const Tabs tabs(project);
+    ModalAnswers answers;
+    answers.key(Qt::Key_Return);
+    tabs.lc->slot_copyClicked();
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].title, "Loadcase selection");
+    EXPECT_EQ(answers.boxes()[0].text, "Please select a loadcase to copy!");
+    EXPECT_FALSE(tabs.lc->isModified());
+    EXPECT_EQ(tabs.table->rowCount(), 1);
+}
+
+TEST_F(LoadcaseWidget, SelectsAllNamedRowsAndPassesOverTheOthers)
+{
+    for (int number = 1; number <= 9; ++number)
+        project.putLoadcase(number, following(70));
+    const Tabs tabs(project);
+    tabs.lc->selectLoadcases({2, 3, 7, 99});
+    std::set<int> selected{42};
+    tabs.lc->getSelectedLoadcases(selected);
+    EXPECT_THAT(selected, testing::ElementsAre(2, 3, 7));
+    EXPECT_EQ(tabs.table->selectedRanges().size(), 2);
+    EXPECT_EQ(tabs.table->selectedRanges().front().columnCount(), tabs.table->columnCount());
+
+    tabs.lc->selectLoadcases({});
+    tabs.lc->getSelectedLoadcases(selected);
+    EXPECT_THAT(selected, testing::ElementsAre(2, 3, 7));
+    tabs.lc->selectLoadcases({99}); // none of them has a row
+    tabs.lc->getSelectedLoadcases(selected);
+    EXPECT_THAT(selected, testing::ElementsAre(2, 3, 7));
+    tabs.lc->selectLoadcases({5});
+    tabs.lc->getSelectedLoadcases(selected);
+    EXPECT_THAT(selected, testing::ElementsAre(5));
+}
+
+TEST_F(LoadcaseWidget, SaveWithoutWritingUpdatesTheModelAlone)
+{
+    project.putLoadcase(1, titled(following(70), "old"));
+    const Tabs tabs(project, Tabs::LoadcasesAlone);
+    tabs.cell(1, LC_COL_TITLE)->setText("new");
+    tabs.lc->save(false);
+    EXPECT_EQ(lcm_title_text(tabs.lc->model()->loadcases.at(0).record.title), "new");
+    EXPECT_EQ(lcm_title_text(project.loadcase(1).title), "old");
+    tabs.lc->save(true);
+    EXPECT_EQ(lcm_title_text(project.loadcase(1).title), "new");
+}
+
+TEST_F(LoadcaseWidget, ModificationAmongSuperpositionDataIsToldOnceADialog)
+{
+    project.putSuperposition();
+    project.putLoadcase(1, following(70));
+    for (int dialog = 0; dialog < 2; ++dialog) {
+        const Tabs tabs(project, Tabs::LoadcasesAlone);
+        tabs.lc->save(false); // nothing was modified
+        tabs.cell(1, LC_COL_TITLE)->setText(QString("edit %1").arg(dialog));
+        ModalAnswers answers;
+        answers.key(Qt::Key_Return);
+        tabs.lc->save(false);
+        ASSERT_EQ(answers.boxes().size(), 1u);
+        EXPECT_EQ(answers.boxes()[0].title, "Action modified");
+        tabs.lc->save(false); // and now it is told
+        EXPECT_EQ(answers.boxes().size(), 1u);
+    }
+}
+
+TEST_F(LoadcaseWidget, ActionsTabsNoticeSilencesThisOne)
+{
+    project.putSuperposition();
+    project.putAction(permanent());
+    project.putLoadcase(1, following(70));
+    const Tabs tabs(project);
+    tabs.cell(1, LC_COL_TITLE)->setText("edit");
+    tabs.enterAction(code("G"), ACT_COL_GAMU, 1.2f);
+    ModalAnswers answers;
+    answers.key(Qt::Key_Return);
+    tabs.actions->save(false);
+    tabs.lc->save(false);
+    EXPECT_EQ(answers.boxes().size(), 1u);
+}
+
+TEST_F(LoadcaseWidget, SharesItsModelWithTheActionsTab)
+{
+    const Tabs tabs(project);
+    EXPECT_EQ(tabs.lc->model(), tabs.actions->model());
+    EXPECT_EQ(tabs.lc->model()->referenceCount(), 2);
+}
+
+TEST_F(LoadcaseWidget, ContextMenuOffersToDeleteUnusedLoadcases)
+{
+    const Tabs tabs(project);
+    auto* command = tabs.table->findChild<QAction*>("delete unused loadcases");
+    ASSERT_NE(command, nullptr);
+    EXPECT_EQ(command->text(), "Delete unused loadcases");
+    QSignalSpy spy(tabs.lc, SIGNAL(signal_deleteUnusedLoadcases()));
+    command->trigger();
+    EXPECT_EQ(spy.count(), 1);
+}
+
+} // namespace
