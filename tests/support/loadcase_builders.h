@@ -40,6 +40,11 @@ class ActionBuilder
     ActionBuilder& psi1(float value) { return set(&tagCDB_LC_ACT::psi1, value); }
     ActionBuilder& psi2(float value) { return set(&tagCDB_LC_ACT::psi2, value); }
     ActionBuilder& psi1s(float value) { return set(&tagCDB_LC_ACT::psi1s, value); }
+    ActionBuilder& partition(int word)
+    {
+        m_record.partition = word;
+        return *this;
+    }
     /// All seven factors: the same value.
     ActionBuilder& all(float value)
     {
