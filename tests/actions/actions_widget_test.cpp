@@ -110,6 +110,21 @@ TEST(ActionsWidget, ButtonsAreReachedByTab)
     EXPECT_EQ(tab.widget.findChild<QAbstractButton*>("button_add_all"), nullptr);
 }
 
+TEST(ActionsWidget, ExperimentalRunOffersAddAllAtTheFoot)
+{
+    qputenv("MRL_EXPERIMENTAL", "1");
+    const Project project;
+    ActionsTab tab(project);
+    qunsetenv("MRL_EXPERIMENTAL");
+    const auto* addAll = tab.widget.findChild<QAbstractButton*>("button_add_all");
+    ASSERT_NE(addAll, nullptr);
+    EXPECT_EQ(addAll->text(), QStringLiteral("ADD ALL"));
+    EXPECT_EQ(addAll->focusPolicy(), Qt::TabFocus);
+    EXPECT_GT(addAll->y(), tab.widget.findChild<QAbstractButton*>("button_delete")->geometry().bottom() + 100);
+    tab.press("button_add_all");
+    EXPECT_EQ(tab.table.rowCount(), 7); // the defaults G and Q, and the five that were free
+}
+
 TEST(ActionsWidget, TableWithoutRowsIsValid)
 {
     const Project project;

@@ -59,6 +59,13 @@ tagCDB_LC_ACT randomAction(std::mt19937& random, int number)
         .psi1s(anyFactor(random));
 }
 
+/// The manager's OK on a project that nobody edited.
+void accept(const Project& project)
+{
+    ActionsTab tab(project);
+    tab.widget.save(true);
+}
+
 } // namespace
 
 TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
@@ -115,8 +122,7 @@ TEST(RoundTrip, FactorWithoutAColumnIsStoredAsZero)
 {
     Project project(mrl::test::replaced(mrl::test::FULL_CODE, "Psi0 = 1\n", "Psi0 = 0\n"));
     project.store(action("G").psi0(0.7f));
-    ActionsTab tab(project);
-    tab.widget.save(true);
+    accept(project);
     EXPECT_EQ(project.stored().at("G   ").psi0, 0.0f);
 }
 
@@ -124,8 +130,7 @@ TEST(RoundTrip, GamaWithoutAColumnIsStoredAsAThousandth)
 {
     Project project(mrl::test::replaced(mrl::test::FULL_CODE, "Gama = 1\n", "Gama = 0\n"));
     project.store(action("G").gama(1.3f));
-    ActionsTab tab(project);
-    tab.widget.save(true);
+    accept(project);
     EXPECT_EQ(project.stored().at("G   ").gama, 0.001f);
 }
 
@@ -133,8 +138,7 @@ TEST(RoundTrip, StoredZeroOfGamaIsStoredAsOne)
 {
     Project project;
     project.store(action("G").gama(0.0f));
-    ActionsTab tab(project);
-    tab.widget.save(true);
+    accept(project);
     EXPECT_EQ(project.stored().at("G   ").gama, 1.0f);
 }
 
@@ -142,8 +146,7 @@ TEST(RoundTrip, StoredThousandthOfGamaStays)
 {
     Project project;
     project.store(action("G").gama(0.001f));
-    ActionsTab tab(project);
-    tab.widget.save(true);
+    accept(project);
     EXPECT_EQ(project.stored().at("G   ").gama, 0.001f);
 }
 
@@ -154,16 +157,120 @@ TEST(RoundTrip, TitleOfThirtyFourUnitsLosesTheLast)
     for (std::uint32_t& word : foreign.title)
         word = 0x00780078; // two x
     project.store(foreign);
-    ActionsTab tab(project);
-    tab.widget.save(true);
+    accept(project);
     EXPECT_EQ(lcm_title_text(project.stored().at("G   ").title), QString(33, 'x'));
 }
 
-TEST(RoundTrip, SuffixOfTwoCharactersKeepsTheFirstUnderTheSameKey)
+TEST(RoundTrip, SuffixOfTwoCharactersKeepsTheFirstAndMovesWithTheNextAcceptance)
 {
     Project project;
     project.store(ActionBuilder("G_12").gamu(1.0f));
-    ActionsTab tab(project);
-    tab.widget.save(true);
+    accept(project);
+    ASSERT_EQ(project.stored().count("G_12"), 1u);
     EXPECT_EQ(project.stored().at("G_12").suffix, lcm_pack_word("1"));
+    accept(project);
+    EXPECT_EQ(project.stored().count("G_12"), 0u);
+    EXPECT_EQ(project.stored().count("G_1 "), 1u);
+}
+
+TEST(RoundTrip, UnderscoreInTheFirstPartBeginsTheSuffix)
+{
+    Project project;
+    tagCDB_LC_ACT foreign = action("G");
+    lcm_pack_field("A_BC", foreign.name);
+    project.store(foreign);
+    accept(project);
+    const tagCDB_LC_ACT stored = project.stored().at("A_BC");
+    EXPECT_EQ(std::memcmp(stored.name, "A   ", 4), 0);
+    EXPECT_EQ(stored.suffix, lcm_pack_word("B"));
+}
+
+TEST(RoundTrip, SuffixBehindFourCharactersIsLost)
+{
+    Project project;
+    project.store(ActionBuilder("ABCD_1").gamu(1.0f));
+    accept(project);
+    EXPECT_EQ(project.stored().at("ABCD").suffix, 0);
+}
+
+TEST(RoundTrip, BlankSuffixBecomesZero)
+{
+    Project project;
+    tagCDB_LC_ACT foreign = action("G");
+    foreign.suffix = 0x20202020;
+    project.store(foreign);
+    accept(project);
+    EXPECT_EQ(project.stored().at("G   ").suffix, 0);
+}
+
+TEST(RoundTrip, NameThatIsNoUtf8GetsAKeyOfItsOwn)
+{
+    Project project;
+    tagCDB_LC_ACT foreign = action("G");
+    foreign.name[0] = '\xE4'; // a Latin-1 letter
+    project.store(foreign);
+    accept(project);
+    EXPECT_EQ(project.stored().count(std::string("\xE4   ")), 1u);
+    EXPECT_EQ(project.stored().count(std::string("\xEF\xBF\xBD ")),
+              1u); // the replacement character, three bytes
+}
+
+TEST(RoundTrip, RecordUnderAForeignKeyMovesToTheKeyOfItsName)
+{
+    Project project;
+    project.storeAt(mrl::test::codeOf("U2"), action("U1"));
+    accept(project);
+    EXPECT_EQ(project.stored().count("U2  "), 0u);
+    EXPECT_EQ(project.stored().count("U1  "), 1u);
+}
+
+TEST(RoundTrip, RecordUnderAKeyOfTheDesignCodeStandsBesideItsOwn)
+{
+    Project project;
+    project.storeAt(mrl::test::codeOf("A"), action("U1"));
+    accept(project);
+    EXPECT_EQ(project.stored().count("A   "), 1u);
+    EXPECT_EQ(project.stored().count("U1  "), 1u);
+}
+
+TEST(RoundTrip, OtherRecordsOfAnActionsKeyGoAndTheLastOfKindOneStays)
+{
+    Project project;
+    project.store(action("G").gamu(1.1f));
+    const tagCDB_LC_ACT second = action("G").gamu(1.2f);
+    tagCDB_LC_ACT foreign = action("G").gamu(1.3f);
+    foreign.kind = 2;
+    const int code = mrl::test::codeOf("G");
+    ASSERT_TRUE(mrl::cdb::append(project.db(), 14, code, &second, sizeof second));
+    ASSERT_TRUE(mrl::cdb::append(project.db(), 14, code, &foreign, sizeof foreign));
+    accept(project);
+    tagCDB_LC_ACT read{};
+    int length = sizeof read;
+    ASSERT_EQ(mrl_cdb_get(project.db(), 14, code, &read, &length, 0), CD_OK);
+    EXPECT_EQ(read.gamu, 1.2f);
+    EXPECT_EQ(mrl_cdb_get(project.db(), 14, code, &read, &length, 1), CD_END);
+    mrl_cdb_free_ex(project.db(), 14, code);
+}
+
+TEST(RoundTrip, LoadGroupWithAnotherCategoryBecomesVariable)
+{
+    Project project;
+    project.store(action("G").partition(0x210));
+    accept(project);
+    EXPECT_EQ(project.stored().at("G   ").partition, 0x230);
+}
+
+TEST(RoundTrip, KeysOfOtherModulesStay)
+{
+    Project project;
+    project.store(action("G"));
+    const int words[2] = {1, 5};
+    project.put(14, 12, words, sizeof words);
+    project.storeAt(0x20202020, action("G").gamu(1.1f));
+    project.storeAt(mrl::test::codeOf("Y1"), action("G").gamu(1.2f));
+    accept(project);
+    const auto stored = project.stored();
+    EXPECT_EQ(stored.size(), 4u);
+    EXPECT_EQ(stored.at("    ").gamu, 1.1f);
+    EXPECT_EQ(stored.at("Y1  ").gamu, 1.2f);
 }
