@@ -10,6 +10,11 @@ if(MRL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(MRL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
 # mrl_part(NAME name SOURCES ... DEPENDS ... [QT])
 # The library of one folder. QT turns on moc for its headers.
 function(mrl_part)
