@@ -13,8 +13,8 @@ LCM_DataClass::LCM_DataClass(int database) : db(database)
     loadActionsFromDesignCode();
     if (loadActionsFromDatabase(db) == 0)
         activateDefaultActions();
+    readLoadcaseNumbers();
     loadLoadcases();
-    fillUsedLoadcaseNumbers();
 }
 
 LCM_DataClass::~LCM_DataClass() = default;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <deque>
+#include <list>
 #include <map>
 #include <set>
 #include <vector>
@@ -151,10 +152,12 @@ class LCM_DataClass : public QObject
     LCM_SubAction* newSubAction(const tagCDB_LC_ACT& record);
     void addTableEntry(std::vector<LCM_ActionEntry*>& tree, const tagCDB_LC_ACT& record);
     void loadLoadcases();
-    void fillUsedLoadcaseNumbers();
+    void readLoadcaseNumbers();
+    std::set<int>& usedNumbers();
     int hasLabelled(bool known, const QString& key);
 
     std::vector<LCM_ActionEntry*> designCodeActions;
+    std::list<int> readNumbers; ///< as read; becomes the set below when somebody asks for it
     std::set<int> usedLoadcaseNumbers;
     std::map<QString, QString> textCache; ///< labels by key in upper case, also for keys without an entry
     int db;

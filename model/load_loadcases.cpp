@@ -7,7 +7,7 @@
 #include "lcdata/key_walk.h"
 #include "lcdata/load_case_rules.h"
 #include "model/data_class.h"
-#include "model/foreign_record.h"
+#include "model/own_loadcase.h"
 
 namespace {
 
@@ -33,29 +33,35 @@ class ActionWords
 void LCM_DataClass::loadLoadcases()
 {
     ActionWords words;
-    LCM_ForeignRecord buffer;
+    loadcases.reserve(readNumbers.size());
+    LCM_LoadcaseEntry entry;
     for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
-        if (!buffer.read(db, walk.kwl()) || !buffer.isOurs())
-            continue;
-        LCM_LoadcaseEntry& entry = loadcases.emplace_back();
         entry.number = walk.kwl();
-        entry.record = buffer.loadcase();
+        if (!lcm_read_own_loadcase(db, entry.number, entry.record))
+            continue;
         entry.record.action = words.resolved(entry.record.action);
+        loadcases.push_back(entry);
     }
+}
+
+void LCM_DataClass::readLoadcaseNumbers()
+{
+    mrl::dbo::getKwls(db, LC_KWH_CASES, 0, 999, &readNumbers, nullptr);
+}
+
+std::set<int>& LCM_DataClass::usedNumbers()
+{
+    if (!readNumbers.empty())
+        usedLoadcaseNumbers = std::set<int>(readNumbers.begin(), readNumbers.end());
+    readNumbers.clear();
+    return usedLoadcaseNumbers;
 }
 
 std::set<int> LCM_DataClass::getUsedLoadcaseNumbers()
 {
-    if (usedLoadcaseNumbers.empty())
-        fillUsedLoadcaseNumbers();
-    return usedLoadcaseNumbers;
+    if (usedNumbers().empty())
+        readLoadcaseNumbers();
+    return usedNumbers();
 }
 
-void LCM_DataClass::fillUsedLoadcaseNumbers()
-{
-    std::list<int> numbers;
-    mrl::dbo::getKwls(db, LC_KWH_CASES, 0, 999, &numbers, nullptr);
-    usedLoadcaseNumbers = std::set<int>(numbers.begin(), numbers.end());
-}
-
-void LCM_DataClass::removeUsedLoadcaseNumber(int number) { usedLoadcaseNumbers.erase(number); }
+void LCM_DataClass::removeUsedLoadcaseNumber(int number) { usedNumbers().erase(number); }

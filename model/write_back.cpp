@@ -6,7 +6,7 @@
 #include "lcdata/key_walk.h"
 #include "model/action_tree.h"
 #include "model/data_class.h"
-#include "model/foreign_record.h"
+#include "model/own_loadcase.h"
 
 namespace {
 
@@ -36,9 +36,9 @@ void deleteActions(int db)
 
 void deleteOwnLoadcases(int db)
 {
-    LCM_ForeignRecord buffer;
+    tagCDB_LC_CTRL record;
     for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
-        if (buffer.read(db, walk.kwl()) && buffer.isOurs())
+        if (lcm_read_own_loadcase(db, walk.kwl(), record))
             mrl_cdb_del(db, LC_KWH_CASES, walk.kwl());
     }
 }

@@ -116,6 +116,22 @@ TEST_F(Loadcases, UsedNumbersShrinkOneByOne)
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(1, 2)) << "empty, it is read anew";
 }
 
+TEST_F(Loadcases, RemovingFromNoUsedNumbersChangesNothing)
+{
+    const Model model = load();
+    project.putLoadcase(1, loadcase());
+    model->removeUsedLoadcaseNumber(1);
+    EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(1));
+}
+
+TEST_F(Loadcases, UsedNumbersAreThoseOfTheConstruction)
+{
+    project.putLoadcase(1, loadcase());
+    const Model model = load();
+    project.putLoadcase(2, loadcase());
+    EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(1));
+}
+
 using WorkingModel = ModelTest;
 
 TEST_F(WorkingModel, LeavesItsDatabaseCurrentAndTheProjectAsItIs)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <list>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -47,6 +48,8 @@ class Database
     int step(int* kwh, int* kwl, int direction);
     cd_error_t get(const Key& key, void* buffer, int* length, int position);
     std::string fact(const std::string& name);
+    /// Appends the elements of a group in order. @return SQLITE_DONE, or an error code
+    int listElements(int kwh, std::list<int>& out);
 
     // Writing: database_write.cpp
     Outcome putWhole(const Key& key, const void* data, int size);
@@ -153,6 +156,7 @@ class Database
 
     Statement next{"SELECT position,crc,bytes FROM record WHERE kwh=?1 AND kwl=?2 AND position>?3 "
                    "ORDER BY position LIMIT 1"};
+    Statement elements{"SELECT kwl FROM record WHERE kwh=?1 AND position=0 ORDER BY kwl"};
     Statement exists{"SELECT 1 FROM record WHERE kwh=?1 AND kwl=?2 LIMIT 1"};
     Statement last{"SELECT position FROM record WHERE kwh=?1 AND kwl=?2 ORDER BY position DESC LIMIT 1"};
     Statement insert{"INSERT OR IGNORE INTO record(kwh,kwl,position,crc,bytes) VALUES(?1,?2,?3,?4,?5)"};

@@ -121,6 +121,19 @@ cd_error_t Database::deliver(const Key& key, const Walk::Found& record, void* bu
     return size > room ? CD_CUT : CD_OK;
 }
 
+int Database::listElements(int kwh, std::list<int>& out)
+{
+    Run run(elements, db.get());
+    run.bind(1, kwh);
+    int status = SQLITE_OK;
+    // Each key has a record at position 0, so none comes twice.
+    while ((status = run.step()) == SQLITE_ROW)
+        out.push_back(run.integer(0));
+    if (status != SQLITE_DONE)
+        static_cast<void>(readFailed(status));
+    return status;
+}
+
 std::string Database::fact(const std::string& name)
 {
     Run run(selectFact, db.get());

@@ -71,12 +71,13 @@ int mrl_cdb_free_ex(int, int, int)
 
 int mrl::dbo::getKwls(int db, int kwh, int, int, std::list<int>* out, int*)
 {
-    if (out == nullptr)
+    auto* database = find(db);
+    if (database == nullptr || out == nullptr)
         return -1;
-    std::vector<cdb::Key> found;
-    if (!cdb::keys(db, {kwh}, found))
+    std::list<int> found;
+    if (database->listElements(kwh, found) != SQLITE_DONE)
         return -1;
-    for (const auto& key : found)
-        out->push_back(key.kwl);
-    return static_cast<int>(found.size());
+    const auto count = static_cast<int>(found.size());
+    out->splice(out->end(), found);
+    return count;
 }

@@ -1,9 +1,7 @@
 #include "hostlib/data/designcode/active.h"
 
-#include <QDateTime>
-#include <QFileInfo>
-
 #include "hostlib/data/cdb/project.h"
+#include "hostlib/data/designcode/file_stamp.h"
 
 namespace mrl::designcode {
 
@@ -11,8 +9,7 @@ namespace {
 
 struct CacheEntry
 {
-    qint64 modified = 0;
-    qint64 size = 0;
+    FileStamp stamp;
     LoadedIndexed loaded;
 };
 
@@ -29,14 +26,12 @@ LoadedIndexed load(const std::string& file)
 LoadedIndexed cached(const std::string& file)
 {
     static std::unordered_map<std::string, CacheEntry> cache;
-    const QFileInfo info(QString::fromStdString(file));
-    const qint64 modified = info.lastModified().toMSecsSinceEpoch();
-    const qint64 size = info.size();
+    const FileStamp stamp(file);
     const auto it = cache.find(file);
-    if (it != cache.end() && it->second.modified == modified && it->second.size == size) {
+    if (it != cache.end() && it->second.stamp == stamp) {
         return it->second.loaded;
     }
-    return (cache[file] = {modified, size, load(file)}).loaded;
+    return (cache[file] = {stamp, load(file)}).loaded;
 }
 
 } // namespace

@@ -5,14 +5,13 @@
 #include <map>
 
 #include "hostlib/data/designcode/designcode.h"
+#include "hostlib/data/designcode/file_stamp.h"
 
 namespace mrl::designcode {
 
 namespace {
 
-/// The folder of the binary that this code is part of: the shared library, or a program that links it
-/// statically.
-QString ownFolder()
+QString locateOwnFolder()
 {
     Dl_info info{};
     if (dladdr(reinterpret_cast<const void*>(&searchPath), &info) == 0 || info.dli_fname == nullptr) {
@@ -26,30 +25,38 @@ QString ownFolder()
     return QFileInfo(binary.canonicalFilePath()).path();
 }
 
-void addFolder(std::vector<std::string>& folders, const QString& folder)
+/// The folder of the binary that this code is part of: the shared library, or a program that links it
+/// statically. It doesn't move while it runs.
+const QString& ownFolder()
 {
-    if (QFileInfo(folder).isDir()) {
-        folders.push_back(QDir::cleanPath(folder).toStdString());
-    }
+    static const QString folder = locateOwnFolder();
+    return folder;
 }
 
-bool isFile(const std::string& path) { return QFileInfo(QString::fromStdString(path)).isFile(); }
+/// The folders that may hold design codes, whether they exist or not.
+QStringList candidateFolders()
+{
+    const QString own = QString::fromLocal8Bit(qgetenv("MRL_DESIGNCODE_PATH"));
+    QStringList folders = own.split(':', Qt::SkipEmptyParts);
+    if (!ownFolder().isEmpty()) {
+        // lib/libX.so and bin/X, and lib/TRIPLET/libX.so of a multi-architecture system.
+        folders << ownFolder() + "/../share/mrl/designcodes" << ownFolder() + "/../../share/mrl/designcodes";
+    }
+    return folders;
+}
+
+bool isFile(const std::string& path) { return FileStamp(path).exists(); }
 
 } // namespace
 
 std::vector<std::string> searchPath()
 {
     std::vector<std::string> folders;
-    const QString own = QString::fromLocal8Bit(qgetenv("MRL_DESIGNCODE_PATH"));
-    const QStringList ownFolders = own.split(':', Qt::SkipEmptyParts);
-    for (const QString& folder : ownFolders) {
-        addFolder(folders, folder);
-    }
-    const QString binaryFolder = ownFolder();
-    if (!binaryFolder.isEmpty()) {
-        // lib/libX.so and bin/X, and lib/TRIPLET/libX.so of a multi-architecture system.
-        addFolder(folders, binaryFolder + "/../share/mrl/designcodes");
-        addFolder(folders, binaryFolder + "/../../share/mrl/designcodes");
+    const QStringList candidates = candidateFolders();
+    for (const QString& folder : candidates) {
+        if (QFileInfo(folder).isDir()) {
+            folders.push_back(QDir::cleanPath(folder).toStdString());
+        }
     }
     return folders;
 }
@@ -80,8 +87,10 @@ std::optional<std::string> find(const std::string& name)
         return isFile(name) ? std::optional(name) : std::nullopt;
     }
     const bool hasEnding = name.size() > 4 && name.compare(name.size() - 4, 4, ".ini") == 0;
-    for (const std::string& folder : searchPath()) {
-        const std::string file = folder + "/" + name + (hasEnding ? "" : ".ini");
+    const QStringList candidates = candidateFolders();
+    for (const QString& folder : candidates) {
+        const std::string file =
+            QDir::cleanPath(folder).toStdString() + "/" + name + (hasEnding ? "" : ".ini");
         if (isFile(file)) {
             return file;
         }

@@ -7,6 +7,7 @@
 #include "host/mrl_alib.h"
 #include "host/mrl_lib.h"
 #include "hostlib/data/designcode/designcode.h"
+#include "hostlib/data/designcode/file_stamp.h"
 #include "hostlib/data/designcode/ini_file.h"
 
 namespace {
@@ -59,6 +60,31 @@ int wholeNumber(const std::string& text)
     return result == std::errc() && end == last ? number : 0;
 }
 
+mrl::designcode::IniResult parse(const std::string& file)
+{
+    const auto content = mrl::designcode::readText(file);
+    if (const auto* error = std::get_if<mrl::designcode::IniError>(&content)) {
+        return *error;
+    }
+    return mrl::designcode::parseIni(std::get<std::string>(content));
+}
+
+/// The file that was read last. Callers ask for one entry after the other, so it is taken apart again only
+/// when another one is asked for, or its size or time changed.
+const mrl::designcode::IniResult& parsed(const std::string& file)
+{
+    static std::string lastFile;
+    static mrl::designcode::FileStamp lastStamp;
+    static mrl::designcode::IniResult last = mrl::designcode::IniError{};
+    const mrl::designcode::FileStamp stamp(file);
+    if (file != lastFile || stamp != lastStamp) {
+        last = parse(file);
+        lastFile = file;
+        lastStamp = stamp;
+    }
+    return last;
+}
+
 const mrl::designcode::IniSection* sectionOf(const mrl::designcode::IniResult& ini, const char* section)
 {
     const auto* file = std::get_if<IniFile>(&ini);
@@ -80,12 +106,7 @@ int mrl_lib_profile_read(const char* file, const char* section, const char* key,
 {
     deliver(0, value);
     deliver(std::string(), text, size);
-    const auto content = mrl::designcode::readText(file);
-    if (!std::holds_alternative<std::string>(content)) {
-        return MISSING;
-    }
-    const auto ini = mrl::designcode::parseIni(std::get<std::string>(content));
-    const auto* found = sectionOf(ini, section);
+    const auto* found = sectionOf(parsed(file), section);
     if (found == nullptr) {
         return MISSING;
     }
