@@ -121,6 +121,36 @@ TEST_F(Processes, OneThatReadsSeesWholeTransactionsOfTheOther)
     EXPECT_EQ(waitFor(writer), 0);
 }
 
+TEST_F(Processes, OpeningAFileTwiceKeepsItsLocks)
+{
+    // Closing any descriptor of a file gives up all locks that the process has on it. A second opening that
+    // did so would let the other program take itself for the last one and delete the log that is in use here.
+    const SharedNumber stage;
+    const auto writeInTurn = [&](int turn) {
+        while (*stage != turn)
+            sleepMicroseconds(100);
+        const int db = mrl::cdb::open(file).db;
+        const bool done = putText(db, 12, turn, "other") == CD_OK;
+        mrl::cdb::close(db);
+        return done ? 0 : 1;
+    };
+    const pid_t other = startProcess([&] { return writeInTurn(1); });
+    const int db = mrl::cdb::open(file).db;
+    EXPECT_EQ(putText(db, 12, 100, "ours"), CD_OK);
+    mrl::cdb::close(mrl::cdb::open(file).db);
+    mrl::cdb::close(mrl::cdb::openReadOnly(file).db);
+    EXPECT_EQ(mrl::cdb::create(file).db, -1);
+    *stage = 1;
+    EXPECT_EQ(waitFor(other), 0);
+    EXPECT_TRUE(std::filesystem::exists(file + "-wal"));
+    EXPECT_EQ(getText(db, 12, 1), "other");
+    EXPECT_EQ(putText(db, 12, 101, "ours"), CD_OK);
+    mrl::cdb::close(db);
+    const int again = mrl::cdb::open(file).db;
+    EXPECT_THAT(walkUp(again, 12, 0), testing::ElementsAre(1, 100, 101));
+    mrl::cdb::close(again);
+}
+
 /// Writes for ever: each generation is one transaction that deletes and rewrites all keys, then a single put.
 int writeGenerations(const std::string& file, int generation, const SharedNumber& whole,
                      const SharedNumber& single)

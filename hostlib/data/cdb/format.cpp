@@ -2,11 +2,12 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
+#include <cstddef>
 #include <cstring>
-#include <memory>
+#include <vector>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "hostlib/data/cdb/checksum.h"
 #include "hostlib/data/cdb/errors.h"
@@ -167,10 +168,30 @@ class Checker
     Tally factTally;
 };
 
-struct CloseFile
+constexpr int headerSize = 100;
+using Header = std::array<unsigned char, headerSize>;
+
+/// Reads the first bytes of a file through SQLite's own file layer. Closing a descriptor of our own would
+/// give up all locks that this process holds on the file, those of a database that has it open included.
+int readHeader(const std::string& path, Header& out)
 {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
+    sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
+    std::string full(static_cast<std::size_t>(files->mxPathname) + 1, '\0');
+    if (const int status = files->xFullPathname(files, path.c_str(), files->mxPathname + 1, full.data());
+        (status & 0xFF) != SQLITE_OK)
+        return status;
+    const char* name = sqlite3_create_filename(full.c_str(), "", "", 0, nullptr);
+    std::vector<std::max_align_t> place(static_cast<std::size_t>(files->szOsFile) / sizeof(std::max_align_t) +
+                                        1);
+    auto* file = reinterpret_cast<sqlite3_file*>(place.data());
+    int status = files->xOpen(files, name, file, SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_READONLY, nullptr);
+    if (status == SQLITE_OK)
+        status = file->pMethods->xRead(file, out.data(), headerSize, 0);
+    if (file->pMethods != nullptr)
+        file->pMethods->xClose(file);
+    sqlite3_free_filename(name);
+    return status;
+}
 
 int bigEndian(const unsigned char* at) { return (at[0] << 24) | (at[1] << 16) | (at[2] << 8) | at[3]; }
 
@@ -192,14 +213,13 @@ Result probe(const std::string& path)
         return failure(Code::NoFile, path, std::strerror(errno));
     if (!S_ISREG(info.st_mode))
         return failure(Code::NotAProject, path, "this is no file");
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
-    if (!file)
+    if (access(path.c_str(), R_OK) != 0)
         return failure(Code::NoFile, path, std::strerror(errno));
-    std::array<unsigned char, 100> header{};
-    const auto size = std::fread(header.data(), 1, header.size(), file.get());
-    if (size < header.size() && std::ferror(file.get()) != 0)
-        return failure(Code::InputOutput, path, std::strerror(errno));
-    if (size < header.size() || std::memcmp(header.data(), "SQLite format 3", 16) != 0 ||
+    Header header{};
+    const int status = readHeader(path, header);
+    if (status != SQLITE_OK && status != SQLITE_IOERR_SHORT_READ)
+        return failureOf(status, nullptr, path);
+    if (status != SQLITE_OK || std::memcmp(header.data(), "SQLite format 3", 16) != 0 ||
         bigEndian(&header[68]) != applicationId)
         return failure(Code::NotAProject, path, "this is no project file");
     const int version = bigEndian(&header[60]);
