@@ -1,3 +1,4 @@
+#include "hostlib/ui/table/cell_pool.h"
 #include "table/fixture.h"
 
 using namespace tabletest;
@@ -200,4 +201,40 @@ TEST_F(Cells, OutliveTheirHeader)
     kept->setData(Qt::DisplayRole, 1.5);
     EXPECT_EQ(kept->text(), "1.50");
     delete kept;
+}
+
+TEST_F(Cells, KnowTheirRowThroughTheTable)
+{
+    addRows(50);
+    QTableWidgetItem* cell = table.item(40, Title);
+    EXPECT_EQ(table.rowOf(cell), 40);
+    std::set<int> first;
+    for (int row = 0; row < 30; ++row)
+        first.insert(row);
+    table.removeRows(first);
+    EXPECT_EQ(table.rowOf(cell), 10);
+    EXPECT_EQ(table.rowOf(nullptr), -1);
+    const MRL_H_TableWidget other;
+    EXPECT_EQ(other.rowOf(cell), -1);
+    auto* plain = new QTableWidgetItem("plain");
+    EXPECT_EQ(table.rowOf(plain), -1);
+    table.setItem(3, Name, plain);
+    EXPECT_EQ(table.rowOf(plain), 3);
+}
+
+TEST(CellPool, GivesItsBlocksBackWithTheLastCell)
+{
+    mrl::table::CellPool pool(96);
+    std::set<void*> cells;
+    for (int i = 0; i < 3000; ++i)
+        cells.insert(pool.take());
+    EXPECT_EQ(cells.size(), 3000u);
+    EXPECT_EQ(pool.blocks(), 3u);
+    void* one = *cells.begin();
+    pool.giveBack(one);
+    EXPECT_EQ(pool.take(), one);
+    for (void* cell : cells)
+        pool.giveBack(cell);
+    EXPECT_EQ(pool.blocks(), 0u);
+    pool.giveBack(pool.take());
 }

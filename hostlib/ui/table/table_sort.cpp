@@ -25,13 +25,26 @@ void sortByKeys(std::vector<int>& rows, const std::vector<Key>& keys, Qt::SortOr
         std::stable_sort(rows.begin(), rows.end(), before);
 }
 
-bool isIdentity(const std::vector<int>& order)
+/// The first row that an order moves, the number of rows for none.
+int firstMoved(const std::vector<int>& order)
 {
-    for (std::size_t i = 0; i < order.size(); ++i)
-        if (order[i] != static_cast<int>(i))
-            return false;
-    return true;
+    int row = 0;
+    while (row < static_cast<int>(order.size()) && order[static_cast<std::size_t>(row)] == row)
+        ++row;
+    return row;
 }
+
+/// How many rows at the end stay where they are.
+int lastUnmoved(const std::vector<int>& order)
+{
+    int count = 0;
+    for (int row = static_cast<int>(order.size()) - 1;
+         row >= 0 && order[static_cast<std::size_t>(row)] == row; --row)
+        ++count;
+    return count;
+}
+
+bool isIdentity(const std::vector<int>& order) { return firstMoved(order) == static_cast<int>(order.size()); }
 
 /// Rows without a cell come last, as they stand.
 bool itemLess(const QTableWidgetItem* a, const QTableWidgetItem* b)
@@ -179,28 +192,24 @@ void MRL_H_TableWidget::Private::permuteRows(const std::vector<int>& order)
         std::vector<int> target(order.size());
         for (std::size_t i = 0; i < order.size(); ++i)
             target[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
-
-        std::vector<QTableWidgetItem*> row(static_cast<std::size_t>(columns));
-        std::vector<bool> done(order.size());
-        // Along the cycles of the permutation, so that each cell is taken and set once.
-        for (std::size_t start = 0; start < order.size(); ++start) {
-            if (done[start] || target[start] == static_cast<int>(start))
-                continue;
-            for (int c = 0; c < columns; ++c)
-                row[static_cast<std::size_t>(c)] = table.takeItem(static_cast<int>(start), c);
-            std::size_t place = start;
-            do {
-                place = static_cast<std::size_t>(target[place]);
-                for (int c = 0; c < columns; ++c) {
-                    QTableWidgetItem* moved = row[static_cast<std::size_t>(c)];
-                    row[static_cast<std::size_t>(c)] = table.takeItem(static_cast<int>(place), c);
-                    if (moved != nullptr)
-                        table.setItem(static_cast<int>(place), c, moved);
-                    if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(moved))
-                        MRL_H_TwCellAccess::row(*cell) = static_cast<int>(place);
-                }
-                done[place] = true;
-            } while (place != start);
+        // All out and all in again, row by row: along the cycles of the permutation each row would be met at
+        // a place far from the last, and the walk through memory cost more than all the rest.
+        const int first = firstMoved(order);
+        const int end = static_cast<int>(order.size()) - lastUnmoved(order);
+        std::vector<QTableWidgetItem*> cells;
+        cells.reserve(static_cast<std::size_t>(end - first) * static_cast<std::size_t>(columns));
+        for (int row = first; row < end; ++row)
+            for (int column = 0; column < columns; ++column)
+                cells.push_back(table.takeItem(row, column));
+        for (int row = first; row < end; ++row) {
+            const auto from = static_cast<std::size_t>(order[static_cast<std::size_t>(row)] - first);
+            QTableWidgetItem* const* moved = &cells[from * static_cast<std::size_t>(columns)];
+            for (int column = 0; column < columns; ++column, ++moved) {
+                if (*moved != nullptr)
+                    table.setItem(row, column, *moved);
+                if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(*moved))
+                    MRL_H_TwCellAccess::row(*cell) = row;
+            }
         }
 
         const QModelIndexList from = MRL_H_TwModelAccess::persistent(model);

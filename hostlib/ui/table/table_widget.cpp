@@ -104,17 +104,31 @@ void MRL_H_TableWidget::appendNewRows(int count, CreateType type)
         return;
     // The cells are new and the rows stand empty so far: nobody needs to be told of each one.
     const QSignalBlocker quiet(model());
-    for (int column = 0; column < columnCount(); ++column) {
-        MRL_H_TwHeaderItem* maker = d->header(column);
-        for (int row = first; maker != nullptr && row < first + count; ++row) {
+    std::vector<MRL_H_TwHeaderItem*> makers;
+    for (int column = 0; column < columnCount(); ++column)
+        makers.push_back(d->header(column));
+    // Row by row, as they are filled, moved and removed later: the cells of a row lie together in memory.
+    for (int row = first; row < first + count; ++row)
+        for (int column = 0; column < static_cast<int>(makers.size()); ++column) {
+            MRL_H_TwHeaderItem* maker = makers[static_cast<std::size_t>(column)];
+            if (maker == nullptr)
+                continue;
             MRL_H_TwItem* cell = maker->createEmptyItem();
             MRL_H_TwCellAccess::row(*cell) = row;
             setItem(row, column, cell);
             if (column == d->sortColumn)
                 d->noteUnsorted(*cell);
         }
-    }
     viewport()->update();
+}
+
+int MRL_H_TableWidget::rowOf(const QTableWidgetItem* item) const
+{
+    const MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item);
+    if (item == nullptr || item->tableWidget() != this)
+        return -1;
+    const MRL_H_TwColumn* column = cell != nullptr ? MRL_H_TwCellAccess::column(*cell) : nullptr;
+    return column != nullptr && column->table == this ? d->rowOf(*cell) : row(item);
 }
 
 void MRL_H_TableWidget::setMultiEditingEnabled(bool on) { d->multiEditing = on; }
