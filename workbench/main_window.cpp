@@ -62,7 +62,7 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::restorePlace()
 {
-    resize(1080, 700);
+    resize(1200, 760);
     restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray());
 }
 

@@ -110,7 +110,8 @@ void NewProjectDialog::fillDesignCodes()
 {
     for (const auto& found : designcode::list())
         m_designCode->addItem(labelOf(found), QString::fromStdString(found.name));
-    m_designCode->setCurrentIndex(m_designCode->count() > 0 ? 0 : -1);
+    const int usual = m_designCode->findData(QStringLiteral("en1990"));
+    m_designCode->setCurrentIndex(usual >= 0 ? usual : 0);
 }
 
 void NewProjectDialog::fillSystems()

@@ -1,8 +1,7 @@
 #include "workbench/project_summary.h"
 
 #include <QCoreApplication>
-#include <QVector>
-
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -32,6 +31,10 @@ std::vector<StoredAction> readActions(int db)
         if (result <= CD_CUT && action.record.kind == 1 && !lcm_is_reserved_action(walk.kwl()))
             actions.push_back(action);
     }
+    // The keys are in the order of the names' last letters.
+    std::sort(actions.begin(), actions.end(), [](const StoredAction& a, const StoredAction& b) {
+        return actionName(a.code) < actionName(b.code);
+    });
     return actions;
 }
 

@@ -31,7 +31,7 @@ StartPage::StartPage(QWidget* parent)
 {
     setObjectName(QStringLiteral("start"));
     auto* column = new QWidget(this);
-    column->setFixedWidth(COLUMN_WIDTH);
+    column->setMinimumWidth(COLUMN_WIDTH);
     auto* layout = new QVBoxLayout(column);
 
     auto* top = new QHBoxLayout;

@@ -1,5 +1,6 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QShortcut>
 
 #include <exception>
 
@@ -80,6 +81,16 @@ QLayout* MRL_H_Dialog::makeButtons()
     auto* buttons = new MRL_QT_Ok(this, 3, "buttons"); // child of this
     connect(buttons->cmdOk(), &QPushButton::clicked, this, &MRL_H_Dialog::accept);
     connect(buttons->cmdCancel(), &QPushButton::clicked, this, &MRL_H_Dialog::reject);
+    // Keys stay in a table while it has the focus, Return and Tab too; this is the way out of it without a
+    // mouse.
+    for (const char* keys : {"Ctrl+Return", "Ctrl+Enter"}) {
+        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this); // child of this
+        connect(shortcut, &QShortcut::activated, buttons->cmdOk(), [ok = buttons->cmdOk()] {
+            ok->setFocus(); // commits what is being edited
+            ok->click();
+        });
+    }
+    buttons->cmdOk()->setToolTip(tr("Saves and closes (Ctrl+Enter)"));
     row->addWidget(buttons, 1);
     return row.release(); // the caller's layout takes it over
 }

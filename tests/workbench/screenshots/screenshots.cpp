@@ -2,6 +2,7 @@
 // Windows that open modally are photographed from within their own event loop.
 #include <QCommandLinkButton>
 #include <QDir>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
@@ -88,7 +89,13 @@ void type(MRL_H_TableWidget* table, int row, int columnId, const QString& text)
     table->setFocus();
     table->setCurrentCell(row, table->getColumnNumber(columnId));
     QTest::keyClick(table, Qt::Key_F2);
-    QWidget* editor = QApplication::focusWidget();
+    QLineEdit* editor = nullptr;
+    for (auto* candidate : table->viewport()->findChildren<QLineEdit*>()) {
+        if (candidate->isVisible())
+            editor = candidate;
+    }
+    if (!editor)
+        return;
     QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
