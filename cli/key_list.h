@@ -19,16 +19,35 @@ class AllKeys
         }
     }
 
-    bool next() { return mrl_cdb_kenq_ex(db, &m_kwh, &m_kwl, +1) == 0 && m_kwh <= last; }
+    bool next()
+    {
+        if (!started) {
+            started = true;
+            if (isLowestKey()) {
+                return true;
+            }
+        }
+        return mrl_cdb_kenq_ex(db, &m_kwh, &m_kwl, +1) == 0 && m_kwh <= last;
+    }
 
     int kwh() const { return m_kwh; }
     int kwl() const { return m_kwl; }
 
   private:
+    /// A step leads strictly beyond a key, so none leads to the lowest of all.
+    bool isLowestKey() const
+    {
+        char byte = 0;
+        int length = sizeof byte;
+        return m_kwh == INT_MIN && m_kwl == INT_MIN &&
+               mrl_cdb_get(db, m_kwh, m_kwl, &byte, &length, 0) < CD_END;
+    }
+
     int db;
     int m_kwh = INT_MIN;
     int m_kwl = INT_MIN;
     int last = INT_MAX;
+    bool started = false;
 };
 
 } // namespace mrl::cli

@@ -1,0 +1,165 @@
+#include <gmock/gmock.h>
+
+#include "cli/run.h"
+
+using mrl::test::CliTest;
+using mrl::test::mrlLc;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class Check : public CliTest
+{
+  protected:
+    Check()
+    {
+        makeProject();
+        done({"case", "create", file, "1", "--action", "G"});
+    }
+
+    /// The findings as "SUBJECT NAME FIELD: MESSAGE", null fields left out.
+    std::vector<std::string> findings() const
+    {
+        const auto run = mrlLc({"check", file, "--json"});
+        std::vector<std::string> lines;
+        const auto document = run.json();
+        for (const auto& finding : document["findings"]) {
+            std::string line = finding["subject"];
+            for (const char* name : {"name", "field"}) {
+                line += finding[name].is_null() ? "" : " " + finding[name].get<std::string>();
+            }
+            lines.push_back(line + ": " + finding["message"].get<std::string>());
+        }
+        EXPECT_EQ(run.code, lines.empty() ? 0 : 1);
+        EXPECT_EQ(run.err, "");
+        return lines;
+    }
+
+    /// Words of a load case without factors of its own, with this action word.
+    static std::string following(const std::string& actionWord)
+    {
+        const std::string undefined = "804fc3c7";
+        return "00000000" + actionWord + std::string(40, '0') + undefined + undefined + undefined +
+               "0000803f" + std::string(72, '0') + undefined + undefined + std::string(200, '0');
+    }
+};
+
+} // namespace
+
+TEST_F(Check, SoundProjectHasNoFinding)
+{
+    EXPECT_THAT(findings(), IsEmpty());
+    EXPECT_EQ(done({"check", file}).out, "No findings.\n");
+}
+
+TEST_F(Check, FavourableFactorAboveUnfavourableCondemnsActionAndItsLoadCases)
+{
+    done({"action", "set", file, "G", "--gamf", "1.36"});
+    EXPECT_THAT(findings(), ElementsAre("action G Gamf: GAMF has to be between 0.0 and 1.35!",
+                                        "loadcase 1 Gamf: GAMF has to be between 0.0 and 1.35!"));
+    EXPECT_EQ(mrlLc({"check", file}).out,
+              "action G Gamf: GAMF has to be between 0.0 and 1.35!\n"
+              "loadcase 1 Gamf: GAMF has to be between 0.0 and 1.35!\n2 findings.\n");
+}
+
+TEST_F(Check, CombinationFactorsAreJudgedByTheLimits)
+{
+    done({"action", "set", file, "W", "--psi0", "1.2"});
+    EXPECT_THAT(findings(), ElementsAre("action W Psi0: Psi0 has to be between 0.0 and 1!"));
+}
+
+TEST_F(Check, CopiedFactorsOfALoadCaseAreNotCondemned)
+{
+    // The dialog shows the action's present factors, whatever the record holds.
+    done({"case", "set", file, "1", "--gamu", "1", "--gamf", "5"});
+    EXPECT_THAT(findings(), IsEmpty());
+}
+
+TEST_F(Check, MissingActionIsAFinding)
+{
+    done({"put", file, "12", "2", following("58392020")}); // X9
+    EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action X9"));
+}
+
+TEST_F(Check, OldActionNumberIsResolved)
+{
+    done({"put", file, "12", "2", following("02000000")});
+    EXPECT_THAT(findings(), IsEmpty());
+    done({"put", file, "12", "3", following("63000000")});
+    EXPECT_THAT(findings(), ElementsAre("loadcase 3: the project has no action 99"));
+}
+
+TEST_F(Check, ImperfectionsAndLoadCasesWithoutActionAreValid)
+{
+    done({"case", "create", file, "2", "--action", "IMP"});
+    done({"case", "create", file, "3"});
+    done({"case", "set", file, "3", "--gamu", "-5"});
+    EXPECT_THAT(findings(), IsEmpty());
+}
+
+TEST_F(Check, ReservedAndNamelessActionsAreReported)
+{
+    done({"put", file, "14", "Y1_1", "01000000" + std::string(216, '0')});
+    done({"put", file, "14", "538976288", "01000000" + std::string(216, '0')}); // four blanks
+    EXPECT_THAT(findings(),
+                ElementsAre("action: an action without a name; the dialog never loads it",
+                            "action Y1_1: names that begin with Y are reserved; the dialog never loads it"));
+}
+
+TEST_F(Check, RecordOfAnotherNameIsReported)
+{
+    const std::string w = done({"get", file, "14", "W", "--hex"}).out.substr(6, 224);
+    done({"put", file, "14", "U1", w});
+    EXPECT_THAT(findings(),
+                ElementsAre("action U1: the record names the action W and will move there when the dialog "
+                            "is accepted"));
+}
+
+TEST_F(Check, NumberThatAnotherModuleUsesTooIsReported)
+{
+    done({"put", file, "12", "1", "03000000", "--append"});
+    EXPECT_THAT(findings(),
+                ElementsAre("loadcase 1: another module keeps a record of kind 3 under this number; "
+                            "accepting the dialog drops it"));
+}
+
+TEST_F(Check, NumberAboveTheDialogsLimitIsReported)
+{
+    done({"put", file, "12", "1000000", following("47202020")});
+    EXPECT_THAT(findings(), ElementsAre("loadcase 1000000: the number is above 999999"));
+}
+
+TEST_F(Check, ForeignLoadCasesAreNotJudged)
+{
+    done({"put", file, "12", "2", "0500000058392020"});
+    EXPECT_THAT(findings(), IsEmpty());
+}
+
+TEST_F(Check, ProjectWithoutActionsIsJudgedWithTheDefaultOnes)
+{
+    for (const char* action : {"G", "Q", "W"}) {
+        done({"del", file, "14", action});
+    }
+    EXPECT_THAT(findings(), IsEmpty()) << "the dialog offers G and Q then";
+    done({"put", file, "12", "2", following("57202020")}); // W
+    EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action W"));
+}
+
+TEST_F(Check, FactorThatTheDesignCodeDoesNotKnowIsNotJudged)
+{
+    const std::string other = path("a.cdb");
+    done({"new", other, "--code", "asce7-lrfd", "--default-actions"});
+    done({"action", "set", other, "W", "--psi0", "7"});
+    EXPECT_EQ(done({"check", other}).out, "No findings.\n");
+}
+
+TEST_F(Check, EveryShippedCodesOwnActionsAreClean)
+{
+    for (const auto& code : done({"codes", "--json"}).json()) {
+        const std::string name = code["name"];
+        const std::string other = path(name + ".cdb");
+        done({"new", other, "--code", name, "--default-actions"});
+        EXPECT_EQ(done({"check", other}).out, "No findings.\n") << name;
+    }
+}

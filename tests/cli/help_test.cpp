@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+
+#include "cli/run.h"
+
+using mrl::test::contentOf;
+using mrl::test::mrlLc;
+using testing::HasSubstr;
+
+namespace {
+
+const std::vector<std::vector<std::string>> COMMANDS = {{"new"},
+                                                        {"info"},
+                                                        {"check"},
+                                                        {"verify"},
+                                                        {"action", "list"},
+                                                        {"action", "show"},
+                                                        {"action", "create"},
+                                                        {"action", "create-all"},
+                                                        {"action", "set"},
+                                                        {"case", "list"},
+                                                        {"case", "show"},
+                                                        {"case", "create"},
+                                                        {"case", "init"},
+                                                        {"case", "set"},
+                                                        {"case", "remove"},
+                                                        {"case", "current"},
+                                                        {"case", "set-current"},
+                                                        {"codes"},
+                                                        {"code", "show"},
+                                                        {"keys"},
+                                                        {"get"},
+                                                        {"put"},
+                                                        {"del"}};
+
+std::string joined(const std::vector<std::string>& words)
+{
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : " ") + word;
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(Help, EveryCommandAnswers)
+{
+    for (std::vector<std::string> command : COMMANDS) {
+        command.push_back("--help");
+        const auto run = mrlLc(command);
+        EXPECT_EQ(run.code, 0) << joined(command);
+        EXPECT_THAT(run.out, HasSubstr("Usage:")) << joined(command);
+    }
+}
+
+TEST(Help, EveryCommandWithUnknownOptionIsWrongUsage)
+{
+    for (std::vector<std::string> command : COMMANDS) {
+        command.push_back("--nonsense");
+        const auto run = mrlLc(command);
+        EXPECT_EQ(run.code, 2) << joined(command);
+        EXPECT_NE(run.err, "") << joined(command);
+        EXPECT_EQ(run.out, "") << joined(command);
+    }
+}
+
+TEST(Help, EveryCommandButTheListOfCodesNeedsArguments)
+{
+    for (const std::vector<std::string>& command : COMMANDS) {
+        EXPECT_EQ(mrlLc(command).code, command[0] == "codes" ? 0 : 2) << joined(command);
+    }
+}
+
+TEST(Help, NoOrHalfACommandIsWrongUsage)
+{
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{}, {"case"}, {"action"}, {"code"}, {"nonsense"}, {"case", "nonsense"}}) {
+        EXPECT_EQ(mrlLc(command).code, 2) << joined(command);
+    }
+}
+
+TEST(Help, ProgramTellsItsVersion)
+{
+    const auto run = mrlLc({"--version"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(run.out, testing::MatchesRegex("[0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST(Help, ManPageAndCompletionKnowEveryCommand)
+{
+    const std::string man = contentOf(MRL_SOURCE "/cli/mrl-lc.1");
+    const std::string completion = contentOf(MRL_SOURCE "/cli/mrl-lc.bash");
+    for (const std::vector<std::string>& command : COMMANDS) {
+        EXPECT_THAT(man, HasSubstr("mrl-lc " + joined(command) + "\\fR")) << joined(command);
+        EXPECT_THAT(completion, HasSubstr(command.back())) << joined(command);
+    }
+}
