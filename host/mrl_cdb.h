@@ -29,13 +29,12 @@ MRL_HOST_API int mrl_cdb_status(int what);
 MRL_HOST_API int mrl_cdb_use(int db, int zero);
 
 /// Steps to the next key strictly beyond the given one, over all groups.
-/// @param kwh, kwl [in, out] the key. Beyond the last key `*kwh` becomes an extreme value that no walk takes
-/// for
-///                 its own group: the largest int going up, the smallest going down.
+/// @param kwh, kwl [in, out] the key. Beyond the last key `*kwh` becomes an extreme value that no walk
+///                 takes for its own group: the largest int going up, the smallest going down.
 /// @param direction +1 or -1
+/// @return 0, or 1 beyond the last key (also when the database could not be read)
 /// @note Fetches ahead in blocks and holds neither a statement nor a snapshot between two calls. Deleting the
 ///       current key does not disturb the next step.
-/// @return 0 when there is such a key
 MRL_HOST_API int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction);
 
 /// Reads one record of a key.
@@ -50,8 +49,8 @@ MRL_HOST_API cd_error_t mrl_cdb_get(int db, int kwh, int kwl, void* buffer, int*
 /// Writes a record, durable against a crash of the program at once unless a transaction is open.
 /// @param length the record's length in bytes; 0 removes the key (3 when there is none)
 /// @param position 0: afterwards the key holds just this record. -1: overwrites the record that was read last
-/// on
-///                 this key, also after mrl_cdb_free_ex.
+///                 on this key (the first one when none was), also after mrl_cdb_free_ex; 3 when there is
+///                 none.
 MRL_HOST_API cd_error_t mrl_cdb_put(int db, int kwh, int kwl, const void* data, const int* length,
                                     int position);
 

@@ -11,7 +11,10 @@ Database::Database(Connection handle, std::string name, Access how)
         walk.mark.watchNothing();
         return;
     }
-    walk.mark.watch(db.get());
+    // Where a reader could make no log beside the file, nobody of his rights can write to it either.
+    if (!walk.mark.watch(db.get()) &&
+        sqlite3_uri_boolean(sqlite3_db_filename(db.get(), "main"), "immutable", 0) != 0)
+        walk.mark.watchNothing();
     sqlite3_wal_hook(db.get(), committed, this);
 }
 

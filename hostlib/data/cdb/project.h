@@ -5,6 +5,9 @@
 ///
 /// Everything here belongs to one thread, the user interface's. Paths and texts are UTF-8. No function
 /// throws, and every function may be called with an index that is not open.
+///
+/// @warning Nothing else in the process may open and close the file of an open project, not even to copy it:
+///          the operating system then gives up all locks of the process on that file. copyOf() is the way.
 
 #include <cstdint>
 #include <memory>
