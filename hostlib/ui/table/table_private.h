@@ -67,6 +67,10 @@ struct MRL_H_TableWidget::Private
     void sortFew();
     /// The row `order[i]` becomes row i.
     void permuteRows(const std::vector<int>& order);
+    /// Closes the rows that stay up over those that go, which then stand last and are empty.
+    void dropRows(const std::vector<int>& kept, const std::vector<int>& gone);
+    /// Lets selection and current cell follow their rows. @param target where each row stands now
+    void movePersistent(const std::vector<int>& target);
     void moveRow(int from, int to);
 
     // ---- entries (table_entry.cpp)

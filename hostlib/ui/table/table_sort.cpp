@@ -182,6 +182,19 @@ void MRL_H_TableWidget::Private::sortAll()
         permuteRows(order);
 }
 
+void MRL_H_TableWidget::Private::movePersistent(const std::vector<int>& target)
+{
+    QAbstractItemModel& model = *table.model();
+    const QModelIndexList from = MRL_H_TwModelAccess::persistent(model);
+    QModelIndexList to;
+    to.reserve(from.size());
+    for (const QModelIndex& index : from)
+        to.append(index.row() < static_cast<int>(target.size())
+                      ? model.index(target[static_cast<std::size_t>(index.row())], index.column())
+                      : index);
+    MRL_H_TwModelAccess::changePersistent(model, from, to);
+}
+
 void MRL_H_TableWidget::Private::permuteRows(const std::vector<int>& order)
 {
     QAbstractItemModel& model = *table.model();
@@ -212,14 +225,7 @@ void MRL_H_TableWidget::Private::permuteRows(const std::vector<int>& order)
             }
         }
 
-        const QModelIndexList from = MRL_H_TwModelAccess::persistent(model);
-        QModelIndexList to;
-        to.reserve(from.size());
-        for (const QModelIndex& index : from)
-            to.append(index.row() < static_cast<int>(target.size())
-                          ? model.index(target[static_cast<std::size_t>(index.row())], index.column())
-                          : index);
-        MRL_H_TwModelAccess::changePersistent(model, from, to);
+        movePersistent(target);
     }
     emit model.layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
@@ -325,18 +331,45 @@ void MRL_H_TableWidget::Private::moveRow(int from, int to)
     model.removeRows(source, 1);
 }
 
+void MRL_H_TableWidget::Private::dropRows(const std::vector<int>& kept, const std::vector<int>& gone)
+{
+    QAbstractItemModel& model = *table.model();
+    const int columns = table.columnCount();
+    emit model.layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    {
+        const QSignalBlocker quiet(&model);
+        std::vector<int> target(kept.size() + gone.size());
+        for (std::size_t i = 0; i < gone.size(); ++i) {
+            target[static_cast<std::size_t>(gone[i])] = static_cast<int>(kept.size() + i);
+            for (int c = 0; c < columns; ++c)
+                delete table.takeItem(gone[i], c);
+        }
+        for (std::size_t i = 0; i < kept.size(); ++i) {
+            target[static_cast<std::size_t>(kept[i])] = static_cast<int>(i);
+            for (int c = 0; c < columns && kept[i] != static_cast<int>(i); ++c) {
+                QTableWidgetItem* moved = table.takeItem(kept[i], c);
+                if (moved != nullptr)
+                    table.setItem(static_cast<int>(i), c, moved);
+                if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(moved))
+                    MRL_H_TwCellAccess::row(*cell) = static_cast<int>(i);
+            }
+        }
+        movePersistent(target);
+    }
+    emit model.layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
 void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
 {
-    std::vector<int> order;
-    order.reserve(static_cast<std::size_t>(rowCount()));
+    std::vector<int> kept;
+    kept.reserve(static_cast<std::size_t>(rowCount()));
     std::vector<int> gone;
     for (int row = 0; row < rowCount(); ++row)
-        (rows.count(row) != 0 ? gone : order).push_back(row);
+        (rows.count(row) != 0 ? gone : kept).push_back(row);
     if (gone.empty())
         return;
-    const int kept = static_cast<int>(order.size());
-    order.insert(order.end(), gone.begin(), gone.end());
-    if (!isIdentity(order))
-        d->permuteRows(order);
-    model()->removeRows(kept, static_cast<int>(gone.size()));
+    // The rows that stay close up over those that go, which then are the last ones and empty.
+    if (!kept.empty() && kept.back() > gone.front())
+        d->dropRows(kept, gone);
+    model()->removeRows(static_cast<int>(kept.size()), static_cast<int>(gone.size()));
 }
