@@ -96,6 +96,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
     void appendRow(const tagCDB_LC_ACT& action);
 
     Deletion selectedForDeletion();
+    std::vector<int> rowsInSelectionOrder() const;
     bool userAgreesToDelete(const std::vector<int>& used);
     void addUsed(Deletion& deletion);
     tagCDB_LC_ACT actionOf(int code);

@@ -74,13 +74,7 @@ LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
 {
     Deletion deletion;
     std::unordered_set<int> used; // the same codes as the list, to be found fast
-    std::unordered_set<int> seenRows;
-    // By cell and not by row, since that is the order in which the question names the actions. Asking an item
-    // for its row would search the whole table each time.
-    for (const QModelIndex& index : m_table->selectionModel()->selectedIndexes()) {
-        const int row = index.row();
-        if (m_table->item(row, index.column()) == nullptr || !seenRows.insert(row).second)
-            continue;
+    for (const int row : rowsInSelectionOrder()) {
         const int code = LCM_RowCells(m_table, row).actionCode();
         if (m_loadcaseTab != nullptr) {
             if (deletion.codes.count(code) != 0 || used.count(code) != 0)
@@ -95,6 +89,19 @@ LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
         deletion.rows.insert(row);
     }
     return deletion;
+}
+
+std::vector<int> LCM_ActionsWidget::rowsInSelectionOrder() const
+{
+    // The order of the selected cells, without asking each of them for its row, which searches the whole
+    // table.
+    std::vector<int> rows;
+    std::unordered_set<int> seen;
+    for (const QItemSelectionRange& range : m_table->selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            if (LCM_RowCells(m_table, row).anyCell() != nullptr && seen.insert(row).second)
+                rows.push_back(row);
+    return rows;
 }
 
 bool LCM_ActionsWidget::userAgreesToDelete(const std::vector<int>& used)

@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 
+#include <algorithm>
+
 #include "actions/action_columns_setup.h"
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
@@ -11,24 +13,39 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
+#include "lcdata/action_code.h"
 #include "model/data_class.h"
+#include "model/rules/action_row.h"
 #include "model/rules/action_rules.h"
 
 namespace {
 
-/// The records of all active entries, a parent ahead of its children. A parent's state says nothing about its
-/// children.
-std::vector<const tagCDB_LC_ACT*> activeRecords(const LCM_DataClass& model)
+constexpr int ROWS_TO_FIT = 100; ///< how many rows the widths of the columns go by
+
+/// An action that gets a row, with the text of its name cell.
+struct Shown
 {
-    std::vector<const tagCDB_LC_ACT*> records;
+    QString name;
+    const tagCDB_LC_ACT* record;
+};
+
+/// All active entries, by name as the rows will stand: records are sorted at less cost than rows of cells. A
+/// parent's state says nothing about its children.
+std::vector<Shown> activeRecords(const LCM_DataClass& model)
+{
+    std::vector<Shown> shown;
+    const auto add = [&shown](const LCM_SubAction& entry) {
+        if (entry.state == LCM_STATE_ACTIVE)
+            shown.push_back({lcm_code_text(lcm_action_code(entry.record)), &entry.record});
+    };
     for (const LCM_ActionEntry* entry : model.actions) {
-        if (entry->state == LCM_STATE_ACTIVE)
-            records.push_back(&entry->record);
+        add(*entry);
         for (const LCM_SubAction* child : entry->subActions)
-            if (child->state == LCM_STATE_ACTIVE)
-                records.push_back(&child->record);
+            add(*child);
     }
-    return records;
+    std::stable_sort(shown.begin(), shown.end(),
+                     [](const Shown& a, const Shown& b) { return a.name < b.name; });
+    return shown;
 }
 
 LCM_DesignCodeIdentity activeDesignCode()
@@ -45,6 +62,8 @@ void LCM_ActionsWidget::setupTable()
     m_actionsTable = new MRL_LC_ActionsTable(4 + m_model->optionalColumnCount(), this, "actions table");
     m_table = m_actionsTable;
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // Measuring a cell costs more than filling it; the first rows tell enough.
+    m_table->horizontalHeader()->setResizeContentsPrecision(ROWS_TO_FIT);
     QHeaderView* rows = m_table->verticalHeader();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(rows->fontMetrics().height() + 8);
@@ -65,11 +84,11 @@ void LCM_ActionsWidget::fillTable()
     {
         const MRL_QT_SignalBlocker signalBlocker(m_table);
         MRL_QT_SortingBlocker sortingBlocker(m_table);
-        const std::vector<const tagCDB_LC_ACT*> records = activeRecords(*m_model);
+        const std::vector<Shown> actions = activeRecords(*m_model);
         int row = m_table->rowCount();
-        m_table->appendNewRows(static_cast<int>(records.size()), MRL_H_TableWidget::CreateCells);
-        for (const tagCDB_LC_ACT* record : records)
-            fillRow(row++, *record, true);
+        m_table->appendNewRows(static_cast<int>(actions.size()), MRL_H_TableWidget::CreateCells);
+        for (const Shown& action : actions)
+            fillRow(row++, *action.record, true);
         sortingBlocker.unblock();
         m_table->sortByColumn(m_table->getColumnNumber(ACT_COL_ACTION), Qt::AscendingOrder);
     }
