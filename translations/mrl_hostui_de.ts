@@ -5,85 +5,133 @@
     <name>MRL_H_Dialog</name>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>Explains this window (F1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Erklärt dieses Fenster (F1)</translation>
     </message>
     <message>
         <source>A part of the project could not be read, and saving would delete it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Teil des Projekts konnte nicht gelesen werden; Speichern würde ihn löschen.</translation>
     </message>
     <message>
         <source>Saving failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Speichern ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>%1 The project is as it was before, and your input is still here.
 
 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Das Projekt ist wie zuvor, und Ihre Eingaben sind noch da.
+
+%2</translation>
     </message>
     <message>
         <source>Not saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Saves and closes (Ctrl+Enter)</source>
+        <translation>Speichert und schließt (Strg+Eingabe)</translation>
     </message>
 </context>
 <context>
     <name>MRL_H_Generators</name>
     <message>
         <source>made anew with each run, changes made here are lost</source>
-        <translation type="unfinished"></translation>
+        <translation>wird bei jedem Lauf neu erzeugt, Änderungen hier gehen verloren</translation>
+    </message>
+</context>
+<context>
+    <name>MRL_H_TableWidget</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy with headers</source>
+        <translation>Mit Überschriften kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Fill down</source>
+        <translation>Nach unten ausfüllen</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Fit columns</source>
+        <translation>Spalten anpassen</translation>
+    </message>
+    <message>
+        <source>New row</source>
+        <translation>Neue Zeile</translation>
+    </message>
+    <message>
+        <source>Delete rows</source>
+        <translation>Zeilen löschen</translation>
     </message>
 </context>
 <context>
     <name>MRL_QT_AdvancedSlider</name>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>Nummer</translation>
+    </message>
+</context>
+<context>
+    <name>MRL_QT_BusyDialog</name>
+    <message>
+        <source>Please wait</source>
+        <translation>Bitte warten</translation>
     </message>
 </context>
 <context>
     <name>MRL_QT_Ok</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
     <name>mrl::ui::HelpWindow</name>
     <message>
         <source>There is no help on &quot;%1&quot; in the book &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Buch „%2“ gibt es keine Hilfe zu „%1“.</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurück</translation>
     </message>
     <message>
         <source>Find:</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen:</translation>
     </message>
     <message>
         <source>Word in this page</source>
-        <translation type="unfinished"></translation>
+        <translation>Wort auf dieser Seite</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>Help: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe: %1</translation>
     </message>
 </context>
 </TS>

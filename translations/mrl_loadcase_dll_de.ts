@@ -5,118 +5,496 @@
     <name>ActionManagerPlugin</name>
     <message>
         <source>Marlavon Action Manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Marlavon Einwirkungs-Manager</translation>
     </message>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkungen</translation>
     </message>
 </context>
 <context>
     <name>LCM_ActionsWidget</name>
     <message>
         <source>%1 has to be bigger than 0.0!</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 muss größer als 0.0 sein!</translation>
     </message>
     <message>
         <source>%1 has to be between %2 and %3!</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 muss zwischen %2 und %3 liegen!</translation>
+    </message>
+    <message>
+        <source>G (Permanent)</source>
+        <translation>G (Ständig)</translation>
+    </message>
+    <message>
+        <source>P (Prestress)</source>
+        <translation>P (Vorspannung)</translation>
+    </message>
+    <message>
+        <source>Q (Variable)</source>
+        <translation>Q (Veränderlich)</translation>
+    </message>
+    <message>
+        <source>A (Accidental)</source>
+        <translation>A (Außergewöhnlich)</translation>
+    </message>
+    <message>
+        <source>E (Earthquake)</source>
+        <translation>E (Erdbeben)</translation>
+    </message>
+    <message>
+        <source>Q_1 (Variable) Loadgroup 1</source>
+        <translation>Q_1 (Veränderlich) Lastgruppe 1</translation>
+    </message>
+    <message>
+        <source>Q_2 (Variable) Loadgroup 2</source>
+        <translation>Q_2 (Veränderlich) Lastgruppe 2</translation>
+    </message>
+    <message>
+        <source>Q_3 (Variable) Loadgroup 3</source>
+        <translation>Q_3 (Veränderlich) Lastgruppe 3</translation>
+    </message>
+    <message>
+        <source>Q_4 (Variable) Loadgroup 4</source>
+        <translation>Q_4 (Veränderlich) Lastgruppe 4</translation>
+    </message>
+    <message>
+        <source>Q_5 (Variable) Loadgroup 5</source>
+        <translation>Q_5 (Veränderlich) Lastgruppe 5</translation>
+    </message>
+    <message>
+        <source>PERM permanent</source>
+        <translation>PERM ständig</translation>
+    </message>
+    <message>
+        <source>COND conditional</source>
+        <translation>COND bedingt</translation>
+    </message>
+    <message>
+        <source>EXCL exclusive within category</source>
+        <translation>EXCL ausschließend innerhalb der Kategorie</translation>
+    </message>
+    <message>
+        <source>UNSI conditional with unfavourable sign</source>
+        <translation>UNSI bedingt mit ungünstigem Vorzeichen</translation>
+    </message>
+    <message>
+        <source>USEX exclusive with unfavourable sign</source>
+        <translation>USEX ausschließend mit ungünstigem Vorzeichen</translation>
+    </message>
+    <message>
+        <source>ALEX permanent but exclusive</source>
+        <translation>ALEX ständig, aber ausschließend</translation>
+    </message>
+    <message>
+        <source>EXEX exclusive within action</source>
+        <translation>EXEX ausschließend innerhalb der Einwirkung</translation>
+    </message>
+    <message>
+        <source>PERC permanent with individual factors</source>
+        <translation>PERC ständig mit eigenen Beiwerten</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Einwirkung</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Bezeichnung</translation>
+    </message>
+    <message>
+        <source>Partition</source>
+        <translation>Einteilung</translation>
+    </message>
+    <message>
+        <source>Superposition</source>
+        <translation>Überlagerung</translation>
+    </message>
+    <message>
+        <source>Handling of the loadcases</source>
+        <translation>Behandlung der Lastfälle</translation>
+    </message>
+    <message>
+        <source>Combination factor %1</source>
+        <translation>Kombinationsbeiwert %1</translation>
+    </message>
+    <message>
+        <source>Unfavourable safety factor</source>
+        <translation>Ungünstiger Sicherheitsbeiwert</translation>
+    </message>
+    <message>
+        <source>Favourable safety factor</source>
+        <translation>Günstiger Sicherheitsbeiwert</translation>
+    </message>
+    <message>
+        <source>Accidental safety factor</source>
+        <translation>Sicherheitsbeiwert für außergewöhnliche Situationen</translation>
+    </message>
+    <message>
+        <source>Reinit all actions</source>
+        <translation>Alle Einwirkungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reinit selected actions</source>
+        <translation>Ausgewählte Einwirkungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>ADD ALL</source>
+        <translation>ALLE HINZUFÜGEN</translation>
+    </message>
+    <message>
+        <source>One or more actions are in use. Do you want to delete the selected actions and all assigned loadcases?
+
+The actions are:
+</source>
+        <translation>Mindestens eine Einwirkung wird verwendet. Möchten Sie die ausgewählten Einwirkungen und alle zugehörigen Lastfälle löschen?
+
+Die Einwirkungen sind:
+</translation>
+    </message>
+    <message>
+        <source>Action used!</source>
+        <translation>Einwirkung wird verwendet!</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
     <name>LCM_DataClass</name>
     <message>
         <source>Database corrupt</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenbank beschädigt</translation>
     </message>
     <message>
         <source>Can&apos;t read design code from database! Some text may be wrong or unreadable.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Norm kann nicht aus der Datenbank gelesen werden! Manche Texte sind möglicherweise falsch oder unlesbar.</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_LoadcaseNumberDialog</name>
+    <message>
+        <source>Target loadcase number</source>
+        <translation>Nummer des Ziel-Lastfalls</translation>
+    </message>
+    <message>
+        <source>Copy from: %1</source>
+        <translation>Kopie von: %1</translation>
+    </message>
+    <message>
+        <source>Target loadcase:</source>
+        <translation>Ziel-Lastfall:</translation>
+    </message>
+    <message>
+        <source>Factor:</source>
+        <translation>Faktor:</translation>
+    </message>
+    <message>
+        <source>Already assigned</source>
+        <translation>Bereits vergeben</translation>
+    </message>
+    <message>
+        <source>This number is already assigned to a loadcase! Please choose another one.</source>
+        <translation>Diese Nummer ist bereits an einen Lastfall vergeben! Bitte wählen Sie eine andere.</translation>
+    </message>
+    <message>
+        <source>Number %1 is already in use. Next free number is %2. Should the next free number be used?</source>
+        <translation>Die Nummer %1 ist bereits vergeben. Die nächste freie Nummer ist %2. Soll die nächste freie Nummer verwendet werden?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
     </message>
 </context>
 <context>
     <name>LCM_LoadcaseWidget</name>
     <message>
         <source>%1 has to be greater than 0.0!</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 muss größer als 0.0 sein!</translation>
     </message>
     <message>
         <source>%1 has to be between %2 and %3!</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 muss zwischen %2 und %3 liegen!</translation>
+    </message>
+    <message>
+        <source>Component of automatic dead weight in X-direction</source>
+        <translation>Anteil des automatischen Eigengewichts in X-Richtung</translation>
+    </message>
+    <message>
+        <source>Component of automatic dead weight in Y-direction</source>
+        <translation>Anteil des automatischen Eigengewichts in Y-Richtung</translation>
+    </message>
+    <message>
+        <source>Component of automatic dead weight in Z-direction</source>
+        <translation>Anteil des automatischen Eigengewichts in Z-Richtung</translation>
+    </message>
+    <message>
+        <source>Number of loadcase</source>
+        <translation>Nummer des Lastfalls</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Name of loadcase</source>
+        <translation>Name des Lastfalls</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Einwirkung</translation>
+    </message>
+    <message>
+        <source>Action of loadcase</source>
+        <translation>Einwirkung des Lastfalls</translation>
+    </message>
+    <message>
+        <source>Factor of dead weight</source>
+        <translation>Faktor des Eigengewichts</translation>
+    </message>
+    <message>
+        <source>DLX</source>
+        <translation>DLX</translation>
+    </message>
+    <message>
+        <source>DLY</source>
+        <translation>DLY</translation>
+    </message>
+    <message>
+        <source>DLZ</source>
+        <translation>DLZ</translation>
+    </message>
+    <message>
+        <source>Combination factor %1</source>
+        <translation>Kombinationsbeiwert %1</translation>
+    </message>
+    <message>
+        <source>Unfavourable safety factor</source>
+        <translation>Ungünstiger Sicherheitsbeiwert</translation>
+    </message>
+    <message>
+        <source>Favourable safety factor</source>
+        <translation>Günstiger Sicherheitsbeiwert</translation>
+    </message>
+    <message>
+        <source>Accidental safety factor</source>
+        <translation>Sicherheitsbeiwert für außergewöhnliche Situationen</translation>
+    </message>
+    <message>
+        <source>Loadcase selection</source>
+        <translation>Auswahl der Lastfälle</translation>
+    </message>
+    <message>
+        <source>Please select a loadcase to copy!</source>
+        <translation>Bitte wählen Sie einen Lastfall zum Kopieren aus!</translation>
+    </message>
+    <message>
+        <source>Loadcase number</source>
+        <translation>Lastfallnummer</translation>
+    </message>
+    <message>
+        <source>The maximum loadcase number is %1, selected loadcase number is to high!</source>
+        <translation>Die höchste Lastfallnummer ist %1, die gewählte Lastfallnummer ist zu hoch!</translation>
+    </message>
+    <message>
+        <source>The maximum loadcase number is %1</source>
+        <translation>Die höchste Lastfallnummer ist %1</translation>
+    </message>
+    <message>
+        <source>Loadcase %1</source>
+        <translation>Lastfall %1</translation>
+    </message>
+    <message>
+        <source>Should the selected loadcase (including all loads) really be deleted?</source>
+        <translation>Soll der ausgewählte Lastfall (mit allen Lasten) wirklich gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>Should %1 selected loadcases (including all loads) really be deleted?</source>
+        <translation>Sollen %1 ausgewählte Lastfälle (mit allen Lasten) wirklich gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>Delete loadcase(s)</source>
+        <translation>Lastfälle löschen</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Imperfection</source>
+        <translation>Imperfektion</translation>
+    </message>
+    <message>
+        <source>Checking loadcases</source>
+        <translation>Lastfälle werden geprüft</translation>
+    </message>
+    <message>
+        <source>The loadcases will be checked because of changed action values.</source>
+        <translation>Die Lastfälle werden wegen geänderter Werte der Einwirkungen geprüft.</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Use global deadload directions</source>
+        <translation>Globale Richtungen des Eigengewichts verwenden</translation>
+    </message>
+    <message>
+        <source>Increment loadcases automatically from selected on</source>
+        <translation>Lastfälle ab dem ausgewählten automatisch weiterzählen</translation>
+    </message>
+    <message>
+        <source>Delete unused loadcases</source>
+        <translation>Unbenutzte Lastfälle löschen</translation>
+    </message>
+    <message>
+        <source>Use from Action</source>
+        <translation>Von der Einwirkung übernehmen</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_TabInterface</name>
+    <message>
+        <source>Action modified</source>
+        <translation>Einwirkung geändert</translation>
+    </message>
+    <message>
+        <source>You have made modifications to the actions.
+Please check your inputs in the Superposition Manager and adapt them if necessary manually or by reinitializing.</source>
+        <translation>Sie haben die Einwirkungen geändert.
+Bitte prüfen Sie Ihre Eingaben im Überlagerungs-Manager und passen Sie sie nötigenfalls von Hand oder durch Zurücksetzen an.</translation>
     </message>
 </context>
 <context>
     <name>LoadcaseManager</name>
     <message>
         <source>Marlavon: Loadcase Manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Marlavon: Lastfall-Manager</translation>
     </message>
     <message>
         <source>Loadcases</source>
-        <translation type="unfinished"></translation>
+        <translation>Lastfälle</translation>
     </message>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkungen</translation>
     </message>
     <message>
         <source>Marlavon: Action Manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Marlavon: Einwirkungs-Manager</translation>
     </message>
     <message>
         <source>Marlavon: Action and Loadcase Manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Marlavon: Einwirkungs- und Lastfall-Manager</translation>
     </message>
     <message>
         <source>Invalid input</source>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Eingabe</translation>
     </message>
     <message>
         <source>The input is invalid, please check your input!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Eingabe ist ungültig, bitte prüfen Sie Ihre Eingabe!</translation>
     </message>
     <message>
         <source>Error!</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler!</translation>
     </message>
     <message>
         <source>Please select exactly one loadcase!</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie genau einen Lastfall aus!</translation>
     </message>
 </context>
 <context>
     <name>MRL_LC_AddNewActionDialog</name>
     <message>
         <source>Max. 1 character for category!</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens 1 Zeichen für die Kategorie!</translation>
     </message>
     <message>
         <source>Max. 4 characters!</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens 4 Zeichen!</translation>
     </message>
     <message>
         <source>Spaces are not allowed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Leerzeichen sind nicht erlaubt!</translation>
     </message>
     <message>
         <source>Special characters are not allowed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonderzeichen sind nicht erlaubt!</translation>
     </message>
     <message>
         <source>No digit at beginning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Ziffer am Anfang!</translation>
     </message>
     <message>
         <source>Action &apos;IMP&apos; is not allowed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einwirkung „IMP“ ist nicht erlaubt!</translation>
     </message>
     <message>
         <source>Action beginning with &apos;Y&apos; is not allowed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkungen, die mit „Y“ beginnen, sind nicht erlaubt!</translation>
     </message>
     <message>
         <source>Name already used!</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name wird bereits verwendet!</translation>
+    </message>
+    <message>
+        <source>New action</source>
+        <translation>Neue Einwirkung</translation>
+    </message>
+    <message>
+        <source>Pre defined actions</source>
+        <translation>Vordefinierte Einwirkungen</translation>
+    </message>
+    <message>
+        <source>Action:</source>
+        <translation>Einwirkung:</translation>
+    </message>
+    <message>
+        <source>Category:</source>
+        <translation>Kategorie:</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Bezeichnung:</translation>
+    </message>
+    <message>
+        <source>User defined action</source>
+        <translation>Benutzerdefinierte Einwirkung</translation>
+    </message>
+    <message>
+        <source>The action has no category that could be added.</source>
+        <translation>Die Einwirkung hat keine Kategorie, die hinzugefügt werden könnte.</translation>
+    </message>
+    <message>
+        <source>Only an action of at most 2 characters can have a category.</source>
+        <translation>Nur eine Einwirkung mit höchstens 2 Zeichen kann eine Kategorie haben.</translation>
     </message>
 </context>
 </TS>

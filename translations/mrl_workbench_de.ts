@@ -2,515 +2,532 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>Workbench</name>
+    <name>CommandLine</name>
     <message>
-        <source>%1 holds no managers.</source>
-        <translation type="unfinished"></translation>
+        <source>Edits the actions and load cases of structural models.</source>
+        <translation>Bearbeitet Einwirkungen und Lastfälle von Tragwerksmodellen.</translation>
     </message>
     <message>
-        <source>The default actions could not be stored.</source>
-        <translation type="unfinished"></translation>
+        <source>The project to open.</source>
+        <translation>Das Projekt, das geöffnet wird.</translation>
+    </message>
+    <message>
+        <source>Opens a manager on the project: actions or loadcases.</source>
+        <translation>Öffnet einen Manager für das Projekt: actions oder loadcases.</translation>
     </message>
 </context>
 <context>
-    <name>mrl::workbench</name>
+    <name>Workbench</name>
+    <message>
+        <source>%1 holds no managers.</source>
+        <translation>%1 enthält keine Manager.</translation>
+    </message>
+    <message>
+        <source>The default actions could not be stored.</source>
+        <translation>Die Standard-Einwirkungen konnten nicht gespeichert werden.</translation>
+    </message>
     <message>
         <source>Action %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkung %1</translation>
     </message>
     <message>
         <source>Load case %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Lastfall %1</translation>
     </message>
     <message>
         <source>The project has no action %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Projekt hat keine Einwirkung %1.</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::ActionsModel</name>
     <message>
         <source>permanent</source>
-        <translation type="unfinished"></translation>
+        <translation>ständig</translation>
     </message>
     <message>
         <source>prestress</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorspannung</translation>
     </message>
     <message>
         <source>variable, group %1</source>
-        <translation type="unfinished"></translation>
+        <translation>veränderlich, Gruppe %1</translation>
     </message>
     <message>
         <source>variable</source>
-        <translation type="unfinished"></translation>
+        <translation>veränderlich</translation>
     </message>
     <message>
         <source>accidental</source>
-        <translation type="unfinished"></translation>
+        <translation>außergewöhnlich</translation>
     </message>
     <message>
         <source>earthquake</source>
-        <translation type="unfinished"></translation>
+        <translation>Erdbeben</translation>
     </message>
     <message>
         <source>Action</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkung</translation>
     </message>
     <message>
         <source>Description</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnung</translation>
     </message>
     <message>
         <source>Category</source>
-        <translation type="unfinished"></translation>
+        <translation>Kategorie</translation>
     </message>
     <message>
         <source>Superposition</source>
-        <translation type="unfinished"></translation>
+        <translation>Überlagerung</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::FindingsModel</name>
     <message>
         <source>Where</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo</translation>
     </message>
     <message>
         <source>Finding</source>
-        <translation type="unfinished"></translation>
+        <translation>Befund</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::InputPage</name>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>Sa&amp;ve text as...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Text speichern unter ...</translation>
     </message>
     <message>
         <source>Save the generated input</source>
-        <translation type="unfinished"></translation>
+        <translation>Erzeugte Eingabe speichern</translation>
     </message>
     <message>
         <source>Input text (*.dat);;All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabetext (*.dat);;Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::LoadCasesModel</name>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keine</translation>
     </message>
     <message>
         <source>The current load case</source>
-        <translation type="unfinished"></translation>
+        <translation>Der aktuelle Lastfall</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>Nummer</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Action</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkung</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::MainWindow</name>
     <message>
         <source>Projects (*.cdb);;All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>Projekte (*.cdb);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Open project</source>
-        <translation type="unfinished"></translation>
+        <translation>Projekt öffnen</translation>
     </message>
     <message>
         <source>New project</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Projekt</translation>
     </message>
     <message>
         <source>Save project</source>
-        <translation type="unfinished"></translation>
+        <translation>Projekt speichern</translation>
     </message>
     <message>
         <source>Another program has changed this project since it was opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm hat dieses Projekt geändert, seit es geöffnet wurde.</translation>
     </message>
     <message>
         <source>Overwriting replaces its actions and load cases by those shown here. &quot;Save as&quot; keeps both.</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschreiben ersetzt dessen Einwirkungen und Lastfälle durch die hier gezeigten. „Speichern unter“ behält beide.</translation>
     </message>
     <message>
         <source>&amp;Overwrite</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;berschreiben</translation>
     </message>
     <message>
         <source>Save project as</source>
-        <translation type="unfinished"></translation>
+        <translation>Projekt speichern unter</translation>
     </message>
     <message>
         <source>Saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert.</translation>
     </message>
     <message>
         <source>Unsaved changes</source>
-        <translation type="unfinished"></translation>
+        <translation>Ungespeicherte Änderungen</translation>
     </message>
     <message>
         <source>%1 has unsaved changes. Should they be saved?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat ungespeicherte Änderungen. Sollen sie gespeichert werden?</translation>
     </message>
     <message>
         <source>The managers can&apos;t be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Manager können nicht geladen werden: %1</translation>
     </message>
     <message>
         <source>The managers need the design code of the project, which can&apos;t be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Manager brauchen die Norm des Projekts, die nicht geladen werden kann: %1</translation>
     </message>
     <message>
         <source>Managers</source>
-        <translation type="unfinished"></translation>
+        <translation>Manager</translation>
     </message>
     <message>
         <source>Marlavon Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>Marlavon Werkbank</translation>
     </message>
     <message>
         <source>%1[*] (read-only) - Marlavon Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>%1[*] (schreibgeschützt) - Marlavon Werkbank</translation>
     </message>
     <message>
         <source>%1[*] - Marlavon Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>%1[*] - Marlavon Werkbank</translation>
     </message>
     <message>
         <source>About the Marlavon Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>Über die Marlavon Werkbank</translation>
     </message>
     <message>
         <source>&lt;h3&gt;Marlavon Workbench %1&lt;/h3&gt;&lt;p&gt;Edits the actions and load cases of structural models.&lt;/p&gt;&lt;p&gt;Check every design code against the printed standard before you rely on it.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;h3&gt;Marlavon Werkbank %1&lt;/h3&gt;&lt;p&gt;Bearbeitet Einwirkungen und Lastfälle von Tragwerksmodellen.&lt;/p&gt;&lt;p&gt;Prüfen Sie jede Norm gegen die gedruckte Fassung, bevor Sie sich auf sie verlassen.&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&amp;New...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neu ...</translation>
     </message>
     <message>
         <source>&amp;Open...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ö&amp;ffnen ...</translation>
     </message>
     <message>
         <source>&amp;Save</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern</translation>
     </message>
     <message>
         <source>Save &amp;as...</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern &amp;unter ...</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>&amp;Action Manager...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einwirkungs-Manager ...</translation>
     </message>
     <message>
         <source>&amp;Load-case Manager...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lastfall-Manager ...</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>Open &amp;recent</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>&amp;Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aufgaben</translation>
     </message>
     <message>
         <source>&amp;Extras</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;xtras</translation>
     </message>
     <message>
         <source>&amp;Settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einstellungen ...</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>&amp;Actions and load cases</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einwirkungen und Lastfälle</translation>
     </message>
     <message>
         <source>A&amp;bout</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Über</translation>
     </message>
     <message>
         <source>About &amp;Qt</source>
-        <translation type="unfinished"></translation>
+        <translation>Über &amp;Qt</translation>
     </message>
     <message>
         <source>Commands</source>
-        <translation type="unfinished"></translation>
+        <translation>Befehle</translation>
     </message>
     <message>
         <source>Summary</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersicht</translation>
     </message>
     <message>
         <source>Generated input</source>
-        <translation type="unfinished"></translation>
+        <translation>Erzeugte Eingabe</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>
     <message>
         <source>Store the &amp;default actions of the design code</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Standard-Einwirkungen der Norm speichern</translation>
     </message>
     <message>
         <source>New project</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Projekt</translation>
     </message>
     <message>
         <source>&amp;File:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei:</translation>
     </message>
     <message>
         <source>Design &amp;code:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Norm:</translation>
     </message>
     <message>
         <source>&amp;System:</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;ystem:</translation>
     </message>
     <message>
         <source>&amp;Gravity:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sch&amp;werkraft:</translation>
     </message>
     <message>
         <source>C&amp;reate</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Anlegen</translation>
     </message>
     <message>
         <source>project</source>
-        <translation type="unfinished"></translation>
+        <translation>projekt</translation>
     </message>
     <message>
         <source>&amp;Browse...</source>
-        <translation type="unfinished"></translation>
+        <translation>D&amp;urchsuchen ...</translation>
     </message>
     <message>
         <source>Spatial structure</source>
-        <translation type="unfinished"></translation>
+        <translation>Räumliches Tragwerk</translation>
     </message>
     <message>
         <source>Plane structure</source>
-        <translation type="unfinished"></translation>
+        <translation>Ebenes Tragwerk</translation>
     </message>
     <message>
         <source>Plate</source>
-        <translation type="unfinished"></translation>
+        <translation>Platte</translation>
     </message>
     <message>
         <source>File of the new project</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei des neuen Projekts</translation>
     </message>
     <message>
         <source>Projects (*.cdb)</source>
-        <translation type="unfinished"></translation>
+        <translation>Projekte (*.cdb)</translation>
     </message>
     <message>
         <source>%1 exists. Should it be replaced?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist vorhanden. Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::SettingsDialog</name>
     <message>
         <source>&amp;Experimental functions</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Experimentelle Funktionen</translation>
     </message>
     <message>
         <source>&amp;Restricted run mode</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein&amp;geschränkter Betrieb</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sprache:</translation>
     </message>
     <message>
         <source>A change of the language holds from the next start.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine andere Sprache gilt ab dem nächsten Start.</translation>
     </message>
     <message>
         <source>Functions:</source>
-        <translation type="unfinished"></translation>
+        <translation>Funktionen:</translation>
     </message>
     <message>
         <source>Shows commands that are still on trial, such as &quot;ADD ALL&quot; in the Action Manager.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt Befehle, die noch erprobt werden, etwa „ALLE HINZUFÜGEN“ im Einwirkungs-Manager.</translation>
     </message>
     <message>
         <source>The Action Manager then offers the actions of the design code only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Einwirkungs-Manager bietet dann nur die Einwirkungen der Norm an.</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::StartPage</name>
     <message>
         <source>Marlavon Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>Marlavon Werkbank</translation>
     </message>
     <message>
         <source>Actions and load cases of structural models</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkungen und Lastfälle von Tragwerksmodellen</translation>
     </message>
     <message>
         <source>New project</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Projekt</translation>
     </message>
     <message>
         <source>Choose design code, system and gravity</source>
-        <translation type="unfinished"></translation>
+        <translation>Norm, System und Schwerkraft wählen</translation>
     </message>
     <message>
         <source>Open project</source>
-        <translation type="unfinished"></translation>
+        <translation>Projekt öffnen</translation>
     </message>
     <message>
         <source>Open a project file (*.cdb)</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Projektdatei (*.cdb) öffnen</translation>
     </message>
     <message>
         <source>Recent projects</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt geöffnete Projekte</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::SummaryPage</name>
     <message>
         <source>plane structure</source>
-        <translation type="unfinished"></translation>
+        <translation>ebenes Tragwerk</translation>
     </message>
     <message>
         <source>plate</source>
-        <translation type="unfinished"></translation>
+        <translation>Platte</translation>
     </message>
     <message>
         <source>spatial structure</source>
-        <translation type="unfinished"></translation>
+        <translation>räumliches Tragwerk</translation>
     </message>
     <message>
         <source>No actions are stored yet. The managers start with the default actions of the design code; OK stores them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch sind keine Einwirkungen gespeichert. Die Manager beginnen mit den Standard-Einwirkungen der Norm; OK speichert sie.</translation>
     </message>
     <message>
         <source>Design code:</source>
-        <translation type="unfinished"></translation>
+        <translation>Norm:</translation>
     </message>
     <message>
         <source>System:</source>
-        <translation type="unfinished"></translation>
+        <translation>System:</translation>
     </message>
     <message>
         <source>Gravity:</source>
-        <translation type="unfinished"></translation>
+        <translation>Schwerkraft:</translation>
     </message>
     <message>
         <source>Current load case:</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktueller Lastfall:</translation>
     </message>
     <message>
         <source>can&apos;t be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>kann nicht geladen werden: %1</translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keine</translation>
     </message>
     <message>
         <source>Actions (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkungen (%1)</translation>
     </message>
     <message>
         <source>Load cases (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Lastfälle (%1)</translation>
     </message>
     <message>
         <source>Numbers that belong to other modules: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nummern, die anderen Modulen gehören: %1</translation>
     </message>
     <message>
         <source>Findings (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Befunde (%1)</translation>
     </message>
     <message>
         <source>Findings (not checked)</source>
-        <translation type="unfinished"></translation>
+        <translation>Befunde (nicht geprüft)</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <comment>load case</comment>
+        <translation>keiner</translation>
     </message>
 </context>
 <context>
     <name>mrl::workbench::TaskPanel</name>
     <message>
         <source>Action Manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Einwirkungs-Manager</translation>
     </message>
     <message>
         <source>Load-case Manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Lastfall-Manager</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgaben</translation>
     </message>
     <message>
         <source>no actions yet</source>
-        <translation type="unfinished"></translation>
+        <translation>noch keine Einwirkungen</translation>
     </message>
     <message>
         <source>1 action</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Einwirkung</translation>
     </message>
     <message>
         <source>%1 actions</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Einwirkungen</translation>
     </message>
     <message>
         <source>no load cases yet</source>
-        <translation type="unfinished"></translation>
+        <translation>noch keine Lastfälle</translation>
     </message>
     <message>
         <source>1 load case</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Lastfall</translation>
     </message>
     <message>
         <source>%1 load cases</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Lastfälle</translation>
     </message>
 </context>
 </TS>

@@ -137,7 +137,8 @@ void SummaryPage::showFacts(const ProjectSummary& summary)
                               : tr("can't be loaded: %1").arg(summary.designCodeReason));
     m_system->setText(systemName(summary.systemClass));
     m_gravity->setText(axisName(summary.gravity));
-    m_current->setText(summary.currentLoadCase == 0 ? tr("none") : QString::number(summary.currentLoadCase));
+    m_current->setText(summary.currentLoadCase == 0 ? tr("none", "load case")
+                                                    : QString::number(summary.currentLoadCase));
 }
 
 void SummaryPage::showCounts(const ProjectSummary& summary)
