@@ -1,16 +1,23 @@
 """A desktop of its own for one run of the workbench: an X server, a window manager, and a person's keyboard."""
 
+import ctypes
 import json
 import os
 import re
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
 import time
 
 SKIPPED = 77
-PATIENCE = 60.0  # seconds; far beyond what any step takes, also under a sanitizer on a busy machine
+PATIENCE = float(os.environ.get("MRL_PATIENCE", 60))  # seconds; far beyond what any step takes, also under a sanitizer on a busy machine
+
+
+def end_with_parent():
+    """Nothing that a test started outlives it, however it ends."""
+    ctypes.CDLL(None).prctl(1, signal.SIGKILL)  # PR_SET_PDEATHSIG
 
 
 def need_tools():
@@ -68,7 +75,8 @@ class Desktop:
         return os.path.join(self.folder, *parts)
 
     def start(self, command, **options):
-        process = subprocess.Popen(command, env=self.environment, **options)
+        options.setdefault("stdout", subprocess.DEVNULL)
+        process = subprocess.Popen(command, env=self.environment, preexec_fn=end_with_parent, **options)
         self.started.append(process)
         return process
 
@@ -89,7 +97,7 @@ class Desktop:
 
     def xdotool(self, *arguments):
         done = subprocess.run(["xdotool", *arguments], env=self.environment, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, text=True)
+                              stderr=subprocess.DEVNULL, text=True, timeout=PATIENCE)
         return done.stdout.strip() if done.returncode == 0 else ""
 
     def titles(self):
