@@ -41,8 +41,7 @@ MRL_HOST_API int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction);
 /// @param buffer [out] results 0 and 1: the bytes, the rest of the buffer zero; results 2 and 3: as it was
 /// @param length [in, out] the buffer's size; with results 0 and 1 the number of bytes delivered
 /// @param position 0 the key's first record; a positive number the record after the one read last on this
-/// key, so
-///                 that a reader that passes 1 each time and one that counts 1, 2, 3 both walk the key
+///                 key, so that a reader that passes 1 each time and one that counts 1, 2, 3 both walk it
 /// @return see cd_error_t
 MRL_HOST_API cd_error_t mrl_cdb_get(int db, int kwh, int kwl, void* buffer, int* length, int position);
 
