@@ -253,6 +253,21 @@ TEST_F(Transactions, DeletingManyKeysInOrderKeepsTheSummaryRight)
             EXPECT_TRUE(kwl % 5 == 0 || kwl > 400 || kwl == 0) << kwl;
 }
 
+TEST_F(Transactions, DeletingKeysWithSeveralRecordsInOrderTakesAllOfThem)
+{
+    // Three records a key: no block of checksums read ahead ends with a whole key.
+    for (int i = 1; i <= 100; ++i)
+        for (const char* text : {"a", "b", "c"})
+            ASSERT_TRUE(appendText(db, 12, i, text));
+    mrl::cdb::Transaction transaction(db);
+    for (int i = 1; i < 100; ++i)
+        ASSERT_EQ(mrl_cdb_del(db, 12, i), CD_OK);
+    const auto done = transaction.commit();
+    ASSERT_TRUE(done) << done.text;
+    EXPECT_THAT(walkUp(db, 12, 0), ElementsAre(100));
+    EXPECT_TRUE(mrl::cdb::integrityCheck(db));
+}
+
 TEST_F(Transactions, FactsAreTakenBackToo)
 {
     ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "a.ini"));
