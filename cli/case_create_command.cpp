@@ -1,5 +1,6 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/load_case_reader.h"
 #include "cli/output.h"
 #include "cli/project.h"
 #include "cli/stored_actions.h"
@@ -49,9 +50,20 @@ int CaseCreateCommand::chosenNumber(const Project& project) const
         }
         return number;
     }
-    std::vector<int> stored;
-    mrl_lc_list(project.db(), stored);
-    const int next = lcm_next_number(stored, std::nullopt, std::set<int>(stored.begin(), stored.end()));
+    std::vector<int> own;
+    std::set<int> used;
+    LoadCaseReader reader(project.db());
+    while (reader.next()) {
+        used.insert(reader.current().number);
+        if (reader.current().own()) {
+            own.push_back(reader.current().number);
+        }
+    }
+    int next = lcm_next_number(own, std::nullopt, used);
+    // Without a load case of its own the dialog proposes 1, taken or not, and leaves the answer to the user.
+    while (used.count(next) > 0) {
+        ++next;
+    }
     if (next > LC_MAX_NUMBER) {
         project.refuse("no number up to 999999 is free behind the highest load case");
     }

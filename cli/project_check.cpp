@@ -49,7 +49,8 @@ class Check
   public:
     Check(int index, const designcode::DesignCode& design)
         : db(index), code(design),
-          columns(columnsOf(design)), identity{design.ntcode, design.idcode, design.country, design.year}
+          columns(columnsOf(design)), identity{design.ntcode, design.idcode, design.country, design.year},
+          loadCaseSetup(setup())
     {
     }
 
@@ -71,6 +72,7 @@ class Check
     const designcode::DesignCode& code;
     MRL_LC_Action_Info columns;
     LCM_DesignCodeIdentity identity;
+    LCM_LoadcaseSetup loadCaseSetup;
     std::map<int, tagCDB_LC_ACT> actions; ///< as their rows show them, by code
     std::vector<Finding> findings;
 };
@@ -195,7 +197,7 @@ void Check::checkLoadCase(const StoredLoadCase& loadCase)
     tagCDB_LC_CTRL record = loadCase.record;
     record.action = fieldsOf(record).action;
     const LCM_LoadcaseVerdict verdict = lcm_judge_stored_loadcase(
-        loadCase.number, record, findAction(record.action), setup(), code.availability);
+        loadCase.number, record, findAction(record.action), loadCaseSetup, code.availability);
     if (verdict.actionMissing) {
         findings.push_back(
             {"loadcase", number, "", "the project has no action " + actionWordText(record.action)});

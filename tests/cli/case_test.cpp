@@ -57,6 +57,14 @@ TEST_F(CaseCommand, CreateWithoutANumberTakesTheNextBehindTheHighest)
     EXPECT_EQ(done({"case", "create", file, "--action", "G"}).out, "42\n");
 }
 
+TEST_F(CaseCommand, CreateWithoutANumberGoesByTheHighestOfItsOwn)
+{
+    done({"put", file, "12", "1", "05000000"});
+    EXPECT_EQ(done({"case", "create", file}).out, "2\n");
+    done({"put", file, "12", "700", "05000000"});
+    EXPECT_EQ(done({"case", "create", file}).out, "3\n");
+}
+
 TEST_F(CaseCommand, CreateWithoutANumberIsRefusedWhenNoneIsLeft)
 {
     done({"case", "create", file, "999999"});
