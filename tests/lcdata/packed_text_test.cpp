@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <random>
 #include <string>
 
 namespace {
@@ -74,6 +75,23 @@ TEST(TitleText, AFieldWithoutClosingZeroComesBackWhole)
         field[i] = title[2 * i].unicode() | static_cast<std::uint32_t>(title[2 * i + 1].unicode()) << 16;
     EXPECT_EQ(lcm_title_text(field), title);
     EXPECT_EQ(utf8Of(field, 32), title.left(31).toStdString());
+}
+
+TEST(TitlePack, AnyTextComesBackUpToItsFirstZeroAndThirtyThreeUnits)
+{
+    std::mt19937 random(7);
+    for (int i = 0; i < 20000; ++i) {
+        QString text;
+        for (auto count = random() % 40; count > 0; --count)
+            text += QChar(static_cast<ushort>(random() % 8 == 0 ? random() % 3 : random()));
+        Field field;
+        lcm_title_pack(text, field, LC_TITLE_WORDS);
+        const int end = text.indexOf(QChar(0));
+        ASSERT_EQ(lcm_title_text(field), text.left(end < 0 ? 33 : std::min(end, 33)));
+        char buffer[32];
+        lcm_title_to_utf8(field, buffer, 32);
+        ASSERT_LE(std::strlen(buffer), 31u);
+    }
 }
 
 TEST(TitleToUtf8, EndsAtTheFirstZeroUnit)
