@@ -380,6 +380,7 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
   private:
     std::unique_ptr<Private> d;

@@ -228,3 +228,33 @@ TEST_F(Sorting, RemovesManyRowsAndKeepsTheSelectionOfTheOthers)
     table.removeRows({0, 1, 2});
     EXPECT_EQ(table.rowCount(), 0);
 }
+
+TEST_F(Sorting, RemovesSelectedRowsAndTellsTheSelectionOnce)
+{
+    addRows(6);
+    fill(Title, {"a", "b", "c", "d", "e", "f"});
+    show();
+    QItemSelection every;
+    for (int row = 0; row < 6; row += 2)
+        every.select(table.model()->index(row, 0), table.model()->index(row, ColumnCount - 1));
+    table.selectionModel()->select(every, QItemSelectionModel::ClearAndSelect);
+    QSignalSpy changes(&table, &QTableWidget::itemSelectionChanged);
+    table.removeRows({0, 2, 4});
+    EXPECT_EQ(texts(Title), QStringList({"b", "d", "f"}));
+    EXPECT_TRUE(table.selectedItems().isEmpty());
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(Sorting, HeadersEmphasiseSelectedRowsUnlessTheSelectionIsInThousandsOfPieces)
+{
+    addRows(2400);
+    table.selectRow(3);
+    EXPECT_TRUE(table.verticalHeader()->highlightSections());
+    QItemSelection every;
+    for (int row = 0; row < 2400; row += 2)
+        every.append(QItemSelectionRange(table.model()->index(row, 0)));
+    table.selectionModel()->select(every, QItemSelectionModel::ClearAndSelect);
+    EXPECT_FALSE(table.verticalHeader()->highlightSections());
+    table.selectRow(3);
+    EXPECT_TRUE(table.verticalHeader()->highlightSections());
+}

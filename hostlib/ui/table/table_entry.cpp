@@ -2,7 +2,7 @@
 #include <QItemSelectionModel>
 #include <QSignalBlocker>
 
-#include <set>
+#include <algorithm>
 
 #include "hostlib/ui/table/table_private.h"
 
@@ -78,11 +78,14 @@ void MRL_H_TableWidget::Private::enterFromEditor(const QModelIndex& index, const
 
 std::vector<int> MRL_H_TableWidget::Private::selectedRows() const
 {
-    std::set<int> rows;
+    std::vector<int> rows;
     for (const QItemSelectionRange& range : table.selectionModel()->selection())
         for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.insert(rows.end(), row);
-    return {rows.begin(), rows.end()};
+            rows.push_back(row);
+    if (!std::is_sorted(rows.begin(), rows.end()))
+        std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
 }
 
 std::vector<int> MRL_H_TableWidget::Private::shownColumns() const

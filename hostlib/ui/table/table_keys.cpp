@@ -12,6 +12,8 @@ namespace {
 const QKeySequence fillDownKey(Qt::CTRL + Qt::Key_D);
 const QKeySequence copyWithHeadersKey(Qt::CTRL + Qt::SHIFT + Qt::Key_C);
 
+constexpr int mostEmphasisedRanges = 1000;
+
 bool matches(const QKeyEvent& event, const QKeySequence& key)
 {
     return QKeySequence(static_cast<int>(event.modifiers() & ~Qt::KeypadModifier) | event.key()) == key;
@@ -149,6 +151,17 @@ void MRL_H_TableWidget::mouseReleaseEvent(QMouseEvent* event)
     for (auto* combo : viewport()->findChildren<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly))
         if (combo->isVisible() && !combo->isEditable())
             combo->showPopup();
+}
+
+void MRL_H_TableWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    MRL_QT_TableWidget::selectionChanged(selected, deselected);
+    // A header that emphasises selected rows walks through all pieces of the selection for each row it
+    // paints.
+    const bool emphasise = selectionModel()->selection().size() <= mostEmphasisedRanges;
+    for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
+        if (header->highlightSections() != emphasise)
+            header->setHighlightSections(emphasise);
 }
 
 void MRL_H_TableWidget::contextMenuEvent(QContextMenuEvent* event)

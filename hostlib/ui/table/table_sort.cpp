@@ -1,4 +1,5 @@
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -368,8 +369,19 @@ void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
         (rows.count(row) != 0 ? gone : kept).push_back(row);
     if (gone.empty())
         return;
+    // A selection that goes with its rows is not worth moving: every second row makes a range of its own.
+    const std::vector<int> selected = d->selectedRows();
+    const bool selectionGoes =
+        !selected.empty() &&
+        std::all_of(selected.begin(), selected.end(), [&](int row) { return rows.count(row) != 0; });
+    if (selectionGoes) {
+        const QSignalBlocker quiet(selectionModel());
+        selectionModel()->clearSelection();
+    }
     // The rows that stay close up over those that go, which then are the last ones and empty.
     if (!kept.empty() && kept.back() > gone.front())
         d->dropRows(kept, gone);
     model()->removeRows(static_cast<int>(kept.size()), static_cast<int>(gone.size()));
+    if (selectionGoes)
+        emit selectionModel()->selectionChanged({}, {});
 }
