@@ -126,7 +126,6 @@ class Database
     int beginWriting();
     int writeSummary();
     void endLevel(bool keepWrites);
-    void endAll();
     int replay();
     void checkpoint();
     static void gone(sqlite3_context* context, int count, sqlite3_value** values);
