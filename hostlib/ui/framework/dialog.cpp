@@ -90,6 +90,8 @@ QLayout* MRL_H_Dialog::makeButtons()
             ok->click();
         });
     }
+    auto* next = new QShortcut(QKeySequence(Qt::Key_F6), this); // child of this
+    connect(next, &QShortcut::activated, this, [this] { focusNextPrevChild(true); });
     buttons->cmdOk()->setToolTip(tr("Saves and closes (Ctrl+Enter)"));
     row->addWidget(buttons, 1);
     return row.release(); // the caller's layout takes it over
