@@ -121,8 +121,11 @@ void LCM_ActionsWidget::addUsed(Deletion& deletion)
         tagCDB_LC_ACT action;
         rowOfCode.emplace(readRow(row, action), row); // the first row of a code counts
     }
+    std::vector<tagCDB_LC_ACT> actions;
+    for (const int code : deletion.used)
+        actions.push_back(actionOf(code));
+    m_loadcaseTab->removeLoadcasesOf(actions);
     for (const int code : deletion.used) {
-        m_loadcaseTab->removeActionLoadcases(actionOf(code));
         deletion.codes.insert(code);
         const auto row = rowOfCode.find(code);
         deletion.rows.insert(row == rowOfCode.end() ? -1 : row->second);

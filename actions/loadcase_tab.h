@@ -1,7 +1,10 @@
 #pragma once
 
+#include <vector>
+
+#include "lcdata/records.h"
+
 class LCM_DataClass;
-struct tagCDB_LC_ACT;
 
 /// What the actions tab needs of the load-case tab. The load-case tab stands above the actions tab and knows
 /// it; this interface keeps the actions tab from having to know the load-case tab in turn.
@@ -16,4 +19,10 @@ class LCM_LoadcaseTab
     virtual bool isActionUsed(const tagCDB_LC_ACT& action) = 0;
     /// Removes the load cases of an action, without a question of its own.
     virtual void removeActionLoadcases(const tagCDB_LC_ACT& action) = 0;
+    /// The same for several actions in turn; the load-case tab does it in one pass.
+    virtual void removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions)
+    {
+        for (const tagCDB_LC_ACT& action : actions)
+            removeActionLoadcases(action);
+    }
 };

@@ -15,6 +15,12 @@ float lcm_cell_value(const QTableWidgetItem* cell)
     return static_cast<float>(number->getVal(nullptr));
 }
 
+int lcm_cell_number(const QTableWidgetItem* cell)
+{
+    const auto* number = MRL_H_TwSimpleLineEditItem::fromItem(cell);
+    return static_cast<int>(number ? number->getVal(nullptr) : static_cast<double>(LC_UNDEFINED));
+}
+
 void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float actionValue)
 {
     const bool follows = value == LC_UNDEFINED;

@@ -9,6 +9,10 @@ class QTableWidgetItem;
 /// The number of a cell; LC_UNDEFINED when it has none, as the action cell, or when it follows the action.
 float lcm_cell_value(const QTableWidgetItem* cell);
 
+/// The whole number of a cell, exact to its last digit, which a float would lose above 16777216; LC_UNDEFINED
+/// as an int when the cell has none.
+int lcm_cell_number(const QTableWidgetItem* cell);
+
 /// Writes a number. LC_UNDEFINED: the cell follows the action.
 /// @param actionValue what a cell shows that follows the action and can say so
 void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float actionValue);

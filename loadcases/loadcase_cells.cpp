@@ -16,12 +16,7 @@ QTableWidgetItem* LCM_LoadcaseCells::operator[](int column) const
     return i >= 0 && i < COLUMNS ? m_cells[static_cast<std::size_t>(i)] : nullptr;
 }
 
-int LCM_LoadcaseCells::number() const
-{
-    // The cell keeps the exact int; a float would lose the last digits of a number above 16777216.
-    const QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
-    return cell ? cell->data(Qt::DisplayRole).toInt() : static_cast<int>(LC_UNDEFINED);
-}
+int LCM_LoadcaseCells::number() const { return lcm_cell_number((*this)[LC_COL_NUMBER]); }
 
 QString LCM_LoadcaseCells::title() const { return lcm_cell_text((*this)[LC_COL_TITLE]); }
 
@@ -58,7 +53,7 @@ void LCM_LoadcaseCells::keepWord(std::optional<int> actionWord)
 void LCM_LoadcaseCells::showNumber(int number)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
-    if (!cell || cell->data(Qt::DisplayRole) == QVariant(number))
+    if (!cell || lcm_cell_number(cell) == number)
         return;
     lcm_set_cell_value(cell, static_cast<float>(number), true, LC_UNDEFINED);
     cell->setData(Qt::DisplayRole, number);

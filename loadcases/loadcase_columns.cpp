@@ -70,8 +70,8 @@ void LCM_LoadcaseWidget::setupColumns()
     const QString components[] = {tr("Component of automatic dead weight in X-direction"),
                                   tr("Component of automatic dead weight in Y-direction"),
                                   tr("Component of automatic dead weight in Z-direction")};
-    const int gravity = m_model->gravityDirection();
-    const int axis = gravity >= -3 && gravity <= 3 ? std::abs(gravity) : 0;
+    readSystem();
+    const int axis = m_gravity >= -3 && m_gravity <= 3 ? std::abs(m_gravity) : 0;
     int position = 0;
     createLineEditHeader(loadcaseTable, LC_COL_NUMBER, baseDescription(0), QStringLiteral("Nr"),
                          tr("Number of loadcase"), position++)

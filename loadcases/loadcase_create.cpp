@@ -57,7 +57,7 @@ LCM_FreeNumbers LCM_LoadcaseWidget::freeNumbers()
         first = std::min(first, range.topRow());
     if (first < loadcaseTable->rowCount())
         selected = numberOfRow(first);
-    return LCM_FreeNumbers(rowNumbers(), selected, m_model->getUsedLoadcaseNumbers());
+    return LCM_FreeNumbers(rowNumbers(), selected, m_model->knownLoadcaseNumbers());
 }
 
 int LCM_LoadcaseWidget::nextNumber() { return m_freeNumbers ? m_freeNumbers->next() : freeNumbers().next(); }
@@ -78,6 +78,8 @@ void LCM_LoadcaseWidget::createLoadcases(bool copy)
     m_freeNumbers = nullptr;
     if (!done)
         return;
+    // What follows moves much of the view: it is painted once, at the end.
+    const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     loadcaseTable->clearSelection();
     loadcaseTable->setRangeSelected(QTableWidgetSelectionRange(*newRows.begin(), 1, *newRows.rbegin(), 1),
                                     true);

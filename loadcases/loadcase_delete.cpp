@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
@@ -50,22 +51,33 @@ bool LCM_LoadcaseWidget::confirmDeletion(std::size_t count)
                                        QMessageBox::No) == QMessageBox::Yes;
 }
 
-std::set<int> LCM_LoadcaseWidget::rowsOfAction(int code) const
-{
-    std::set<int> rows;
-    for (int row = 0; row < loadcaseTable->rowCount(); ++row)
-        if (lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION)) == code)
-            rows.insert(rows.end(), row);
-    return rows;
-}
+void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { removeLoadcasesOf({action}); }
 
-void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action)
+void LCM_LoadcaseWidget::removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions)
 {
-    const std::set<int> rows = rowsOfAction(lcm_action_code(action));
-    for (const int row : rows)
+    if (actions.empty())
+        return;
+    std::unordered_set<int> codes;
+    for (const tagCDB_LC_ACT& action : actions)
+        codes.insert(lcm_action_code(action));
+    // As if one action went after the other: the selection lands where the rows of the last one stood.
+    const int lastCode = lcm_action_code(actions.back());
+    std::set<int> rows;
+    std::optional<int> landing;
+    int others = 0; // rows of the other actions so far
+    for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
+        const int id = lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION));
+        if (codes.count(id) == 0)
+            continue;
+        if (id == lastCode && !landing)
+            landing = row - others;
+        others += id == lastCode ? 0 : 1;
+        rows.insert(rows.end(), row);
         m_model->removeUsedLoadcaseNumber(numberOfRow(row));
+    }
     forgetUsedActions();
     removeRows(loadcaseTable, rows);
+    loadcaseTable->selectRow(std::min(landing.value_or(0), loadcaseTable->rowCount() - 1));
 }
 
 bool LCM_LoadcaseWidget::isActionUsed(const tagCDB_LC_ACT& action)

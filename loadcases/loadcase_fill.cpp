@@ -13,20 +13,27 @@
 #include "loadcases/table_loadcases.h"
 #include "model/data_class.h"
 
+void LCM_LoadcaseWidget::readSystem()
+{
+    m_gravity = m_model->gravityDirection();
+    m_systemClass = lcm_system_class(m_db);
+}
+
 LCM_RowContext LCM_LoadcaseWidget::rowContext()
 {
     LCM_LoadcaseSetup setup;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
         setup.factorColumns[static_cast<std::size_t>(column - LC_COL_GAMU)] =
             loadcaseTable->getColumnNumber(column) >= 0;
-    setup.gravity = m_model->gravityDirection();
-    setup.systemClass = lcm_system_class(m_db);
+    setup.gravity = m_gravity;
+    setup.systemClass = m_systemClass;
     setup.globalDirections = checkDeadload->isChecked();
     return {setup, LCM_ActionLookup(actionsWidget, *m_model)};
 }
 
 void LCM_LoadcaseWidget::fillTable()
 {
+    readSystem();
     const std::vector<LCM_LoadcaseEntry>& entries = m_model->loadcases;
     if (!entries.empty()) {
         MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
@@ -187,6 +194,5 @@ void LCM_LoadcaseWidget::setActionEntries()
 
 int LCM_LoadcaseWidget::numberOfRow(int row) const
 {
-    const QTableWidgetItem* cell = loadcaseTable->itemOnColId(row, LC_COL_NUMBER);
-    return cell ? cell->data(Qt::DisplayRole).toInt() : static_cast<int>(LC_UNDEFINED);
+    return lcm_cell_number(loadcaseTable->itemOnColId(row, LC_COL_NUMBER));
 }

@@ -7,7 +7,6 @@
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "lcdata/system.h"
 #include "loadcases/columns.h"
 #include "loadcases/loadcase_cells.h"
 #include "loadcases/row_context.h"
@@ -94,7 +93,8 @@ void LCM_LoadcaseWidget::slot_checkDeadloadChanged(int state)
         loadcaseTable->setColumnHidden(loadcaseTable->getColumnNumber(column), !shown);
     };
     const bool components = state == Qt::Checked;
-    const auto shown = lcm_shown_components(lcm_system_class(m_db));
+    readSystem();
+    const auto shown = lcm_shown_components(m_systemClass);
     show(LC_COL_DLX, components && shown[0]);
     show(LC_COL_DLY, components && shown[1]);
     show(LC_COL_DLZ, components && shown[2]);
@@ -158,6 +158,7 @@ std::vector<LCM_LoadcaseCopy> LCM_LoadcaseWidget::getCopies() const { return cop
 
 void LCM_LoadcaseWidget::save(bool writeToDatabase)
 {
+    readSystem();
     const LCM_RowContext context = rowContext();
     std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(loadcaseTable->rowCount()));
     for (int row = 0; row < loadcaseTable->rowCount(); ++row)

@@ -51,6 +51,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     LCM_DataClass* model() const override { return m_model; }
     bool isActionUsed(const tagCDB_LC_ACT& action) override;
     void removeActionLoadcases(const tagCDB_LC_ACT& action) override;
+    void removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions) override;
 
     /// Shows an entry in a row.
     void fillRow(int row, const LCM_LoadcaseEntry& entry);
@@ -109,11 +110,11 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     void storeSettings();
     void notifyModification();
 
+    /// Asks the project for its system, which stays what it is while the dialog is open.
+    void readSystem();
     LCM_RowContext rowContext();
     int numberOfRow(int row) const;
     std::vector<int> rowNumbers() const;
-    /// The positions of all rows whose action cell holds this code.
-    std::set<int> rowsOfAction(int code) const;
 
     void fillCells(LCM_LoadcaseCells& cells, const LCM_LoadcaseEntry& entry, LCM_RowContext& context);
     /// The action that the row shows, null for none, the imperfection and a missing one.
@@ -155,6 +156,8 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     MRL_QT_CheckBox* checkDeadload = nullptr;   ///< child of this
     MRL_QT_CheckBox* checkIncrease = nullptr;   ///< child of this
     std::vector<LCM_LoadcaseCopy> copies;
+    int m_gravity = 1;     ///< signed axis of gravity
+    int m_systemClass = 0; ///< 0, 1 or 3
 
     LCM_ActionList m_actionList; ///< what the action column offers
     /// Ids that the action cells hold, while they are known; saves a walk over all rows for each question.

@@ -94,6 +94,8 @@ class LCM_DataClass : public QObject
     /// The load-case numbers in the database, of all modules. Read once; read again as long as there are
     /// none.
     std::set<int> getUsedLoadcaseNumbers();
+    /// The same without the copy; good until the next call that changes the model.
+    const std::set<int>& knownLoadcaseNumbers();
     void removeUsedLoadcaseNumber(int number);
 
     /// The design code's marks; its factor fields also are the limits of the cell checks. Zero when the

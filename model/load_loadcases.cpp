@@ -57,7 +57,9 @@ std::set<int>& LCM_DataClass::usedNumbers()
     return usedLoadcaseNumbers;
 }
 
-std::set<int> LCM_DataClass::getUsedLoadcaseNumbers()
+std::set<int> LCM_DataClass::getUsedLoadcaseNumbers() { return knownLoadcaseNumbers(); }
+
+const std::set<int>& LCM_DataClass::knownLoadcaseNumbers()
 {
     if (usedNumbers().empty())
         readLoadcaseNumbers();

@@ -7,9 +7,9 @@
 
 #include "lcdata/load_case_rules.h"
 
-LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected, std::set<int> used)
-    : m_rows(std::move(rows)), m_used(std::move(used)), m_empty(m_rows.empty()),
-      m_fixedStart(selected.has_value())
+LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected,
+                                 const std::set<int>& used)
+    : m_rows(std::move(rows)), m_used(used), m_empty(m_rows.empty()), m_fixedStart(selected.has_value())
 {
     std::sort(m_rows.begin(), m_rows.end());
     if (selected)

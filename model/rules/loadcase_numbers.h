@@ -9,15 +9,15 @@
 /// The highest load-case number.
 constexpr int LC_MAX_NUMBER = 999999;
 
-/// The numbers that new load cases are proposed: the smallest free one from the selected load case on, or from
-/// the highest of the table when none is selected.
+/// The numbers that new load cases are proposed: the smallest free one from the selected load case on, or
+/// from the highest of the table when none is selected.
 class LCM_FreeNumbers
 {
   public:
     /// @param rows     numbers of all rows of the table
     /// @param selected number of the topmost selected row
-    /// @param used     numbers that the database knows, those of other modules too
-    LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected, std::set<int> used);
+    /// @param used     numbers that the database knows, those of other modules too; has to outlive this
+    LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected, const std::set<int>& used);
 
     /// The next free number, which may be above LC_MAX_NUMBER; 1 for an empty table, whatever is used.
     int next();
@@ -28,7 +28,7 @@ class LCM_FreeNumbers
     bool isFree(int number) const;
 
     std::vector<int> m_rows; ///< ascending
-    std::set<int> m_used;
+    const std::set<int>& m_used;
     std::set<int> m_taken;
     bool m_empty;
     bool m_fixedStart;

@@ -174,6 +174,25 @@ TEST_F(LoadcaseDelete, LoadCasesOfADeletedActionGoWithoutAQuestionAndLeaveTheirN
     EXPECT_THAT(tabs.numbers(), testing::ElementsAre(2, 3, 4, 6));
 }
 
+TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
+{
+    for (int number = 7; number <= 10; ++number)
+        project.putLoadcase(number, standalone());
+    const auto afterBoth = [&](bool together, const tagCDB_LC_ACT& first, const tagCDB_LC_ACT& second) {
+        const Tabs tabs(project);
+        if (together) {
+            tabs.lc->removeLoadcasesOf({first, second});
+        } else {
+            tabs.lc->removeActionLoadcases(first);
+            tabs.lc->removeActionLoadcases(second);
+        }
+        return std::make_pair(tabs.numbers(), selected(tabs));
+    };
+    EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
+    EXPECT_EQ(afterBoth(true, variable(), permanent()), afterBoth(false, variable(), permanent()));
+    EXPECT_EQ(afterBoth(true, variable(), action("X")), afterBoth(false, variable(), action("X")));
+}
+
 TEST_F(LoadcaseDelete, ActionsTabDeletesAnActionWithItsLoadCases)
 {
     const Tabs tabs(project);

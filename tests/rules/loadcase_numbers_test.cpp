@@ -73,7 +73,8 @@ TEST(NextNumber, AgreesWithTheWalkOverRandomTables)
 
 TEST(FreeNumbers, GrowWithTheRowsThatTheyBrought)
 {
-    LCM_FreeNumbers behindTwo({1, 2, 5}, 2, {4});
+    const std::set<int> four{4};
+    LCM_FreeNumbers behindTwo({1, 2, 5}, 2, four);
     std::vector<int> made;
     for (int i = 0; i < 3; ++i) {
         made.push_back(behindTwo.next());
@@ -81,7 +82,8 @@ TEST(FreeNumbers, GrowWithTheRowsThatTheyBrought)
     }
     EXPECT_THAT(made, testing::ElementsAre(3, 6, 7));
 
-    LCM_FreeNumbers fresh({}, std::nullopt, {1, 2});
+    const std::set<int> oneAndTwo{1, 2};
+    LCM_FreeNumbers fresh({}, std::nullopt, oneAndTwo);
     EXPECT_EQ(fresh.next(), 1);
     fresh.take(1);
     EXPECT_EQ(fresh.next(), 3);
@@ -89,7 +91,8 @@ TEST(FreeNumbers, GrowWithTheRowsThatTheyBrought)
 
 TEST(FreeNumbers, WithoutSelectionFollowANumberThatTheUserChose)
 {
-    LCM_FreeNumbers numbers({1, 2}, std::nullopt, {});
+    const std::set<int> none;
+    LCM_FreeNumbers numbers({1, 2}, std::nullopt, none);
     EXPECT_EQ(numbers.next(), 3);
     numbers.take(10);
     EXPECT_EQ(numbers.next(), 11);
