@@ -90,9 +90,8 @@ class LCM_ActionsWidget : public LCM_TabInterface
 
     QString cellText(int row, int column) const;
     void fillRow(int row, const tagCDB_LC_ACT& action, bool check);
-    void fillCells(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check);
-    bool checkRow(int row);
-    bool checkCells(const LCM_RowCells& cells);
+    void fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check);
+    bool checkRow(const LCM_RowCells& cells);
     void appendRow(const tagCDB_LC_ACT& action);
 
     Deletion selectedForDeletion();

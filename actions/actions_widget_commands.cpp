@@ -163,7 +163,7 @@ void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
             tagCDB_LC_ACT action;
             const bool known = m_model->findAction(cells.actionCode(), action, true) != 0;
             if (known)
-                fillCells(cells, action, true);
+                fillRow(cells, action, true);
             if (known || reportAll)
                 reported.push_back(cells);
         }

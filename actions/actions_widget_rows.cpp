@@ -98,20 +98,18 @@ void LCM_ActionsWidget::fillTable()
 
 void LCM_ActionsWidget::fillRow(int row, const tagCDB_LC_ACT& action, bool check)
 {
-    fillCells(LCM_RowCells(m_table, row), action, check);
+    fillRow(LCM_RowCells(m_table, row), action, check);
 }
 
-void LCM_ActionsWidget::fillCells(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check)
+void LCM_ActionsWidget::fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check)
 {
     const MRL_QT_SignalBlocker signalBlocker(m_table);
     cells.show(action);
     if (check)
-        cells.setValid(checkCells(cells));
+        cells.setValid(checkRow(cells));
 }
 
-bool LCM_ActionsWidget::checkRow(int row) { return checkCells(LCM_RowCells(m_table, row)); }
-
-bool LCM_ActionsWidget::checkCells(const LCM_RowCells& cells)
+bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
 {
     MRL_QT_UpdateBlocker updateBlocker(m_table);
     MRL_QT_SignalBlocker signalBlocker(m_table);
@@ -136,7 +134,7 @@ void LCM_ActionsWidget::slot_cellChanged(int row, int col)
     for (const int selectedRow : getSelectedRows(m_table))
         selected.emplace_back(m_table, selectedRow);
     for (const LCM_RowCells& cells : selected)
-        cells.setValid(checkCells(cells));
+        cells.setValid(checkRow(cells));
     emit signal_actionValuesChanged(edited.position(), col);
 }
 

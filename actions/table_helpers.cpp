@@ -32,7 +32,8 @@ void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_Findings& findin
 void removeRows(QTableWidget* table, const std::set<int>& rows)
 {
     const int first = rows.empty() ? 0 : *rows.begin();
-    // The selection gives way to a row at the end anyway; until then each of its cells would be carried along.
+    // The selection gives way to a row at the end anyway; until then each of its cells would be carried
+    // along.
     if (!rows.empty() && first >= 0)
         table->clearSelection();
     if (auto* ownTable = qobject_cast<MRL_H_TableWidget*>(table))

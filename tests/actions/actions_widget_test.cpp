@@ -20,7 +20,7 @@ const char* const NOTICE = "You have made modifications to the actions.\nPlease 
 void storeSuperposition(Project& project)
 {
     const int words[2] = {1, 1};
-    project.put(14, 7, words, sizeof words);
+    project.put(14, 7, words);
 }
 
 /// The menu that opens next, closed again. @return the texts of its entries
@@ -120,7 +120,8 @@ TEST(ActionsWidget, ExperimentalRunOffersAddAllAtTheFoot)
     ASSERT_NE(addAll, nullptr);
     EXPECT_EQ(addAll->text(), QStringLiteral("ADD ALL"));
     EXPECT_EQ(addAll->focusPolicy(), Qt::TabFocus);
-    EXPECT_GT(addAll->y(), tab.widget.findChild<QAbstractButton*>("button_delete")->geometry().bottom() + 100);
+    EXPECT_GT(addAll->y(),
+              tab.widget.findChild<QAbstractButton*>("button_delete")->geometry().bottom() + 100);
     tab.press("button_add_all");
     EXPECT_EQ(tab.table.rowCount(), 7); // the defaults G and Q, and the five that were free
 }

@@ -223,6 +223,17 @@ TEST_F(Commands, DeletingEveryRowLeavesAnEmptyValidTable)
     EXPECT_EQ(tab.table.rowCount(), 0);
 }
 
+TEST_F(Commands, DeletingTheOnlyRowLeavesNothingSelected)
+{
+    Project other;
+    other.store(action("A"));
+    ActionsTab tab(other);
+    tab.selectRows({"A"});
+    tab.press("button_delete");
+    EXPECT_EQ(tab.table.rowCount(), 0);
+    EXPECT_TRUE(getSelectedRows(&tab.table).empty());
+}
+
 TEST_F(Commands, DeleteWithoutASelectionSelectsTheFirstRow)
 {
     ActionsTab tab(project);

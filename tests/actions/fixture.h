@@ -30,6 +30,7 @@
 #include "model/data_class.h"
 #include "tests/support/action_builder.h"
 #include "tests/support/modal_answers.h"
+#include "tests/support/project_fixture.h"
 
 Q_DECLARE_METATYPE(std::set<int>)
 
@@ -154,34 +155,25 @@ inline std::string replaced(std::string text, const std::string& from, const std
 }
 
 /// A project in memory.
-class Project
+class Project : public MemoryProject
 {
   public:
-    explicit Project(const std::string& designCode = FULL_CODE) : m_db(cdb::openMemory().db)
+    explicit Project(const std::string& designCode = FULL_CODE)
     {
         const std::string file = m_folder.filePath(QStringLiteral("code.ini")).toStdString();
         std::ofstream(file) << designCode;
-        EXPECT_TRUE(cdb::setFact(m_db, "designcode", file));
+        setDesignCode(file);
     }
     /// A project of a shipped design code. @param name see mrl::designcode::list
     static std::unique_ptr<Project> ofShippedCode(const std::string& name)
     {
         auto project = std::make_unique<Project>();
-        EXPECT_TRUE(cdb::setFact(project->db(), "designcode", name));
+        project->setDesignCode(name);
         return project;
     }
-    ~Project() { cdb::close(m_db); }
-    Project(const Project&) = delete;
-    Project& operator=(const Project&) = delete;
 
-    int db() const { return m_db; }
-    void store(const tagCDB_LC_ACT& action) { storeAt(lcm_action_code(action), action); }
-    void storeAt(int code, const tagCDB_LC_ACT& action) { put(14, code, &action, sizeof action); }
-    void put(int kwh, int kwl, const void* data, int length)
-    {
-        EXPECT_EQ(mrl_cdb_put(m_db, kwh, kwl, data, &length, 0), CD_OK);
-        mrl_cdb_free_ex(m_db, kwh, kwl);
-    }
+    void store(const tagCDB_LC_ACT& action) { putAction(action); }
+    void storeAt(int code, const tagCDB_LC_ACT& action) { putAction(code, action); }
 
     /// The stored actions by the text of their code.
     std::map<std::string, tagCDB_LC_ACT> stored() const
@@ -189,11 +181,11 @@ class Project
         std::map<std::string, tagCDB_LC_ACT> actions;
         int kwh = 14;
         int kwl = 0;
-        for (mrl_cdb_kenq_ex(m_db, &kwh, &kwl, 1); kwh == 14; mrl_cdb_kenq_ex(m_db, &kwh, &kwl, 1)) {
+        for (mrl_cdb_kenq_ex(db(), &kwh, &kwl, 1); kwh == 14; mrl_cdb_kenq_ex(db(), &kwh, &kwl, 1)) {
             tagCDB_LC_ACT action{};
             int length = sizeof action;
-            mrl_cdb_get(m_db, kwh, kwl, &action, &length, 0);
-            mrl_cdb_free_ex(m_db, kwh, kwl);
+            mrl_cdb_get(db(), kwh, kwl, &action, &length, 0);
+            mrl_cdb_free_ex(db(), kwh, kwl);
             char text[5] = {};
             lcm_word_to_chars(kwl, text);
             actions[text] = action;
@@ -202,8 +194,7 @@ class Project
     }
 
   private:
-    QTemporaryDir m_folder;
-    int m_db;
+    QTemporaryDir m_folder; ///< holds the design code
 };
 
 /// A load-case tab that knows which actions are used and notes what it is asked.

@@ -1,5 +1,7 @@
 #include "tests/actions/fixture.h"
 
+#include <QClipboard>
+
 using mrl::test::action;
 using mrl::test::ActionsTab;
 using mrl::test::FULL_CODE;
@@ -178,6 +180,22 @@ TEST_F(Judgement, TypedDescriptionReachesTheRecord)
     ActionsTab tab(project);
     tab.enter("Q", ACT_COL_DESCRIPTION, "Live load");
     EXPECT_EQ(lcm_title_text(tab.record("Q").title), QStringLiteral("Live load"));
+}
+
+TEST_F(Judgement, PastedColumnIsJudgedRowByRow)
+{
+    ActionsTab tab(project);
+    tab.clickCell("G", ACT_COL_GAMF);
+    QApplication::clipboard()->setText("1,1\n7\n0.25");
+    QSignalSpy values(&tab.widget, SIGNAL(signal_actionValuesChanged(int, int)));
+    QTest::keyClick(&tab.table, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(tab.record("G").gamf, 1.1f);
+    EXPECT_EQ(tab.record("Q").gamf, 7.0f);
+    EXPECT_EQ(tab.record("U1").gamf, 0.25f);
+    EXPECT_TRUE(tab.isRowValid("G"));
+    EXPECT_TRUE(tab.isRed("Q", ACT_COL_GAMF));
+    EXPECT_TRUE(tab.isRowValid("U1"));
+    EXPECT_EQ(values.count(), 3);
 }
 
 TEST_F(Judgement, EmptiedFactorGetsItsFormerValueBack)

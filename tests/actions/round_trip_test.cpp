@@ -241,8 +241,8 @@ TEST(RoundTrip, OtherRecordsOfAnActionsKeyGoAndTheLastOfKindOneStays)
     tagCDB_LC_ACT foreign = action("G").gamu(1.3f);
     foreign.kind = 2;
     const int code = mrl::test::codeOf("G");
-    ASSERT_TRUE(mrl::cdb::append(project.db(), 14, code, &second, sizeof second));
-    ASSERT_TRUE(mrl::cdb::append(project.db(), 14, code, &foreign, sizeof foreign));
+    project.append(14, code, second);
+    project.append(14, code, foreign);
     accept(project);
     tagCDB_LC_ACT read{};
     int length = sizeof read;
@@ -265,7 +265,7 @@ TEST(RoundTrip, KeysOfOtherModulesStay)
     Project project;
     project.store(action("G"));
     const int words[2] = {1, 5};
-    project.put(14, 12, words, sizeof words);
+    project.put(14, 12, words);
     project.storeAt(0x20202020, action("G").gamu(1.1f));
     project.storeAt(mrl::test::codeOf("Y1"), action("G").gamu(1.2f));
     accept(project);
