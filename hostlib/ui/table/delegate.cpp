@@ -59,7 +59,7 @@ std::optional<Step> stepOfKey(const QKeyEvent& event, bool inText)
     case Qt::Key_Enter:
         return Step{back ? -1 : 1, 0};
     case Qt::Key_Tab:
-        return Step{0, 1};
+        return Step{0, back ? -1 : 1};
     case Qt::Key_Backtab:
         return Step{0, -1};
     case Qt::Key_Up:

@@ -115,8 +115,10 @@ QTableWidgetItem* MRL_H_TableWidget::horizontalHeaderItemOnColId(int id) const
 
 int MRL_H_TableWidget::getColumnNumber(int id) const
 {
-    const auto place = static_cast<std::size_t>(id - d->firstId);
-    return id >= d->firstId && place < d->positionOfId.size() ? d->positionOfId[place] : -1;
+    if (id < d->firstId)
+        return -1;
+    const auto place = static_cast<std::size_t>(id) - static_cast<std::size_t>(d->firstId);
+    return place < d->positionOfId.size() ? d->positionOfId[place] : -1;
 }
 
 int MRL_H_TableWidget::getColumnId(int column) const
