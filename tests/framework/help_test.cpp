@@ -135,6 +135,26 @@ TEST(HelpPages, EachColumnAndCommandOfTheTabsIsExplained)
         EXPECT_TRUE(english.contains(word)) << word;
 }
 
+// A German page must call things as the German windows do.
+TEST(HelpPages, TheGermanPageUsesTheWordsOfTheGermanWindows)
+{
+    QFile file(MRL_TRANSLATIONS "/mrl_loadcase_dll_de.ts");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString translations = QString::fromUtf8(file.readAll());
+    const QString german = pageText("de").simplified();
+    for (const char* word :
+         {"Description", "Partition", "Superposition", "New", "Delete", "Copy", "ADD ALL",
+          "Reinit all actions", "Reinit selected actions", "Pre defined actions", "User defined action",
+          "Title", "Factor of dead weight", "Use global deadload directions",
+          "Increment loadcases automatically from selected on", "Delete unused loadcases", "None"}) {
+        const QRegularExpression pattern(
+            QString("<source>%1</source>\\s*<translation>([^<]+)<").arg(QRegularExpression::escape(word)));
+        const QString translated = pattern.match(translations).captured(1);
+        EXPECT_FALSE(translated.isEmpty()) << word;
+        EXPECT_TRUE(german.contains(translated)) << word << ": " << translated.toStdString();
+    }
+}
+
 TEST(HelpPages, BothLanguagesHaveTheSameSections)
 {
     const auto anchors = [](const QString& page) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <QFileInfo>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QProcess>
 

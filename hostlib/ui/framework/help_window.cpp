@@ -85,7 +85,6 @@ QLayout* HelpWindow::makeBar()
     label->setBuddy(m_search);
     bar->addWidget(label);
     m_search->setObjectName(QStringLiteral("help search"));
-    m_search->setClearButtonEnabled(true);
     m_search->setPlaceholderText(tr("Word in this page"));
     connect(m_search, &QLineEdit::returnPressed, this, &HelpWindow::find);
     bar->addWidget(m_search);
