@@ -1,6 +1,7 @@
 #include "cli/project_check.h"
 
 #include <map>
+#include <set>
 
 #include "cli/arguments.h"
 #include "cli/design_code_columns.h"
@@ -122,14 +123,16 @@ void Check::checkAction(const StoredAction& action)
 
 void Check::checkActions()
 {
-    bool anyOfTheCode = false;
+    std::set<int> known;
+    for (const auto& action : code.actions) {
+        known.insert(action.code);
+    }
+    bool anyKnown = false;
     for (const StoredAction& action : readActions(db)) {
         checkAction(action);
-        for (const auto& known : code.actions) {
-            anyOfTheCode = anyOfTheCode || known.code == action.code;
-        }
+        anyKnown = anyKnown || known.count(action.code) > 0;
     }
-    if (!anyOfTheCode) {
+    if (!anyKnown) {
         addFallbackActions();
     }
 }

@@ -82,3 +82,13 @@ TEST_F(Codes, OwnFolderComesFirstAndAMalformedFileHidesNoOther)
         EXPECT_EQ(code["label"] == "Own", code["name"] == "en1990");
     }
 }
+
+TEST_F(Codes, ShippedCodesAreFoundBesideTheProgramWithoutASearchPath)
+{
+    const std::string old = qEnvironmentVariable("MRL_DESIGNCODE_PATH").toStdString();
+    qunsetenv("MRL_DESIGNCODE_PATH");
+    const auto run = mrlLc({"codes", "--json"});
+    qputenv("MRL_DESIGNCODE_PATH", QByteArray::fromStdString(old));
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(run.json().size(), 7u);
+}

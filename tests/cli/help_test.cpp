@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <QTemporaryDir>
+#include <cstdlib>
+
 #include "cli/run.h"
 
 using mrl::test::contentOf;
@@ -94,4 +97,31 @@ TEST(Help, ManPageAndCompletionKnowEveryCommand)
         EXPECT_THAT(man, HasSubstr("mrl-lc " + joined(command) + "\\fR")) << joined(command);
         EXPECT_THAT(completion, HasSubstr(command.back())) << joined(command);
     }
+}
+
+namespace {
+
+/// What the completion offers for the last of some words.
+std::string completed(const std::string& words, int last)
+{
+    QTemporaryDir folder;
+    const std::string out = folder.path().toStdString() + "/out";
+    const std::string command = "PATH=\"$(dirname '" MRL_LC "'):$PATH\" bash -c 'source \"" MRL_SOURCE
+                                "/cli/mrl-lc.bash\"; COMP_WORDS=(" +
+                                words + "); COMP_CWORD=" + std::to_string(last) +
+                                "; _mrl_lc; echo \"${COMPREPLY[@]}\"' >'" + out + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    return contentOf(out);
+}
+
+} // namespace
+
+TEST(Completion, OffersCommandsOptionsAndWords)
+{
+    EXPECT_EQ(completed("mrl-lc ca", 1), "case\n");
+    EXPECT_EQ(completed("mrl-lc case s", 2), "show set set-current\n");
+    EXPECT_EQ(completed("mrl-lc case create p.cdb --a", 4), "--action\n");
+    EXPECT_EQ(completed("mrl-lc new p.cdb --system pl", 4), "plane plate\n");
+    EXPECT_EQ(completed("mrl-lc new p.cdb --code en", 4), "en1990 en1990-road-bridges\n");
+    EXPECT_EQ(completed("mrl-lc code show sia", 3), "sia260\n");
 }

@@ -1,5 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
 #include "cli/run.h"
 
 using mrl::test::mrlLc;
@@ -60,4 +64,37 @@ TEST(Samples, TitleWithoutAClosingZeroComesWhole)
 {
     const auto lc = mrlLc({"case", "show", sample("oddities"), "13", "--json"}).json();
     EXPECT_EQ(lc["title"], std::string(34, 'x'));
+}
+
+namespace {
+
+class SampleScript : public mrl::test::CliTest
+{
+  protected:
+    /// Runs the script that stands in a folder. @return whether it succeeded
+    bool build(const std::string& scriptFolder, const std::string& target,
+               const std::string& sampleName) const
+    {
+        const std::string command = "MRL_LC='" MRL_LC "' '" + scriptFolder + "/build' '" + target + "' " +
+                                    sampleName + " >/dev/null 2>'" + path("err") + "'";
+        return std::system(command.c_str()) == 0;
+    }
+};
+
+} // namespace
+
+TEST_F(SampleScript, MakesAProjectInAnyFolder)
+{
+    ASSERT_TRUE(build(MRL_SOURCE "/samples", path("new/folder"), "oddities"));
+    EXPECT_EQ(done({"keys", path("new/folder/oddities.cdb")}).out, mrlLc({"keys", sample("oddities")}).out);
+}
+
+TEST_F(SampleScript, NamesTheLineOfAStepThatFailsAndLeavesTheOldProject)
+{
+    std::filesystem::copy(MRL_SOURCE "/samples/build", path("build"));
+    std::ofstream(path("bad.txt")) << "# a comment\nproject --code en1990\ncase 1 X9 Title\n";
+    std::ofstream(path("bad.cdb")) << "old";
+    EXPECT_FALSE(build(path(""), path(""), "bad"));
+    EXPECT_THAT(mrl::test::contentOf(path("err")), HasSubstr("bad.txt:3: "));
+    EXPECT_EQ(mrl::test::contentOf(path("bad.cdb")), "old");
 }
