@@ -35,14 +35,11 @@ void Document::close()
 
 bool Document::isOpen() const { return database() >= 0; }
 
-bool Document::isReadOnly() const { return const_cast<Document*>(this)->m_shadow.host().isReadOnly(); }
+bool Document::isReadOnly() const { return m_shadow.host().isReadOnly(); }
 
-QString Document::file() const { return const_cast<Document*>(this)->m_shadow.host().path(); }
+QString Document::file() const { return m_shadow.host().path(); }
 
-bool Document::isModified() const
-{
-    return isOpen() && const_cast<Document*>(this)->m_shadow.host().hasChanges();
-}
+bool Document::isModified() const { return isOpen() && m_shadow.host().hasChanges(); }
 
 int Document::database() const { return m_shadow.index(); }
 

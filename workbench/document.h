@@ -61,7 +61,7 @@ class Document : public QObject
     void markAll();
 
     Managers& m_managers;
-    MRL_H_ShadowDatabase m_shadow;
+    mutable MRL_H_ShadowDatabase m_shadow; ///< its host side is asked through host(), which isn't const
 };
 
 } // namespace mrl::workbench

@@ -100,6 +100,13 @@ QString actionOf(int word)
     return word < LC_BLANK_WORD ? QString::number(word) : actionName(word);
 }
 
+QVariant boldFont()
+{
+    QFont font;
+    font.setBold(true);
+    return font;
+}
+
 QVariant rightIf(bool right)
 {
     return QVariant(right ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
@@ -225,11 +232,8 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
         return text(loadCase, index.column());
     case Qt::ToolTipRole:
         return current ? tr("The current load case") : QVariant();
-    case Qt::FontRole: {
-        QFont font;
-        font.setBold(current);
-        return font;
-    }
+    case Qt::FontRole:
+        return current ? boldFont() : QVariant();
     default:
         return QVariant();
     }
