@@ -118,10 +118,9 @@ TEST(MalformedFile, EmptyTextHasNoIdentity)
 TEST(MalformedFile, ThousandthActionIsRefused)
 {
     std::string text = "[DESIGN CODE]\nlabel=L\nntcode=0\nidcode=0\ncountry=0\nyear=0\n"; // 6 lines
-    for (int i = 0; i < 1000; ++i) { // 3 lines each: the last begins in line 6 + 999 * 3 + 1
-        char name[8];
-        std::snprintf(name, sizeof name, "N%03d", i);
-        text += std::string("[ACTION ") + (i == 999 ? "LAST" : name) + "]\ncategory=Q\nsuperposition=COND\n";
+    for (int number = 1000; number < 2000;
+         ++number) { // 3 lines each: the last begins in line 6 + 999 * 3 + 1
+        text += "[ACTION " + std::to_string(number) + "]\ncategory=Q\nsuperposition=COND\n";
     }
     EXPECT_EQ(errorOf(text), "bad.ini:3004: more than 999 actions");
 }
