@@ -72,7 +72,7 @@ TEST(ParseDesignCode, ActionTakesEveryField)
 
 TEST(ParseDesignCode, SuffixAndLoadGroupGoIntoRecordAndCode)
 {
-    const auto& action = parsed(SAMPLE_CODE).actions.at(2);
+    const auto action = parsed(SAMPLE_CODE).actions.at(2);
     EXPECT_EQ(action.code, 0x20415F51); // 'Q' '_' 'A' ' '
     EXPECT_EQ(action.record.suffix, 0x20202041);
     EXPECT_EQ(action.record.partition, 0x132); // group 1, category 3, EXCL 2
