@@ -266,6 +266,8 @@ bool isAction(const Key& key)
 
 TEST(SampleRoundTrip, LoadCasesAndForeignRecordsOfEverySampleComeBackAsTold)
 {
+    if (samples().empty())
+        GTEST_SKIP() << "the sample projects are not built";
     for (const std::string& file : samples()) {
         SCOPED_TRACE(file);
         const mrl::cdb::Opened stored = mrl::cdb::openReadOnly(file);
