@@ -1,6 +1,6 @@
 #include "table/fixture.h"
 
-using namespace tabletest;
+namespace tabletest {
 
 class Blockers : public Table
 {
@@ -131,3 +131,5 @@ TEST_F(Blockers, OfQtCatchUpAtTheNextTurnOfTheEventLoop)
     QCoreApplication::processEvents();
     EXPECT_EQ(texts(Title), QStringList({"a", "b", "c"}));
 }
+
+} // namespace tabletest

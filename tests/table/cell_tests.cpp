@@ -1,7 +1,7 @@
 #include "hostlib/ui/table/cell_pool.h"
 #include "table/fixture.h"
 
-using namespace tabletest;
+namespace tabletest {
 
 class Cells : public Table
 {
@@ -238,3 +238,5 @@ TEST(CellPool, GivesItsBlocksBackWithTheLastCell)
     EXPECT_EQ(pool.blocks(), 0u);
     pool.giveBack(pool.take());
 }
+
+} // namespace tabletest

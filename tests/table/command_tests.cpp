@@ -2,7 +2,7 @@
 
 #include <QClipboard>
 
-using namespace tabletest;
+namespace tabletest {
 
 class Commands : public Table
 {
@@ -223,3 +223,5 @@ TEST_F(Commands, MenuIsBuiltAnewOnlyWhenAsked)
     for (const QAction* action : fresh->actions())
         EXPECT_NE(action->text(), "mine");
 }
+
+} // namespace tabletest

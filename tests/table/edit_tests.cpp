@@ -5,7 +5,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-using namespace tabletest;
+namespace tabletest {
 
 /// A table in a dialog with a default button and a Delete command, as on the pages of the managers.
 class Editing : public Table
@@ -474,3 +474,5 @@ TEST_F(Editing, SearchByTypingCanBeSwitchedOff)
     type("i");
     EXPECT_EQ(table.currentRow(), 2);
 }
+
+} // namespace tabletest

@@ -1,6 +1,6 @@
 #include "table/fixture.h"
 
-using namespace tabletest;
+namespace tabletest {
 
 TEST(LineEdit, ShowsAndReadsANumber)
 {
@@ -69,3 +69,5 @@ TEST(LineEdit, OfATextKeepsIt)
     MRL_H_LineEdit edit(nullptr, description, "", "", "", true);
     EXPECT_EQ(edit.text(), "dead load ");
 }
+
+} // namespace tabletest

@@ -1,6 +1,6 @@
 #include "table/fixture.h"
 
-using namespace tabletest;
+namespace tabletest {
 
 class ChangeReports : public Table
 {
@@ -99,3 +99,5 @@ TEST_F(ChangeReports, SurviveAReceiverThatDeletesTheTable)
     QObject::connect(mortal, &QTableWidget::cellChanged, [mortal] { delete mortal; });
     MRL_H_TwSimpleLineEditItem::fromItem(mortal->item(1, Factor))->setVal(1.0f);
 }
+
+} // namespace tabletest

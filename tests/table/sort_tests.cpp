@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <random>
 
-using namespace tabletest;
+namespace tabletest {
 
 class Sorting : public Table
 {
@@ -258,3 +258,5 @@ TEST_F(Sorting, HeadersEmphasiseSelectedRowsUnlessTheSelectionIsInThousandsOfPie
     table.selectRow(3);
     EXPECT_TRUE(table.verticalHeader()->highlightSections());
 }
+
+} // namespace tabletest
