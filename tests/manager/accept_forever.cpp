@@ -1,10 +1,11 @@
 // Accepts the manager dialog on a project file without end, to be killed in the middle of it: accept_forever
 // FILE Each acceptance gives all load cases the same title, the number of the acceptance, which is told when
 // it is done.
-#include <QTabWidget>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "actions/actions_widget.h"
 #include "host/mrl_table.h"
@@ -16,16 +17,32 @@
 
 namespace {
 
+/// Nobody answers a message here: say it and end.
+void leaveOnMessage()
+{
+    if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(box->text()));
+        std::_Exit(5);
+    }
+}
+
 void acceptWithTitle(const QString& title)
 {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    auto* tab = dialog ? dialog->findChild<LCM_LoadcaseWidget*>() : nullptr;
-    if (!tab)
+    QWidget* window = QApplication::activeModalWidget();
+    if (!window) { // something let events through before the dialog was up
+        QTimer::singleShot(0, [title] { acceptWithTitle(title); });
         return;
+    }
+    auto* tab = window->findChild<LCM_LoadcaseWidget*>();
+    if (!tab) {
+        std::fprintf(stderr, "unexpected window: %s\n", qPrintable(window->windowTitle()));
+        std::_Exit(4);
+    }
     MRL_H_TableWidget* table = tab->tableWidget();
     for (int row = 0; row < table->rowCount(); ++row)
         table->itemOnColId(row, LC_COL_TITLE)->setText(title);
-    dialog->accept();
+    QTimer::singleShot(0, leaveOnMessage);
+    qobject_cast<QDialog*>(window)->accept();
 }
 
 } // namespace

@@ -57,8 +57,13 @@ TEST(KilledAcceptance, LeavesTheOldStateOrTheNewOne)
     std::uniform_int_distribution<int> microseconds(0, 60000);
     for (int round = 0; round < ROUNDS; ++round) {
         QProcess accepting;
+        // Settings of its own: a lock file that a killed process left half-written holds up the next one.
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.filePath(QString::number(round)));
+        accepting.setProcessEnvironment(environment);
+        accepting.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         accepting.start(QStringLiteral(MRL_ACCEPT_FOREVER), {file});
-        ASSERT_TRUE(accepting.waitForReadyRead());
+        ASSERT_TRUE(accepting.waitForReadyRead(120000)) << accepting.exitCode();
         // Not a wait for something: the moment of the killing is what varies.
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
         accepting.kill();
