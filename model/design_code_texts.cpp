@@ -1,27 +1,7 @@
 // The design code's symbols for the factors, and which factors it has.
-#include <array>
-
-#include "host/mrl_lib.h"
 #include "host/mrl_widgets.h"
 #include "model/data_class.h"
-
-namespace {
-
-constexpr int FILE_NAME_BYTES = 1024;
-constexpr int LABEL_BYTES = 20;
-
-/// The label of an entry "TXT_..." of the design-code file, empty when there is none.
-QString readLabel(const QString& file, const QString& upperKey)
-{
-    const QByteArray entry = QStringLiteral("TXT_%1").arg(upperKey).toUtf8();
-    int value = 0;
-    std::array<char, LABEL_BYTES + 1> label{}; // a label that fills the buffer has no closing zero
-    mrl_lib_profile_read(file.toUtf8().constData(), "ACTIONS", entry.constData(), 1, &value, label.data(),
-                         LABEL_BYTES, 0);
-    return QString::fromUtf8(label.data()).simplified();
-}
-
-} // namespace
+#include "model/rules/design_code_label.h"
 
 QString LCM_DataClass::designCodeText(const QString& key)
 {
@@ -30,8 +10,8 @@ QString LCM_DataClass::designCodeText(const QString& key)
     if (cached != textCache.end())
         return cached->second;
 
-    std::array<char, FILE_NAME_BYTES> file{};
-    if (!mrl_lib_designcode_file(db, file.data(), FILE_NAME_BYTES)) {
+    const std::optional<QString> file = lcm_design_code_file(db);
+    if (!file) {
         if (!textWarningShown)
             MRL_QT_MessageBox::critical(
                 nullptr, tr("Database corrupt"),
@@ -39,7 +19,7 @@ QString LCM_DataClass::designCodeText(const QString& key)
                 QString(), QString(), 0, -1);
         textWarningShown = true;
     }
-    QString label = readLabel(QString::fromUtf8(file.data()), upperKey);
+    QString label = lcm_design_code_label(file.value_or(QString()), upperKey);
     if (label.isEmpty())
         label = key;
     textCache[upperKey] = label;

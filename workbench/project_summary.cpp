@@ -8,13 +8,13 @@
 #include "host/mrl_alib.h"
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
+#include "host/mrl_widgets.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "lcdata/action_code.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/system.h"
-#include "model/data_class.h"
-#include "workbench/project_check.h"
+#include "model/check/project_check.h"
 
 namespace mrl::workbench {
 
@@ -97,6 +97,28 @@ std::vector<FactorColumn> factorColumns(const designcode::DesignCode* code)
     return columns;
 }
 
+bool usesGlobalDirections()
+{
+    int on = 0;
+    if (auto* application = dynamic_cast<MRL_QT_Application*>(QCoreApplication::instance()))
+        application->getAppSettings(QStringLiteral("LF_Manager"), QStringLiteral("checkDeadload"), on, 0);
+    return on != 0;
+}
+
+/// Judged as the managers would when they open.
+std::vector<CheckFinding> findings(int db)
+{
+    std::vector<CheckFinding> worded;
+    for (const LCM_ProjectFinding& finding : lcm_check_project(db, usesGlobalDirections())) {
+        const QString where =
+            finding.subject == LCM_ProjectFinding::Subject::Action
+                ? QCoreApplication::translate("Workbench", "Action %1").arg(actionName(finding.id))
+                : QCoreApplication::translate("Workbench", "Load case %1").arg(finding.id);
+        worded.push_back({where, finding.message});
+    }
+    return worded;
+}
+
 } // namespace
 
 QString actionName(int code)
@@ -122,7 +144,7 @@ ProjectSummary summarise(int db)
     summary.actions = readActions(db);
     readLoadCases(db, summary);
     if (loaded.code)
-        summary.findings = checkProject(db);
+        summary.findings = findings(db);
     return summary;
 }
 
