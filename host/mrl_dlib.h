@@ -18,8 +18,8 @@ MRL_HOST_API int mrl_dlib_ini_switch(int db);
 /// @param which 0: the availability record, whose factor fields are marks and limits and whose partition word
 /// is 0.
 ///              -1, -2, ...: the default actions in their order. Positive: an action by its code, then by an
-///              old action number, then the first record of kind 1 at that key of KWH 14 in the current database,
-///              which mrl_dlib_ini_switch selects (a code is never below 0x20202020).
+///              old action number, then the first record of kind 1 at that key of KWH 14 in the current
+///              database, which mrl_dlib_ini_switch selects (a code is never below 0x20202020).
 /// @param out [out] the record; as it was when the call fails
 /// @return negative when there is no such entry
 MRL_HOST_API int mrl_dlib_lcact_info(int which, tagCDB_LC_ACT* out);

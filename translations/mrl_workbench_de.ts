@@ -34,10 +34,6 @@
         <source>Load case %1</source>
         <translation>Lastfall %1</translation>
     </message>
-    <message>
-        <source>The project has no action %1.</source>
-        <translation>Das Projekt hat keine Einwirkung %1.</translation>
-    </message>
 </context>
 <context>
     <name>mrl::workbench::ActionsModel</name>

@@ -26,7 +26,11 @@ static_assert(int(ACT_COL_GAMU) == int(LC_COL_GAMU) && int(ACT_COL_PSI1S) == int
 
 QString tr(const char* text) { return QCoreApplication::translate("LCM_ProjectCheck", text); }
 
-QString nameOf(int code) { return lcm_code_text(code).trimmed(); }
+/// An old action number stands as it is, since it names no action.
+QString nameOf(int word)
+{
+    return word < LC_BLANK_WORD ? QString::number(word) : lcm_code_text(word).trimmed();
+}
 
 /// Gathers the findings of one project.
 class Check

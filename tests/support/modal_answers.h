@@ -96,7 +96,8 @@ class ModalAnswers
         m_answers.pop_front();
         const QPointer<QWidget> before = m_answering;
         m_answering = window;
-        // A timer doesn't come again inside its own report; a new one does, for a window that the answer opens.
+        // A timer doesn't come again inside its own report; a new one does, for a window that the answer
+        // opens.
         m_timer.start(0);
         answer(window);
         m_answering = before;

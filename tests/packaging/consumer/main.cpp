@@ -17,7 +17,8 @@ int main(int argc, char** argv)
     const int imperfection = 70;
     const bool created = mrl_lc_create_load_case(project.db, 7, imperfection, QStringLiteral("Out of plumb"));
     tagCDB_LC_CTRL record{};
-    const bool read = mrl_lc_get(project.db, 7, record) && mrl_lc_get_name(record) == QStringLiteral("Out of plumb");
+    const bool read =
+        mrl_lc_get(project.db, 7, record) && mrl_lc_get_name(record) == QStringLiteral("Out of plumb");
     const bool none = MRL_H_PluginFactory(QStringLiteral("nobody")) == nullptr;
     return created && read && none && mrl_lc_count(project.db) == 1 ? 0 : 1;
 }
