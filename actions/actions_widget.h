@@ -106,6 +106,6 @@ class LCM_ActionsWidget : public LCM_TabInterface
     LCM_LoadcaseTab* m_loadcaseTab;                  ///< not owned; null in a dialog of the actions alone
     MRL_QT_Action* m_reinitAllAction = nullptr;      ///< child of this
     MRL_QT_Action* m_reinitSelectedAction = nullptr; ///< child of this
-    std::map<int, tagCDB_LC_ACT> m_rowCache;         ///< the records of all rows as of its last making
-    bool m_rowCacheDirty = true;
+    std::map<int, tagCDB_LC_ACT> rowCache;           ///< the records of all rows as of its last making
+    bool rowCacheDirty = true;
 };

@@ -18,7 +18,7 @@
 
 void LCM_ActionsWidget::slot_newClicked()
 {
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     m_modified = true;
     // To the end of the slot: the receivers of the signals find the new row last, then it sorts into place.
     const MRL_QT_SortingBlocker sortingBlocker(m_table);
@@ -36,7 +36,7 @@ void LCM_ActionsWidget::slot_newClicked()
 
 void LCM_ActionsWidget::slot_addAllClicked()
 {
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     const MRL_QT_SortingBlocker sortingBlocker(m_table);
     for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*m_model))
         appendRow(action);
@@ -66,7 +66,7 @@ void LCM_ActionsWidget::slot_deleteClicked()
         addUsed(deletion);
     m_model->removeActions(deletion.codes);
     removeRows(m_table, deletion.rows);
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     emit signal_actionCountChanged();
 }
 
@@ -151,7 +151,7 @@ void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedR
 
 void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
 {
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
     for (const int row : rows)
         taken.emplace_back(m_table, row);

@@ -126,7 +126,7 @@ bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
 void LCM_ActionsWidget::slot_cellChanged(int row, int col)
 {
     m_modified = true;
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     // Taken before anything is judged: the colouring may let a sorted table move its rows, and the signal has
     // to name the row that was edited.
     const LCM_RowCells edited(m_table, row);

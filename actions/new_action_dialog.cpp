@@ -66,10 +66,10 @@ struct MRL_LC_AddNewActionDialog::Private
     }
 };
 
-MRL_LC_AddNewActionDialog::MRL_LC_AddNewActionDialog(int dialogOption, LCM_DataClass* model,
+MRL_LC_AddNewActionDialog::MRL_LC_AddNewActionDialog(int option, LCM_DataClass* model,
                                                      const QStringList& usedNames, QWidget* parent,
                                                      const char* name)
-    : MRL_QT_Dialog(parent, name), d(std::make_unique<Private>()), m_dialogOption(dialogOption)
+    : MRL_QT_Dialog(parent, name), d(std::make_unique<Private>()), dialogOption(option)
 {
     setCaption(tr("New action"));
     d->model = model;
@@ -92,7 +92,7 @@ void MRL_LC_AddNewActionDialog::createWidgets()
     mrl_connect(d->ways, "2buttonClicked( int )", this, "1slot_radioClicked( int )", Qt::AutoConnection);
     d->ways->setExclusive(true);
     createPredefinedHalf();
-    if ((m_dialogOption & WITHOUT_USER_DEFINED) == 0)
+    if ((dialogOption & WITHOUT_USER_DEFINED) == 0)
         createUserHalf();
     createFoot();
 }

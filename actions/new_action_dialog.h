@@ -15,11 +15,11 @@ class MRL_LC_AddNewActionDialog : public MRL_QT_Dialog, public LCM_NewAction
 {
     Q_OBJECT
   public:
-    /// @param dialogOption bit 0 set: names of the user's own are not offered
+    /// @param option bit 0 set: names of the user's own are not offered
     /// @param model read only; outlives the dialog
     /// @param usedNames the texts of the action cells of all rows, with the blanks that pad them
-    MRL_LC_AddNewActionDialog(int dialogOption, LCM_DataClass* model, const QStringList& usedNames,
-                              QWidget* parent, const char* name);
+    MRL_LC_AddNewActionDialog(int option, LCM_DataClass* model, const QStringList& usedNames, QWidget* parent,
+                              const char* name);
     ~MRL_LC_AddNewActionDialog() override;
 
     QSize sizeHint() const override;
@@ -49,5 +49,5 @@ class MRL_LC_AddNewActionDialog : public MRL_QT_Dialog, public LCM_NewAction
     void judgeName(bool actionChanged);
 
     std::unique_ptr<Private> d;
-    int m_dialogOption;
+    int dialogOption;
 };

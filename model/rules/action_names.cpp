@@ -53,6 +53,9 @@ bool isUsed(const QString& name, const QStringList& usedNames)
 bool validateName(const QString& action, const QString& category, const QStringList& usedNames,
                   bool actionChanged, QString& message)
 {
+    // An emptied field is no fault, not even where a row without a name stands in the table.
+    if (action.isEmpty() && (actionChanged || category.isEmpty()))
+        return true;
     const char* refusal = fault(actionChanged ? action : category, actionChanged);
     // Both at once: the action text isn't tested when the category changed and may hold anything.
     const QString name = category.isEmpty() ? action : QStringLiteral("%1_%2").arg(action, category);

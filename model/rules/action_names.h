@@ -8,7 +8,8 @@
 /// Tells whether a typed name may be given to a new action.
 ///
 /// Only one of the two texts is tested for its form, the one that the user has just changed; the name that
-/// both make together is tested against the used ones in any case. An empty action text has no fault of form.
+/// both make together is tested against the used ones in any case. An empty action text is good, even where
+/// the used names hold one of nothing but blanks.
 ///
 /// @param action, category the texts in upper case, without white space around them
 /// @param usedNames the names in use; blanks around them don't count

@@ -169,6 +169,18 @@ TEST(ActionsWidget, SelectedCodesAreThoseOfTheSelectedRows)
     EXPECT_EQ(codes, (std::set<int>{codeOf("A"), codeOf("U1")}));
 }
 
+TEST(ActionsWidget, SelectedRowWithoutItsFirstCellCountsAsMinusOne)
+{
+    const Project project;
+    ActionsTab tab(project);
+    delete tab.table.takeItem(0, 0);
+    tab.table.clearSelection();
+    tab.table.setRangeSelected({0, 1, 0, 1}, true);
+    std::set<int> codes;
+    tab.widget.getSelectedActionCodes(codes);
+    EXPECT_EQ(codes, (std::set<int>{-1}));
+}
+
 TEST(ActionsWidget, SaveWithoutWritingLeavesTheDatabase)
 {
     Project project;

@@ -103,6 +103,25 @@ TEST_F(Commands, NewStandsLastUntilTheReceiversAreDone)
     EXPECT_EQ(tab.rowOf("B"), 1);
 }
 
+TEST_F(Commands, NewActionIsToldRightBeforeTheCount)
+{
+    ActionsTab tab(project);
+    QStringList told;
+    const auto note = [&told](const char* signal) { return [&told, signal] { told << signal; }; };
+    QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_newAction, &tab.widget, note("new"));
+    QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_actionCountChanged, &tab.widget, note("count"));
+    QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_actionValuesChanged, &tab.widget,
+                     note("values"));
+    ModalAnswers answers;
+    answers.then([](QWidget* dialog) { typeNewAction(dialog, "B", QString()); });
+    tab.press("button_new");
+    EXPECT_EQ(told, QStringList({"new", "count"}));
+    tab.widget.slot_addAllClicked();
+    EXPECT_EQ(told, QStringList({"new", "count", "new", "count"}));
+    tab.widget.slot_reInitAllActions(); // cells that the program writes are no edits
+    EXPECT_EQ(told.size(), 4);
+}
+
 TEST_F(Commands, RefusedNewStillCountsAsAModification)
 {
     ActionsTab tab(project);
@@ -127,6 +146,25 @@ TEST_F(Commands, NamesOfTheRowsAreTaken)
     });
     tab.press("button_new");
     EXPECT_EQ(tab.table.rowCount(), 4);
+}
+
+TEST_F(Commands, NameCanBeEmptiedBesideARowWithoutAName)
+{
+    ActionsTab tab(project);
+    ModalAnswers answers;
+    const auto emptied = [](QWidget* dialog) {
+        clickRadio(dialog, 1);
+        auto* name = dialog->findChild<QLineEdit*>("line_user_action");
+        QTest::keyClicks(name, "Z");
+        QTest::keyClick(name, Qt::Key_Backspace);
+        QTest::keyClick(name, Qt::Key_Return);
+    };
+    answers.then(emptied);
+    tab.press("button_new");
+    ASSERT_EQ(tab.names(), QStringList({"", "A", "G", "Q", "U1"}));
+    answers.then(emptied);
+    tab.press("button_new");
+    EXPECT_EQ(tab.names(), QStringList({"", "", "A", "G", "Q", "U1"}));
 }
 
 TEST_F(Commands, EmptyAndReservedNamesCanComeAboutOnTheirPaths)
@@ -201,6 +239,20 @@ TEST_F(Commands, DeletedOwnActionLeavesTheTree)
     EXPECT_EQ(tab.names(), QStringList({"A", "G", "Q"}));
     tab.widget.save(true);
     EXPECT_EQ(project.stored().count("U1  "), 0u);
+}
+
+TEST_F(Commands, DeletedOwnActionIsTypedAnew)
+{
+    ActionsTab tab(project);
+    tab.clickCell("U1", ACT_COL_ACTION); // the name can't be edited, but its row can be deleted from there
+    QTest::keyClick(&tab.table, Qt::Key_Delete);
+    ASSERT_EQ(tab.rowOf("U1"), -1);
+    ModalAnswers answers;
+    answers.then([](QWidget* dialog) { typeNewAction(dialog, "U1", "Second"); });
+    tab.press("button_new");
+    EXPECT_EQ(tab.names(), QStringList({"A", "G", "Q", "U1"}));
+    EXPECT_EQ(tab.text("U1", ACT_COL_DESCRIPTION), QStringLiteral("Second"));
+    EXPECT_EQ(tab.record("U1").gamu, 0.0f);
 }
 
 TEST_F(Commands, DeletingTheLastRowSelectsTheOneAbove)

@@ -50,6 +50,35 @@ TEST_F(Judgement, RightValueTurnsTheRowBlackAgain)
     EXPECT_TRUE(tab.widget.isValid());
 }
 
+TEST_F(Judgement, EveryJudgementBeginsWithABlackRowWithoutToolTips)
+{
+    ActionsTab tab(project);
+    {
+        const QSignalBlocker blocker(&tab.table);
+        for (const int id : {ACT_COL_ACTION, ACT_COL_DESCRIPTION, ACT_COL_PARTITION, ACT_COL_GAMA}) {
+            tab.cell("G", id)->setToolTip("of another time");
+            tab.cell("G", id)->setForeground(QBrush(Qt::blue));
+        }
+    }
+    tab.enter("G", ACT_COL_GAMU, "1.4");
+    for (const int id : {ACT_COL_ACTION, ACT_COL_DESCRIPTION, ACT_COL_PARTITION, ACT_COL_GAMA}) {
+        EXPECT_EQ(tab.toolTip("G", id), QString()) << id;
+        EXPECT_EQ(tab.cell("G", id)->foreground(), QBrush(Qt::black)) << id;
+    }
+}
+
+TEST_F(Judgement, MissingCellsReadAsUndefinedAndMinusOne)
+{
+    ActionsTab tab(project);
+    const int row = tab.rowOf("G");
+    for (const int id : {ACT_COL_PARTITION, ACT_COL_SUPERPOSITION, ACT_COL_GAMU})
+        delete tab.table.takeItem(row, tab.table.getColumnNumber(id));
+    const tagCDB_LC_ACT record = tab.record("G");
+    EXPECT_EQ(record.gamu, LC_UNDEFINED);
+    EXPECT_EQ(record.gamf, 1.0f);
+    EXPECT_EQ(record.partition, -17); // -1 times 16 and -1
+}
+
 TEST_F(Judgement, CommaIsADecimalSignToo)
 {
     ActionsTab tab(project);

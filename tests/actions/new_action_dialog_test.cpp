@@ -412,6 +412,19 @@ TEST_F(NewActionDialog, EmptiedNameLeavesOkEnabled)
     EXPECT_EQ(shown.dialog.actionIndex, -1);
 }
 
+TEST_F(NewActionDialog, EmptiedNameLeavesOkEnabledBesideARowOfNothingButBlanks)
+{
+    Shown shown(model(), {"    "});
+    shown.typeAction("U");
+    shown.typeAction("");
+    EXPECT_EQ(shown.message(), "");
+    EXPECT_TRUE(shown.ok.isEnabled());
+    shown.type(shown.userCategory(), "1");
+    shown.type(shown.userCategory(), "");
+    EXPECT_EQ(shown.message(), "");
+    EXPECT_TRUE(shown.ok.isEnabled());
+}
+
 TEST_F(NewActionDialog, LowerWayKeepsOkWhereANameStands)
 {
     Shown shown(model());

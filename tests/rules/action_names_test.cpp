@@ -34,6 +34,18 @@ TEST(ActionNames, LettersAndDigitsAreGood)
 
 TEST(ActionNames, EmptyActionHasNoFault) { EXPECT_EQ(actionFault(QString()), ""); }
 
+TEST(ActionNames, EmptyActionIsGoodBesideARowOfNothingButBlanks)
+{
+    const QStringList used{QStringLiteral("    "), QStringLiteral("_1  ")};
+    QString message;
+    EXPECT_TRUE(validateName(QString(), QString(), used, true, message));
+    EXPECT_TRUE(validateName(QString(), QString(), used, false, message)); // the category was emptied
+    EXPECT_TRUE(validateName(QString(), "1", used, true, message));
+    EXPECT_EQ(message, QString());
+    EXPECT_FALSE(validateName(QString(), "1", used, false, message)); // here the category is what is judged
+    EXPECT_EQ(message, QStringLiteral("Name already used!"));
+}
+
 TEST(ActionNames, CategoryOfTwoCharactersIsRefused)
 {
     EXPECT_EQ(categoryFault("12"), "Max. 1 character for category!");
