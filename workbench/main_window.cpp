@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -42,6 +41,7 @@ MainWindow::MainWindow() : m_document(new Document(m_managers, this))
     m_pages->addWidget(m_project);
     setCentralWidget(m_pages);
     m_place = new QLabel(this);
+    m_place->setObjectName(QStringLiteral("place"));
     statusBar()->addWidget(m_place, 1);
     createActions();
     createFileMenu();
@@ -217,7 +217,7 @@ void MainWindow::slot_replaced()
     m_start->showRecent(RecentFiles::list());
     for (QAction* action : {m_saveAsAction, m_closeAction})
         action->setEnabled(open);
-    m_place->setText(open ? QDir::toNativeSeparators(m_document->file()) : QString());
+    m_place->setText(open ? shownPath(m_document->file()) : QString());
     slot_changed();
 }
 
@@ -252,7 +252,7 @@ void MainWindow::refreshTitle()
     const QString name = QFileInfo(m_document->file()).fileName();
     setWindowTitle(m_document->isReadOnly() ? tr("%1[*] (read-only) - Marlavon Workbench").arg(name)
                                             : tr("%1[*] - Marlavon Workbench").arg(name));
-    m_place->setText(QDir::toNativeSeparators(m_document->file()));
+    m_place->setText(shownPath(m_document->file()));
 }
 
 QString MainWindow::folder() const

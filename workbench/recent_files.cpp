@@ -1,5 +1,6 @@
 #include "workbench/recent_files.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 
@@ -39,6 +40,13 @@ void RecentFiles::remove(const QString& file)
     QStringList files = stored();
     files.removeAll(QFileInfo(file).absoluteFilePath());
     QSettings().setValue(QLatin1String(KEY), files);
+}
+
+QString shownPath(const QString& file)
+{
+    const QString home = QDir::homePath();
+    const bool below = home != QDir::rootPath() && (file == home || file.startsWith(home + QLatin1Char('/')));
+    return QDir::toNativeSeparators(below ? QLatin1Char('~') + file.mid(home.size()) : file);
 }
 
 } // namespace mrl::workbench

@@ -14,4 +14,7 @@ class RecentFiles
     static void remove(const QString& file);
 };
 
+/// The file as a person reads it: with the separators of the system, and the home folder as "~".
+QString shownPath(const QString& file);
+
 } // namespace mrl::workbench

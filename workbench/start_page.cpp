@@ -1,11 +1,12 @@
 #include "workbench/start_page.h"
 
 #include <QCommandLinkButton>
-#include <QDir>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include "workbench/recent_files.h"
 
 namespace mrl::workbench {
 
@@ -82,7 +83,7 @@ void StartPage::showRecent(const QStringList& files)
         auto* link = new QLabel(m_recent);
         link->setText(QStringLiteral("<a href=\"%1\">%2</a> &nbsp;<small>%3</small>")
                           .arg(file.toHtmlEscaped(), info.fileName().toHtmlEscaped(),
-                               QDir::toNativeSeparators(info.path()).toHtmlEscaped()));
+                               shownPath(info.path()).toHtmlEscaped()));
         link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
         connect(link, &QLabel::linkActivated, this, [this, file] { emit recentWanted(file); });
         m_recentLayout->addWidget(link);
