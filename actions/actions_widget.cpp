@@ -16,36 +16,36 @@ namespace {
 
 LCM_DataClass* shareModel(const LCM_LoadcaseTab& tab)
 {
-    LCM_DataClass* model = tab.model();
-    model->addReference();
-    return model;
+    LCM_DataClass* shared = tab.workingModel();
+    shared->addReference();
+    return shared;
 }
 
 } // namespace
 
-LCM_ActionsWidget::LCM_ActionsWidget(LCM_LoadcaseTab* loadcaseTab, int db, int dialogOption, QWidget* parent,
-                                     const char* name)
-    : LCM_TabInterface(db, parent, name), m_dialogOption(dialogOption), m_loadcaseTab(loadcaseTab)
+LCM_ActionsWidget::LCM_ActionsWidget(LCM_LoadcaseTab* loadcaseTab, int database, int dialogOption,
+                                     QWidget* parent, const char* name)
+    : LCM_TabInterface(database, parent, name), m_dialogOption(dialogOption), m_loadcaseTab(loadcaseTab)
 {
     // Counted: the last tab that releases the model destroys it.
-    m_model = loadcaseTab != nullptr ? shareModel(*loadcaseTab) : new LCM_DataClass(db);
+    model = loadcaseTab != nullptr ? shareModel(*loadcaseTab) : new LCM_DataClass(database);
     LCM_ActionsWidget::createWidgets();
 }
 
-LCM_ActionsWidget::~LCM_ActionsWidget() { m_model->release(); }
+LCM_ActionsWidget::~LCM_ActionsWidget() { model->release(); }
 
 void LCM_ActionsWidget::createWidgets()
 {
-    m_modified = false;
+    modified = false;
     // Layouts and widgets below become children of this.
     auto* outer = new MRL_QT_VBoxLayout;
     setLayout(outer);
     setupTable();
     createCommands();
 
-    auto* box = new MRL_H_TableWidgetBox(m_table, this, nullptr);
+    auto* box = new MRL_H_TableWidgetBox(table, this, nullptr);
     auto* line = new MRL_QT_HBoxLayout(box, nullptr);
-    line->addWidget(m_table);
+    line->addWidget(table);
     line->addLayout(createButtons(box));
     outer->addWidget(box);
 }
@@ -86,7 +86,7 @@ QBoxLayout* LCM_ActionsWidget::createButtons(QWidget* box)
 
 void LCM_ActionsWidget::contextMenuEvent(QContextMenuEvent*)
 {
-    MRL_QT_Menu* menu = m_table->getContextMenu();
+    MRL_QT_Menu* menu = table->getContextMenu();
     menu->addSeparator();
     menu->addAction(m_reinitAllAction);
     menu->exec(QCursor::pos());
@@ -94,14 +94,14 @@ void LCM_ActionsWidget::contextMenuEvent(QContextMenuEvent*)
 
 void LCM_ActionsWidget::save(bool writeToDatabase)
 {
-    std::vector<LCM_CodedAction> rows(static_cast<std::size_t>(m_table->rowCount()));
-    for (int row = 0; row < m_table->rowCount(); ++row) {
+    std::vector<LCM_CodedAction> rows(static_cast<std::size_t>(table->rowCount()));
+    for (int row = 0; row < table->rowCount(); ++row) {
         LCM_CodedAction& action = rows[static_cast<std::size_t>(row)];
         action.code = readRow(row, action.record);
     }
-    m_model->storeActions(rows, true);
+    model->storeActions(rows, true);
 
-    if (m_modified && m_model->hasSuperpositionKeys()) {
+    if (modified && model->hasSuperpositionKeys()) {
         MRL_QT_MessageBox::information(
             this, LCM_TabInterface::tr("Action modified"),
             LCM_TabInterface::tr(
@@ -112,18 +112,18 @@ void LCM_ActionsWidget::save(bool writeToDatabase)
         modificationNoticePending = false;
     }
     if (writeToDatabase)
-        m_model->writeActions(m_db);
+        model->writeActions(db);
 }
 
 int LCM_ActionsWidget::readRow(int row, tagCDB_LC_ACT& action)
 {
-    return LCM_RowCells(m_table, row).read(action);
+    return LCM_RowCells(table, row).read(action);
 }
 
 void LCM_ActionsWidget::readAllRows(std::vector<tagCDB_LC_ACT>& actions)
 {
-    actions.resize(static_cast<std::size_t>(m_table->rowCount()));
-    for (int row = 0; row < m_table->rowCount(); ++row)
+    actions.resize(static_cast<std::size_t>(table->rowCount()));
+    for (int row = 0; row < table->rowCount(); ++row)
         readRow(row, actions[static_cast<std::size_t>(row)]);
 }
 
@@ -132,7 +132,7 @@ const std::map<int, tagCDB_LC_ACT>& LCM_ActionsWidget::getActionMap()
     if (rowCacheDirty) {
         rowCache.clear();
         tagCDB_LC_ACT action;
-        for (int row = 0; row < m_table->rowCount(); ++row) {
+        for (int row = 0; row < table->rowCount(); ++row) {
             const int code = readRow(row, action);
             rowCache[code] = action;
         }
@@ -164,13 +164,13 @@ bool LCM_ActionsWidget::actionExists(int code)
 
 bool LCM_ActionsWidget::hasFactorColumns() const
 {
-    return m_model->hasGamu() != 0 || m_model->hasGamf() != 0 || m_model->hasPsi0() != 0 ||
-           m_model->hasPsi1() != 0 || m_model->hasPsi1s() != 0 || m_model->hasPsi2() != 0;
+    return model->hasGamu() != 0 || model->hasGamf() != 0 || model->hasPsi0() != 0 || model->hasPsi1() != 0 ||
+           model->hasPsi1s() != 0 || model->hasPsi2() != 0;
 }
 
 void LCM_ActionsWidget::getSelectedActionCodes(std::set<int>& codes) const
 {
     codes.clear();
-    for (const int row : getSelectedRows(m_table))
-        codes.insert(LCM_RowCells(m_table, row).actionCode());
+    for (const int row : getSelectedRows(table))
+        codes.insert(LCM_RowCells(table, row).actionCode());
 }

@@ -24,7 +24,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
   public:
     /// @param loadcaseTab the load-case tab, whose model is shared; null: this tab makes a model of its own
     /// @param dialogOption handed to the new-action dialog; bit 0 leaves its user-defined half out
-    LCM_ActionsWidget(LCM_LoadcaseTab* loadcaseTab, int db, int dialogOption, QWidget* parent,
+    LCM_ActionsWidget(LCM_LoadcaseTab* loadcaseTab, int database, int dialogOption, QWidget* parent,
                       const char* name);
     ~LCM_ActionsWidget() override;
 

@@ -19,16 +19,16 @@
 void LCM_ActionsWidget::slot_newClicked()
 {
     rowCacheDirty = true;
-    m_modified = true;
+    modified = true;
     // To the end of the slot: the receivers of the signals find the new row last, then it sorts into place.
-    const MRL_QT_SortingBlocker sortingBlocker(m_table);
+    const MRL_QT_SortingBlocker sortingBlocker(table);
     QStringList names;
-    for (int row = 0; row < m_table->rowCount(); ++row)
+    for (int row = 0; row < table->rowCount(); ++row)
         names.append(cellText(row, ACT_COL_ACTION));
-    MRL_LC_AddNewActionDialog dialog(m_dialogOption, m_model, names, this, "new action");
+    MRL_LC_AddNewActionDialog dialog(m_dialogOption, model, names, this, "new action");
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const tagCDB_LC_ACT action = lcm_add_action(*m_model, dialog);
+    const tagCDB_LC_ACT action = lcm_add_action(*model, dialog);
     appendRow(action);
     emit signal_newAction();
     emit signal_actionCountChanged();
@@ -37,8 +37,8 @@ void LCM_ActionsWidget::slot_newClicked()
 void LCM_ActionsWidget::slot_addAllClicked()
 {
     rowCacheDirty = true;
-    const MRL_QT_SortingBlocker sortingBlocker(m_table);
-    for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*m_model))
+    const MRL_QT_SortingBlocker sortingBlocker(table);
+    for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*model))
         appendRow(action);
     emit signal_newAction();
     emit signal_actionCountChanged();
@@ -46,8 +46,8 @@ void LCM_ActionsWidget::slot_addAllClicked()
 
 void LCM_ActionsWidget::appendRow(const tagCDB_LC_ACT& action)
 {
-    m_table->appendNewRows(1, MRL_H_TableWidget::CreateCells);
-    fillRow(m_table->rowCount() - 1, action, true);
+    table->appendNewRows(1, MRL_H_TableWidget::CreateCells);
+    fillRow(table->rowCount() - 1, action, true);
 }
 
 struct LCM_ActionsWidget::Deletion
@@ -59,13 +59,13 @@ struct LCM_ActionsWidget::Deletion
 
 void LCM_ActionsWidget::slot_deleteClicked()
 {
-    m_modified = true;
+    modified = true;
     Deletion deletion = selectedForDeletion();
     // A refusal spares the used actions alone.
     if (!deletion.used.empty() && userAgreesToDelete(deletion.used))
         addUsed(deletion);
-    m_model->removeActions(deletion.codes);
-    removeRows(m_table, deletion.rows);
+    model->removeActions(deletion.codes);
+    removeRows(table, deletion.rows);
     rowCacheDirty = true;
     emit signal_actionCountChanged();
 }
@@ -75,7 +75,7 @@ LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
     Deletion deletion;
     std::unordered_set<int> used; // the same codes as the list, to be found fast
     for (const int row : rowsInSelectionOrder()) {
-        const int code = LCM_RowCells(m_table, row).actionCode();
+        const int code = LCM_RowCells(table, row).actionCode();
         if (m_loadcaseTab != nullptr) {
             if (deletion.codes.count(code) != 0 || used.count(code) != 0)
                 continue;
@@ -97,9 +97,9 @@ std::vector<int> LCM_ActionsWidget::rowsInSelectionOrder() const
     // table.
     std::vector<int> rows;
     std::unordered_set<int> seen;
-    for (const QItemSelectionRange& range : m_table->selectionModel()->selection())
+    for (const QItemSelectionRange& range : table->selectionModel()->selection())
         for (int row = range.top(); row <= range.bottom(); ++row)
-            if (LCM_RowCells(m_table, row).anyCell() != nullptr && seen.insert(row).second)
+            if (LCM_RowCells(table, row).anyCell() != nullptr && seen.insert(row).second)
                 rows.push_back(row);
     return rows;
 }
@@ -117,7 +117,7 @@ bool LCM_ActionsWidget::userAgreesToDelete(const std::vector<int>& used)
 void LCM_ActionsWidget::addUsed(Deletion& deletion)
 {
     std::map<int, int> rowOfCode;
-    for (int row = 0; row < m_table->rowCount(); ++row) {
+    for (int row = 0; row < table->rowCount(); ++row) {
         tagCDB_LC_ACT action;
         rowOfCode.emplace(readRow(row, action), row); // the first row of a code counts
     }
@@ -142,26 +142,26 @@ tagCDB_LC_ACT LCM_ActionsWidget::actionOf(int code)
 void LCM_ActionsWidget::slot_reInitAllActions()
 {
     std::set<int> rows;
-    for (int row = 0; row < m_table->rowCount(); ++row)
+    for (int row = 0; row < table->rowCount(); ++row)
         rows.insert(rows.end(), row);
     reinitialise(rows, false);
 }
 
-void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedRows(m_table), true); }
+void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedRows(table), true); }
 
 void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
 {
     rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
     for (const int row : rows)
-        taken.emplace_back(m_table, row);
+        taken.emplace_back(table, row);
     std::vector<LCM_RowCells> reported;
     {
         // One block around all rows: a sorted table sorts once at its end, and not once for each row.
-        const MRL_QT_SignalBlocker signalBlocker(m_table);
+        const MRL_QT_SignalBlocker signalBlocker(table);
         for (const LCM_RowCells& cells : taken) {
             tagCDB_LC_ACT action;
-            const bool known = m_model->findAction(cells.actionCode(), action, true) != 0;
+            const bool known = model->findAction(cells.actionCode(), action, true) != 0;
             if (known)
                 fillRow(cells, action, true);
             if (known || reportAll)
@@ -169,5 +169,5 @@ void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
         }
     }
     // Only now: the rows may have moved.
-    emit signal_reinitActions(lcm_positions(m_table, reported));
+    emit signal_reinitActions(lcm_positions(table, reported));
 }

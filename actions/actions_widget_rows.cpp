@@ -59,51 +59,50 @@ LCM_DesignCodeIdentity activeDesignCode()
 void LCM_ActionsWidget::setupTable()
 {
     // Child of this.
-    m_actionsTable = new MRL_LC_ActionsTable(4 + m_model->optionalColumnCount(), this, "actions table");
-    m_table = m_actionsTable;
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_actionsTable = new MRL_LC_ActionsTable(4 + model->optionalColumnCount(), this, "actions table");
+    table = m_actionsTable;
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     // Measuring a cell costs more than filling it; the first rows tell enough.
-    m_table->horizontalHeader()->setResizeContentsPrecision(ROWS_TO_FIT);
-    QHeaderView* rows = m_table->verticalHeader();
+    table->horizontalHeader()->setResizeContentsPrecision(ROWS_TO_FIT);
+    QHeaderView* rows = table->verticalHeader();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(rows->fontMetrics().height() + 8);
-    m_table->setResetContextMenuOnCreation(true);
-    m_table->activateSearchEnabled(false);
-    m_table->setMultiEditingEnabled(true);
-    m_table->setContextmenueEnabled_new_del(false);
-    lcm_create_action_columns(m_table, m_model);
-    mrl_connect(m_table, "2cellChanged( int, int )", this, "1slot_cellChanged( int, int )",
-                Qt::AutoConnection);
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-    m_table->resizeColumnsToContents();
-    m_table->setSortingEnabled(true);
+    table->setResetContextMenuOnCreation(true);
+    table->activateSearchEnabled(false);
+    table->setMultiEditingEnabled(true);
+    table->setContextmenueEnabled_new_del(false);
+    lcm_create_action_columns(table, model);
+    mrl_connect(table, "2cellChanged( int, int )", this, "1slot_cellChanged( int, int )", Qt::AutoConnection);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    table->resizeColumnsToContents();
+    table->setSortingEnabled(true);
 }
 
 void LCM_ActionsWidget::fillTable()
 {
     {
-        const MRL_QT_SignalBlocker signalBlocker(m_table);
-        MRL_QT_SortingBlocker sortingBlocker(m_table);
-        const std::vector<Shown> actions = activeRecords(*m_model);
-        int row = m_table->rowCount();
-        m_table->appendNewRows(static_cast<int>(actions.size()), MRL_H_TableWidget::CreateCells);
+        const MRL_QT_SignalBlocker signalBlocker(table);
+        MRL_QT_SortingBlocker sortingBlocker(table);
+        const std::vector<Shown> actions = activeRecords(*model);
+        int row = table->rowCount();
+        table->appendNewRows(static_cast<int>(actions.size()), MRL_H_TableWidget::CreateCells);
         for (const Shown& action : actions)
             fillRow(row++, *action.record, true);
         sortingBlocker.unblock();
-        m_table->sortByColumn(m_table->getColumnNumber(ACT_COL_ACTION), Qt::AscendingOrder);
+        table->sortByColumn(table->getColumnNumber(ACT_COL_ACTION), Qt::AscendingOrder);
     }
     emit signal_actionCountChanged();
-    m_table->resizeColumnsToContents();
+    table->resizeColumnsToContents();
 }
 
 void LCM_ActionsWidget::fillRow(int row, const tagCDB_LC_ACT& action, bool check)
 {
-    fillRow(LCM_RowCells(m_table, row), action, check);
+    fillRow(LCM_RowCells(table, row), action, check);
 }
 
 void LCM_ActionsWidget::fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check)
 {
-    const MRL_QT_SignalBlocker signalBlocker(m_table);
+    const MRL_QT_SignalBlocker signalBlocker(table);
     cells.show(action);
     if (check)
         cells.setValid(checkRow(cells));
@@ -111,12 +110,11 @@ void LCM_ActionsWidget::fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& 
 
 bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
 {
-    MRL_QT_UpdateBlocker updateBlocker(m_table);
-    MRL_QT_SignalBlocker signalBlocker(m_table);
+    MRL_QT_UpdateBlocker updateBlocker(table);
+    MRL_QT_SignalBlocker signalBlocker(table);
     tagCDB_LC_ACT action;
     cells.read(action);
-    const LCM_Findings findings =
-        lcm_check_action(action, *m_model->availabilityRecord(), activeDesignCode());
+    const LCM_Findings findings = lcm_check_action(action, *model->availabilityRecord(), activeDesignCode());
     cells.markErrors(findings);
     updateBlocker.unblock();
     signalBlocker.unblock();
@@ -125,14 +123,14 @@ bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
 
 void LCM_ActionsWidget::slot_cellChanged(int row, int col)
 {
-    m_modified = true;
+    modified = true;
     rowCacheDirty = true;
     // Taken before anything is judged: the colouring may let a sorted table move its rows, and the signal has
     // to name the row that was edited.
-    const LCM_RowCells edited(m_table, row);
+    const LCM_RowCells edited(table, row);
     std::vector<LCM_RowCells> selected;
-    for (const int selectedRow : getSelectedRows(m_table))
-        selected.emplace_back(m_table, selectedRow);
+    for (const int selectedRow : getSelectedRows(table))
+        selected.emplace_back(table, selectedRow);
     for (const LCM_RowCells& cells : selected)
         cells.setValid(checkRow(cells));
     emit signal_actionValuesChanged(edited.position(), col);
@@ -140,6 +138,6 @@ void LCM_ActionsWidget::slot_cellChanged(int row, int col)
 
 QString LCM_ActionsWidget::cellText(int row, int column) const
 {
-    const auto* cell = LCM_RowCells(m_table, row).at<MRL_H_TwSimpleLineEditItem>(column);
+    const auto* cell = LCM_RowCells(table, row).at<MRL_H_TwSimpleLineEditItem>(column);
     return cell == nullptr ? QString() : cell->text();
 }

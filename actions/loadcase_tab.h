@@ -14,7 +14,7 @@ class LCM_LoadcaseTab
     virtual ~LCM_LoadcaseTab() = default;
 
     /// The working model, which the actions tab shares.
-    virtual LCM_DataClass* model() const = 0;
+    virtual LCM_DataClass* workingModel() const = 0;
     /// Whether a row of the load-case table holds the action's code.
     virtual bool isActionUsed(const tagCDB_LC_ACT& action) = 0;
     /// Removes the load cases of an action, without a question of its own.

@@ -5,7 +5,8 @@
 
 bool modificationNoticePending = true;
 
-LCM_TabInterface::LCM_TabInterface(int db, QWidget* parent, const char* name) : QWidget(parent), m_db(db)
+LCM_TabInterface::LCM_TabInterface(int database, QWidget* parent, const char* name)
+    : QWidget(parent), db(database)
 {
     modificationNoticePending = true;
     setObjectName(QLatin1String(name));
@@ -15,7 +16,7 @@ LCM_TabInterface::~LCM_TabInterface() = default;
 
 bool LCM_TabInterface::isValid()
 {
-    for (int row = 0; m_table != nullptr && row < m_table->rowCount(); ++row) {
+    for (int row = 0; table != nullptr && row < table->rowCount(); ++row) {
         const MRL_H_TwSimpleLineEditItem* cell = verdictCell(row);
         if (cell == nullptr || !cell->data(ROLE_ROW_VALID).toBool())
             return false;
@@ -25,7 +26,7 @@ bool LCM_TabInterface::isValid()
 
 void LCM_TabInterface::setRowValid(int row, bool valid)
 {
-    if (m_table == nullptr)
+    if (table == nullptr)
         return;
     if (MRL_H_TwSimpleLineEditItem* cell = verdictCell(row))
         cell->setData(ROLE_ROW_VALID, valid);
@@ -33,5 +34,5 @@ void LCM_TabInterface::setRowValid(int row, bool valid)
 
 MRL_H_TwSimpleLineEditItem* LCM_TabInterface::verdictCell(int row) const
 {
-    return MRL_H_TwSimpleLineEditItem::fromItem(m_table->itemOnColId(row, ACT_COL_ACTION));
+    return MRL_H_TwSimpleLineEditItem::fromItem(table->itemOnColId(row, ACT_COL_ACTION));
 }

@@ -18,7 +18,7 @@ class LCM_TabInterface : public QWidget
     Q_OBJECT
   public:
     /// Sets modificationNoticePending.
-    LCM_TabInterface(int db, QWidget* parent, const char* name);
+    LCM_TabInterface(int database, QWidget* parent, const char* name);
     ~LCM_TabInterface() override;
 
     /// Builds the page. The constructor of each tab calls it.
@@ -33,19 +33,19 @@ class LCM_TabInterface : public QWidget
     void setRowValid(int row, bool valid);
 
     /// The table, null until the tab has built it.
-    MRL_H_TableWidget* tableWidget() const { return m_table; }
+    MRL_H_TableWidget* tableWidget() const { return table; }
     /// The working model; the tabs share it by its reference count.
-    LCM_DataClass* model() const { return m_model; }
+    LCM_DataClass* workingModel() const { return model; }
     /// Index of the project database.
-    int database() const { return m_db; }
+    int database() const { return db; }
     /// Whether the user changed something on this tab.
-    bool isModified() const { return m_modified; }
+    bool isModified() const { return modified; }
 
   protected:
-    MRL_H_TableWidget* m_table = nullptr; ///< child of this
-    LCM_DataClass* m_model = nullptr;     ///< shared, see LCM_DataClass::release
-    int m_db;
-    bool m_modified = false;
+    MRL_H_TableWidget* table = nullptr; ///< child of this
+    LCM_DataClass* model = nullptr;     ///< shared, see LCM_DataClass::release
+    int db;
+    bool modified = false;
 
   private:
     MRL_H_TwSimpleLineEditItem* verdictCell(int row) const;

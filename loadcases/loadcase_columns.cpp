@@ -47,9 +47,8 @@ StructLineEdit limitedDescription()
 void LCM_LoadcaseWidget::setupTable()
 {
     // Child of this.
-    loadcaseTable =
-        new TableLoadCases(FIXED_COLUMNS + m_model->optionalColumnCount(), this, "loadcase table");
-    m_table = loadcaseTable;
+    loadcaseTable = new TableLoadCases(FIXED_COLUMNS + model->optionalColumnCount(), this, "loadcase table");
+    table = loadcaseTable;
     loadcaseTable->activateSearchEnabled(false);
     loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     QHeaderView* rows = loadcaseTable->verticalHeader();
@@ -101,16 +100,16 @@ void LCM_LoadcaseWidget::setupFactorColumns(int position)
     const auto add = [&](bool exists, int id, const char* key, const QString& toolTip) {
         if (!exists)
             return;
-        const QString label = m_model->designCodeText(QLatin1String(key));
+        const QString label = model->designCodeText(QLatin1String(key));
         const QString text = toolTip.contains(QLatin1String("%1")) ? toolTip.arg(label) : toolTip;
         createLineEditHeader(loadcaseTable, id, factorDescription(), label, text, position++);
     };
     const QString combination = tr("Combination factor %1");
-    add(m_model->hasGamu(), LC_COL_GAMU, "gamu", tr("Unfavourable safety factor"));
-    add(m_model->hasGamf(), LC_COL_GAMF, "Gamf", tr("Favourable safety factor"));
-    add(m_model->hasGama(), LC_COL_GAMA, "Gama", tr("Accidental safety factor"));
-    add(m_model->hasPsi0(), LC_COL_PSI0, "Psi0", combination);
-    add(m_model->hasPsi1(), LC_COL_PSI1, "Psi1", combination);
-    add(m_model->hasPsi2(), LC_COL_PSI2, "Psi2", combination);
-    add(m_model->hasPsi1s(), LC_COL_PSI1S, "Psi1s", combination);
+    add(model->hasGamu(), LC_COL_GAMU, "gamu", tr("Unfavourable safety factor"));
+    add(model->hasGamf(), LC_COL_GAMF, "Gamf", tr("Favourable safety factor"));
+    add(model->hasGama(), LC_COL_GAMA, "Gama", tr("Accidental safety factor"));
+    add(model->hasPsi0(), LC_COL_PSI0, "Psi0", combination);
+    add(model->hasPsi1(), LC_COL_PSI1, "Psi1", combination);
+    add(model->hasPsi2(), LC_COL_PSI2, "Psi2", combination);
+    add(model->hasPsi1s(), LC_COL_PSI1S, "Psi1s", combination);
 }

@@ -57,14 +57,14 @@ LCM_FreeNumbers LCM_LoadcaseWidget::freeNumbers()
         first = std::min(first, range.topRow());
     if (first < loadcaseTable->rowCount())
         selected = numberOfRow(first);
-    return LCM_FreeNumbers(rowNumbers(), selected, m_model->knownLoadcaseNumbers());
+    return LCM_FreeNumbers(rowNumbers(), selected, model->knownLoadcaseNumbers());
 }
 
 int LCM_LoadcaseWidget::nextNumber() { return m_freeNumbers ? m_freeNumbers->next() : freeNumbers().next(); }
 
 void LCM_LoadcaseWidget::createLoadcases(bool copy)
 {
-    m_modified = true;
+    modified = true;
     MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
     const std::set<int> selected = getSelectedRows(loadcaseTable);
     // The selection stays as it is while rows are made, so the search for numbers need not begin anew.
@@ -154,7 +154,7 @@ bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::s
 void LCM_LoadcaseWidget::bindDefaultAction(bool dead, LCM_LoadcaseEntry& entry)
 {
     tagCDB_LC_ACT action{};
-    const int code = mrl_lc_get_default_action(m_db, dead, action);
+    const int code = mrl_lc_get_default_action(db, dead, action);
     const bool exists = !actionsWidget || actionsWidget->actionExists(code);
     lcm_bind_default_action(action, exists, entry.record);
 }
@@ -163,7 +163,7 @@ int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
 {
     if (!copy && checkIncrease->checkState() == Qt::Checked)
         return nextNumber();
-    std::set<int> taken = m_model->getUsedLoadcaseNumbers();
+    std::set<int> taken = model->getUsedLoadcaseNumbers();
     for (const int number : rowNumbers())
         taken.insert(number);
     info.target = info.target > 0 ? lcm_proposed_target(info.target, taken) : nextNumber();

@@ -20,14 +20,14 @@ void removeSelectedRows(TableLoadCases* table) { removeRows(table, getSelectedRo
 
 void LCM_LoadcaseWidget::slot_deleteClicked()
 {
-    m_modified = true;
+    modified = true;
     const std::set<int> rows = getSelectedRows(loadcaseTable);
     if (rows.empty() || !confirmDeletion(rows.size()))
         return;
     std::unordered_map<int, int> deleted; // how many rows of each number go
     for (const int row : rows) {
         const int number = numberOfRow(row);
-        m_model->removeUsedLoadcaseNumber(number);
+        model->removeUsedLoadcaseNumber(number);
         ++deleted[number];
     }
     // Each deleted row takes one note with it, the first with its number.
@@ -73,7 +73,7 @@ void LCM_LoadcaseWidget::removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& act
             landing = row - others;
         others += id == lastCode ? 0 : 1;
         rows.insert(rows.end(), row);
-        m_model->removeUsedLoadcaseNumber(numberOfRow(row));
+        model->removeUsedLoadcaseNumber(numberOfRow(row));
     }
     forgetUsedActions();
     removeRows(loadcaseTable, rows);

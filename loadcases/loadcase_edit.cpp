@@ -36,7 +36,7 @@ int mateOf(int column)
 void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
 {
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
-    m_modified = true;
+    modified = true;
     const int column = loadcaseTable->getColumnId(col);
     LCM_RowContext context = rowContext();
     if (column == LC_COL_ACTION) {
@@ -116,7 +116,7 @@ bool LCM_LoadcaseWidget::judge(int row, const LCM_LoadcaseCells& cells, LCM_RowC
     const tagCDB_LC_ACT* action = shownAction(cells, context);
     if (action)
         lcm_store_factors(cells.factors(), context.setup, record);
-    const LCM_LoadcaseVerdict verdict = lcm_judge_loadcase(record, action, *m_model->availabilityRecord());
+    const LCM_LoadcaseVerdict verdict = lcm_judge_loadcase(record, action, *model->availabilityRecord());
     // Without an action nothing was examined, and the colours stay as they were.
     if (action)
         markRowErrors(loadcaseTable, row, verdict.findings);

@@ -15,8 +15,8 @@
 
 void LCM_LoadcaseWidget::readSystem()
 {
-    m_gravity = m_model->gravityDirection();
-    m_systemClass = lcm_system_class(m_db);
+    m_gravity = model->gravityDirection();
+    m_systemClass = lcm_system_class(db);
 }
 
 LCM_RowContext LCM_LoadcaseWidget::rowContext()
@@ -28,13 +28,13 @@ LCM_RowContext LCM_LoadcaseWidget::rowContext()
     setup.gravity = m_gravity;
     setup.systemClass = m_systemClass;
     setup.globalDirections = checkDeadload->isChecked();
-    return {setup, LCM_ActionLookup(actionsWidget, *m_model)};
+    return {setup, LCM_ActionLookup(actionsWidget, *model)};
 }
 
 void LCM_LoadcaseWidget::fillTable()
 {
     readSystem();
-    const std::vector<LCM_LoadcaseEntry>& entries = m_model->loadcases;
+    const std::vector<LCM_LoadcaseEntry>& entries = model->loadcases;
     if (!entries.empty()) {
         MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
         const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);

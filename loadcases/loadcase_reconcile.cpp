@@ -36,7 +36,7 @@ std::vector<tagCDB_LC_ACT> LCM_LoadcaseWidget::presentActions() const
     if (actionsWidget)
         actionsWidget->readAllRows(actions);
     else
-        m_model->activeActions(actions);
+        model->activeActions(actions);
     return actions;
 }
 
@@ -73,7 +73,7 @@ void LCM_LoadcaseWidget::slot_actionCountChanged()
         if (changed.at(id)) {
             rebind(cells, newIds.at(id), former);
             followAction(cells, context);
-            m_modified = true;
+            modified = true;
         }
         setRowValid(row, judge(row, cells, context));
     }
@@ -138,7 +138,7 @@ void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
             refreshCells(cells, context);
         }
         if (edited) {
-            m_modified = true;
+            modified = true;
             judgeRows(getSelectedRows(loadcaseTable), context);
         }
     }

@@ -21,19 +21,19 @@ MRL_QT_Application* application() { return qobject_cast<MRL_QT_Application*>(QCo
 
 } // namespace
 
-LCM_LoadcaseWidget::LCM_LoadcaseWidget(int db, QWidget* parent, const char* name)
-    : LCM_TabInterface(db, parent, name)
+LCM_LoadcaseWidget::LCM_LoadcaseWidget(int database, QWidget* parent, const char* name)
+    : LCM_TabInterface(database, parent, name)
 {
-    m_model = new LCM_DataClass(db); // shared by its count, see the destructor
+    model = new LCM_DataClass(database); // shared by its count, see the destructor
     LCM_LoadcaseWidget::createWidgets();
     slot_actionCountChanged();
 }
 
-LCM_LoadcaseWidget::~LCM_LoadcaseWidget() { m_model->release(); }
+LCM_LoadcaseWidget::~LCM_LoadcaseWidget() { model->release(); }
 
 void LCM_LoadcaseWidget::createWidgets()
 {
-    m_modified = false;
+    modified = false;
     auto* mainLayout = new MRL_QT_VBoxLayout(this);
     setupTable();
 
@@ -163,16 +163,16 @@ void LCM_LoadcaseWidget::save(bool writeToDatabase)
     std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(loadcaseTable->rowCount()));
     for (int row = 0; row < loadcaseTable->rowCount(); ++row)
         readCells(LCM_LoadcaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
-    m_model->loadcases = std::move(entries);
+    model->loadcases = std::move(entries);
     notifyModification();
     if (writeToDatabase)
-        m_model->writeLoadcases(m_db);
+        model->writeLoadcases(db);
     storeSettings();
 }
 
 void LCM_LoadcaseWidget::notifyModification()
 {
-    if (!modificationNoticePending || !m_modified || !m_model->hasSuperpositionContent())
+    if (!modificationNoticePending || !modified || !model->hasSuperpositionContent())
         return;
     MRL_QT_MessageBox::information(
         this, LCM_TabInterface::tr("Action modified"),

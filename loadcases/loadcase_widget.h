@@ -31,7 +31,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
 {
     Q_OBJECT
   public:
-    LCM_LoadcaseWidget(int db, QWidget* parent, const char* name);
+    LCM_LoadcaseWidget(int database, QWidget* parent, const char* name);
     ~LCM_LoadcaseWidget() override;
 
     void createWidgets() override;
@@ -48,7 +48,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     void getSelectedLoadcases(std::set<int>& numbers);
     std::vector<LCM_LoadcaseCopy> getCopies() const;
 
-    LCM_DataClass* model() const override { return m_model; }
+    LCM_DataClass* workingModel() const override { return model; }
     bool isActionUsed(const tagCDB_LC_ACT& action) override;
     void removeActionLoadcases(const tagCDB_LC_ACT& action) override;
     void removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions) override;

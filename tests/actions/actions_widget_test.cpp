@@ -83,17 +83,17 @@ TEST(ActionsWidget, SharesTheModelOfTheLoadcaseTab)
     FakeLoadcaseTab loadcases(project.db());
     {
         const ActionsTab tab(project, &loadcases);
-        EXPECT_EQ(tab.widget.model(), loadcases.model());
-        EXPECT_EQ(loadcases.model()->referenceCount(), 2);
+        EXPECT_EQ(tab.widget.workingModel(), loadcases.workingModel());
+        EXPECT_EQ(loadcases.workingModel()->referenceCount(), 2);
     }
-    EXPECT_EQ(loadcases.model()->referenceCount(), 1);
+    EXPECT_EQ(loadcases.workingModel()->referenceCount(), 1);
 }
 
 TEST(ActionsWidget, MakesAModelOfItsOwnWithoutALoadcaseTab)
 {
     const Project project;
     const ActionsTab tab(project);
-    EXPECT_EQ(tab.widget.model()->referenceCount(), 1);
+    EXPECT_EQ(tab.widget.workingModel()->referenceCount(), 1);
 }
 
 TEST(ActionsWidget, ButtonsAreReachedByTab)
@@ -190,7 +190,7 @@ TEST(ActionsWidget, SaveWithoutWritingLeavesTheDatabase)
     tab.widget.save(false);
     EXPECT_EQ(project.stored().at("G   ").gamu, 1.35f);
     tagCDB_LC_ACT record{};
-    EXPECT_EQ(tab.widget.model()->findAction(codeOf("G"), record, false), 1);
+    EXPECT_EQ(tab.widget.workingModel()->findAction(codeOf("G"), record, false), 1);
     EXPECT_EQ(record.gamu, 1.45f);
 }
 

@@ -30,7 +30,7 @@ class Commands : public ::testing::Test
 
     const LCM_ActionEntry* entry(const ActionsTab& tab, const QString& name) const
     {
-        for (const LCM_ActionEntry* parent : tab.widget.model()->actions)
+        for (const LCM_ActionEntry* parent : tab.widget.workingModel()->actions)
             if (parent->code == codeOf(name))
                 return parent;
         return nullptr;
@@ -390,7 +390,7 @@ TEST_F(Commands, ActionsOfOneCodeAreDeletedOneRowAtATimeBesideLoadCases)
     other.storeAt(codeOf("G_12"), ActionBuilder("G_123").gamu(1.1f));
     FakeLoadcaseTab loadcases(other.db());
     // A second entry of the same code, as a foreign tree may hold it.
-    LCM_DataClass& model = *loadcases.model();
+    LCM_DataClass& model = *loadcases.workingModel();
     model.actions.push_back(model.newEntry(ActionBuilder("G_124").gamu(1.2f), LCM_STATE_ACTIVE, true));
     ActionsTab tab(other, &loadcases);
     ASSERT_EQ(tab.names().count("G_12"), 2);
@@ -459,7 +459,7 @@ TEST_F(Commands, RowsKeepTheirOwnValuesWhenASortedFactorIsReinitialised)
     expected["U1"] = tab.record("U1");
     for (const char* name : {"A", "G", "Q", "Q_1"}) {
         tagCDB_LC_ACT& record = expected[name];
-        ASSERT_EQ(tab.widget.model()->findAction(codeOf(name), record, true), 1);
+        ASSERT_EQ(tab.widget.workingModel()->findAction(codeOf(name), record, true), 1);
     }
     QStringList reported;
     QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_reinitActions, &tab.widget,

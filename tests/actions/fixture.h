@@ -204,7 +204,7 @@ class FakeLoadcaseTab : public LCM_LoadcaseTab
     explicit FakeLoadcaseTab(int db) : m_model(new LCM_DataClass(db)) {}
     ~FakeLoadcaseTab() override { m_model->release(); }
 
-    LCM_DataClass* model() const override { return m_model; }
+    LCM_DataClass* workingModel() const override { return m_model; }
     bool isActionUsed(const tagCDB_LC_ACT& action) override
     {
         asked.push_back(lcm_action_code(action));

@@ -159,7 +159,7 @@ class Monkey
     bool checkVerdict(int row, const tagCDB_LC_ACT& record)
     {
         const LCM_Findings findings =
-            lcm_check_action(record, *m_tab.widget.model()->availabilityRecord(), {1, 2, 49, 2010});
+            lcm_check_action(record, *m_tab.widget.workingModel()->availabilityRecord(), {1, 2, 49, 2010});
         EXPECT_EQ(m_tab.cell(row, ACT_COL_ACTION)->data(ROLE_ROW_VALID).toBool(), findings.empty());
         for (int id = ACT_COL_ACTION; id <= ACT_COL_PSI1S; ++id) {
             const auto finding = findings.find(id);
@@ -172,7 +172,7 @@ class Monkey
     std::set<int> activeCodes() const
     {
         std::set<int> codes;
-        for (const LCM_ActionEntry* parent : m_tab.widget.model()->actions) {
+        for (const LCM_ActionEntry* parent : m_tab.widget.workingModel()->actions) {
             if (parent->state == LCM_STATE_ACTIVE)
                 codes.insert(parent->code);
             for (const LCM_SubAction* child : parent->subActions)

@@ -75,7 +75,7 @@ TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
         const auto project = Project::ofShippedCode(code.name);
         ActionsTab tab(*project);
         tab.widget.slot_addAllClicked();
-        const auto records = modelRecords(*tab.widget.model());
+        const auto records = modelRecords(*tab.widget.workingModel());
         EXPECT_EQ(static_cast<int>(records.size()), tab.table.rowCount()) << code.name;
         for (const auto& [name, record] : records) {
             tagCDB_LC_ACT expected = record;

@@ -91,7 +91,7 @@ TEST_F(LoadcaseCreate, DefaultActionThatTheProjectLacksLeavesNone)
     EXPECT_TRUE(tabs.isEditable(1, LC_COL_GAMU));
     const Tabs alone(project, Tabs::LoadcasesAlone);
     alone.lc->slot_newClicked();
-    EXPECT_EQ(alone.lc->model()->actions.size() > 0, true);
+    EXPECT_EQ(alone.lc->workingModel()->actions.size() > 0, true);
     LCM_LoadcaseEntry entry;
     alone.lc->readRow(0, entry);
     EXPECT_EQ(entry.record.action, code("G")) << "without an actions tab nobody is asked";

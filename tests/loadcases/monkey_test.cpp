@@ -188,7 +188,7 @@ class Monkey
             m_tabs.select({anyNumber()});
             sources = selectedInRowOrder();
         }
-        const std::set<int> used = m_tabs.lc->model()->getUsedLoadcaseNumbers();
+        const std::set<int> used = m_tabs.lc->workingModel()->getUsedLoadcaseNumbers();
         press(button);
         for (const int source : sources) {
             // Each search begins at the topmost selected row.

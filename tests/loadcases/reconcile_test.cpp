@@ -35,7 +35,7 @@ class LoadcaseReconcile : public testing::Test
     /// Takes an action away behind the load cases' back, as no command does.
     static void dropAction(const Tabs& tabs, int actionCode)
     {
-        tabs.actions->model()->removeAction(actionCode);
+        tabs.actions->workingModel()->removeAction(actionCode);
         const int row = tabs.actionRow(actionCode);
         tabs.actions->tableWidget()->removeRow(row);
         // An edit makes the tab read its rows anew.

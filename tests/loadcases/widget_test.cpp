@@ -142,7 +142,7 @@ TEST_F(LoadcaseWidget, SaveWithoutWritingUpdatesTheModelAlone)
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     tabs.cell(1, LC_COL_TITLE)->setText("new");
     tabs.lc->save(false);
-    EXPECT_EQ(lcm_title_text(tabs.lc->model()->loadcases.at(0).record.title), "new");
+    EXPECT_EQ(lcm_title_text(tabs.lc->workingModel()->loadcases.at(0).record.title), "new");
     EXPECT_EQ(lcm_title_text(project.loadcase(1).title), "old");
     tabs.lc->save(true);
     EXPECT_EQ(lcm_title_text(project.loadcase(1).title), "new");
@@ -184,8 +184,8 @@ TEST_F(LoadcaseWidget, ActionsTabsNoticeSilencesThisOne)
 TEST_F(LoadcaseWidget, SharesItsModelWithTheActionsTab)
 {
     const Tabs tabs(project);
-    EXPECT_EQ(tabs.lc->model(), tabs.actions->model());
-    EXPECT_EQ(tabs.lc->model()->referenceCount(), 2);
+    EXPECT_EQ(tabs.lc->workingModel(), tabs.actions->workingModel());
+    EXPECT_EQ(tabs.lc->workingModel()->referenceCount(), 2);
 }
 
 TEST_F(LoadcaseWidget, ContextMenuOffersToDeleteUnusedLoadcases)

@@ -67,7 +67,8 @@ TEST_F(ManagerTest, TabsAndDialogCarryTheirNames)
         EXPECT_EQ(dialog->objectName(), QStringLiteral("new loadcase manager"));
         EXPECT_EQ(actionsTab(dialog)->objectName(), QStringLiteral("actionswidget"));
         EXPECT_EQ(loadcaseTab(dialog)->objectName(), QStringLiteral("loadcasewidget"));
-        EXPECT_EQ(actionsTab(dialog)->model(), static_cast<LCM_TabInterface*>(loadcaseTab(dialog))->model());
+        EXPECT_EQ(actionsTab(dialog)->workingModel(),
+                  static_cast<LCM_TabInterface*>(loadcaseTab(dialog))->workingModel());
         pressCancel(dialog);
     });
 }
