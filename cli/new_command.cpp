@@ -95,7 +95,10 @@ ExitCode NewCommand::run()
     } catch (const Failure&) {
         // A project without its facts would only stand in the way of the next attempt.
         if (created) {
-            std::remove(file.c_str());
+            // The log stays beside it when the disk was too full to fold it in.
+            for (const char* ending : {"", "-wal", "-shm"}) {
+                std::remove((file + ending).c_str());
+            }
         }
         throw;
     }

@@ -1,5 +1,8 @@
+#include <csignal>
 #include <functional>
 #include <map>
+
+#include <sys/resource.h>
 
 #include "cdb/faults.h"
 #include "cdb/fixture.h"
@@ -19,6 +22,29 @@ Content contentOf(int db)
         content[{key.kwh, key.kwl}] = allRecords(db, key.kwh, key.kwl);
     return content;
 }
+
+/// While it lives, this process makes no file longer than a number of bytes.
+class FileSizeLimit
+{
+  public:
+    explicit FileSizeLimit(rlim_t bytes) : formerAnswer(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &former);
+        const rlimit limit = {bytes, former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &former);
+        std::signal(SIGXFSZ, formerAnswer);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+  private:
+    void (*formerAnswer)(int);
+    rlimit former = {};
+};
 
 /// Lets each change of a file that an operation makes fail, one after the other, and looks at what is left.
 class Faults : public ::testing::Test
@@ -175,6 +201,25 @@ TEST_F(Faults, CreatingOnAFullDiskLeavesNoFile)
         EXPECT_FALSE(std::filesystem::exists(made));
     }
     EXPECT_GT(n, 3);
+}
+
+TEST_F(Faults, CreatingThatFailsLeavesNothingBesideTheFileEither)
+{
+    // The log's index is made last, with 32 KiB at once, and is no business of the injected faults.
+    Folder place;
+    int failed = 0;
+    for (rlim_t bytes = 0; bytes < 32 * 1024; bytes += 2048) {
+        mrl::cdb::Opened made;
+        {
+            const FileSizeLimit limit(bytes);
+            made = mrl::cdb::create(place / "new.cdb");
+        }
+        mrl::cdb::close(made.db);
+        failed += made ? 0 : 1;
+        EXPECT_TRUE(made || std::filesystem::is_empty(place.name())) << bytes;
+        std::filesystem::remove(place / "new.cdb");
+    }
+    EXPECT_EQ(failed, 16);
 }
 
 } // namespace

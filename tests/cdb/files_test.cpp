@@ -397,7 +397,7 @@ TEST_F(Files, FileDeletedWhileOpenIsToldByTheNextWrite)
 
 TEST_F(Files, LogOfACrashedProgramIsReadButNotMovedByAReader)
 {
-    // A copy of the files in the middle of a session stands for a crash.
+    // A copy of the files in the middle of the work stands for a crash.
     const int db = mrl::cdb::open(file).db;
     putText(db, 12, 1, "only in the log");
     const std::string crashed = folder / "crashed.cdb";

@@ -153,7 +153,9 @@ OpenedDatabase createFile(const std::string& path)
     if (status != SQLITE_OK) {
         Result error = failureOf(status, connection.get(), path);
         connection.reset();
-        ::unlink(path.c_str());
+        // SQLite leaves its own files when it could not finish them.
+        for (const char* ending : {"", "-journal", "-wal", "-shm"})
+            ::unlink((path + ending).c_str());
         return {std::move(error), nullptr};
     }
     return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadWrite)};
