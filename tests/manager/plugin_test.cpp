@@ -200,7 +200,8 @@ TEST_F(PluginTest, LastLineOfTheHeadIsLeftOut)
 
 TEST_F(PluginTest, LoadCaseManagerGeneratesNothing)
 {
-    call("lcmanager", MRL_H_FUNCTION_GENERATE);
+    MRL_H_Plugin base(MRL_H_TASK_ACTIONS);
+    EXPECT_EQ(call("lcmanager", MRL_H_FUNCTION_GENERATE), base.function(MRL_H_FUNCTION_GENERATE, &parameter));
     EXPECT_EQ(parameter.lines, nullptr);
 }
 

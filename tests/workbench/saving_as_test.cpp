@@ -4,6 +4,8 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -109,6 +111,25 @@ TEST_F(SavingAsTest, AProjectThatMayOnlyBeReadSaysSoAndIsSavedElsewhere)
     EXPECT_TRUE(window.slot_save());
     EXPECT_EQ(window.windowTitle(), QStringLiteral("mine.cdb[*] - Marlavon Workbench"));
     EXPECT_EQ(mrl_lc_current(OtherProgram(project.path(QStringLiteral("mine.cdb"))).db()), 7);
+}
+
+TEST_F(SavingAsTest, TheMenuOfRecentProjectsOpensThem)
+{
+    const QString other = project.path(QStringLiteral("bridge.cdb"));
+    ASSERT_TRUE(QFile::copy(project.path(), other));
+    ASSERT_TRUE(window.openProject(project.path()));
+    ASSERT_TRUE(window.openProject(other));
+    auto* fileMenu = window.menuBar()->actions().first()->menu();
+    emit fileMenu->aboutToShow();
+    QMenu* recent = nullptr;
+    for (QAction* entry : fileMenu->actions())
+        recent = entry->menu() ? entry->menu() : recent;
+    ASSERT_NE(recent, nullptr);
+    ASSERT_GE(recent->actions().size(), 2);
+    EXPECT_EQ(recent->actions().at(0)->text(), QStringLiteral("bridge.cdb"));
+    EXPECT_EQ(recent->actions().at(1)->text(), QStringLiteral("tower.cdb"));
+    recent->actions().at(1)->trigger();
+    EXPECT_EQ(window.document().file(), project.path());
 }
 
 TEST_F(SavingAsTest, TheHomeFolderIsShownShort)
