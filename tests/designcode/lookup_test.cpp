@@ -9,6 +9,7 @@
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "hostlib/data/cdb/project.h"
+#include "support/own_folder.h"
 
 using mrl::test::SAMPLE_CODE;
 using mrl::test::sampleWith;
@@ -51,7 +52,7 @@ class DesignCodeLookup : public testing::Test
         EXPECT_TRUE(mrl::cdb::append(db, 14, code, &record, sizeof record));
     }
 
-    const std::string file = testing::TempDir() + "lookup.ini";
+    const std::string file = mrl::test::ownFolder() + "lookup.ini";
     const int db = mrl::cdb::openMemory().db;
     const int bare = mrl::cdb::openMemory().db;
 };

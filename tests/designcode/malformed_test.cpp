@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "designcode/sample_code.h"
+#include "support/own_folder.h"
 
 using mrl::test::errorOf;
 using mrl::test::SAMPLE_CODE;
@@ -142,7 +143,7 @@ TEST(MalformedFile, FolderIsNoFile)
 
 TEST(MalformedFile, HugeFileIsNotReadIn)
 {
-    const std::string file = testing::TempDir() + "huge.ini";
+    const std::string file = mrl::test::ownFolder() + "huge.ini";
     std::ofstream(file) << std::string((1 << 20) + 1, ';');
     const auto result = mrl::designcode::read(file);
     std::remove(file.c_str());

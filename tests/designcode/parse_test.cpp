@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "designcode/sample_code.h"
+#include "support/own_folder.h"
 
 using mrl::designcode::DesignCode;
 using mrl::test::parsed;
@@ -139,7 +140,7 @@ TEST(ParseDesignCode, IndentedEntryIsNoContinuation)
 
 TEST(ReadDesignCode, NameIsTheFilesNameWithoutFolderAndEnding)
 {
-    const std::string file = testing::TempDir() + "my.code.ini";
+    const std::string file = mrl::test::ownFolder() + "my.code.ini";
     std::ofstream(file) << SAMPLE_CODE;
     const auto result = mrl::designcode::read(file);
     std::remove(file.c_str());

@@ -10,6 +10,7 @@
 #include "host/mrl_alib.h"
 #include "host/mrl_lib.h"
 #include "hostlib/data/cdb/project.h"
+#include "support/own_folder.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ class ProfileRead : public testing::Test
         return buffer.text();
     }
 
-    const std::string file = testing::TempDir() + "profile.ini";
+    const std::string file = mrl::test::ownFolder() + "profile.ini";
 };
 
 } // namespace
