@@ -414,4 +414,8 @@ class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+  private:
+    struct TextWidths;
+    const std::unique_ptr<TextWidths> m_textWidths;
 };

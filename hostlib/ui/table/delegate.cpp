@@ -1,6 +1,9 @@
 #include <QCoreApplication>
+#include <QHash>
 #include <QKeyEvent>
 #include <QTimer>
+
+#include <optional>
 
 #include "hostlib/ui/table/table_private.h"
 
@@ -72,7 +75,30 @@ std::optional<Step> stepOfKey(const QKeyEvent& event, bool inText)
 
 } // namespace
 
-MRL_H_DelegateItem::MRL_H_DelegateItem(QObject* parent) : QStyledItemDelegate(parent) {}
+/// The widths of texts that were measured lately. Fitting a column asks for those of a thousand cells, of
+/// which most show one of a few numbers, and shaping a text is the dearest part of the fit.
+struct MRL_H_DelegateItem::TextWidths
+{
+    static constexpr int most = 256;
+
+    int of(const QString& text, const QFontMetrics& font)
+    {
+        if (!measuredBy || *measuredBy != font || widths.size() >= most) {
+            widths.clear();
+            measuredBy = font;
+        }
+        const auto known = widths.constFind(text);
+        return known != widths.constEnd() ? *known : *widths.insert(text, font.horizontalAdvance(text));
+    }
+
+    std::optional<QFontMetrics> measuredBy;
+    QHash<QString, int> widths;
+};
+
+MRL_H_DelegateItem::MRL_H_DelegateItem(QObject* parent)
+    : QStyledItemDelegate(parent), m_textWidths(std::make_unique<TextWidths>())
+{
+}
 
 MRL_H_DelegateItem::~MRL_H_DelegateItem() = default;
 
@@ -178,7 +204,7 @@ QSize MRL_H_DelegateItem::sizeHint(const QStyleOptionViewItem& option, const QMo
     if (cell == nullptr)
         return QStyledItemDelegate::sizeHint(option, index);
     // Without a text layout: fitting the columns asks a thousand cells of each.
-    return {option.fontMetrics.horizontalAdvance(MRL_H_TwCellAccess::text(*cell)) + 2 * textMargin,
+    return {m_textWidths->of(MRL_H_TwCellAccess::text(*cell), option.fontMetrics) + 2 * textMargin,
             option.fontMetrics.height() + textMargin};
 }
 
