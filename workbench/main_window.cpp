@@ -13,6 +13,7 @@
 #include <QStatusBar>
 
 #include "host/mrl_textlist.h"
+#include "hostlib/ui/widget/window_size.h"
 #include "workbench/input_page.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/recent_files.h"
@@ -62,7 +63,7 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::restorePlace()
 {
-    resize(1200, 760);
+    resize(ui::fittingSize(QSize(1200, 760), *this));
     restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray());
 }
 

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include "lcdata/actions.h"
@@ -57,6 +58,13 @@ TEST_F(MainWindowTest, ShowsTheWaysToAProjectFirst)
     EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("start"))->isVisible());
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Marlavon Workbench"));
     EXPECT_FALSE(command("action_save")->isEnabled());
+}
+
+TEST_F(MainWindowTest, FitsTheScreenWithItsFrame)
+{
+    const QSize screen = window.screen()->availableSize();
+    EXPECT_LT(window.width(), screen.width());
+    EXPECT_LT(window.height(), screen.height());
 }
 
 TEST_F(MainWindowTest, OpenProjectIsShownWithItsTasks)

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "hostlib/ui/framework/help_pages.h"
+#include "hostlib/ui/widget/window_size.h"
 
 namespace mrl::ui {
 
@@ -19,7 +20,7 @@ HelpWindow::HelpWindow(QWidget* owner)
 {
     setObjectName(QStringLiteral("help window"));
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(760, 640);
+    resize(fittingSize(QSize(760, 640), *this));
 
     auto* layout = new QVBoxLayout(this); // owned by this
     layout->addLayout(makeBar());

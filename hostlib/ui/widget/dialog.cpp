@@ -1,10 +1,9 @@
 #include "host/mrl_widgets.h"
 
-#include <QGuiApplication>
 #include <QHideEvent>
-#include <QScreen>
 
 #include "hostlib/ui/widget/application_settings.h"
+#include "hostlib/ui/widget/window_size.h"
 
 MRL_QT_Dialog::MRL_QT_Dialog(QWidget* parent, const char* name, Qt::WindowFlags flags)
     : QDialog(parent, flags)
@@ -35,9 +34,7 @@ void MRL_QT_Dialog::restoreGeometry(int width, int height)
     if (!stored.isEmpty() && QWidget::restoreGeometry(stored))
         return;
     // A dialog larger than the screen would have its buttons out of reach.
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const QSize room = screen ? screen->availableSize() : QSize(width, height);
-    resize(QSize(width, height).boundedTo(room));
+    resize(mrl::ui::fittingSize(QSize(width, height), *this));
 }
 
 void MRL_QT_Dialog::hideEvent(QHideEvent* event)
