@@ -24,7 +24,7 @@
     </message>
     <message>
         <source>the record names the action %1 and will move there when the dialog is accepted</source>
-        <translation>der Satz nennt die Einwirkung %1 und zieht dorthin um, wenn der Dialog mit OK verlassen wird</translation>
+        <translation>der Datensatz nennt die Einwirkung %1 und zieht dorthin um, wenn der Dialog mit OK verlassen wird</translation>
     </message>
     <message>
         <source>the number is above 999999</source>
@@ -36,7 +36,7 @@
     </message>
     <message>
         <source>another module keeps a record of kind %1 under this number; accepting the dialog drops it</source>
-        <translation>ein anderes Modul führt unter dieser Nummer einen Satz der Art %1; mit OK im Dialog geht er verloren</translation>
+        <translation>ein anderes Modul führt unter dieser Nummer einen Datensatz der Art %1; mit OK im Dialog geht er verloren</translation>
     </message>
 </context>
 <context>
@@ -147,15 +147,15 @@
     </message>
     <message>
         <source>Unfavourable safety factor</source>
-        <translation>Ungünstiger Sicherheitsbeiwert</translation>
+        <translation>Teilsicherheitsbeiwert, ungünstig wirkend</translation>
     </message>
     <message>
         <source>Favourable safety factor</source>
-        <translation>Günstiger Sicherheitsbeiwert</translation>
+        <translation>Teilsicherheitsbeiwert, günstig wirkend</translation>
     </message>
     <message>
         <source>Accidental safety factor</source>
-        <translation>Sicherheitsbeiwert für außergewöhnliche Situationen</translation>
+        <translation>Teilsicherheitsbeiwert, außergewöhnliche Situation</translation>
     </message>
     <message>
         <source>Reinit all actions</source>
@@ -294,7 +294,7 @@ Die Einwirkungen sind:
     </message>
     <message>
         <source>Factor of dead weight</source>
-        <translation>Faktor des Eigengewichts</translation>
+        <translation>Eigengewichtsfaktor</translation>
     </message>
     <message>
         <source>DLX</source>
@@ -314,15 +314,15 @@ Die Einwirkungen sind:
     </message>
     <message>
         <source>Unfavourable safety factor</source>
-        <translation>Ungünstiger Sicherheitsbeiwert</translation>
+        <translation>Teilsicherheitsbeiwert, ungünstig wirkend</translation>
     </message>
     <message>
         <source>Favourable safety factor</source>
-        <translation>Günstiger Sicherheitsbeiwert</translation>
+        <translation>Teilsicherheitsbeiwert, günstig wirkend</translation>
     </message>
     <message>
         <source>Accidental safety factor</source>
-        <translation>Sicherheitsbeiwert für außergewöhnliche Situationen</translation>
+        <translation>Teilsicherheitsbeiwert, außergewöhnliche Situation</translation>
     </message>
     <message>
         <source>Loadcase selection</source>
@@ -390,11 +390,11 @@ Die Einwirkungen sind:
     </message>
     <message>
         <source>Use global deadload directions</source>
-        <translation>Globale Richtungen des Eigengewichts verwenden</translation>
+        <translation>Globale Eigengewichtsrichtungen verwenden</translation>
     </message>
     <message>
         <source>Increment loadcases automatically from selected on</source>
-        <translation>Lastfälle ab dem ausgewählten automatisch weiterzählen</translation>
+        <translation>Lastfälle ab Auswahl automatisch weiterzählen</translation>
     </message>
     <message>
         <source>Delete unused loadcases</source>
