@@ -1,7 +1,8 @@
+#include "cli/action_table.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
+#include "lcdata/stored_actions.h"
 
 namespace mrl::cli {
 
@@ -29,18 +30,18 @@ void ActionListCommand::declare(Arguments& args)
 ExitCode ActionListCommand::run()
 {
     const Project project = Project::openForReading(file);
-    const std::vector<StoredAction> actions = readActions(project.db());
+    const std::vector<LCM_StoredAction> actions = lcm_stored_actions(project.db());
     project.throwOnError();
     if (json) {
         Json list = Json::array();
-        for (const StoredAction& action : actions) {
+        for (const LCM_StoredAction& action : actions) {
             list.push_back(actionJson(action.code, action.record));
         }
         printJson(list);
         return ExitCode::Done;
     }
     Table table = actionTable();
-    for (const StoredAction& action : actions) {
+    for (const LCM_StoredAction& action : actions) {
         addActionRow(table, action.code, action.record);
     }
     table.print();

@@ -65,9 +65,9 @@ void ActionSetCommand::change(tagCDB_LC_ACT& record) const
 ExitCode ActionSetCommand::run()
 {
     Project project = Project::openForWriting(file);
-    StoredAction found = requireAction(project, action);
+    LCM_StoredAction found = requireAction(project, action);
     change(found.record);
-    if (!rewriteAction(project.db(), found.code, found.record)) {
+    if (!rewriteAction(project.db(), found)) {
         project.refuse("action " + action + " could not be written");
     }
     project.throwOnError();

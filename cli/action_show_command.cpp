@@ -1,3 +1,4 @@
+#include "cli/action_table.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/project.h"
@@ -31,7 +32,7 @@ void ActionShowCommand::declare(Arguments& args)
 ExitCode ActionShowCommand::run()
 {
     const Project project = Project::openForReading(file);
-    const StoredAction found = requireAction(project, action);
+    const LCM_StoredAction found = requireAction(project, action);
     if (json) {
         printJson(actionJson(found.code, found.record));
         return ExitCode::Done;

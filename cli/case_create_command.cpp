@@ -1,12 +1,12 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/load_case_reader.h"
 #include "cli/output.h"
 #include "cli/project.h"
 #include "cli/stored_actions.h"
 #include "lcdata/keys.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/packed_text.h"
+#include "lcdata/stored_load_cases.h"
 #include "model/rules/loadcase_numbers.h"
 
 namespace mrl::cli {
@@ -52,11 +52,10 @@ int CaseCreateCommand::chosenNumber(const Project& project) const
     }
     std::vector<int> own;
     std::set<int> used;
-    LoadCaseReader reader(project.db());
-    while (reader.next()) {
-        used.insert(reader.current().number);
-        if (reader.current().own()) {
-            own.push_back(reader.current().number);
+    for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
+        used.insert(walk.current().number);
+        if (walk.current().isOwn()) {
+            own.push_back(walk.current().number);
         }
     }
     int next = lcm_next_number(own, std::nullopt, used);

@@ -2,10 +2,10 @@
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/load_case_reader.h"
 #include "cli/load_case_table.h"
 #include "cli/project.h"
 #include "cli/stored_actions.h"
+#include "cli/stored_load_cases.h"
 #include "lcdata/load_cases.h"
 
 namespace mrl::cli {
@@ -21,7 +21,7 @@ class CaseListCommand : public Command
     ExitCode run() override;
 
   private:
-    bool wanted(const StoredLoadCase& loadCase) const;
+    bool wanted(const LCM_StoredLoadCase& loadCase) const;
     void printJsonList(const Project& project) const;
     void printTable(const Project& project) const;
 
@@ -39,9 +39,9 @@ void CaseListCommand::declare(Arguments& args)
     args.json(json);
 }
 
-bool CaseListCommand::wanted(const StoredLoadCase& loadCase) const
+bool CaseListCommand::wanted(const LCM_StoredLoadCase& loadCase) const
 {
-    return !actionWord || (loadCase.own() && fieldsOf(loadCase.record).action == *actionWord);
+    return !actionWord || (loadCase.isOwn() && fieldsOf(loadCase.record).action == *actionWord);
 }
 
 /// Written one by one, so that a hundred thousand load cases need no memory of their own.
@@ -51,11 +51,10 @@ void CaseListCommand::printJsonList(const Project& project) const
     Output out;
     const char* separator = "\n";
     out.write("[");
-    LoadCaseReader reader(project.db());
-    while (reader.next()) {
-        if (wanted(reader.current())) {
+    for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
+        if (wanted(walk.current())) {
             out.write(separator);
-            out.write(loadCaseJson(reader.current(), currentNumber).dump());
+            out.write(loadCaseJson(walk.current(), currentNumber).dump());
             separator = ",\n";
         }
     }
@@ -69,10 +68,9 @@ void CaseListCommand::printTable(const Project& project) const
     const int currentNumber = mrl_lc_current(project.db());
     Output out;
     out.line(loadCaseHead());
-    LoadCaseReader reader(project.db());
-    while (reader.next()) {
-        if (wanted(reader.current())) {
-            out.line(loadCaseLine(reader.current(), currentNumber));
+    for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
+        if (wanted(walk.current())) {
+            out.line(loadCaseLine(walk.current(), currentNumber));
         }
     }
     project.throwOnError();

@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/load_case_reader.h"
 #include "cli/project.h"
+#include "cli/stored_load_cases.h"
 #include "lcdata/load_cases.h"
 
 namespace mrl::cli {
@@ -33,11 +33,8 @@ ExitCode CaseRemoveCommand::run()
 {
     Project project = Project::openForWriting(file);
     const std::string text = "load case " + std::to_string(number);
-    StoredLoadCase loadCase;
-    if (!readLoadCase(project.db(), number, loadCase)) {
-        project.refuse("there is no " + text);
-    }
-    if (!force && !loadCase.own()) {
+    const LCM_StoredLoadCase loadCase = requireLoadCase(project, number);
+    if (!force && !loadCase.isOwn()) {
         project.refuse(text + " belongs to another module; --force removes it all the same");
     }
     if (!mrl_lc_remove(project.db(), number)) {

@@ -1,9 +1,9 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/load_case_reader.h"
 #include "cli/project.h"
 #include "cli/raw_records.h"
 #include "cli/stored_actions.h"
+#include "cli/stored_load_cases.h"
 #include "lcdata/gama.h"
 #include "lcdata/keys.h"
 #include "lcdata/packed_text.h"
@@ -82,7 +82,7 @@ void setPair(float& field, std::optional<float> main, std::optional<float> minor
 void CaseSetCommand::changeFactors(const Project& project, tagCDB_LC_CTRL& record) const
 {
     const int word = fieldsOf(record).action;
-    const auto stored = storedAction(project.db(), word);
+    const auto stored = lcm_stored_action(project.db(), word);
     const tagCDB_LC_ACT values = stored ? stored->record : tagCDB_LC_ACT{};
     const std::optional<float> gama =
         factors.gama ? std::optional(lcm_gama_to_store(*factors.gama)) : std::nullopt;
@@ -96,11 +96,8 @@ void CaseSetCommand::changeFactors(const Project& project, tagCDB_LC_CTRL& recor
 ExitCode CaseSetCommand::run()
 {
     Project project = Project::openForWriting(file);
-    StoredLoadCase loadCase;
-    if (!readLoadCase(project.db(), number, loadCase)) {
-        project.refuse("there is no load case " + std::to_string(number));
-    }
-    if (!loadCase.own()) {
+    LCM_StoredLoadCase loadCase = requireLoadCase(project, number);
+    if (!loadCase.isOwn()) {
         project.refuse("load case " + std::to_string(number) + " belongs to another module");
     }
     tagCDB_LC_CTRL& record = loadCase.record;

@@ -1,8 +1,8 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/load_case_reader.h"
 #include "cli/load_case_table.h"
 #include "cli/project.h"
+#include "cli/stored_load_cases.h"
 #include "lcdata/load_cases.h"
 
 namespace mrl::cli {
@@ -34,10 +34,7 @@ ExitCode CaseShowCommand::run()
 {
     const Project project = Project::openForReading(file);
     const int currentNumber = mrl_lc_current(project.db());
-    StoredLoadCase loadCase;
-    if (!readLoadCase(project.db(), number, loadCase)) {
-        project.refuse("there is no load case " + std::to_string(number));
-    }
+    const LCM_StoredLoadCase loadCase = requireLoadCase(project, number);
     if (json) {
         printJson(loadCaseJson(loadCase, currentNumber));
         return ExitCode::Done;

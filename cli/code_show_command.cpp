@@ -1,7 +1,7 @@
+#include "cli/action_table.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/design_codes.h"
-#include "cli/stored_actions.h"
 
 namespace mrl::cli {
 

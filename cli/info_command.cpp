@@ -1,11 +1,11 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/design_codes.h"
-#include "cli/load_case_reader.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
 #include "cli/words.h"
 #include "lcdata/load_cases.h"
+#include "lcdata/stored_actions.h"
+#include "lcdata/stored_load_cases.h"
 #include "lcdata/system.h"
 
 namespace mrl::cli {
@@ -54,11 +54,10 @@ Info gather(const Project& project)
     info.designCodeFact = cdb::fact(db, "designcode");
     info.systemClass = lcm_system_class(db);
     info.gravity = wordOf(gravityAxes(), lcm_gravity_direction(db));
-    info.actions = readActions(db).size();
+    info.actions = lcm_stored_actions(db).size();
     info.currentLoadCase = mrl_lc_current(db);
-    LoadCaseReader reader(db);
-    while (reader.next()) {
-        ++(reader.current().own() ? info.loadCases : info.foreignLoadCases);
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
+        ++(walk.current().isOwn() ? info.loadCases : info.foreignLoadCases);
     }
     project.throwOnError();
     return info;

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "cli/load_case_reader.h"
+#include "cli/output.h"
+#include "lcdata/stored_load_cases.h"
 
 namespace mrl::cli {
 
@@ -11,6 +12,10 @@ namespace mrl::cli {
 std::string loadCaseHead();
 
 /// One load case; a star marks the current one.
-std::string loadCaseLine(const StoredLoadCase& loadCase, int currentNumber);
+std::string loadCaseLine(const LCM_StoredLoadCase& loadCase, int currentNumber);
+
+/// The fields of a load case that --json prints; all but number, kind and current are null for one of another
+/// module.
+Json loadCaseJson(const LCM_StoredLoadCase& loadCase, int currentNumber);
 
 } // namespace mrl::cli

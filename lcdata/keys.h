@@ -15,8 +15,5 @@ constexpr int LC_BLANK_WORD = 0x20202020;
 constexpr int LC_ACTION_NONE = 0;          ///< action word of a load case without an action
 constexpr int LC_ACTION_IMPERFECTION = 70; ///< action word of an imperfection load case
 
-/// Buffer for records of LC_KWH_CASES: those of other modules may be longer than a load case.
-constexpr int LC_FOREIGN_RECORD_BYTES = 2060;
-
 /// True for an action key whose name begins with the reserved letter Y.
 constexpr bool lcm_is_reserved_action(int kwl) { return (kwl & 0xFF) == 'Y'; }

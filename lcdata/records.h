@@ -12,10 +12,13 @@ constexpr int LC_TITLE_WORDS = 17;
 /// The undefined value: nothing is set here and the action's value holds. Bits 0xC7C34F80.
 constexpr float LC_UNDEFINED = -99999.0f;
 
+/// The kind of a record that defines an action.
+constexpr int LC_KIND_ACTION = 1;
+
 /// One action, 112 bytes, at KWH 14 with the action code as KWL.
 struct tagCDB_LC_ACT
 {
-    std::int32_t kind;                   ///< 1 for an action definition
+    std::int32_t kind;                   ///< LC_KIND_ACTION for an action definition
     char name[4];                        ///< first part of the name, blank-padded
     std::int32_t partition;              ///< bits 0-3 superposition, 4-7 category, 8 and up load group
     float gamu;                          ///< `Gamu`, unfavourable safety factor

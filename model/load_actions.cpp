@@ -3,18 +3,15 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "lcdata/action_code.h"
 #include "lcdata/default_actions.h"
-#include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
+#include "lcdata/record_walk.h"
 #include "model/action_tree.h"
 #include "model/data_class.h"
 
 namespace {
-
-constexpr int KIND_ACTION = 1;
 
 LCM_ActionEntry* parentOf(const std::vector<LCM_ActionEntry*>& tree, const tagCDB_LC_ACT& child)
 {
@@ -66,14 +63,9 @@ class StoredActions
 /// Reads all records of a key one after the other.
 void takeKey(int db, int code, StoredActions& stored)
 {
-    const LCM_KeyGuard key(db, LC_KWH_ACTIONS, code);
-    for (int position = 0;; ++position) {
-        tagCDB_LC_ACT record{};
-        int length = sizeof record;
-        if (mrl_cdb_get(db, LC_KWH_ACTIONS, code, &record, &length, position) >= CD_END)
-            return;
-        if (record.kind == KIND_ACTION)
-            stored.take(code, record);
+    for (LCM_RecordWalk<tagCDB_LC_ACT> walk(db, LC_KWH_ACTIONS, code); walk.next();) {
+        if (walk.record().kind == LC_KIND_ACTION)
+            stored.take(code, walk.record());
     }
 }
 

@@ -4,10 +4,9 @@
 #include <unordered_map>
 
 #include "host/mrl_cdb.h"
-#include "lcdata/key_walk.h"
 #include "lcdata/load_case_rules.h"
+#include "lcdata/stored_load_cases.h"
 #include "model/data_class.h"
-#include "model/own_loadcase.h"
 
 namespace {
 
@@ -34,13 +33,13 @@ void LCM_DataClass::loadLoadcases()
 {
     ActionWords words;
     loadcases.reserve(readNumbers.size());
-    LCM_LoadcaseEntry entry;
-    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
-        entry.number = walk.kwl();
-        if (!lcm_read_own_loadcase(db, entry.number, entry.record))
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
+        if (!walk.current().isOwn())
             continue;
+        LCM_LoadcaseEntry& entry = loadcases.emplace_back();
+        entry.number = walk.current().number;
+        entry.record = walk.current().record;
         entry.record.action = words.resolved(entry.record.action);
-        loadcases.push_back(entry);
     }
 }
 

@@ -4,9 +4,9 @@
 #include "lcdata/gama.h"
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
+#include "lcdata/stored_load_cases.h"
 #include "model/action_tree.h"
 #include "model/data_class.h"
-#include "model/own_loadcase.h"
 
 namespace {
 
@@ -36,10 +36,9 @@ void deleteActions(int db)
 
 void deleteOwnLoadcases(int db)
 {
-    tagCDB_LC_CTRL record;
-    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
-        if (lcm_read_own_loadcase(db, walk.kwl(), record))
-            mrl_cdb_del(db, LC_KWH_CASES, walk.kwl());
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
+        if (walk.current().isOwn())
+            mrl_cdb_del(db, LC_KWH_CASES, walk.current().number);
     }
 }
 

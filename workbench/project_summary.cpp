@@ -2,8 +2,6 @@
 
 #include <QCoreApplication>
 #include <algorithm>
-#include <array>
-#include <cstring>
 
 #include "host/mrl_alib.h"
 #include "host/mrl_cdb.h"
@@ -11,7 +9,6 @@
 #include "host/mrl_widgets.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "lcdata/action_code.h"
-#include "lcdata/key_walk.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/system.h"
 #include "model/check/project_check.h"
@@ -20,19 +17,16 @@ namespace mrl::workbench {
 
 namespace {
 
-std::vector<StoredAction> readActions(int db)
+/// Those that the managers show.
+std::vector<LCM_StoredAction> readActions(int db)
 {
-    std::vector<StoredAction> actions;
-    for (auto walk = lcm_walk_actions(db); walk.next();) {
-        StoredAction action{walk.kwl(), {}};
-        int length = sizeof action.record;
-        const int result = mrl_cdb_get(db, LC_KWH_ACTIONS, walk.kwl(), &action.record, &length, 0);
-        mrl_cdb_free_ex(db, LC_KWH_ACTIONS, walk.kwl());
-        if (result <= CD_CUT && action.record.kind == 1 && !lcm_is_reserved_action(walk.kwl()))
-            actions.push_back(action);
-    }
+    std::vector<LCM_StoredAction> actions = lcm_stored_actions(db);
+    const auto isHidden = [](const LCM_StoredAction& action) {
+        return action.code == LC_BLANK_WORD || lcm_is_reserved_action(action.code);
+    };
+    actions.erase(std::remove_if(actions.begin(), actions.end(), isHidden), actions.end());
     // The keys are in the order of the names' last letters.
-    std::sort(actions.begin(), actions.end(), [](const StoredAction& a, const StoredAction& b) {
+    std::sort(actions.begin(), actions.end(), [](const LCM_StoredAction& a, const LCM_StoredAction& b) {
         return actionName(a.code) < actionName(b.code);
     });
     return actions;
@@ -40,17 +34,9 @@ std::vector<StoredAction> readActions(int db)
 
 void readLoadCases(int db, ProjectSummary& summary)
 {
-    std::array<char, LC_FOREIGN_RECORD_BYTES> buffer;
-    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
-        int length = LC_FOREIGN_RECORD_BYTES;
-        const int result = mrl_cdb_get(db, LC_KWH_CASES, walk.kwl(), buffer.data(), &length, 0);
-        mrl_cdb_free_ex(db, LC_KWH_CASES, walk.kwl());
-        if (result > CD_CUT)
-            continue;
-        StoredLoadCase loadCase{walk.kwl(), {}};
-        std::memcpy(&loadCase.record, buffer.data(), sizeof loadCase.record);
-        if (static_cast<std::uint32_t>(loadCase.record.kind) <= 1u)
-            summary.loadCases.push_back(loadCase);
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
+        if (walk.current().isOwn())
+            summary.loadCases.push_back(walk.current());
         else
             ++summary.foreignLoadCases;
     }

@@ -6,21 +6,10 @@
 
 #include <vector>
 
-#include "lcdata/records.h"
+#include "lcdata/stored_actions.h"
+#include "lcdata/stored_load_cases.h"
 
 namespace mrl::workbench {
-
-struct StoredAction
-{
-    int code = 0;
-    tagCDB_LC_ACT record{};
-};
-
-struct StoredLoadCase
-{
-    int number = 0;
-    tagCDB_LC_CTRL record{};
-};
 
 /// A factor that the design code of the project knows, and its symbol there.
 struct FactorColumn
@@ -45,10 +34,10 @@ struct ProjectSummary
     int gravity = 1;          ///< signed axis
     int currentLoadCase = 0;  ///< 0: none
     std::vector<FactorColumn> factors;
-    std::vector<StoredAction> actions;
-    std::vector<StoredLoadCase> loadCases; ///< this system's own
-    int foreignLoadCases = 0;              ///< those of other modules, which the managers don't show
-    std::vector<CheckFinding> findings;    ///< empty too when the design code can't be loaded
+    std::vector<LCM_StoredAction> actions;     ///< those that the managers show, by name
+    std::vector<LCM_StoredLoadCase> loadCases; ///< this system's own
+    int foreignLoadCases = 0;                  ///< those of other modules, which the managers don't show
+    std::vector<CheckFinding> findings;        ///< empty too when the design code can't be loaded
 };
 
 /// Reads all of it from an open database and makes that database the current one.

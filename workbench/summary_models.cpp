@@ -89,7 +89,7 @@ QString superpositionName(int partition)
     return code < std::size(NAMES) ? QString::fromLatin1(NAMES[code]) : QString::number(code);
 }
 
-QString fullName(const StoredAction& action) { return actionName(action.code); }
+QString fullName(const LCM_StoredAction& action) { return actionName(action.code); }
 
 QString actionOf(int word)
 {
@@ -116,7 +116,7 @@ QVariant rightIf(bool right)
 
 ActionsModel::ActionsModel(QObject* parent) : QAbstractTableModel(parent) {}
 
-void ActionsModel::show(std::vector<StoredAction> actions, std::vector<FactorColumn> factors)
+void ActionsModel::show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors)
 {
     beginResetModel();
     m_actions = std::move(actions);
@@ -134,7 +134,7 @@ int ActionsModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : FirstFactor + static_cast<int>(m_factors.size());
 }
 
-QString ActionsModel::text(const StoredAction& action, int column) const
+QString ActionsModel::text(const LCM_StoredAction& action, int column) const
 {
     switch (column) {
     case Name:
@@ -180,7 +180,7 @@ QVariant ActionsModel::headerData(int section, Qt::Orientation orientation, int 
 
 LoadCasesModel::LoadCasesModel(QObject* parent) : QAbstractTableModel(parent) {}
 
-void LoadCasesModel::show(std::vector<StoredLoadCase> loadCases, std::vector<FactorColumn> factors,
+void LoadCasesModel::show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors,
                           int current)
 {
     beginResetModel();
@@ -200,7 +200,7 @@ int LoadCasesModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : FirstFactor + static_cast<int>(m_factors.size());
 }
 
-QString LoadCasesModel::text(const StoredLoadCase& loadCase, int column) const
+QString LoadCasesModel::text(const LCM_StoredLoadCase& loadCase, int column) const
 {
     switch (column) {
     case Number:

@@ -15,7 +15,7 @@ class ActionsModel : public QAbstractTableModel
     enum Column { Name, Title, Category, Superposition, FirstFactor };
 
     explicit ActionsModel(QObject* parent);
-    void show(std::vector<StoredAction> actions, std::vector<FactorColumn> factors);
+    void show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -23,9 +23,9 @@ class ActionsModel : public QAbstractTableModel
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    QString text(const StoredAction& action, int column) const;
+    QString text(const LCM_StoredAction& action, int column) const;
 
-    std::vector<StoredAction> m_actions;
+    std::vector<LCM_StoredAction> m_actions;
     std::vector<FactorColumn> m_factors;
 };
 
@@ -36,7 +36,7 @@ class LoadCasesModel : public QAbstractTableModel
     enum Column { Number, Title, Action, Dlx, Dly, Dlz, FirstFactor };
 
     explicit LoadCasesModel(QObject* parent);
-    void show(std::vector<StoredLoadCase> loadCases, std::vector<FactorColumn> factors, int current);
+    void show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors, int current);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -44,9 +44,9 @@ class LoadCasesModel : public QAbstractTableModel
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    QString text(const StoredLoadCase& loadCase, int column) const;
+    QString text(const LCM_StoredLoadCase& loadCase, int column) const;
 
-    std::vector<StoredLoadCase> m_loadCases;
+    std::vector<LCM_StoredLoadCase> m_loadCases;
     std::vector<FactorColumn> m_factors;
     int m_current = 0;
 };

@@ -11,6 +11,7 @@
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/load_case_rules.h"
+#include "lcdata/stored_actions.h"
 #include "lcdata/system.h"
 #include "model/check/stored_definitions.h"
 #include "model/rules/action_row.h"
@@ -46,7 +47,7 @@ class Check
     void checkAction(int key, const tagCDB_LC_ACT& record);
     void addDefaultActions();
     void checkLoadCases();
-    void checkLoadCase(const LCM_StoredLoadCase& loadCase);
+    void checkLoadCase(const LCM_CheckedLoadCase& loadCase);
     tagCDB_LC_ACT asShown(const tagCDB_LC_ACT& record) const;
     const tagCDB_LC_ACT* findAction(int word) const;
     int resolved(int word);
@@ -130,9 +131,9 @@ void Check::checkActions()
 {
     const std::set<int> known = lcm_design_code_keys();
     bool anyOfTheCode = false;
-    for (const auto& [key, record] : lcm_stored_actions(db)) {
-        checkAction(key, record);
-        anyOfTheCode = anyOfTheCode || known.count(key) != 0;
+    for (const LCM_StoredAction& action : lcm_stored_actions(db)) {
+        checkAction(action.code, action.record);
+        anyOfTheCode = anyOfTheCode || known.count(action.code) != 0;
     }
     if (!anyOfTheCode)
         addDefaultActions();
@@ -165,12 +166,12 @@ int Check::resolved(int word)
     return entry->second;
 }
 
-void Check::checkLoadCase(const LCM_StoredLoadCase& loadCase)
+void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
 {
-    const int number = loadCase.number;
+    const int number = loadCase.stored.number;
     if (number > LC_MAX_NUMBER)
         add(Subject::LoadCase, number, tr("the number is above 999999"));
-    tagCDB_LC_CTRL record = loadCase.record;
+    tagCDB_LC_CTRL record = loadCase.stored.record;
     record.action = resolved(record.action);
     const LCM_LoadcaseVerdict verdict =
         lcm_judge_stored_loadcase(number, record, findAction(record.action), setup, limits);
@@ -187,7 +188,7 @@ void Check::checkLoadCases()
 {
     LCM_KeyWalk walk(db, LC_KWH_CASES);
     while (walk.next())
-        if (const auto loadCase = lcm_stored_load_case(db, walk.kwl()))
+        if (const auto loadCase = lcm_checked_load_case(db, walk.kwl()))
             checkLoadCase(*loadCase);
 }
 

@@ -1,60 +1,31 @@
 #include "model/check/stored_definitions.h"
 
-#include "host/mrl_dlib.h"
 #include "lcdata/action_code.h"
-#include "lcdata/actions.h"
-#include "lcdata/guards.h"
-#include "lcdata/key_walk.h"
+#include "lcdata/default_actions.h"
+#include "lcdata/record_walk.h"
 
-namespace {
-
-template <typename Record>
-bool readRecord(int db, int kwh, int kwl, int position, Record& record)
+std::optional<LCM_CheckedLoadCase> lcm_checked_load_case(int db, int number)
 {
-    int length = sizeof record;
-    return mrl_cdb_get(db, kwh, kwl, &record, &length, position) < CD_END;
-}
-
-} // namespace
-
-std::map<int, tagCDB_LC_ACT> lcm_stored_actions(int db)
-{
-    std::map<int, tagCDB_LC_ACT> actions;
-    // One step ahead of the walk of the dialog, so that an action without a name is met too.
-    LCM_KeyWalk walk(db, LC_KWH_ACTIONS, LC_BLANK_WORD - 1);
-    while (walk.next()) {
-        const LCM_KeyGuard guard(db, LC_KWH_ACTIONS, walk.kwl());
-        tagCDB_LC_ACT record{};
-        for (int position = 0; readRecord(db, LC_KWH_ACTIONS, walk.kwl(), position, record); position = 1)
-            if (record.kind == 1)
-                actions[walk.kwl()] = record;
-    }
-    return actions;
-}
-
-std::optional<LCM_StoredLoadCase> lcm_stored_load_case(int db, int number)
-{
-    const LCM_KeyGuard guard(db, LC_KWH_CASES, number);
-    LCM_StoredLoadCase loadCase;
-    loadCase.number = number;
-    const auto own = [](int kind) { return kind == 0 || kind == 1; };
-    if (!readRecord(db, LC_KWH_CASES, number, 0, loadCase.record) || !own(loadCase.record.kind))
+    // One walk for both, since a project may have very many load cases.
+    LCM_RecordWalk<tagCDB_LC_CTRL> walk(db, LC_KWH_CASES, number);
+    if (!walk.next() || !lcm_is_own_kind(walk.record().kind))
         return std::nullopt;
-    int kind = 0;
-    while (!loadCase.foreignKind && readRecord(db, LC_KWH_CASES, number, 1, kind))
-        if (!own(kind))
-            loadCase.foreignKind = kind;
+    LCM_CheckedLoadCase loadCase{{number, walk.record()}, std::nullopt};
+    while (!loadCase.foreignKind && walk.next()) {
+        if (!lcm_is_own_kind(walk.record().kind))
+            loadCase.foreignKind = walk.record().kind;
+    }
     return loadCase;
 }
 
 std::set<int> lcm_design_code_keys()
 {
     std::set<int> keys;
-    tagCDB_LC_ACT action{};
-    for (int which = -1; which >= -999 && mrl_dlib_lcact_info(which, &action) >= 0; --which) {
-        keys.insert(lcm_action_code(action));
-        action.suffix = 0;
-        keys.insert(lcm_action_code(action));
-    }
+    lcm_enumerate_default_actions([&keys](const tagCDB_LC_ACT& action) {
+        tagCDB_LC_ACT parent = action;
+        parent.suffix = 0;
+        keys.insert({lcm_action_code(action), lcm_action_code(parent)});
+        return false;
+    });
     return keys;
 }

@@ -1,27 +1,21 @@
 #pragma once
 
-/// The project's actions and load cases as they are stored, key by key.
+/// What stands in a project and in its design code, as far as the check asks for more than the manager.
 
-#include <map>
 #include <optional>
 #include <set>
 
-#include "lcdata/records.h"
+#include "lcdata/stored_load_cases.h"
 
-/// A load case of this system as it is stored.
-struct LCM_StoredLoadCase
+/// A load case of this system, and what stands behind it under its key.
+struct LCM_CheckedLoadCase
 {
-    int number = 0;
-    tagCDB_LC_CTRL record{};
+    LCM_StoredLoadCase stored;
     std::optional<int> foreignKind; ///< kind of the first later record of the key that another module owns
 };
 
-/// The actions by key, those without a name and those of the reserved letter too. Of several definitions
-/// under one key the last one counts.
-std::map<int, tagCDB_LC_ACT> lcm_stored_actions(int db);
-
 /// The load case under a number; nothing when there is none or it belongs to another module.
-std::optional<LCM_StoredLoadCase> lcm_stored_load_case(int db, int number);
+std::optional<LCM_CheckedLoadCase> lcm_checked_load_case(int db, int number);
 
 /// The keys under which a stored action stands for one of the design code: its actions, and the parents that
 /// their names imply. Asks the active design code.

@@ -49,6 +49,19 @@ TEST_F(SummaryTest, TellsActionsAndLoadCasesApartFromThoseOfOtherModules)
     EXPECT_EQ(summary.foreignLoadCases, 2);
 }
 
+TEST_F(SummaryTest, OfSeveralDefinitionsOfAnActionShowsTheOneThatTheManagerShows)
+{
+    tagCDB_LC_ACT otherKind = action(QStringLiteral("G"));
+    otherKind.kind = 2;
+    project.putAction(otherKind);
+    project.append(LC_KWH_ACTIONS, codeOf("G"), tagCDB_LC_ACT(action(QStringLiteral("G")).gamu(1.2f)));
+    project.append(LC_KWH_ACTIONS, codeOf("G"), tagCDB_LC_ACT(action(QStringLiteral("G")).gamu(1.3f)));
+    project.putAction(LC_BLANK_WORD, action(QStringLiteral("X")));
+    const ProjectSummary summary = summarise(db);
+    ASSERT_EQ(summary.actions.size(), 1u) << "neither twice nor without a name";
+    EXPECT_EQ(summary.actions[0].record.gamu, 1.3f);
+}
+
 TEST_F(SummaryTest, SaysWhyTheDesignCodeCannotBeLoaded)
 {
     project.setDesignCode("no-such-code");
