@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "cli/output.h"
+#include "lcdata/action_code.h"
 #include "lcdata/keys.h"
-#include "model/rules/action_row.h"
 
 namespace mrl::cli {
 
@@ -57,7 +57,7 @@ std::string systemName(int systemClass)
     }
 }
 
-std::string actionName(int code) { return printable(lcm_code_text(code).trimmed()); }
+std::string actionName(int code) { return printable(lcm_code_name(code)); }
 
 std::string actionWordText(int word)
 {
@@ -67,8 +67,7 @@ std::string actionWordText(int word)
     case LC_ACTION_IMPERFECTION:
         return "IMP";
     default:
-        // What stays below the codes is an old number that the design code doesn't know.
-        return word < LC_BLANK_WORD ? std::to_string(word) : actionName(word);
+        return printable(lcm_word_name(word));
     }
 }
 

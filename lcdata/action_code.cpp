@@ -92,6 +92,20 @@ std::int32_t lcm_normalise_code(const QString& text)
     return lcm_pack_word(text.toUpper().leftJustified(4, ' '));
 }
 
+QString lcm_code_text(std::int32_t code)
+{
+    char bytes[5] = {};
+    lcm_word_to_chars(code, bytes);
+    return QString::fromUtf8(bytes);
+}
+
+QString lcm_code_name(std::int32_t code) { return lcm_code_text(code).trimmed(); }
+
+QString lcm_word_name(std::int32_t word)
+{
+    return word < LC_BLANK_WORD ? QString::number(word) : lcm_code_name(word);
+}
+
 QString lcm_action_label(const tagCDB_LC_ACT& action)
 {
     NameBuffer buffer = firstPart(action);

@@ -35,6 +35,16 @@ std::int32_t lcm_action_code(const tagCDB_LC_ACT& action);
 /// The code of a text that a caller typed: upper case, padded with blanks, cut to four bytes.
 std::int32_t lcm_normalise_code(const QString& text);
 
+/// The text of an action code: its bytes up to the first zero, the low one first, blanks included.
+QString lcm_code_text(std::int32_t code);
+
+/// The name that an action code stands for, without the blanks around it.
+QString lcm_code_name(std::int32_t code);
+
+/// The name of the action that a load case's action word stands for; digits for an old action number, which
+/// names none.
+QString lcm_word_name(std::int32_t word);
+
 /// Name and title in one line: the name in five columns, then at most 31 bytes of title.
 QString lcm_action_label(const tagCDB_LC_ACT& action);
 

@@ -4,8 +4,8 @@
 
 #include "lcdata/guards.h"
 
-/// Use: `LCM_RecordWalk<tagCDB_LC_ACT> walk(db, LC_KWH_ACTIONS, code); while (walk.next()) use(walk.record());`
-/// A longer record is cut to its beginning, the rest of a shorter one is zero.
+/// Use: `LCM_RecordWalk<tagCDB_LC_ACT> walk(db, LC_KWH_ACTIONS, code); while (walk.next())
+/// use(walk.record());` A longer record is cut to its beginning, the rest of a shorter one is zero.
 template <class Record>
 class LCM_RecordWalk
 {

@@ -9,13 +9,14 @@
 
 struct LCM_StoredAction
 {
-    int code = 0;           ///< the element of its key, whatever name the record bears
-    tagCDB_LC_ACT record{}; ///< the last definition among the records of the key, which is the one that counts
-    int position = 0;       ///< of that definition among them
+    int code = 0; ///< the element of its key, whatever name the record bears
+    tagCDB_LC_ACT
+        record{};     ///< the last definition among the records of the key, which is the one that counts
+    int position = 0; ///< of that definition among them
 };
 
-/// The actions ascending by code, those of the reserved letter and one without a name too. Numeric keys of the
-/// superposition module are none, and neither is a key that holds no definition.
+/// The actions ascending by code, those of the reserved letter and one without a name too. Numeric keys of
+/// the superposition module are none, and neither is a key that holds no definition.
 std::vector<LCM_StoredAction> lcm_stored_actions(int db);
 
 /// The action under a code; nothing when there is none.

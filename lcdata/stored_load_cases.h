@@ -21,8 +21,8 @@ struct LCM_StoredLoadCase
 /// The load case under a number; nothing when there is none.
 std::optional<LCM_StoredLoadCase> lcm_stored_load_case(int db, int number);
 
-/// A walk over the load cases, upward by number; those of other modules too. It holds nothing of the database,
-/// and the load case that it stands on may be deleted.
+/// A walk over the load cases, upward by number; those of other modules too. It holds nothing of the
+/// database, and the load case that it stands on may be deleted.
 class LCM_LoadCaseWalk
 {
   public:

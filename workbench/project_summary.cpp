@@ -27,7 +27,7 @@ std::vector<LCM_StoredAction> readActions(int db)
     actions.erase(std::remove_if(actions.begin(), actions.end(), isHidden), actions.end());
     // The keys are in the order of the names' last letters.
     std::sort(actions.begin(), actions.end(), [](const LCM_StoredAction& a, const LCM_StoredAction& b) {
-        return actionName(a.code) < actionName(b.code);
+        return lcm_code_name(a.code) < lcm_code_name(b.code);
     });
     return actions;
 }
@@ -98,7 +98,7 @@ std::vector<CheckFinding> findings(int db)
     for (const LCM_ProjectFinding& finding : lcm_check_project(db, usesGlobalDirections())) {
         const QString where =
             finding.subject == LCM_ProjectFinding::Subject::Action
-                ? QCoreApplication::translate("Workbench", "Action %1").arg(actionName(finding.id))
+                ? QCoreApplication::translate("Workbench", "Action %1").arg(lcm_code_name(finding.id))
                 : QCoreApplication::translate("Workbench", "Load case %1").arg(finding.id);
         worded.push_back({where, finding.message});
     }
@@ -106,13 +106,6 @@ std::vector<CheckFinding> findings(int db)
 }
 
 } // namespace
-
-QString actionName(int code)
-{
-    char bytes[4];
-    lcm_word_to_chars(code, bytes);
-    return QString::fromUtf8(bytes, 4).trimmed();
-}
 
 ProjectSummary summarise(int db)
 {

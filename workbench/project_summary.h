@@ -43,7 +43,4 @@ struct ProjectSummary
 /// Reads all of it from an open database and makes that database the current one.
 ProjectSummary summarise(int db);
 
-/// The name of an action code as people write it: without blanks at its end.
-QString actionName(int code);
-
 } // namespace mrl::workbench

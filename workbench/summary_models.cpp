@@ -89,15 +89,13 @@ QString superpositionName(int partition)
     return code < std::size(NAMES) ? QString::fromLatin1(NAMES[code]) : QString::number(code);
 }
 
-QString fullName(const LCM_StoredAction& action) { return actionName(action.code); }
-
 QString actionOf(int word)
 {
     if (word == LC_ACTION_NONE)
         return LoadCasesModel::tr("none");
     if (word == LC_ACTION_IMPERFECTION)
         return QStringLiteral("IMP");
-    return word < LC_BLANK_WORD ? QString::number(word) : actionName(word);
+    return lcm_word_name(word);
 }
 
 QVariant boldFont()
@@ -138,7 +136,7 @@ QString ActionsModel::text(const LCM_StoredAction& action, int column) const
 {
     switch (column) {
     case Name:
-        return fullName(action);
+        return lcm_code_name(action.code);
     case Title:
         return lcm_title_text(action.record.title);
     case Category:

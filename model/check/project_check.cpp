@@ -27,12 +27,6 @@ static_assert(int(ACT_COL_GAMU) == int(LC_COL_GAMU) && int(ACT_COL_PSI1S) == int
 
 QString tr(const char* text) { return QCoreApplication::translate("LCM_ProjectCheck", text); }
 
-/// An old action number stands as it is, since it names no action.
-QString nameOf(int word)
-{
-    return word < LC_BLANK_WORD ? QString::number(word) : lcm_code_text(word).trimmed();
-}
-
 /// Gathers the findings of one project.
 class Check
 {
@@ -121,7 +115,7 @@ void Check::checkAction(int key, const tagCDB_LC_ACT& record)
     if (code != key)
         add(Subject::Action, key,
             tr("the record names the action %1 and will move there when the dialog is accepted")
-                .arg(nameOf(code)));
+                .arg(lcm_word_name(code)));
     const tagCDB_LC_ACT shown = asShown(record);
     add(Subject::Action, key, lcm_check_action(shown, limits, identity));
     actions[code] = shown;
@@ -176,7 +170,7 @@ void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
     const LCM_LoadcaseVerdict verdict =
         lcm_judge_stored_loadcase(number, record, findAction(record.action), setup, limits);
     if (verdict.actionMissing)
-        add(Subject::LoadCase, number, tr("the project has no action %1").arg(nameOf(record.action)));
+        add(Subject::LoadCase, number, tr("the project has no action %1").arg(lcm_word_name(record.action)));
     add(Subject::LoadCase, number, verdict.findings);
     if (loadCase.foreignKind)
         add(Subject::LoadCase, number,

@@ -49,13 +49,6 @@ int lcm_action_record(const LCM_ActionCells& cells, tagCDB_LC_ACT& record)
     return lcm_pack_word(text);
 }
 
-QString lcm_code_text(int code)
-{
-    char bytes[5] = {};
-    lcm_word_to_chars(code, bytes);
-    return QString::fromUtf8(bytes);
-}
-
 int lcm_partition_id(int word)
 {
     return word >= LOAD_GROUP ? word / LOAD_GROUP + FIRST_GROUP_ENTRY : word / 16;

@@ -32,9 +32,6 @@ LCM_ActionCells lcm_action_cells(const tagCDB_LC_ACT& record);
 /// @return the action code, which is that of the name cell's text
 int lcm_action_record(const LCM_ActionCells& cells, tagCDB_LC_ACT& record);
 
-/// The text of an action code: its four bytes, the low one first, blanks included.
-QString lcm_code_text(int code);
-
 /// The partition entry's id for a partition word. A word with a load group (256 or more) is shown as that
 /// load group of the variable actions, 49 to 53 for Q_1 to Q_5, whatever its category says.
 int lcm_partition_id(int word);

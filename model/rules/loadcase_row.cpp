@@ -2,8 +2,8 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 
+#include "lcdata/action_code.h"
 #include "lcdata/gama.h"
 #include "lcdata/keys.h"
 #include "lcdata/load_case_rules.h"
@@ -66,13 +66,6 @@ float packCells(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup
     if (minor == LC_UNDEFINED)
         return LC_UNDEFINED;
     return lcm_add_minor(field, zeroRule ? lcm_gama_to_store(minor) : minor);
-}
-
-std::string bytesOf(int code)
-{
-    char bytes[5] = {};
-    std::memcpy(bytes, &code, sizeof code);
-    return bytes;
 }
 
 int packLatin1(const QString& text)
@@ -212,9 +205,9 @@ tagCDB_LC_CTRL lcm_record_with_action(const tagCDB_LC_CTRL& record, int actionWo
 
 QString lcm_missing_action_text(int code)
 {
-    return QStringLiteral("*** Action %1 is missing ***").arg(QString::fromStdString(bytesOf(code)));
+    return QStringLiteral("*** Action %1 is missing ***").arg(lcm_code_text(code));
 }
 
-int lcm_lower_code(int code) { return packLatin1(QString::fromStdString(bytesOf(code)).toLower()); }
+int lcm_lower_code(int code) { return packLatin1(lcm_code_text(code).toLower()); }
 
-int lcm_upper_code(int code) { return packLatin1(QString::fromStdString(bytesOf(code)).toUpper()); }
+int lcm_upper_code(int code) { return packLatin1(lcm_code_text(code).toUpper()); }

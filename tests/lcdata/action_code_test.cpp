@@ -67,6 +67,31 @@ TEST(WordToChars, GivesTheLowByteFirst)
     EXPECT_EQ(static_cast<std::uint32_t>(lcm_field_word(bytes)), 0xBE9B9DF0u);
 }
 
+TEST(CodeText, IsLowByteFirstAndEndsAtAZero)
+{
+    EXPECT_EQ(lcm_code_text(0x20202047), QStringLiteral("G   "));
+    EXPECT_EQ(lcm_code_text(0x20315F51), QStringLiteral("Q_1 "));
+    EXPECT_EQ(lcm_code_text(0x20202020), QStringLiteral("    "));
+    EXPECT_EQ(lcm_code_text(0x20200047), QStringLiteral("G"));
+    EXPECT_EQ(lcm_code_text(0), QString());
+}
+
+TEST(CodeName, HasNoBlanksAroundIt)
+{
+    EXPECT_EQ(lcm_code_name(0x20202047), QStringLiteral("G"));
+    EXPECT_EQ(lcm_code_name(0x20315F51), QStringLiteral("Q_1"));
+    EXPECT_EQ(lcm_code_name(0x20202020), QString());
+}
+
+TEST(WordName, OfAnOldActionNumberIsTheNumber)
+{
+    EXPECT_EQ(lcm_word_name(0x20315F51), QStringLiteral("Q_1"));
+    EXPECT_EQ(lcm_word_name(0x20202020), QString());
+    EXPECT_EQ(lcm_word_name(0x2020201F), QStringLiteral("538976287"));
+    EXPECT_EQ(lcm_word_name(12), QStringLiteral("12"));
+    EXPECT_EQ(lcm_word_name(-3), QStringLiteral("-3"));
+}
+
 TEST(ActionCode, JoinsFirstPartAndSuffix)
 {
     EXPECT_EQ(lcm_action_code(ActionBuilder("G")), 0x20202047);

@@ -79,14 +79,6 @@ TEST(ActionRow, NameShowsTheFourCharactersOfTheCode)
     EXPECT_EQ(lcm_action_cells(action("ABCD")).name, QStringLiteral("ABCD"));
 }
 
-TEST(ActionRow, CodeTextIsLowByteFirst)
-{
-    EXPECT_EQ(lcm_code_text(0x20202047), QStringLiteral("G   "));
-    EXPECT_EQ(lcm_code_text(0x20315F51), QStringLiteral("Q_1 "));
-    EXPECT_EQ(lcm_code_text(0x20202020), QStringLiteral("    "));
-    EXPECT_EQ(lcm_code_text(0), QString());
-}
-
 TEST(ActionRow, PlainCategoryShowsItsNumber)
 {
     EXPECT_EQ(lcm_partition_id(0x10), 1);
