@@ -18,46 +18,45 @@ std::string superpositionText(const tagCDB_LC_ACT& record)
     return wordOf(superpositionIds(), lcm_superposition_id(record.partition));
 }
 
+/// As the dialog shows it.
+float shownFactor(const tagCDB_LC_ACT& record, const LCM_ActionFactor& factor)
+{
+    const float value = record.*factor.field;
+    return factor.column == ACT_COL_GAMA ? lcm_shown_gama(value) : value;
+}
+
 } // namespace
 
 Json actionJson(int code, const tagCDB_LC_ACT& record)
 {
-    return {{"name", actionName(code)},
-            {"code", code},
-            {"title", lcm_title_text(record.title).toStdString()},
-            {"partition", partitionText(record)},
-            {"superposition", superpositionText(record)},
-            {"Gamu", jsonFactor(record.gamu)},
-            {"Gamf", jsonFactor(record.gamf)},
-            {"Gama", jsonFactor(lcm_shown_gama(record.gama))},
-            {"Psi0", jsonFactor(record.psi0)},
-            {"Psi1", jsonFactor(record.psi1)},
-            {"Psi2", jsonFactor(record.psi2)},
-            {"Psi1s", jsonFactor(record.psi1s)}};
+    Json out = {{"name", actionName(code)},
+                {"code", code},
+                {"title", lcm_title_text(record.title).toStdString()},
+                {"partition", partitionText(record)},
+                {"superposition", superpositionText(record)}};
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
+        out[factor.key] = jsonFactor(shownFactor(record, factor));
+    }
+    return out;
 }
 
 Table actionTable()
 {
-    const auto right = Table::Align::Right;
-    return Table({{"Name"},
-                  {"Title"},
-                  {"Partition"},
-                  {"Superposition"},
-                  {"Gamu", right},
-                  {"Gamf", right},
-                  {"Gama", right},
-                  {"Psi0", right},
-                  {"Psi1", right},
-                  {"Psi2", right},
-                  {"Psi1s", right}});
+    std::vector<Table::Column> head{{"Name"}, {"Title"}, {"Partition"}, {"Superposition"}};
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
+        head.push_back({factor.key, Table::Align::Right});
+    }
+    return Table(head);
 }
 
 void addActionRow(Table& table, int code, const tagCDB_LC_ACT& record)
 {
-    table.add({actionName(code), printable(lcm_title_text(record.title)), partitionText(record),
-               superpositionText(record), factorText(record.gamu), factorText(record.gamf),
-               factorText(lcm_shown_gama(record.gama)), factorText(record.psi0), factorText(record.psi1),
-               factorText(record.psi2), factorText(record.psi1s)});
+    std::vector<std::string> row{actionName(code), printable(lcm_title_text(record.title)),
+                                 partitionText(record), superpositionText(record)};
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
+        row.push_back(factorText(shownFactor(record, factor)));
+    }
+    table.add(row);
 }
 
 } // namespace mrl::cli

@@ -41,7 +41,7 @@ void CaseListCommand::declare(Arguments& args)
 
 bool CaseListCommand::wanted(const LCM_StoredLoadCase& loadCase) const
 {
-    return !actionWord || (loadCase.isOwn() && fieldsOf(loadCase.record).action == *actionWord);
+    return !actionWord || (loadCase.isOwn() && actionWordOf(loadCase.record) == *actionWord);
 }
 
 /// Written one by one, so that a hundred thousand load cases need no memory of their own.

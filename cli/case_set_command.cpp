@@ -81,7 +81,7 @@ void setPair(float& field, std::optional<float> main, std::optional<float> minor
 
 void CaseSetCommand::changeFactors(const Project& project, tagCDB_LC_CTRL& record) const
 {
-    const int word = fieldsOf(record).action;
+    const int word = actionWordOf(record);
     const auto stored = lcm_stored_action(project.db(), word);
     const tagCDB_LC_ACT values = stored ? stored->record : tagCDB_LC_ACT{};
     const std::optional<float> gama =

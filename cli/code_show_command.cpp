@@ -2,23 +2,11 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/design_codes.h"
+#include "model/rules/action_columns.h"
 
 namespace mrl::cli {
 
 namespace {
-
-struct Factor
-{
-    const char* name;
-    const char* labelKey;
-    float tagCDB_LC_ACT::*field;
-};
-
-constexpr Factor FACTORS[] = {
-    {"Gamu", "TXT_GAMU", &tagCDB_LC_ACT::gamu},   {"Gamf", "TXT_GAMF", &tagCDB_LC_ACT::gamf},
-    {"Gama", "TXT_GAMA", &tagCDB_LC_ACT::gama},   {"Psi0", "TXT_PSI0", &tagCDB_LC_ACT::psi0},
-    {"Psi1", "TXT_PSI1", &tagCDB_LC_ACT::psi1},   {"Psi2", "TXT_PSI2", &tagCDB_LC_ACT::psi2},
-    {"Psi1s", "TXT_PSI1S", &tagCDB_LC_ACT::psi1s}};
 
 class CodeShowCommand : public Command
 {
@@ -42,8 +30,10 @@ void CodeShowCommand::declare(Arguments& args)
     args.json(json);
 }
 
-std::string labelOf(const designcode::DesignCode& code, const std::string& key)
+/// The label of a factor as the file has it.
+std::string labelOf(const designcode::DesignCode& code, const LCM_ActionFactor& factor)
 {
+    const std::string key = "TXT_" + QString::fromLatin1(factor.key).toUpper().toStdString();
     for (const auto& label : code.texts) {
         if (label.key == key) {
             return label.text;
@@ -57,9 +47,9 @@ Json codeJson(const designcode::DesignCode& code)
     Json out = identityJson(code);
     out["KFI"] = code.kfi ? jsonNumber(*code.kfi) : Json(nullptr);
     out["XSI"] = code.xsi ? jsonNumber(*code.xsi) : Json(nullptr);
-    for (const Factor& factor : FACTORS) {
-        out["limits"][factor.name] = jsonNumber(code.availability.*factor.field);
-        out["labels"][factor.name] = labelOf(code, factor.labelKey);
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
+        out["limits"][factor.key] = jsonNumber(code.availability.*factor.field);
+        out["labels"][factor.key] = labelOf(code, factor);
     }
     out["actions"] = Json::array();
     for (const auto& action : code.actions) {
@@ -92,10 +82,10 @@ void printHead(const designcode::DesignCode& code)
 void printFactors(const designcode::DesignCode& code)
 {
     Table table({{"Factor"}, {"Known"}, {"Limit", Table::Align::Right}, {"Label"}});
-    for (const Factor& factor : FACTORS) {
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
         const float limit = code.availability.*factor.field;
-        table.add({factor.name, limit > 0.0f ? "yes" : "no", numberText(limit),
-                   printable(qtext(labelOf(code, factor.labelKey)))});
+        table.add({factor.key, limit > 0.0f ? "yes" : "no", numberText(limit),
+                   printable(qtext(labelOf(code, factor)))});
     }
     table.print();
 }

@@ -3,6 +3,8 @@
 #include "cli/stored_load_cases.h"
 #include "cli/words.h"
 #include "lcdata/packed_text.h"
+#include "model/rules/action_columns.h"
+#include "model/rules/loadcase_row.h"
 
 namespace mrl::cli {
 
@@ -12,8 +14,27 @@ constexpr std::size_t NUMBER_WIDTH = 7;
 constexpr std::size_t ACTION_WIDTH = 6;
 constexpr std::size_t TITLE_WIDTH = 33;
 constexpr std::size_t VALUE_WIDTH = 7;
-constexpr const char* VALUE_NAMES[] = {"DLX",  "DLY",  "DLZ",  "factor", "Gamu", "Gamf",
-                                       "Gama", "Psi0", "Psi1", "Psi2",   "Psi1s"};
+
+/// A number of a load case and its name.
+struct Value
+{
+    const char* name;
+    float value;
+    bool isFactor; ///< of the action too, and undefined where the action's holds
+};
+
+std::vector<Value> valuesOf(const tagCDB_LC_CTRL& record)
+{
+    std::vector<Value> values{{"DLX", record.dlx, false},
+                              {"DLY", record.dly, false},
+                              {"DLZ", record.dlz, false},
+                              {"factor", record.factor, false}};
+    const LCM_LoadcaseFactors factors = lcm_stored_factors(record);
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
+        values.push_back({factor.key, factors[factor.column], true});
+    }
+    return values;
+}
 
 std::string front(const std::string& mark, const std::string& number, const std::string& action,
                   const std::string& title)
@@ -32,8 +53,8 @@ Json foreignJson(const LCM_StoredLoadCase& loadCase, bool isCurrent)
 {
     Json out = {
         {"number", loadCase.number}, {"title", nullptr}, {"action", nullptr}, {"kind", loadCase.record.kind}};
-    for (const char* name : VALUE_NAMES) {
-        out[name] = nullptr;
+    for (const Value& value : valuesOf({})) {
+        out[value.name] = nullptr;
     }
     out["current"] = isCurrent;
     return out;
@@ -44,8 +65,8 @@ Json foreignJson(const LCM_StoredLoadCase& loadCase, bool isCurrent)
 std::string loadCaseHead()
 {
     std::string line = front(" ", "Number", "Action", "Title");
-    for (const char* name : VALUE_NAMES) {
-        line += " " + paddedLeft(name, VALUE_WIDTH);
+    for (const Value& value : valuesOf({})) {
+        line += " " + paddedLeft(value.name, VALUE_WIDTH);
     }
     return line;
 }
@@ -59,12 +80,10 @@ std::string loadCaseLine(const LCM_StoredLoadCase& loadCase, int currentNumber)
         return withoutTrailingBlanks(
             front(mark, number, "", "(other module, kind " + std::to_string(record.kind) + ")"));
     }
-    const LoadCaseFields fields = fieldsOf(record);
     std::string line =
-        front(mark, number, actionWordText(fields.action), printable(lcm_title_text(record.title)));
-    for (const float value : {record.dlx, record.dly, record.dlz, record.factor, fields.gamu, fields.gamf,
-                              fields.gama, fields.psi0, fields.psi1, fields.psi2, fields.psi1s}) {
-        line += " " + paddedLeft(factorText(value), VALUE_WIDTH);
+        front(mark, number, actionWordText(actionWordOf(record)), printable(lcm_title_text(record.title)));
+    for (const Value& value : valuesOf(record)) {
+        line += " " + paddedLeft(factorText(value.value), VALUE_WIDTH);
     }
     return line;
 }
@@ -76,24 +95,16 @@ Json loadCaseJson(const LCM_StoredLoadCase& loadCase, int currentNumber)
         return foreignJson(loadCase, isCurrent);
     }
     const tagCDB_LC_CTRL& record = loadCase.record;
-    const LoadCaseFields fields = fieldsOf(record);
-    const std::string action = actionWordText(fields.action);
-    return {{"number", loadCase.number},
-            {"title", lcm_title_text(record.title).toStdString()},
-            {"action", action.empty() ? Json(nullptr) : Json(action)},
-            {"kind", record.kind},
-            {"DLX", jsonNumber(record.dlx)},
-            {"DLY", jsonNumber(record.dly)},
-            {"DLZ", jsonNumber(record.dlz)},
-            {"factor", jsonNumber(record.factor)},
-            {"Gamu", jsonFactor(fields.gamu)},
-            {"Gamf", jsonFactor(fields.gamf)},
-            {"Gama", jsonFactor(fields.gama)},
-            {"Psi0", jsonFactor(fields.psi0)},
-            {"Psi1", jsonFactor(fields.psi1)},
-            {"Psi2", jsonFactor(fields.psi2)},
-            {"Psi1s", jsonFactor(fields.psi1s)},
-            {"current", isCurrent}};
+    const std::string action = actionWordText(actionWordOf(record));
+    Json out = {{"number", loadCase.number},
+                {"title", lcm_title_text(record.title).toStdString()},
+                {"action", action.empty() ? Json(nullptr) : Json(action)},
+                {"kind", record.kind}};
+    for (const Value& value : valuesOf(record)) {
+        out[value.name] = value.isFactor ? jsonFactor(value.value) : jsonNumber(value.value);
+    }
+    out["current"] = isCurrent;
+    return out;
 }
 
 } // namespace mrl::cli

@@ -3,6 +3,7 @@
 #include "cli/words.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "model/check/project_check.h"
+#include "model/rules/action_columns.h"
 
 namespace mrl::cli {
 
@@ -11,8 +12,9 @@ namespace {
 Finding worded(const LCM_ProjectFinding& finding)
 {
     const bool action = finding.subject == LCM_ProjectFinding::Subject::Action;
+    const LCM_ActionFactor* factor = lcm_factor_of_column(finding.column);
     return {action ? "action" : "loadcase", action ? actionName(finding.id) : std::to_string(finding.id),
-            lcm_factor_key(finding.column).toStdString(), finding.message.toStdString()};
+            factor ? factor->key : "", finding.message.toStdString()};
 }
 
 } // namespace

@@ -9,9 +9,12 @@
 #include "host/mrl_widgets.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "lcdata/action_code.h"
+#include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/system.h"
 #include "model/check/project_check.h"
+#include "model/rules/action_columns.h"
+#include "model/rules/design_code_label.h"
 
 namespace mrl::workbench {
 
@@ -42,43 +45,29 @@ void readLoadCases(int db, ProjectSummary& summary)
     }
 }
 
-struct FactorName
-{
-    FactorColumn::Factor factor;
-    const char* name;
-    const char* key;
-    float tagCDB_LC_ACT::*mark;
-};
-
-constexpr FactorName FACTORS[] = {
-    {FactorColumn::Gamu, "Gamu", "TXT_GAMU", &tagCDB_LC_ACT::gamu},
-    {FactorColumn::Gamf, "Gamf", "TXT_GAMF", &tagCDB_LC_ACT::gamf},
-    {FactorColumn::Gama, "Gama", "TXT_GAMA", &tagCDB_LC_ACT::gama},
-    {FactorColumn::Psi0, "Psi0", "TXT_PSI0", &tagCDB_LC_ACT::psi0},
-    {FactorColumn::Psi1, "Psi1", "TXT_PSI1", &tagCDB_LC_ACT::psi1},
-    {FactorColumn::Psi1s, "Psi1s", "TXT_PSI1S", &tagCDB_LC_ACT::psi1s},
-    {FactorColumn::Psi2, "Psi2", "TXT_PSI2", &tagCDB_LC_ACT::psi2},
-};
-
-QString labelOf(const designcode::DesignCode& code, const FactorName& factor)
-{
-    for (const auto& entry : code.texts) {
-        if (entry.key == factor.key)
-            return QString::fromStdString(entry.text).simplified();
-    }
-    return QString::fromLatin1(factor.name);
-}
-
-/// The factors that the design code knows; all of them under their plain names where there is none.
-std::vector<FactorColumn> factorColumns(const designcode::DesignCode* code)
+/// All factors under their plain names, for a project without a design code.
+std::vector<FactorColumn> plainFactorColumns()
 {
     std::vector<FactorColumn> columns;
-    for (const auto& factor : FACTORS) {
-        if (code && code->availability.*factor.mark <= 0.0f)
-            continue;
-        const QString label = code ? labelOf(*code, factor) : QString::fromLatin1(factor.name);
-        if (label != QLatin1String("none"))
-            columns.push_back({factor.factor, label});
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS)
+        columns.push_back({factor.column, QString::fromLatin1(factor.key)});
+    return columns;
+}
+
+/// The columns that the managers have, under the symbols of the design code.
+std::vector<FactorColumn> factorColumns(int db)
+{
+    MRL_LC_Action_Info info;
+    info.init(db);
+    const QString file = lcm_design_code_file(db).value_or(QString());
+    const auto shown = lcm_factor_columns(info, file);
+    std::vector<FactorColumn> columns;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const LCM_ActionFactor& factor = LCM_ACTION_FACTORS[i];
+        const QString key = QString::fromLatin1(factor.key);
+        const QString label = lcm_design_code_label(file, key.toUpper());
+        if (shown[i])
+            columns.push_back({factor.column, label.isEmpty() ? key : label});
     }
     return columns;
 }
@@ -116,7 +105,7 @@ ProjectSummary summarise(int db)
         summary.designCode = MRL_A_Normen::getNormLabelText(db);
     else
         summary.designCodeReason = QString::fromStdString(loaded.reason);
-    summary.factors = factorColumns(loaded.code.get());
+    summary.factors = loaded.code ? factorColumns(db) : plainFactorColumns();
     summary.systemClass = lcm_system_class(db);
     summary.gravity = lcm_gravity_direction(db);
     summary.currentLoadCase = mrl_lc_current(db);

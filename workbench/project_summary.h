@@ -14,8 +14,7 @@ namespace mrl::workbench {
 /// A factor that the design code of the project knows, and its symbol there.
 struct FactorColumn
 {
-    enum Factor { Gamu, Gamf, Gama, Psi0, Psi1, Psi2, Psi1s };
-    Factor factor;
+    int column = 0; ///< its id in both tables of the manager
     QString label;
 };
 

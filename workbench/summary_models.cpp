@@ -6,8 +6,8 @@
 #include "lcdata/action_code.h"
 #include "lcdata/keys.h"
 #include "lcdata/packed_text.h"
-#include "lcdata/packing.h"
 #include "model/rules/action_row.h"
+#include "model/rules/loadcase_row.h"
 
 namespace mrl::workbench {
 
@@ -15,51 +15,9 @@ namespace {
 
 QString number(float value) { return mrl_h_getDimStringFromVal(static_cast<double>(value), -3, 2); }
 
-float factorOf(const tagCDB_LC_ACT& record, FactorColumn::Factor factor)
+QString factorText(const tagCDB_LC_ACT& record, int column)
 {
-    switch (factor) {
-    case FactorColumn::Gamu:
-        return record.gamu;
-    case FactorColumn::Gamf:
-        return record.gamf;
-    case FactorColumn::Gama:
-        return lcm_shown_gama(record.gama);
-    case FactorColumn::Psi0:
-        return record.psi0;
-    case FactorColumn::Psi1:
-        return record.psi1;
-    case FactorColumn::Psi2:
-        return record.psi2;
-    case FactorColumn::Psi1s:
-        return record.psi1s;
-    }
-    return LC_UNDEFINED;
-}
-
-float minorOf(float field)
-{
-    return field == LC_UNDEFINED ? LC_UNDEFINED : lcm_unpack_pair(field).minor; // NOLINT: exact by design
-}
-
-float factorOf(const tagCDB_LC_CTRL& record, FactorColumn::Factor factor)
-{
-    switch (factor) {
-    case FactorColumn::Gamu:
-        return lcm_unpack_pair(record.gamu).main;
-    case FactorColumn::Gamf:
-        return record.gamf;
-    case FactorColumn::Gama:
-        return minorOf(record.gamu);
-    case FactorColumn::Psi0:
-        return record.psi0;
-    case FactorColumn::Psi1:
-        return lcm_unpack_pair(record.psi1).main;
-    case FactorColumn::Psi2:
-        return record.psi2;
-    case FactorColumn::Psi1s:
-        return minorOf(record.psi1);
-    }
-    return LC_UNDEFINED;
+    return number(column == ACT_COL_GAMA ? lcm_shown_gama(record.gama) : lcm_action_factor(record, column));
 }
 
 QString categoryName(int partition)
@@ -144,8 +102,7 @@ QString ActionsModel::text(const LCM_StoredAction& action, int column) const
     case Superposition:
         return superpositionName(action.record.partition);
     default:
-        return number(
-            factorOf(action.record, m_factors[static_cast<std::size_t>(column - FirstFactor)].factor));
+        return factorText(action.record, m_factors[static_cast<std::size_t>(column - FirstFactor)].column);
     }
 }
 
@@ -214,8 +171,8 @@ QString LoadCasesModel::text(const LCM_StoredLoadCase& loadCase, int column) con
     case Dlz:
         return number(loadCase.record.dlz);
     default:
-        return number(
-            factorOf(loadCase.record, m_factors[static_cast<std::size_t>(column - FirstFactor)].factor));
+        return number(lcm_stored_factors(
+            loadCase.record)[m_factors[static_cast<std::size_t>(column - FirstFactor)].column]);
     }
 }
 

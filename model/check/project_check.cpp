@@ -22,9 +22,6 @@
 
 namespace {
 
-// Both tables number the columns of the factors alike.
-static_assert(int(ACT_COL_GAMU) == int(LC_COL_GAMU) && int(ACT_COL_PSI1S) == int(LC_COL_PSI1S));
-
 QString tr(const char* text) { return QCoreApplication::translate("LCM_ProjectCheck", text); }
 
 /// Gathers the findings of one project.
@@ -67,17 +64,7 @@ Check::Check(int index, bool globalDirections) : db(index)
     mrl_dlib_lcact_info(0, &limits);
     identity = {mrl_dlib_cdb_get_ntcode(), mrl_dlib_cdb_get_idcode(), mrl_dlib_cdb_get_dcntry(),
                 mrl_dlib_cdb_get_dcyear()};
-    const QString file = lcm_design_code_file(db).value_or(QString());
-    const auto labelled = [&file](bool known, const char* key) {
-        return known && lcm_design_code_label(file, QLatin1String(key)) != QLatin1String("none");
-    };
-    setup.factorColumns = {labelled(info.gamu, "GAMU"),
-                           labelled(info.gamf, "GAMF"),
-                           labelled(info.gama, "GAMA"),
-                           info.psi0,
-                           info.psi1,
-                           info.psi2,
-                           info.psi1s};
+    setup.factorColumns = lcm_factor_columns(info, lcm_design_code_file(db).value_or(QString()));
     setup.gravity = lcm_gravity_direction(db);
     setup.systemClass = lcm_system_class(db);
     setup.globalDirections = globalDirections;
@@ -199,26 +186,4 @@ std::vector<LCM_ProjectFinding> lcm_check_project(int db, bool globalDirections)
 {
     const LCM_CurrentDatabaseGuard guard;
     return Check(db, globalDirections).run();
-}
-
-QString lcm_factor_key(int column)
-{
-    switch (column) {
-    case ACT_COL_GAMU:
-        return QStringLiteral("Gamu");
-    case ACT_COL_GAMF:
-        return QStringLiteral("Gamf");
-    case ACT_COL_GAMA:
-        return QStringLiteral("Gama");
-    case ACT_COL_PSI0:
-        return QStringLiteral("Psi0");
-    case ACT_COL_PSI1:
-        return QStringLiteral("Psi1");
-    case ACT_COL_PSI2:
-        return QStringLiteral("Psi2");
-    case ACT_COL_PSI1S:
-        return QStringLiteral("Psi1s");
-    default:
-        return {};
-    }
 }

@@ -25,6 +25,3 @@ struct LCM_ProjectFinding
 /// @return the findings, actions by code ahead of load cases by number
 /// @note Leaves the current database as it was.
 std::vector<LCM_ProjectFinding> lcm_check_project(int db, bool globalDirections);
-
-/// The key of a factor, "Gamu" to "Psi1s", by its column id; an empty text for any other column.
-QString lcm_factor_key(int column);

@@ -28,3 +28,17 @@ QString lcm_design_code_label(const QString& file, const QString& upperKey)
                          LABEL_BYTES, 0);
     return QString::fromUtf8(label.data()).simplified();
 }
+
+std::array<bool, LC_FACTOR_COUNT> lcm_factor_columns(const MRL_LC_Action_Info& info, const QString& file)
+{
+    const auto labelled = [&file](bool known, const char* key) {
+        return known && lcm_design_code_label(file, QLatin1String(key)) != QLatin1String("none");
+    };
+    return {labelled(info.gamu, "GAMU"),
+            labelled(info.gamf, "GAMF"),
+            labelled(info.gama, "GAMA"),
+            info.psi0,
+            info.psi1,
+            info.psi2,
+            info.psi1s};
+}

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "lcdata/action_code.h"
 #include "lcdata/gama.h"
@@ -9,8 +10,12 @@
 #include "lcdata/load_case_rules.h"
 #include "lcdata/packed_text.h"
 #include "lcdata/packing.h"
+#include "model/rules/action_columns.h"
 
 namespace {
+
+// Both tables number the columns of the factors alike.
+static_assert(int(ACT_COL_GAMU) == int(LC_COL_GAMU) && int(ACT_COL_PSI1S) == int(LC_COL_PSI1S));
 
 /// The axis of gravity, 1 to 3, and 0 when the direction names none.
 int axisOf(int gravity) { return gravity >= -3 && gravity <= 3 ? std::abs(gravity) : 0; }
@@ -107,6 +112,16 @@ LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int g
     return cells;
 }
 
+LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record)
+{
+    LCM_LoadcaseFactors factors = ownFactors(record);
+    for (const auto& [main, minor] : {std::pair{LC_COL_GAMU, LC_COL_GAMA}, {LC_COL_PSI1, LC_COL_PSI1S}}) {
+        if (factors[main] == LC_UNDEFINED)
+            factors[minor] = LC_UNDEFINED;
+    }
+    return factors;
+}
+
 LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action)
 {
     if (lcm_has_own_factors(record.action))
@@ -121,24 +136,8 @@ LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB
 
 float lcm_action_factor(const tagCDB_LC_ACT& action, int column)
 {
-    switch (column) {
-    case LC_COL_GAMU:
-        return action.gamu;
-    case LC_COL_GAMF:
-        return action.gamf;
-    case LC_COL_GAMA:
-        return action.gama;
-    case LC_COL_PSI0:
-        return action.psi0;
-    case LC_COL_PSI1:
-        return action.psi1;
-    case LC_COL_PSI2:
-        return action.psi2;
-    case LC_COL_PSI1S:
-        return action.psi1s;
-    default:
-        return LC_UNDEFINED;
-    }
+    const LCM_ActionFactor* factor = lcm_factor_of_column(column);
+    return factor ? action.*factor->field : LC_UNDEFINED;
 }
 
 LCM_LoadcaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,

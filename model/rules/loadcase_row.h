@@ -66,6 +66,9 @@ LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int g
 /// @param action the action of the record's action word; null when there is none, all factors are 0 then
 LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action);
 
+/// The factors that a record holds itself. A factor that follows the action is undefined, of a pair both.
+LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record);
+
 /// The factor of an action that a factor column shows; LC_UNDEFINED for any other column.
 float lcm_action_factor(const tagCDB_LC_ACT& action, int column);
 

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "lcdata/packing.h"
+#include "model/rules/action_columns.h"
 #include "support/loadcase_builders.h"
 
 namespace {
@@ -108,6 +110,36 @@ TEST(LoadcaseRow, AccidentalFactorOfZeroComesBackAsTwoThousandths)
     EXPECT_FLOAT_EQ(shown[LC_COL_GAMU], 1.35f);
     EXPECT_FLOAT_EQ(shown[LC_COL_GAMA], 0.002f);
     EXPECT_EQ(shown[LC_COL_PSI1S], 0.0f);
+}
+
+TEST(StoredFactors, OfAPairThatFollowsTheActionAreBothUndefined)
+{
+    tagCDB_LC_CTRL record{};
+    record.gamu = LC_UNDEFINED;
+    record.psi1 = lcm_pack_pair(0.5f, 0.8f);
+    record.gamf = 0.9f;
+    const LCM_LoadcaseFactors factors = lcm_stored_factors(record);
+    EXPECT_EQ(factors[LC_COL_GAMU], LC_UNDEFINED);
+    EXPECT_EQ(factors[LC_COL_GAMA], LC_UNDEFINED);
+    EXPECT_EQ(factors[LC_COL_PSI1], 0.5f);
+    EXPECT_EQ(factors[LC_COL_PSI1S], 0.8f);
+    EXPECT_EQ(factors[LC_COL_GAMF], 0.9f);
+    EXPECT_EQ(factors[LC_COL_PSI2], 0.0f);
+}
+
+TEST(ActionFactor, IsFoundByTheIdOfItsColumn)
+{
+    tagCDB_LC_ACT action{};
+    float value = 0.0f;
+    for (float* field :
+         {&action.gamu, &action.gamf, &action.gama, &action.psi0, &action.psi1, &action.psi2, &action.psi1s})
+        *field = ++value;
+    for (int i = 0; i < LC_FACTOR_COUNT; ++i)
+        EXPECT_EQ(lcm_action_factor(action, LC_COL_GAMU + i), static_cast<float>(i + 1)) << i;
+    EXPECT_EQ(lcm_action_factor(action, LC_COL_DEADFACTOR), LC_UNDEFINED);
+    EXPECT_EQ(lcm_action_factor(action, LC_COL_DLX), LC_UNDEFINED);
+    EXPECT_EQ(lcm_factor_of_column(0), nullptr);
+    EXPECT_STREQ(lcm_factor_of_column(LC_COL_PSI1S)->key, "Psi1s");
 }
 
 TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)

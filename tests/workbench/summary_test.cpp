@@ -85,6 +85,29 @@ TEST_F(SummaryTest, ShowsTheFactorsOfTheDesignCodeUnderItsSymbols)
               (QStringList{"Action", "Description", "Category", "Superposition", "sup", "Psi0"}));
 }
 
+TEST_F(SummaryTest, ShowsTheFactorColumnsThatTheManagerShows)
+{
+    useCode(DesignCodeFile()
+                .marks(ActionBuilder(QString()).gamu(1.0f).gama(1.0f).psi1(1.0f).psi2(1.0f).psi1s(1.0f))
+                .text("TXT_GAMU", "a label of more than 20 bytes")
+                .text("TXT_PSI1", "none")
+                .add(action(QStringLiteral("G")), {2, 7}));
+    ActionsModel model(nullptr);
+    const ProjectSummary withLabels = summarise(db);
+    model.show(withLabels.actions, withLabels.factors);
+    EXPECT_EQ(headers(model), (QStringList{"Action", "Description", "Category", "Superposition",
+                                           "a label of more than", "Gama", "none", "Psi2", "Psi1s"}))
+        << "only a safety factor goes with its label";
+
+    useCode(DesignCodeFile()
+                .marks(ActionBuilder(QString()).gamu(1.0f).gama(1.0f))
+                .withoutActionsSection()
+                .add(action(QStringLiteral("G")), {2, 7}));
+    const ProjectSummary without = summarise(db);
+    ASSERT_EQ(without.factors.size(), 1u) << "Gama needs the section of the labels";
+    EXPECT_EQ(without.factors[0].label, QStringLiteral("Gamu"));
+}
+
 TEST_F(SummaryTest, ActionsAreShownAsEngineersWriteThem)
 {
     // Category Q in load group 1, superposition EXCL: 1 * 256 + 3 * 16 + 2. A stored Gama of 0.001 means 0.
