@@ -5,45 +5,12 @@
 #include <algorithm>
 
 #include "hostlib/ui/table/table_private.h"
+#include "hostlib/ui/table/view_headers.h"
 
 namespace {
 
 /// Ids further apart than this are looked up by a search; the tables of the managers have ids from 100 on.
 constexpr int longestIdRange = 1 << 16;
-
-/// The header of the rows. Qt measures two hundred row numbers for its width whenever a row comes or goes;
-/// one with as many digits tells it as well.
-class RowHeader : public QHeaderView
-{
-  public:
-    explicit RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent)
-    {
-        setSectionsClickable(true); // as QTableView's own
-        setHighlightSections(true);
-    }
-    QSize sizeHint() const override
-    {
-        if (count() == 0)
-            return QHeaderView::sizeHint();
-        const int digits = QString::number(count()).size();
-        if (digits != m_digits) {
-            m_digits = digits;
-            m_hint = sectionSizeFromContents(0).expandedTo(sectionSizeFromContents(count() - 1));
-        }
-        return m_hint;
-    }
-
-  protected:
-    void changeEvent(QEvent* event) override
-    {
-        m_digits = 0; // another font or style
-        QHeaderView::changeEvent(event);
-    }
-
-  private:
-    mutable int m_digits = 0; ///< of the number of rows that m_hint was measured for
-    mutable QSize m_hint;
-};
 
 } // namespace
 
@@ -56,7 +23,8 @@ MRL_QT_TableWidget::MRL_QT_TableWidget(int rows, int columns, QWidget* parent, c
     : QTableWidget(rows, columns, parent)
 {
     setObjectName(QString::fromLatin1(name));
-    setVerticalHeader(new RowHeader(this)); // child of this
+    setHorizontalHeader(new ColumnHeader(this)); // child of this
+    setVerticalHeader(new RowHeader(this));      // child of this
     // Heights that follow the contents cost seconds with a hundred thousand rows.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setWordWrap(false);
