@@ -31,6 +31,29 @@ TEST(BusyDialog, IsPaintedBeforeTheWorkBegins)
     dialog.hide();
 }
 
+TEST(BusyDialog, TheWindowBeneathIsPaintedOnceAfterTheWork)
+{
+    QWidget window;
+    auto* label = new QLabel("before", &window); // child of the window
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QCoreApplication::processEvents();
+    PaintCounter counter;
+    label->installEventFilter(&counter);
+
+    label->setText("half done");
+    {
+        MRL_QT_BusyDialog dialog("working", label);
+        dialog.setModal(true);
+        dialog.show();
+        EXPECT_EQ(counter.count, 0);
+        label->setText("done");
+        dialog.hide();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(counter.count, 1);
+}
+
 TEST(BusyDialog, ANewTextIsPaintedAtOnce)
 {
     MRL_QT_BusyDialog dialog("first");

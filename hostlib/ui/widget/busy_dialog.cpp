@@ -1,8 +1,41 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QPointer>
 #include <QWindow>
 
 #include "host/mrl_widgets.h"
+
+namespace {
+
+/// Puts the painting of a window off while this lives: what the work is about to change need not be painted
+/// before it.
+class PaintedLater : public QObject
+{
+  public:
+    explicit PaintedLater(QWidget* window) : m_window(window)
+    {
+        if (m_window)
+            m_window->installEventFilter(this);
+    }
+    ~PaintedLater() override
+    {
+        if (m_window && m_asked)
+            QCoreApplication::postEvent(m_window, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
+    }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (object != m_window || event->type() != QEvent::UpdateRequest)
+            return false;
+        m_asked = true;
+        return true;
+    }
+
+  private:
+    QPointer<QWidget> m_window;
+    bool m_asked = false;
+};
+
+} // namespace
 
 MRL_QT_BusyDialog::MRL_QT_BusyDialog(const QString& text, QWidget* parent, const char* name)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
@@ -32,6 +65,7 @@ void MRL_QT_BusyDialog::setVisible(bool visible)
     // The work that follows runs no event loop, so the window must be there before it begins. The window
     // system needs a moment to map it; what the user types or clicks meanwhile stays in the queue.
     constexpr qint64 patienceMs = 300;
+    const PaintedLater beneath(parentWidget() ? parentWidget()->window() : nullptr);
     QElapsedTimer waited;
     waited.start();
     do {
