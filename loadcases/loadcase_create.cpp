@@ -2,11 +2,15 @@
 
 #include <limits>
 
+#include <QScopeGuard>
+
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/actions.h"
 #include "lcdata/packed_text.h"
+#include "loadcases/cell.h"
+#include "loadcases/columns.h"
 #include "loadcases/loadcase_cells.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/number_dialog.h"
@@ -37,9 +41,11 @@ void LCM_LoadcaseWidget::slot_copyClicked()
 
 std::vector<int> LCM_LoadcaseWidget::rowNumbers() const
 {
+    const int column = loadcaseTable->getColumnNumber(LC_COL_NUMBER);
     std::vector<int> numbers(static_cast<std::size_t>(loadcaseTable->rowCount()));
-    for (int row = 0; row < loadcaseTable->rowCount(); ++row)
-        numbers[static_cast<std::size_t>(row)] = numberOfRow(row);
+    int row = 0;
+    for (int& number : numbers)
+        number = lcm_cell_number(loadcaseTable->item(row++, column));
     return numbers;
 }
 
@@ -68,14 +74,13 @@ void LCM_LoadcaseWidget::createLoadcases(bool copy)
     MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
     const std::set<int> selected = getSelectedRows(loadcaseTable);
     // The selection stays as it is while rows are made, so the search for numbers need not begin anew.
-    LCM_FreeNumbers numbers = freeNumbers();
-    m_freeNumbers = &numbers;
+    m_freeNumbers.emplace(freeNumbers());
+    const auto forgetNumbers = qScopeGuard([this] { m_freeNumbers.reset(); });
     std::set<int> newRows;
     LCM_LoadcaseEntry entry;
     LCM_LoadcaseCopy info;
     const bool done = selected.empty() ? createWithoutSelection(entry, newRows, info)
                                        : createFromSelection(copy, selected, entry, newRows, info);
-    m_freeNumbers = nullptr;
     if (!done)
         return;
     // What follows moves much of the view: it is painted once, at the end.
@@ -84,7 +89,7 @@ void LCM_LoadcaseWidget::createLoadcases(bool copy)
     loadcaseTable->setRangeSelected(QTableWidgetSelectionRange(*newRows.begin(), 1, *newRows.rbegin(), 1),
                                     true);
     sortingBlocker.unblock();
-    scrollToNumber(entry.number);
+    scrollToSelected(entry.number);
 }
 
 bool LCM_LoadcaseWidget::createWithoutSelection(LCM_LoadcaseEntry& entry, std::set<int>& newRows,
@@ -177,9 +182,9 @@ int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
     return dialog.number();
 }
 
-void LCM_LoadcaseWidget::scrollToNumber(int number)
+void LCM_LoadcaseWidget::scrollToSelected(int number)
 {
-    for (int row = 0; row < loadcaseTable->rowCount(); ++row)
+    for (const int row : getSelectedRows(loadcaseTable))
         if (numberOfRow(row) == number) {
             loadcaseTable->scrollTo(loadcaseTable->model()->index(row, 0));
             return;

@@ -11,10 +11,10 @@
 #include "lcdata/records.h"
 #include "loadcases/action_list.h"
 #include "loadcases/loadcase_copy.h"
+#include "model/rules/loadcase_numbers.h"
 #include "model/rules/loadcase_row.h"
 
 class LCM_ActionsWidget;
-class LCM_FreeNumbers;
 class LCM_LoadcaseCells;
 class MRL_QT_CheckBox;
 class QBoxLayout;
@@ -146,7 +146,8 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
                              std::set<int>& newRows, LCM_LoadcaseCopy& info);
     bool createWithoutSelection(LCM_LoadcaseEntry& entry, std::set<int>& newRows, LCM_LoadcaseCopy& info);
     void bindDefaultAction(bool dead, LCM_LoadcaseEntry& entry);
-    void scrollToNumber(int number);
+    /// @param number of a load case whose row is selected
+    void scrollToSelected(int number);
     bool confirmDeletion(std::size_t count);
     LCM_FreeNumbers freeNumbers();
     void forgetUsedActions() { m_usedActions.reset(); }
@@ -162,6 +163,5 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     LCM_ActionList m_actionList; ///< what the action column offers
     /// Ids that the action cells hold, while they are known; saves a walk over all rows for each question.
     std::optional<std::unordered_set<int>> m_usedActions;
-    LCM_FreeNumbers* m_freeNumbers =
-        nullptr; ///< only while load cases are created; on that operation's stack
+    std::optional<LCM_FreeNumbers> m_freeNumbers; ///< only while load cases are created
 };

@@ -11,7 +11,8 @@ LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selec
                                  const std::set<int>& used)
     : m_rows(std::move(rows)), m_used(used), m_empty(m_rows.empty()), m_fixedStart(selected.has_value())
 {
-    std::sort(m_rows.begin(), m_rows.end());
+    if (!std::is_sorted(m_rows.begin(), m_rows.end())) // most tables are sorted by number
+        std::sort(m_rows.begin(), m_rows.end());
     if (selected)
         m_number = *selected;
     else if (!m_empty)
