@@ -69,6 +69,7 @@ class Dialog
         pages->addTab(actions, "Actions");
         pages->addTab(loadcases, "Loadcases");
         loadcases->setActionsWidget(actions);
+        m_pages = pages;
         pages->setCurrentWidget(loadcases);
         actions->fillTable();
         loadcases->fillTable();
@@ -77,6 +78,12 @@ class Dialog
     }
 
     void hide() { m_window.hide(); }
+    /// Brings the actions tab to the front, as it is while an engineer works on it.
+    void turnToActions()
+    {
+        m_pages->setCurrentWidget(actions);
+        QCoreApplication::processEvents();
+    }
 
     LCM_LoadcaseWidget* loadcases; ///< child of the window
     LCM_ActionsWidget* actions;    ///< child of the window
@@ -84,6 +91,7 @@ class Dialog
 
   private:
     QWidget m_window;
+    QTabWidget* m_pages; ///< child of the window
 };
 
 /// A project and an open dialog on it.
@@ -186,7 +194,11 @@ const bench::Timed<Accept> accept_("loadcases.accept", 1.5);
 class ChangeFactor : OpenDialog
 {
   public:
-    explicit ChangeFactor(int count) : OpenDialog(count) { bindAllToOneAction(); }
+    explicit ChangeFactor(int count) : OpenDialog(count)
+    {
+        bindAllToOneAction();
+        dialog->turnToActions();
+    }
     using OpenDialog::prepareRaw;
     using OpenDialog::raw;
     void ours()
@@ -208,7 +220,7 @@ const bench::Timed<ChangeFactor> changeFactor("loadcases.change_factor", 1.0);
 class AddAction : OpenDialog
 {
   public:
-    using OpenDialog::OpenDialog;
+    explicit AddAction(int count) : OpenDialog(count) { dialog->turnToActions(); }
     using OpenDialog::prepareRaw;
     using OpenDialog::raw;
     void ours() { emit dialog->actions->signal_actionCountChanged(); }
@@ -267,7 +279,7 @@ const bench::Timed<New> new_("loadcases.new", 0.05);
 class Reinitialise : OpenDialog
 {
   public:
-    using OpenDialog::OpenDialog;
+    explicit Reinitialise(int count) : OpenDialog(count) { dialog->turnToActions(); }
     using OpenDialog::prepareRaw;
     using OpenDialog::raw;
     void ours() { dialog->actions->slot_reInitAllActions(); }
