@@ -165,7 +165,7 @@ class MRL_HOST_API MRL_H_Dialog : public MRL_QT_Dialog
   private:
     QLayout* makeButtons();
     bool saveInOneTransaction();
-    void tellNotSaved(const QString& what, const std::string& reason);
+    void tellNotSaved(const QString& what, const QString& reason);
 
     struct Private;
     std::unique_ptr<Private> d;

@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Failure</name>
+    <message>
+        <source>There is no such file or folder.</source>
+        <translation>Die Datei oder den Ordner gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The file exists already.</source>
+        <translation>Die Datei gibt es schon.</translation>
+    </message>
+    <message>
+        <source>The file is no project.</source>
+        <translation>Die Datei ist kein Projekt.</translation>
+    </message>
+    <message>
+        <source>The project was written by a newer version of this program.</source>
+        <translation>Das Projekt stammt von einer neueren Version dieses Programms.</translation>
+    </message>
+    <message>
+        <source>The project is damaged.</source>
+        <translation>Das Projekt ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The file or its folder is read-only.</source>
+        <translation>Die Datei oder ihr Ordner ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>Der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>Another program is using the project.</source>
+        <translation>Ein anderes Programm benutzt das Projekt gerade.</translation>
+    </message>
+    <message>
+        <source>The project could not be read or written.</source>
+        <translation>Das Projekt konnte nicht gelesen oder geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>There is no memory left.</source>
+        <translation>Der Arbeitsspeicher reicht nicht aus.</translation>
+    </message>
+</context>
+<context>
     <name>MRL_H_Dialog</name>
     <message>
         <source>Help</source>

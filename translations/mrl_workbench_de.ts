@@ -34,6 +34,14 @@
         <source>Load case %1</source>
         <translation>Lastfall %1</translation>
     </message>
+    <message>
+        <source>the project names no design code</source>
+        <translation>das Projekt nennt keine Norm</translation>
+    </message>
+    <message>
+        <source>there is no design code &quot;%1&quot; in the folders that are searched</source>
+        <translation>in den durchsuchten Ordnern gibt es keine Norm „%1“</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::ActionsModel</name>

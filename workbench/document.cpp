@@ -1,8 +1,9 @@
 #include "workbench/document.h"
 
-#include "hostlib/data/designcode/designcode.h"
 #include "hostlib/ui/framework/document.h"
+#include "hostlib/ui/framework/failure_text.h"
 #include "lcdata/keys.h"
+#include "workbench/design_code_failure.h"
 #include "workbench/managers.h"
 
 namespace mrl::workbench {
@@ -15,13 +16,13 @@ QString Document::open(const QString& file)
 {
     auto& host = m_shadow.host();
     if (const auto opened = host.open(file); !opened)
-        return QString::fromStdString(opened.text);
+        return ui::failureText(opened);
     if (m_managers.isLoaded())
         m_managers.load(m_shadow);
     const auto refreshed = host.refreshFailure();
     if (!refreshed) {
         close();
-        return QString::fromStdString(refreshed.text);
+        return ui::failureText(refreshed);
     }
     emit replaced();
     return QString();
@@ -43,11 +44,7 @@ bool Document::isModified() const { return isOpen() && m_shadow.host().hasChange
 
 int Document::database() const { return m_shadow.index(); }
 
-QString Document::designCodeFailure() const
-{
-    const auto loaded = designcode::ofDatabase(database());
-    return loaded.code ? QString() : QString::fromStdString(loaded.reason);
-}
+QString Document::designCodeFailure() const { return mrl::workbench::designCodeFailure(database()); }
 
 void Document::markAll()
 {
@@ -69,7 +66,7 @@ Document::Result Document::save(bool overwrite)
     case ui::SaveOutcome::Failed:
         break;
     }
-    return {Outcome::Failed, QString::fromStdString(saved.failure.text)};
+    return {Outcome::Failed, ui::failureText(saved.failure)};
 }
 
 Document::Result Document::saveAs(const QString& file)
@@ -79,7 +76,7 @@ Document::Result Document::saveAs(const QString& file)
     emit changed();
     if (saved)
         return {};
-    return {Outcome::Failed, QString::fromStdString(saved.text)};
+    return {Outcome::Failed, ui::failureText(saved)};
 }
 
 } // namespace mrl::workbench

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "hostlib/ui/framework/document.h"
+#include "hostlib/ui/framework/failure_text.h"
 #include "lcdata/actions.h"
 #include "lcdata/keys.h"
 
@@ -15,8 +16,6 @@ namespace mrl::workbench {
 namespace {
 
 constexpr int SYSTEM_RECORD_BYTES = 352;
-
-QString text(const cdb::Result& result) { return QString::fromStdString(result.text); }
 
 cdb::Result writeSystemRecord(int db, const NewProject& wish)
 {
@@ -44,12 +43,12 @@ QString fill(int db, const NewProject& wish)
 {
     cdb::Transaction transaction(db);
     if (const auto named = cdb::setFact(db, "designcode", wish.designCode.toStdString()); !named)
-        return text(named);
+        return ui::failureText(named);
     if (const auto written = writeSystemRecord(db, wish); !written)
-        return text(written);
+        return ui::failureText(written);
     if (wish.withDefaultActions && !storeDefaultActions(db))
         return QCoreApplication::translate("Workbench", "The default actions could not be stored.");
-    return text(transaction.commit());
+    return ui::failureText(transaction.commit());
 }
 
 } // namespace
@@ -59,10 +58,10 @@ QString createProject(const NewProject& wish)
     MRL_H_ShadowDatabase document;
     auto& host = document.host();
     if (const auto made = host.create(); !made)
-        return text(made);
+        return ui::failureText(made);
     QString reason = fill(document.index(), wish);
     if (reason.isEmpty())
-        reason = text(host.saveAs(wish.file));
+        reason = ui::failureText(host.saveAs(wish.file));
     host.close();
     return reason;
 }

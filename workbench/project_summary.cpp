@@ -15,6 +15,7 @@
 #include "model/check/project_check.h"
 #include "model/rules/action_columns.h"
 #include "model/rules/design_code_label.h"
+#include "workbench/design_code_failure.h"
 
 namespace mrl::workbench {
 
@@ -104,7 +105,7 @@ ProjectSummary summarise(int db)
     if (loaded.code && mrl_dlib_ini_switch(db) >= 0)
         summary.designCode = MRL_A_Normen::getNormLabelText(db);
     else
-        summary.designCodeReason = QString::fromStdString(loaded.reason);
+        summary.designCodeReason = designCodeFailure(db);
     summary.factors = loaded.code ? factorColumns(db) : plainFactorColumns();
     summary.systemClass = lcm_system_class(db);
     summary.gravity = lcm_gravity_direction(db);

@@ -6,6 +6,7 @@
 
 #include "host/mrl_framework.h"
 #include "hostlib/data/cdb/project.h"
+#include "hostlib/ui/framework/failure_text.h"
 
 namespace cdb = mrl::cdb;
 
@@ -116,7 +117,7 @@ bool MRL_H_Dialog::saveInOneTransaction()
         d->loadFailure = cdb::stickyError(db);
     if (!d->loadFailure) {
         tellNotSaved(tr("A part of the project could not be read, and saving would delete it."),
-                     d->loadFailure.text);
+                     mrl::ui::failureText(d->loadFailure));
         return false;
     }
     const auto failure = [&]() -> cdb::Result {
@@ -134,14 +135,14 @@ bool MRL_H_Dialog::saveInOneTransaction()
         return true;
     // This one has been rolled back; the next attempt is judged by itself.
     cdb::clearStickyError(db);
-    tellNotSaved(tr("Saving failed."), failure.text);
+    tellNotSaved(tr("Saving failed."), mrl::ui::failureText(failure));
     return false;
 }
 
-void MRL_H_Dialog::tellNotSaved(const QString& what, const std::string& reason)
+void MRL_H_Dialog::tellNotSaved(const QString& what, const QString& reason)
 {
-    const QString text = tr("%1 The project is as it was before, and your input is still here.\n\n%2")
-                             .arg(what, QString::fromStdString(reason));
+    const QString text =
+        tr("%1 The project is as it was before, and your input is still here.\n\n%2").arg(what, reason);
     MRL_QT_MessageBox::critical(this, tr("Not saved"), text);
 }
 
