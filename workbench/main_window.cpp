@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -88,16 +89,23 @@ void MainWindow::slot_new()
     if (!mayGiveUp())
         return;
     NewProjectDialog dialog(folder(), this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const NewProject wish = dialog.wish();
-    // What was not saved has been given up above, so that the file may be the one that is open.
-    m_document->close();
+    // The wish is there to be mended when it can't be had.
+    while (dialog.exec() == QDialog::Accepted && !createAndOpen(dialog.wish()))
+        ;
+}
+
+bool MainWindow::createAndOpen(const NewProject& wish)
+{
+    // What was not saved has been given up before, so that the file may be the one that is open.
+    if (QFileInfo(wish.file) == QFileInfo(m_document->file()))
+        m_document->close();
     const QString reason = createProject(wish);
-    if (reason.isEmpty())
-        openProject(wish.file);
-    else
+    if (!reason.isEmpty()) {
         QMessageBox::critical(this, tr("New project"), reason);
+        return false;
+    }
+    m_document->close();
+    return openProject(wish.file);
 }
 
 void MainWindow::slot_open()
@@ -263,7 +271,9 @@ QString MainWindow::folder() const
     const QStringList recent = RecentFiles::list();
     if (!recent.isEmpty())
         return QFileInfo(recent.first()).absolutePath();
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // Not everybody has a folder for documents.
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
 void MainWindow::slot_settings()

@@ -14,6 +14,7 @@ class InputPage;
 class StartPage;
 class SummaryPage;
 class TaskPanel;
+struct NewProject;
 
 /// The host's window: one project, its tasks, and what came of them.
 class MainWindow : public QMainWindow
@@ -56,6 +57,8 @@ class MainWindow : public QMainWindow
     QWidget* createProjectPage();
     /// Asks about unsaved changes. @return false when the project is to stay
     bool mayGiveUp();
+    /// Makes a project and opens it, or tells why not. @return whether it is open now
+    bool createAndOpen(const NewProject& wish);
     bool saved(const Document::Result& result);
     bool overwriteConflict();
     /// Why no manager can run; empty when they can.

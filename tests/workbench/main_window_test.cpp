@@ -1,7 +1,9 @@
 // The main window: opening, editing through the managers, saving, closing.
 #include <QAction>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -222,6 +224,67 @@ TEST_F(MainWindowTest, FileThatIsNoProjectIsRefusedAndThePresentOneStays)
     EXPECT_FALSE(window.openProject(letter));
     EXPECT_TRUE(answers.boxes()[0].text.contains(QStringLiteral("letter.cdb")));
     EXPECT_EQ(window.document().file(), project.path());
+}
+
+TEST_F(MainWindowTest, NewProjectThatCannotBeMadeIsAskedForAgainAndThePresentOneStays)
+{
+    open();
+    const QString good = project.path(QStringLiteral("second.cdb"));
+    const auto wish = [](const QString& file) {
+        return [file](QWidget* dialog) {
+            auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("edit_file"));
+            ASSERT_NE(edit, nullptr);
+            edit->setText(file);
+            QTest::mouseClick(ModalAnswers::buttonOf(dialog, QStringLiteral("Create")), Qt::LeftButton);
+        };
+    };
+    answers.then(wish(QStringLiteral("/nowhere/first.cdb")));
+    answers.click(QStringLiteral("OK"));
+    answers.then([&](QWidget* dialog) {
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("edit_file"));
+        ASSERT_NE(edit, nullptr);
+        EXPECT_EQ(edit->text(), QStringLiteral("/nowhere/first.cdb"));
+        EXPECT_EQ(window.document().file(), project.path());
+        wish(good)(dialog);
+    });
+    window.slot_new();
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].text,
+              QStringLiteral("There is no such file or folder.\n\n/nowhere/first.cdb"));
+    EXPECT_EQ(window.document().file(), good);
+}
+
+TEST_F(MainWindowTest, NewProjectMayReplaceTheOneThatIsOpen)
+{
+    open();
+    storeDefaultActions();
+    ASSERT_TRUE(window.slot_save());
+    answers.then([this](QWidget* dialog) {
+        dialog->findChild<QLineEdit*>(QStringLiteral("edit_file"))->setText(project.path());
+        QTest::mouseClick(ModalAnswers::buttonOf(dialog, QStringLiteral("Create")), Qt::LeftButton);
+    });
+    answers.click(QStringLiteral("Yes"));
+    window.slot_new();
+    EXPECT_EQ(window.document().file(), project.path());
+    EXPECT_FALSE(fileHasActions());
+}
+
+TEST_F(MainWindowTest, NewProjectIsProposedInAFolderThatExists)
+{
+    answers.then([](QWidget* dialog) {
+        auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("edit_file"));
+        EXPECT_TRUE(QFileInfo(QFileInfo(edit->text()).path()).isDir()) << edit->text().toStdString();
+        qobject_cast<QDialog*>(dialog)->reject();
+    });
+    window.slot_new();
+}
+
+TEST_F(MainWindowTest, MissingDesignCodeIsNamed)
+{
+    ASSERT_TRUE(cdb::setFact(OtherProgram(project.path()).db(), "designcode", "gone-code"));
+    open();
+    EXPECT_EQ(window.document().designCodeFailure(),
+              QStringLiteral("there is no design code \"gone-code\" in the folders that are searched"));
 }
 
 TEST_F(MainWindowTest, GeneratedInputEchoesTheActions)
