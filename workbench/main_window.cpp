@@ -228,6 +228,8 @@ void MainWindow::slot_replaced()
         action->setEnabled(open);
     m_place->setText(open ? shownPath(m_document->file()) : QString());
     slot_changed();
+    // So that the keyboard has a place to begin.
+    (open ? static_cast<QWidget*>(m_tasks) : m_start)->setFocus();
 }
 
 void MainWindow::slot_changed()

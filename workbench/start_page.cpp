@@ -54,8 +54,11 @@ StartPage::StartPage(QWidget* parent)
     open->setObjectName(QStringLiteral("start_open"));
     connect(create, &QCommandLinkButton::clicked, this, &StartPage::newWanted);
     connect(open, &QCommandLinkButton::clicked, this, &StartPage::openWanted);
-    layout->addWidget(create);
-    layout->addWidget(open);
+    for (QCommandLinkButton* link : {create, open}) {
+        link->setAutoDefault(true); // Enter presses it, as in a dialog
+        layout->addWidget(link);
+    }
+    setFocusProxy(create);
     layout->addSpacing(12);
     m_recentLayout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_recent);

@@ -20,6 +20,7 @@ TaskPanel::TaskPanel(QWidget* parent)
     m_loadCases = createTask(Manager::LoadCases, tr("Load-case Manager"), "task_loadcases");
     layout->addWidget(m_actions);
     layout->addWidget(m_loadCases);
+    setFocusProxy(m_actions);
     m_refusal->setObjectName(QStringLiteral("task_refusal"));
     m_refusal->setWordWrap(true);
     m_refusal->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -35,6 +36,7 @@ QCommandLinkButton* TaskPanel::createTask(Manager which, const QString& text, co
 {
     auto* button = new QCommandLinkButton(text, this);
     button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(true); // Enter presses it, as in a dialog
     connect(button, &QCommandLinkButton::clicked, this, [this, which] { emit managerWanted(which); });
     return button;
 }

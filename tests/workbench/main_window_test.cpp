@@ -287,6 +287,16 @@ TEST_F(MainWindowTest, MissingDesignCodeIsNamed)
               QStringLiteral("there is no design code \"gone-code\" in the folders that are searched"));
 }
 
+TEST_F(MainWindowTest, AboutShowsTheVersion)
+{
+    QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
+    answers.click(QStringLiteral("OK"));
+    window.slot_about();
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_TRUE(answers.boxes()[0].text.contains(QStringLiteral("Marlavon Workbench 7.8.9")))
+        << answers.boxes()[0].text.toStdString();
+}
+
 TEST_F(MainWindowTest, GeneratedInputEchoesTheActions)
 {
     open();
