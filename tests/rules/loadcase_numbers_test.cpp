@@ -98,6 +98,14 @@ TEST(FreeNumbers, WithoutSelectionFollowANumberThatTheUserChose)
     EXPECT_EQ(numbers.next(), 11);
 }
 
+TEST(FreeNumbers, WithSelectionGoOnBehindItWhateverTheUserChose)
+{
+    const std::set<int> none;
+    LCM_FreeNumbers numbers({1, 2}, 1, none);
+    numbers.take(10);
+    EXPECT_EQ(numbers.next(), 3);
+}
+
 TEST(ProposedTarget, IsTheTargetOrTheNextFreeNumberAboveIt)
 {
     EXPECT_EQ(lcm_proposed_target(4, {}), 4);

@@ -301,6 +301,7 @@ TEST(LoadcaseRow, ChangeOfActionKeepsTitleAndDeadWeightAndDropsFactors)
 TEST(LoadcaseRow, CodesChangeCaseByteByByte)
 {
     EXPECT_EQ(lcm_lower_code(code("Q_1")), code("q_1"));
+    EXPECT_EQ(lcm_lower_code(code("AB_C")), code("ab_c"));
     EXPECT_EQ(lcm_upper_code(code("aBc")), code("ABC"));
     EXPECT_EQ(lcm_lower_code(0x00000051), code("q")); // ends at the zero byte
     EXPECT_EQ(lcm_lower_code(0), 0x20202020);

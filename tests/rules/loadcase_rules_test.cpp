@@ -103,6 +103,54 @@ TEST(LoadcaseRules, WithoutPsi1InTheDesignCodeNothingIsComparedWithIt)
         IsEmpty());
 }
 
+TEST(LoadcaseRules, FactorsOfItsOwnComeBeforeThoseOfTheAction)
+{
+    const tagCDB_LC_ACT g = action().gamu(1.35f).gamf(1.0f);
+    EXPECT_THAT(lcm_check_loadcase(withOwn(1.0f, 1.2f, 0, 0, 0, 0), g, limits().gamu(1.0f).gamf(1.0f)),
+                ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1!"))));
+}
+
+TEST(LoadcaseRules, UndefinedPsi1IsThatOfTheActionForPsi2)
+{
+    tagCDB_LC_CTRL record = standalone();
+    record.psi1 = LC_UNDEFINED;
+    record.psi2 = 0.4f;
+    EXPECT_THAT(lcm_check_loadcase(record, action().psi1(0.3f), PSI_LIMITS),
+                ElementsAre(Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 0.3!"))));
+}
+
+TEST(LoadcaseRules, FactorThatTheDesignCodeLacksIsNotJudged)
+{
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 5.0f, 0.5f, 5.0f, 5.0f), action(), limits().psi1(0.8f)),
+                IsEmpty());
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, -0.5f, 0.9f, 0.3f), action(), limits().psi1(0.8f)),
+                ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0 and 0.8!"))));
+}
+
+TEST(LoadcaseRules, LimitsThemselvesAreAllowed)
+{
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 1.0f, 0.5f, 0.9f, 0.5f), action(), PSI_LIMITS), IsEmpty());
+    EXPECT_THAT(lcm_check_loadcase(withOwn(1.2f, 1.2f, 0, 0, 0, 0), action(), limits().gamu(1.0f).gamf(1.0f)),
+                IsEmpty());
+}
+
+// Gamu and the limit of Psi1s in up to six digits, the others in three.
+TEST(LoadcaseRules, NumbersOfAMessageHaveTheirDigits)
+{
+    const tagCDB_LC_ACT fine =
+        limits().gamu(1.0f).gamf(1.0f).psi0(0.87654f).psi1(1.16789f).psi2(1.0f).psi1s(1.98765f);
+    EXPECT_THAT(lcm_check_loadcase(following(code("G")), action().gamu(1.234567f).gamf(2.0f), fine),
+                ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1.23457!"))));
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 2.0f, 0.1f, 1.0f, 0.12345f), action(), fine),
+                ElementsAre(Pair(LC_COL_PSI0, QString("Psi0 has to be between 0.0 and 0.877!")),
+                            Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.123 and 1.17!")),
+                            Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 0.1!"))));
+    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 1.126f, 0.9f, 1.2f), action(), fine),
+                ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 1.2 and 1.17!")),
+                            Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 1.13!")),
+                            Pair(LC_COL_PSI1S, QString("Psi1' has to be between 1.13 and 1.98765!"))));
+}
+
 TEST(LoadcaseVerdict, NoneAndImperfectionAreValidUnseen)
 {
     EXPECT_TRUE(lcm_judge_loadcase(withOwn(-1, -1, -1, -1, -1, -1), nullptr, ALL_LIMITS).valid);
