@@ -38,10 +38,18 @@ TEST(ActionList, ActionLabelledAsAFixedEntryStandsForNone)
     EXPECT_FALSE(list.contains(code("IMP")));
 }
 
+TEST(ActionList, ActionLabelledAsNoneStandsForNone)
+{
+    const LCM_ActionList list("No   action", IMP, {action("No", "action"), action("Q")});
+    EXPECT_EQ(entriesOf(list),
+              (Entries{{"No   action", 0}, {IMP, 70}, {"No   action", 0}, {"Q    ", code("Q")}}));
+}
+
 TEST(ActionList, BindsACodeThenItsLowerCaseForm)
 {
     LCM_ActionList list(NONE, IMP, {action("Q"), action("w")});
     EXPECT_EQ(list.bind(code("Q")).id, code("Q"));
+    EXPECT_FALSE(list.bind(code("Q")).marker);
     EXPECT_EQ(list.bind(code("W")).id, code("w"));
     EXPECT_FALSE(list.bind(code("W")).marker);
     EXPECT_FALSE(list.takeGrown());
