@@ -329,6 +329,40 @@ TEST_F(Editing, ChoiceThatTheListDoesNotHaveIsKeptByALookIntoIt)
     EXPECT_TRUE(reports.cells.empty());
 }
 
+/// The room that a combo box has for its text beside the arrow.
+int roomForText(const QComboBox& combo)
+{
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    option.frame = combo.hasFrame();
+    return combo.style()
+        ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo)
+        .width();
+}
+
+TEST_F(Editing, AChoiceShowsItsEntriesInFullBesideTheArrow)
+{
+    table.setColumnWidth(Choice, table.fontMetrics().horizontalAdvance("Permanent") + 8);
+    combo(0).setCurrentId(71);
+    table.setCurrentCell(0, Choice);
+    key(Qt::Key_F2);
+    ASSERT_NE(comboEditor(), nullptr);
+    EXPECT_GT(roomForText(*comboEditor()), comboEditor()->fontMetrics().horizontalAdvance("Permanent"));
+    EXPECT_EQ(comboEditor()->x(), table.visualItemRect(table.item(0, Choice)).x());
+}
+
+TEST_F(Editing, AChoiceAtTheEdgeOfTheTableGrowsToTheLeft)
+{
+    table.setColumnWidth(Title, table.viewport()->width() - table.columnWidth(Name) - 40);
+    table.setColumnWidth(Choice, 40);
+    combo(0).setCurrentId(71);
+    table.setCurrentCell(0, Choice);
+    key(Qt::Key_F2);
+    ASSERT_NE(comboEditor(), nullptr);
+    EXPECT_GT(roomForText(*comboEditor()), comboEditor()->fontMetrics().horizontalAdvance("Permanent"));
+    EXPECT_LE(comboEditor()->geometry().right(), table.viewport()->width() - 1);
+}
+
 TEST_F(Editing, AnEditableChoiceOpensALineEditInACombo)
 {
     auto* header = static_cast<MRL_H_TwHeaderLineEditItem*>(table.horizontalHeaderItem(Factor));

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QTimer>
 
+#include <algorithm>
 #include <optional>
 
 #include "hostlib/ui/table/table_private.h"
@@ -45,6 +46,19 @@ QLineEdit* lineEditOf(QWidget* editor)
 QColor between(const QColor& a, const QColor& b)
 {
     return {(a.red() + 3 * b.red()) / 4, (a.green() + 3 * b.green()) / 4, (a.blue() + 3 * b.blue()) / 4};
+}
+
+/// What a combo editor needs to show each of its entries in full.
+int widthOfChoices(const QComboBox& combo)
+{
+    int text = 0;
+    for (int i = 0; i < combo.count(); ++i)
+        text = std::max(text, combo.fontMetrics().horizontalAdvance(combo.itemText(i)));
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    option.frame = combo.hasFrame();
+    const QSize contents(text + textMargin, combo.fontMetrics().height());
+    return combo.style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, &combo).width();
 }
 
 struct Step
@@ -189,6 +203,23 @@ void MRL_H_DelegateItem::setModelData(QWidget* editor, QAbstractItemModel* model
         if (combo->currentIndex() >= 0 && combo->getCurrentId() != loaded.toInt())
             d.enterFromEditor(index, {}, combo->getCurrentId());
     }
+}
+
+void MRL_H_DelegateItem::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                              const QModelIndex& index) const
+{
+    QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+    const auto* combo = qobject_cast<QComboBox*>(editor);
+    if (combo == nullptr || combo->isEditable())
+        return;
+    // A column fits the texts alone; beside them the arrow has no room.
+    QRect place = editor->geometry();
+    const int missing = widthOfChoices(*combo) - place.width();
+    if (missing <= 0)
+        return;
+    const int roomRight = editor->parentWidget()->width() - 1 - place.right();
+    const int toLeft = std::clamp(missing - roomRight, 0, std::max(place.left(), 0));
+    editor->setGeometry(place.adjusted(-toLeft, 0, missing - toLeft, 0));
 }
 
 QString MRL_H_DelegateItem::displayText(const QVariant& value, const QLocale& locale) const
