@@ -65,7 +65,8 @@ MainWindow::~MainWindow() = default;
 void MainWindow::restorePlace()
 {
     resize(ui::fittingSize(QSize(1200, 760), *this));
-    restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray());
+    if (restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray()))
+        ui::keepOnScreen(*this);
 }
 
 bool MainWindow::openProject(const QString& file)

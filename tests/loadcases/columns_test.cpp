@@ -43,21 +43,21 @@ TEST(LoadcaseColumns, HaveTheirCaptionsAndToolTips)
         int column;
         QString caption;
         QString toolTip;
-    } expected[] = {{LC_COL_NUMBER, "Nr", "Number of loadcase"},
-                    {LC_COL_TITLE, "Title", "Name of loadcase"},
-                    {LC_COL_ACTION, "Action", "Action of loadcase"},
-                    {LC_COL_DEADFACTOR, "Factor of dead weight",
-                     "Component of automatic dead weight in Z-direction"},
-                    {LC_COL_DLX, "DLX", "Component of automatic dead weight in X-direction"},
-                    {LC_COL_DLY, "DLY", "Component of automatic dead weight in Y-direction"},
-                    {LC_COL_DLZ, "DLZ", "Component of automatic dead weight in Z-direction"},
-                    {LC_COL_GAMU, "gU", "Unfavourable safety factor"},
-                    {LC_COL_GAMF, "gF", "Favourable safety factor"},
-                    {LC_COL_GAMA, "gA", "Accidental safety factor"},
-                    {LC_COL_PSI0, "p0", "Combination factor p0"},
-                    {LC_COL_PSI1, "p1", "Combination factor p1"},
-                    {LC_COL_PSI2, "p2", "Combination factor p2"},
-                    {LC_COL_PSI1S, "p1s", "Combination factor p1s"}};
+    } expected[] = {
+        {LC_COL_NUMBER, "Nr", "Number of loadcase"},
+        {LC_COL_TITLE, "Title", "Name of loadcase"},
+        {LC_COL_ACTION, "Action", "Action of loadcase"},
+        {LC_COL_DEADFACTOR, "Factor of dead weight", "Component of automatic dead weight in Z-direction"},
+        {LC_COL_DLX, "DLX", "Component of automatic dead weight in X-direction"},
+        {LC_COL_DLY, "DLY", "Component of automatic dead weight in Y-direction"},
+        {LC_COL_DLZ, "DLZ", "Component of automatic dead weight in Z-direction"},
+        {LC_COL_GAMU, "gU", "Unfavourable safety factor"},
+        {LC_COL_GAMF, "gF", "Favourable safety factor"},
+        {LC_COL_GAMA, "gA", "Accidental safety factor"},
+        {LC_COL_PSI0, "p0", "Combination factor p0"},
+        {LC_COL_PSI1, "p1", "Combination factor p1"},
+        {LC_COL_PSI2, "p2", "Combination factor p2"},
+        {LC_COL_PSI1S, "p1s", "Combination factor p1s"}};
     for (const auto& [column, caption, toolTip] : expected) {
         EXPECT_EQ(header(tabs, column)->text(), caption);
         EXPECT_EQ(header(tabs, column)->toolTip(), toolTip);

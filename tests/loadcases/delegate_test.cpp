@@ -10,9 +10,9 @@ namespace {
 
 using namespace lctest;
 
-constexpr int OWN = 1;    ///< a load case without an action
-constexpr int LIVE = 2;   ///< one of Q
-constexpr int IMP = 3;    ///< an imperfection
+constexpr int OWN = 1;  ///< a load case without an action
+constexpr int LIVE = 2; ///< one of Q
+constexpr int IMP = 3;  ///< an imperfection
 const char* const TEXT = "Use from Action";
 
 class LoadcaseDelegate : public testing::Test

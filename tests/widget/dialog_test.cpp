@@ -76,4 +76,21 @@ TEST(Dialog, ASizeBeyondTheScreenIsCutSoThatTheFrameFitsToo)
     EXPECT_LE(dialog.height(), screen.height() - titleBar);
 }
 
+TEST(Dialog, APlaceFromALargerScreenComesBackWhereAllOfItIsSeen)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    {
+        MRL_QT_Dialog dialog(nullptr, "from a larger screen");
+        dialog.restoreGeometry(400, 300);
+        dialog.move(screen.center());
+        showAndClose(dialog, screen.size());
+    }
+    MRL_QT_Dialog dialog(nullptr, "from a larger screen");
+    dialog.restoreGeometry(400, 300);
+    const int titleBar = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    EXPECT_LE(dialog.height(), screen.height() - titleBar);
+    EXPECT_TRUE(screen.contains(QRect(dialog.pos(), dialog.size())))
+        << dialog.x() << ' ' << dialog.y() << ' ' << dialog.width() << ' ' << dialog.height();
+}
+
 } // namespace

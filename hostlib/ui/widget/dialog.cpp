@@ -31,8 +31,10 @@ void MRL_QT_Dialog::restoreGeometry(int width, int height)
 {
     m_keepGeometry = true;
     const QByteArray stored = mrl::ui::storedGeometry(m_geometryGroup, geometryName());
-    if (!stored.isEmpty() && QWidget::restoreGeometry(stored))
+    if (!stored.isEmpty() && QWidget::restoreGeometry(stored)) {
+        mrl::ui::keepOnScreen(*this);
         return;
+    }
     // A dialog larger than the screen would have its buttons out of reach.
     resize(mrl::ui::fittingSize(QSize(width, height), *this));
 }

@@ -11,4 +11,8 @@ namespace mrl::ui {
 /// The size for a new window: the one wished for, as far as its screen has room for it and for its frame.
 MRL_HOST_API QSize fittingSize(const QSize& wish, const QWidget& window);
 
+/// Shrinks and moves a window whose place was restored, perhaps from a larger screen, until the screen that
+/// it is on shows all of it.
+MRL_HOST_API void keepOnScreen(QWidget& window);
+
 } // namespace mrl::ui
