@@ -1,5 +1,7 @@
 #include <random>
 
+#include <sqlite3.h>
+
 #include "cdb/fixture.h"
 
 using mrl::cdb::Code;
@@ -36,6 +38,37 @@ class Ranges : public FileProject
     }
     int copy = -1;
 };
+
+TEST_F(Ranges, FactsOfAnotherProjectReplaceThoseThatAreThere)
+{
+    using mrl::cdb::fact;
+    copy = mrl::cdb::openMemory().db;
+    ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "x.ini"));
+    ASSERT_TRUE(mrl::cdb::setFact(db, "author", "A"));
+    ASSERT_TRUE(mrl::cdb::setFact(copy, "author", "B"));
+    ASSERT_TRUE(mrl::cdb::setFact(copy, "client", "C"));
+    ASSERT_TRUE(mrl::cdb::replaceFacts(db, copy));
+    EXPECT_EQ(fact(copy, "designcode"), "x.ini");
+    EXPECT_EQ(fact(copy, "author"), "A");
+    EXPECT_EQ(fact(copy, "client"), "");
+    EXPECT_TRUE(mrl::cdb::integrityCheck(copy));
+    EXPECT_EQ(mrl::cdb::replaceFacts(db, -1).code, Code::NotOpen);
+    EXPECT_EQ(mrl::cdb::replaceFacts(-1, copy).code, Code::NotOpen);
+    EXPECT_EQ(fact(copy, "author"), "A") << "nothing was taken away";
+}
+
+TEST_F(Ranges, FactsOfAProjectThatCannotBeReadReplaceNothing)
+{
+    copy = mrl::cdb::openMemory().db;
+    ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "x.ini"));
+    ASSERT_TRUE(mrl::cdb::setFact(copy, "author", "B"));
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw, "UPDATE fact SET value='y.ini'", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(raw);
+    EXPECT_EQ(mrl::cdb::replaceFacts(db, copy).code, Code::Checksum);
+    EXPECT_EQ(mrl::cdb::fact(copy, "author"), "B");
+}
 
 TEST_F(Ranges, CopyHasEverythingAndIsPrivate)
 {

@@ -320,12 +320,44 @@ TEST_F(Document, SaveAsReplacesAProjectThatIsThere)
     const auto made = cdb::create(copy.toStdString());
     put(made.db, kCases, 500, 1);
     put(made.db, 55, 5, 1);
+    ASSERT_TRUE(cdb::setFact(made.db, "author", "somebody else"));
     cdb::close(made.db);
     ASSERT_TRUE(static_cast<bool>(document.host().saveAs(copy)));
     const auto written = cdb::openReadOnly(copy.toStdString());
     EXPECT_EQ(get(written.db, kCases, 500), -1);
     EXPECT_EQ(get(written.db, 55, 5), -1);
+    EXPECT_EQ(cdb::fact(written.db, "author"), "");
     EXPECT_EQ(get(written.db, kCases, 1), 10);
+    cdb::close(written.db);
+}
+
+TEST_F(Document, SaveAsCarriesEveryRecordAndFactWhoeverOwnsIt)
+{
+    // Several records of a key, the ends of the order, a record longer than any of ours, a fact of others.
+    const std::string longer(100000, 'x');
+    int length = static_cast<int>(longer.size());
+    for (const cdb::Key key : {cdb::Key{INT32_MIN, INT32_MIN}, {-7, -1}, {55, 0}, {INT32_MAX, INT32_MAX}}) {
+        ASSERT_EQ(mrl_cdb_put(db(), key.kwh, key.kwl, longer.data(), &length, 0), CD_OK);
+        for (const int word : {1, 2, 1})
+            ASSERT_TRUE(cdb::append(db(), key.kwh, key.kwl, &word, sizeof word));
+    }
+    ASSERT_TRUE(cdb::setFact(db(), "author", "J. Müller"));
+    ASSERT_TRUE(document.host().saveAs(folder.filePath("copy.cdb")));
+
+    const auto written = cdb::openReadOnly(folder.filePath("copy.cdb").toStdString());
+    std::vector<cdb::Key> here;
+    std::vector<cdb::Key> there;
+    ASSERT_TRUE(cdb::keys(db(), here));
+    ASSERT_TRUE(cdb::keys(written.db, there));
+    EXPECT_EQ(here, there);
+    for (const cdb::Key& key : here) {
+        bool equal = false;
+        EXPECT_TRUE(cdb::rangesEqual(db(), written.db, {key.kwh}, equal));
+        EXPECT_TRUE(equal) << key.kwh;
+    }
+    EXPECT_EQ(cdb::fact(written.db, "author"), "J. Müller");
+    EXPECT_EQ(cdb::fact(written.db, "designcode"), "EN1990.ini");
+    EXPECT_TRUE(cdb::integrityCheck(written.db));
     cdb::close(written.db);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <list>
+#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -48,6 +49,8 @@ class Database
     int step(int* kwh, int* kwl, int direction);
     cd_error_t get(const Key& key, void* buffer, int* length, int position);
     std::string fact(const std::string& name);
+    /// Gives all facts by name. @param out [out] those read so far on failure
+    Result facts(std::map<std::string, std::string>& out);
     /// Appends the elements of a group in order. @return SQLITE_DONE, or an error code
     int listElements(int kwh, std::list<int>& out);
 
@@ -109,6 +112,7 @@ class Database
     cd_error_t read(const Key& key, int behind, void* buffer, int* length);
     cd_error_t deliver(const Key& key, const Walk::Found& record, void* buffer, int* length);
     cd_error_t absent(const Key& key);
+    Result checkFact(const Run& row, const std::string& name);
 
     Outcome write(const Write& what, const void* data, int size);
     Outcome apply(const Write& what, const void* data, int size);
@@ -166,6 +170,7 @@ class Database
     Statement update{
         "UPDATE record SET crc=?4,bytes=?5 WHERE kwh=?1 AND kwl=?2 AND position=?3 AND gone(crc)"};
     Statement selectFact{"SELECT crc,value FROM fact WHERE name=?1"};
+    Statement selectFacts{"SELECT crc,value,name FROM fact"};
     Statement eraseFact{"DELETE FROM fact WHERE name=?1 AND gone(crc)"};
     Statement insertFact{"INSERT INTO fact(name,crc,value) VALUES(?1,?2,?3)"};
     // SQLite has no operator for xor.

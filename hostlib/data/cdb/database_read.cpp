@@ -144,13 +144,29 @@ std::string Database::fact(const std::string& name)
         static_cast<void>(readFailed(status));
         return {};
     }
-    const std::string value = run.text(1);
-    if (run.wide(0) != static_cast<std::int32_t>(factChecksum(name, value))) {
-        static_cast<void>(
-            readFailed(failure(Code::Checksum, path, "the fact \"" + name + "\" does not fit its checksum")));
-        return {};
+    return checkFact(run, name) ? run.text(1) : std::string();
+}
+
+Result Database::facts(std::map<std::string, std::string>& out)
+{
+    out.clear();
+    Run run(selectFacts, db.get());
+    int status = SQLITE_OK;
+    while ((status = run.step()) == SQLITE_ROW) {
+        const std::string name = run.text(2);
+        if (Result sound = checkFact(run, name); !sound)
+            return sound;
+        out[name] = run.text(1);
     }
-    return value;
+    return status == SQLITE_DONE ? Result{} : readFailed(status);
+}
+
+/// @param row its checksum and its value
+Result Database::checkFact(const Run& row, const std::string& name)
+{
+    if (row.wide(0) == static_cast<std::int32_t>(factChecksum(name, row.text(1))))
+        return {};
+    return readFailed(failure(Code::Checksum, path, "the fact \"" + name + "\" does not fit its checksum"));
 }
 
 } // namespace mrl::cdb

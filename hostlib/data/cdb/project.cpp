@@ -61,18 +61,6 @@ void setLockWait(int db, int milliseconds)
         sqlite3_busy_timeout(database->connection(), milliseconds);
 }
 
-std::string fact(int db, const std::string& name)
-{
-    auto* database = find(db);
-    return database != nullptr ? database->fact(name) : std::string();
-}
-
-Result setFact(int db, const std::string& name, const std::string& value)
-{
-    auto* database = find(db);
-    return database != nullptr ? resultOf(*database, database->setFact(name, value)) : notOpen(db);
-}
-
 Result append(int db, int kwh, int kwl, const void* data, int length)
 {
     auto* database = find(db);

@@ -95,6 +95,10 @@ MRL_HOST_API std::string fact(int db, const std::string& name);
 /// Sets a fact; an empty value removes it.
 MRL_HOST_API Result setFact(int db, const std::string& name, const std::string& value);
 
+/// Makes the facts of one database equal to those of another. Runs in the caller's transaction on `to`, or in
+/// one of its own.
+MRL_HOST_API Result replaceFacts(int from, int to);
+
 /// Adds a record behind those that the key holds; makes the key when there is none.
 MRL_HOST_API Result append(int db, int kwh, int kwl, const void* data, int length);
 

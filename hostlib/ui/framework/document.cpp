@@ -11,9 +11,6 @@ namespace cdb = mrl::cdb;
 
 namespace {
 
-/// What a project says about itself beside its keys, and what goes along to another file.
-constexpr const char* kFacts[] = {"designcode"};
-
 std::string utf8(const QString& path) { return path.toUtf8().toStdString(); }
 
 struct FileId
@@ -84,11 +81,7 @@ cdb::Result replaceAll(int from, int to)
         if (auto result = cdb::replaceRange(from, to, {kwh}); !result)
             return result;
     }
-    for (const char* name : kFacts) {
-        if (auto result = cdb::setFact(to, name, cdb::fact(from, name)); !result)
-            return result;
-    }
-    return {};
+    return cdb::replaceFacts(from, to);
 }
 
 } // namespace

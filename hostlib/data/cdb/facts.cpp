@@ -1,0 +1,59 @@
+#include <map>
+
+#include "hostlib/data/cdb/errors.h"
+#include "hostlib/data/cdb/project.h"
+#include "hostlib/data/cdb/registry.h"
+
+namespace mrl::cdb {
+
+namespace {
+
+using Facts = std::map<std::string, std::string>;
+
+/// An empty value removes the fact, as everywhere.
+Result setFacts(Database& database, const Facts& facts)
+{
+    for (const auto& [name, value] : facts) {
+        if (database.setFact(name, value) == Outcome::Failed)
+            return database.lastFailure();
+    }
+    return {};
+}
+
+} // namespace
+
+std::string fact(int db, const std::string& name)
+{
+    auto* database = Registry::instance().find(db);
+    return database != nullptr ? database->fact(name) : std::string();
+}
+
+Result setFact(int db, const std::string& name, const std::string& value)
+{
+    auto* database = Registry::instance().find(db);
+    return database != nullptr ? setFacts(*database, {{name, value}}) : notOpen(db);
+}
+
+Result replaceFacts(int from, int to)
+{
+    auto* source = Registry::instance().find(from);
+    auto* target = Registry::instance().find(to);
+    if (source == nullptr || target == nullptr)
+        return notOpen(source == nullptr ? from : to);
+    Transaction transaction(to);
+    if (Result state = transaction.state(); !state)
+        return state;
+    Facts wanted;
+    Facts present;
+    if (Result read = source->facts(wanted); !read)
+        return read;
+    if (Result read = target->facts(present); !read)
+        return read;
+    for (const auto& [name, value] : present)
+        wanted.emplace(name, std::string());
+    if (Result set = setFacts(*target, wanted); !set)
+        return set;
+    return transaction.commit();
+}
+
+} // namespace mrl::cdb
