@@ -1,6 +1,4 @@
 #include <QDir>
-#include <cstdio>
-#include <cstring>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -95,10 +93,7 @@ ExitCode NewCommand::run()
     } catch (const Failure&) {
         // A project without its facts would only stand in the way of the next attempt.
         if (created) {
-            // The log stays beside it when the disk was too full to fold it in.
-            for (const char* ending : {"", "-wal", "-shm"}) {
-                std::remove((file + ending).c_str());
-            }
+            cdb::removeFile(file);
         }
         throw;
     }

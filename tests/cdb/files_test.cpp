@@ -65,6 +65,17 @@ class Files : public ::testing::Test
     std::string file = folder / "a.cdb";
 };
 
+TEST_F(Files, RemovingOneTakesAwayWhatStandsBesideItToo)
+{
+    for (const char* ending : {"-journal", "-wal", "-shm", ".bak"})
+        write(file + ending, "left behind");
+    mrl::cdb::removeFile(file);
+    for (const char* ending : {"", "-journal", "-wal", "-shm"})
+        EXPECT_FALSE(std::filesystem::exists(file + ending)) << ending;
+    EXPECT_TRUE(std::filesystem::exists(file + ".bak")) << "somebody else's";
+    mrl::cdb::removeFile(file); // nothing is there any more
+}
+
 TEST_F(Files, ReopenedProjectHoldsWhatWasWritten)
 {
     const auto opened = mrl::cdb::open(file);

@@ -7,6 +7,7 @@
 
 using mrl::test::CliTest;
 using mrl::test::contentOf;
+using mrl::test::mrlLcWithin;
 using mrl::test::Outcome;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -84,6 +85,25 @@ TEST_F(NewProject, MalformedDesignCodeIsNamedWithLineAndReason)
 TEST_F(NewProject, MissingFolderIsAFileError)
 {
     EXPECT_THAT(fails(3, {"new", path("none/p.cdb"), "--code", "en1990"}), HasSubstr("none/p.cdb"));
+}
+
+TEST_F(NewProject, OneThatCannotBeFilledLeavesNeitherFileNorLog)
+{
+    // Actions of more bytes than the file may get: the empty project is made, its filling fails.
+    const std::string code = path("own.ini");
+    std::ofstream text(code);
+    text << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
+    for (int i = 0; i < 800; ++i)
+        text << "[ACTION A" << i << "]\ntitle = x\ncategory = Q\nsuperposition = COND\n";
+    text.close();
+    for (const int kibibytes : {4, 36, 48}) {
+        const Outcome run = mrlLcWithin(kibibytes, {"new", file, "--code", code, "--default-actions"});
+        EXPECT_EQ(run.code, 3);
+        EXPECT_THAT(run.err, StartsWith("mrl-lc: " + file + ": "));
+        for (const char* ending : {"", "-journal", "-wal", "-shm"})
+            EXPECT_FALSE(std::filesystem::exists(file + ending)) << kibibytes << ending;
+    }
+    done({"new", file, "--code", code, "--default-actions"});
 }
 
 TEST_F(NewProject, OwnDesignCodeFileIsFoundFromAnyFolder)

@@ -23,6 +23,9 @@ struct Outcome
 /// Runs mrl-lc with these arguments.
 Outcome mrlLc(const std::vector<std::string>& arguments);
 
+/// The same, while no file may grow beyond a size; what is written behind that fails.
+Outcome mrlLcWithin(int kibibytes, const std::vector<std::string>& arguments);
+
 /// The same with standard output going to a file.
 Outcome mrlLcInto(const std::string& outFile, const std::vector<std::string>& arguments);
 

@@ -153,12 +153,17 @@ OpenedDatabase createFile(const std::string& path)
     if (status != SQLITE_OK) {
         Result error = failureOf(status, connection.get(), path);
         connection.reset();
-        // SQLite leaves its own files when it could not finish them.
-        for (const char* ending : {"", "-journal", "-wal", "-shm"})
-            ::unlink((path + ending).c_str());
+        removeFile(path);
         return {std::move(error), nullptr};
     }
     return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadWrite)};
+}
+
+void removeFile(const std::string& path)
+{
+    // SQLite leaves its own files when it could not finish them, or fold the log in on a full disk.
+    for (const char* ending : {"", "-journal", "-wal", "-shm"})
+        ::unlink((path + ending).c_str());
 }
 
 OpenedDatabase openFile(const std::string& path, bool readOnly)

@@ -79,6 +79,10 @@ MRL_HOST_API Opened copyOf(int db, Storage where = Storage::Memory);
 /// never used again. When it was current, no database is. Harmless for an index that is not open.
 MRL_HOST_API void close(int db);
 
+/// Removes the file of a project that nobody has open, and what SQLite may have left beside it. Harmless for
+/// a file that is not there.
+MRL_HOST_API void removeFile(const std::string& path);
+
 MRL_HOST_API bool isOpen(int db);
 
 /// The file as it was named at opening (that of the original for a copy); empty for a project in memory.

@@ -56,10 +56,8 @@ class Unclaimed
         if (m_db < 0)
             return;
         cdb::close(m_db);
-        if (m_newFile.isEmpty())
-            return;
-        for (const char* suffix : {"", "-wal", "-shm"})
-            QFile::remove(m_newFile + QLatin1String(suffix));
+        if (!m_newFile.isEmpty())
+            cdb::removeFile(utf8(m_newFile));
     }
     Unclaimed(const Unclaimed&) = delete;
     Unclaimed& operator=(const Unclaimed&) = delete;
