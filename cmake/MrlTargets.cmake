@@ -39,6 +39,11 @@ function(mrl_shared)
     endforeach()
     target_link_libraries(${P_NAME} PUBLIC ${P_DEPENDS} PRIVATE ${P_PRIVATE_DEPENDS})
     target_include_directories(${P_NAME} INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>)
+    # A library that needs what it doesn't link fails here and not where it is loaded. The sanitizers' own symbols come
+    # with the program.
+    if(NOT MRL_SANITIZE AND NOT MRL_FUZZ)
+        target_link_options(${P_NAME} PRIVATE LINKER:--no-undefined)
+    endif()
     set_target_properties(${P_NAME} PROPERTIES LINKER_LANGUAGE CXX
         SOVERSION ${PROJECT_VERSION_MAJOR} VERSION ${PROJECT_VERSION})
 endfunction()
