@@ -15,6 +15,14 @@
         <source>Opens a manager on the project: actions or loadcases.</source>
         <translation>Öffnet einen Manager für das Projekt: actions oder loadcases.</translation>
     </message>
+    <message>
+        <source>Only one project can be opened at a time.</source>
+        <translation>Es kann nur ein Projekt auf einmal geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>There is no manager &apos;%1&apos;.</source>
+        <translation>Es gibt keinen Manager „%1“.</translation>
+    </message>
 </context>
 <context>
     <name>Workbench</name>

@@ -18,13 +18,16 @@ using workbench::MainWindow;
 using workbench::Manager;
 
 /// What the program answers to its command line. @return its exit code, -1 when it did not end by itself
-int run(const QStringList& arguments, QString* said = nullptr)
+/// @param said [out] on standard error. @param told [out] on standard output
+int run(const QStringList& arguments, QString* said = nullptr, QString* told = nullptr)
 {
     QProcess program;
     program.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mrl-workbench"), arguments);
     const bool ended = program.waitForFinished(60000);
     if (said)
         *said = QString::fromUtf8(program.readAllStandardError());
+    if (told)
+        *told = QString::fromUtf8(program.readAllStandardOutput());
     return ended && program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
 }
 
@@ -83,16 +86,49 @@ class RunModesTest : public ::testing::Test
 
 } // namespace
 
+TEST(CommandLine, AnUnknownOptionEndsWithTwoAndItsNameAndTheUsage)
+{
+    for (const char* option : {"--bogus", "-b"}) {
+        QString said;
+        EXPECT_EQ(run({QLatin1String(option)}, &said), 2);
+        EXPECT_TRUE(said.contains(QStringLiteral("mrl-workbench: Unknown option 'b"))) << said.toStdString();
+        EXPECT_TRUE(said.contains(QStringLiteral("--manager <actions|loadcases>"))) << said.toStdString();
+    }
+}
+
+TEST(CommandLine, AnOptionWithoutItsValueEndsWithTwo)
+{
+    QString said;
+    EXPECT_EQ(run({QStringLiteral("--manager")}, &said), 2);
+    EXPECT_TRUE(said.contains(QStringLiteral("mrl-workbench: Missing value after '--manager'")))
+        << said.toStdString();
+}
+
 TEST(CommandLine, AnUnknownManagerEndsWithTwoAndTheUsage)
 {
     QString said;
     EXPECT_EQ(run({QStringLiteral("--manager"), QStringLiteral("nodes")}, &said), 2);
     EXPECT_TRUE(said.contains(QStringLiteral("--manager <actions|loadcases>"))) << said.toStdString();
+    EXPECT_TRUE(said.contains(QStringLiteral("mrl-workbench: There is no manager 'nodes'.\n")))
+        << said.toStdString();
 }
 
 TEST(CommandLine, TwoProjectsEndWithTwo)
 {
-    EXPECT_EQ(run({QStringLiteral("a.cdb"), QStringLiteral("b.cdb")}), 2);
+    QString said;
+    EXPECT_EQ(run({QStringLiteral("a.cdb"), QStringLiteral("b.cdb")}, &said), 2);
+    EXPECT_TRUE(said.contains(QStringLiteral("mrl-workbench: Only one project"))) << said.toStdString();
+}
+
+TEST(CommandLine, HelpAndVersionAreNoErrors)
+{
+    QString said;
+    QString told;
+    EXPECT_EQ(run({QStringLiteral("--help")}, &said, &told), 0);
+    EXPECT_TRUE(told.contains(QStringLiteral("--manager <actions|loadcases>"))) << told.toStdString();
+    EXPECT_FALSE(said.contains(QStringLiteral("--manager"))) << said.toStdString();
+    EXPECT_EQ(run({QStringLiteral("--version")}, &said, &told), 0);
+    EXPECT_TRUE(told.startsWith(QStringLiteral("mrl-workbench 1."))) << told.toStdString();
 }
 
 TEST_F(RunModesTest, ExperimentalFunctionsBringAddAllToTheActionManager)
