@@ -13,33 +13,6 @@
     </message>
 </context>
 <context>
-    <name>Check</name>
-    <message>
-        <source>names that begin with Y are reserved; the dialog never loads it</source>
-        <translation>Namen, die mit Y beginnen, sind reserviert; der Dialog lädt sie nie</translation>
-    </message>
-    <message>
-        <source>an action without a name; the dialog never loads it</source>
-        <translation>eine Einwirkung ohne Namen; der Dialog lädt sie nie</translation>
-    </message>
-    <message>
-        <source>the record names the action %1 and will move there when the dialog is accepted</source>
-        <translation>der Datensatz nennt die Einwirkung %1 und zieht dorthin um, wenn der Dialog mit OK verlassen wird</translation>
-    </message>
-    <message>
-        <source>the number is above 999999</source>
-        <translation>die Nummer liegt über 999999</translation>
-    </message>
-    <message>
-        <source>the project has no action %1</source>
-        <translation>das Projekt hat keine Einwirkung %1</translation>
-    </message>
-    <message>
-        <source>another module keeps a record of kind %1 under this number; accepting the dialog drops it</source>
-        <translation>ein anderes Modul führt unter dieser Nummer einen Datensatz der Art %1; mit OK im Dialog geht er verloren</translation>
-    </message>
-</context>
-<context>
     <name>LCM_ActionsWidget</name>
     <message>
         <source>%1 has to be bigger than 0.0!</source>
@@ -403,6 +376,33 @@ Die Einwirkungen sind:
     <message>
         <source>Use from Action</source>
         <translation>Von der Einwirkung übernehmen</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_ProjectCheck</name>
+    <message>
+        <source>names that begin with Y are reserved; the dialog never loads it</source>
+        <translation>Namen, die mit Y beginnen, sind reserviert; der Dialog lädt sie nie</translation>
+    </message>
+    <message>
+        <source>an action without a name; the dialog never loads it</source>
+        <translation>eine Einwirkung ohne Namen; der Dialog lädt sie nie</translation>
+    </message>
+    <message>
+        <source>the record names the action %1 and will move there when the dialog is accepted</source>
+        <translation>der Datensatz nennt die Einwirkung %1 und zieht dorthin um, wenn der Dialog mit OK verlassen wird</translation>
+    </message>
+    <message>
+        <source>the number is above 999999</source>
+        <translation>die Nummer liegt über 999999</translation>
+    </message>
+    <message>
+        <source>the project has no action %1</source>
+        <translation>das Projekt hat keine Einwirkung %1</translation>
+    </message>
+    <message>
+        <source>another module keeps a record of kind %1 under this number; accepting the dialog drops it</source>
+        <translation>ein anderes Modul führt unter dieser Nummer einen Datensatz der Art %1; mit OK im Dialog geht er verloren</translation>
     </message>
 </context>
 <context>

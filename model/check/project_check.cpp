@@ -22,11 +22,10 @@
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("LCM_ProjectCheck", text); }
-
 /// Gathers the findings of one project.
 class Check
 {
+    Q_DECLARE_TR_FUNCTIONS(LCM_ProjectCheck)
   public:
     Check(int index, bool globalDirections);
     std::vector<LCM_ProjectFinding> run();

@@ -1,7 +1,9 @@
 // What the summary page says about a project.
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTranslator>
 
 #include "lcdata/packed_text.h"
 #include "lcdata/packing.h"
@@ -163,6 +165,21 @@ TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
         where << finding.where;
     EXPECT_TRUE(where.contains(QStringLiteral("Action G")));
     EXPECT_TRUE(where.contains(QStringLiteral("Load case 12")));
+}
+
+TEST_F(SummaryTest, FindingsAreToldInGerman)
+{
+    project.putAction(action(QStringLiteral("Y1")));
+    project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
+    QTranslator german;
+    ASSERT_TRUE(german.load(QStringLiteral("mrl_loadcase_dll_de"),
+                            QCoreApplication::applicationDirPath() + QStringLiteral("/../translations")));
+    QCoreApplication::installTranslator(&german);
+    const ProjectSummary summary = summarise(db);
+    ASSERT_EQ(summary.findings.size(), 2u);
+    EXPECT_EQ(summary.findings[0].text,
+              QStringLiteral("Namen, die mit Y beginnen, sind reserviert; der Dialog lädt sie nie"));
+    EXPECT_EQ(summary.findings[1].text, QStringLiteral("das Projekt hat keine Einwirkung XYZ"));
 }
 
 TEST_F(SummaryTest, SoundProjectHasNoFindings)
