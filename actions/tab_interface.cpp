@@ -14,14 +14,25 @@ LCM_TabInterface::LCM_TabInterface(int database, QWidget* parent, const char* na
 
 LCM_TabInterface::~LCM_TabInterface() = default;
 
-bool LCM_TabInterface::isValid()
+bool LCM_TabInterface::isValid() { return firstInvalidRow() < 0; }
+
+int LCM_TabInterface::firstInvalidRow() const
 {
     for (int row = 0; table != nullptr && row < table->rowCount(); ++row) {
         const MRL_H_TwSimpleLineEditItem* cell = verdictCell(row);
         if (cell == nullptr || !cell->data(ROLE_ROW_VALID).toBool())
-            return false;
+            return row;
     }
-    return true;
+    return -1;
+}
+
+void LCM_TabInterface::showInvalidRow()
+{
+    const int row = firstInvalidRow();
+    if (row < 0)
+        return;
+    table->selectRow(row);
+    table->scrollTo(table->model()->index(row, 0));
 }
 
 void LCM_TabInterface::setRowValid(int row, bool valid)

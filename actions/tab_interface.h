@@ -29,6 +29,8 @@ class LCM_TabInterface : public QWidget
     /// Whether all rows were found right when they were judged last. Judges nothing anew. A table without
     /// rows is valid, a row without a cell of column id 100 isn't.
     virtual bool isValid();
+    /// Selects the first row that isn't valid and brings it into sight. Does nothing when all are.
+    void showInvalidRow();
     /// Stores the verdict on a row in its cell of column id 100; does nothing without such a cell.
     void setRowValid(int row, bool valid);
 
@@ -48,5 +50,7 @@ class LCM_TabInterface : public QWidget
     bool modified = false;
 
   private:
+    /// @return -1 when all rows are valid
+    int firstInvalidRow() const;
     MRL_H_TwSimpleLineEditItem* verdictCell(int row) const;
 };

@@ -139,12 +139,14 @@ void LoadcaseManager::initContents()
         m_tabs->setCurrentWidget(m_loadcases);
 }
 
-bool LoadcaseManager::refuseInvalid(QWidget* tab)
+bool LoadcaseManager::refuseInvalid(LCM_TabInterface* tab)
 {
     QMessageBox::critical(this, tr("Invalid input"), tr("The input is invalid, please check your input!"),
                           QMessageBox::Ok);
     if (m_tabs->indexOf(tab) >= 0)
         m_tabs->setCurrentWidget(tab);
+    // It may be one of thousands, and one whose action is missing has no red cell.
+    tab->showInvalidRow();
     return false;
 }
 

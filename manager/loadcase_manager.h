@@ -4,8 +4,8 @@
 
 class LCM_ActionsWidget;
 class LCM_LoadcaseWidget;
+class LCM_TabInterface;
 class QTabWidget;
-class QWidget;
 struct MRL_LC_CtrlStruct;
 
 /// The one dialog of the system: the actions tab, the load-case tab, or both, over a line that says which
@@ -42,7 +42,7 @@ class LoadcaseManager : public MRL_H_Dialog
     void createLoadcaseTab();
     void addInfoLine(QBoxLayout* layout);
     QString infoText() const;
-    bool refuseInvalid(QWidget* tab);
+    bool refuseInvalid(LCM_TabInterface* tab);
     bool takeSelectedLoadcases();
 
     QTabWidget* m_tabs = nullptr;              ///< child of this

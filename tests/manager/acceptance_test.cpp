@@ -1,4 +1,5 @@
 // Accepting and rejecting the dialog: what is checked, what is written, what the caller gets back.
+#include "actions/table_helpers.h"
 #include "tests/manager/manager_fixture.h"
 
 namespace mrl::test {
@@ -199,6 +200,25 @@ TEST_F(ManagerTest, InvalidLoadCaseKeepsTheDialogOpenOnItsTab)
     EXPECT_EQ(result, 0);
     ASSERT_EQ(answers.boxes().size(), 1u);
     EXPECT_EQ(box(0).title, QStringLiteral("Invalid input"));
+}
+
+TEST_F(ManagerTest, InvalidRowFarDownIsSelectedAndInSight)
+{
+    for (int number = 11; number <= 300; ++number)
+        project.putLoadcase(number, loadcase(QStringLiteral("G")));
+    project.putLoadcase(222, loadcase(QStringLiteral("XXXX")));
+    MRL_LC_CtrlStruct control;
+    control.mode = 0;
+    run(control, [this](QWidget* dialog) {
+        auto* table = loadcaseTab(dialog)->tableWidget();
+        const int row = rowOf(table, LC_COL_NUMBER, "222");
+        EXPECT_FALSE(table->viewport()->rect().intersects(table->visualItemRect(table->item(row, 0))));
+        answers.click("OK");
+        pressOk(dialog);
+        EXPECT_TRUE(table->viewport()->rect().contains(table->visualItemRect(table->item(row, 0)).center()));
+        EXPECT_EQ(getSelectedRows(table), std::set<int>{row});
+        pressCancel(dialog);
+    });
 }
 
 TEST_F(ManagerTest, CorrectedInputIsAccepted)
