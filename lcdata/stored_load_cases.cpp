@@ -1,24 +1,16 @@
 #include "lcdata/stored_load_cases.h"
 
-#include <array>
-#include <cstring>
-
 #include "lcdata/guards.h"
 
 namespace {
 
-/// Records of other modules may be longer than a load case.
-constexpr int BUFFER_BYTES = 2060;
-
 bool readFirst(int db, int number, tagCDB_LC_CTRL& record)
 {
-    std::array<char, BUFFER_BYTES> buffer;
+    record = {};
     const LCM_KeyGuard key(db, LC_KWH_CASES, number);
-    int length = BUFFER_BYTES;
-    if (mrl_cdb_get(db, LC_KWH_CASES, number, buffer.data(), &length, 0) >= CD_END)
-        return false;
-    std::memcpy(&record, buffer.data(), sizeof record);
-    return true;
+    int length =
+        sizeof record; // records of other modules may be longer; their beginning tells whose they are
+    return mrl_cdb_get(db, LC_KWH_CASES, number, &record, &length, 0) < CD_END;
 }
 
 } // namespace

@@ -284,6 +284,48 @@ TEST_F(Transactions, FactsAreTakenBackToo)
     EXPECT_TRUE(mrl::cdb::integrityCheck(db));
 }
 
+TEST_F(Transactions, AFactIsTheNewOneAfterAnotherConnectionSetIt)
+{
+    ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "a.ini"));
+    EXPECT_EQ(mrl::cdb::fact(other, "designcode"), "a.ini");
+    EXPECT_EQ(mrl::cdb::fact(other, "system"), "");
+    ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "b.ini"));
+    ASSERT_TRUE(mrl::cdb::setFact(db, "system", "plane"));
+    EXPECT_EQ(mrl::cdb::fact(other, "designcode"), "b.ini");
+    EXPECT_EQ(mrl::cdb::fact(other, "system"), "plane");
+}
+
+TEST_F(Transactions, AFactSetBeforeAPauseIsNotSeenInItAndComesBack)
+{
+    ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "a.ini"));
+    Transaction transaction(db, Pausable::Yes);
+    ASSERT_TRUE(mrl::cdb::setFact(db, "designcode", "b.ini"));
+    EXPECT_EQ(mrl::cdb::fact(db, "designcode"), "b.ini");
+    {
+        const WriteLockPause pause;
+        EXPECT_EQ(mrl::cdb::fact(db, "designcode"), "a.ini");
+    }
+    EXPECT_EQ(mrl::cdb::fact(db, "designcode"), "b.ini");
+    ASSERT_TRUE(transaction.commit());
+}
+
+TEST_F(Transactions, OfManyWritesIsWhole)
+{
+    {
+        Transaction transaction(db);
+        for (int i = 1; i <= 10000; ++i)
+            ASSERT_EQ(putText(db, 12, i, "some bytes of a load case"), CD_OK);
+        ASSERT_TRUE(transaction.commit());
+    }
+    {
+        Transaction transaction(db);
+        for (int i = 1; i <= 10000; ++i)
+            ASSERT_EQ(mrl_cdb_del(db, 12, i), CD_OK);
+    }
+    EXPECT_EQ(walkUp(other, 12, 0).size(), 10000U);
+    EXPECT_TRUE(mrl::cdb::integrityCheck(other));
+}
+
 TEST_F(Transactions, PauseLetsGoOfTheLockAndBringsTheWritesBack)
 {
     for (const char* text : {"a", "b", "c"})

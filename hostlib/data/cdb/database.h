@@ -129,7 +129,12 @@ class Database
     void fail(Result error);
     int beginWriting();
     int writeSummary();
+    /// Forgets what was read ahead: the content is another one.
+    void forgetRead();
     void endLevel(bool keepWrites);
+    /// Gives a long transaction room: pages that it would otherwise write to the log, read back and write
+    /// again are kept until the commit.
+    void keepWrittenPages(bool keep);
     int replay();
     void checkpoint();
     static void gone(sqlite3_context* context, int count, sqlite3_value** values);
@@ -143,6 +148,9 @@ class Database
     Walk walk;
     std::unordered_map<Key, int, HashKey> readAt; // the position read last, where it is not the first
 
+    std::map<std::string, std::string> knownFacts; // read since the mark; without the damaged ones
+    ChangeMark factsMark;
+
     std::vector<Level> levels;
     std::vector<Write> journal;
     Change change;
@@ -152,6 +160,8 @@ class Database
     bool pausable = false;
     bool paused = false;
     bool replaying = false;
+    bool pagesKept = false;
+    int writes = 0; // of the open transaction
     int logPages = 0;
 
     Result sticky;
@@ -159,7 +169,7 @@ class Database
 
     Statement next{"SELECT position,crc,bytes FROM record WHERE kwh=?1 AND kwl=?2 AND position>?3 "
                    "ORDER BY position LIMIT 1"};
-    Statement elements{"SELECT kwl FROM record WHERE kwh=?1 AND position=0 ORDER BY kwl"};
+    Statement elements{"SELECT kwl FROM record WHERE kwh=?1 ORDER BY kwl"};
     Statement exists{"SELECT 1 FROM record WHERE kwh=?1 AND kwl=?2 LIMIT 1"};
     Statement last{"SELECT position FROM record WHERE kwh=?1 AND kwl=?2 ORDER BY position DESC LIMIT 1"};
     Statement insert{"INSERT OR IGNORE INTO record(kwh,kwl,position,crc,bytes) VALUES(?1,?2,?3,?4,?5)"};

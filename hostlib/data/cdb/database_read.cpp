@@ -126,9 +126,10 @@ int Database::listElements(int kwh, std::list<int>& out)
     Run run(elements, db.get());
     run.bind(1, kwh);
     int status = SQLITE_OK;
-    // Each key has a record at position 0, so none comes twice.
+    // A key with several records comes once for each.
     while ((status = run.step()) == SQLITE_ROW)
-        out.push_back(run.integer(0));
+        if (const int element = run.integer(0); out.empty() || out.back() != element)
+            out.push_back(element);
     if (status != SQLITE_DONE)
         static_cast<void>(readFailed(status));
     return status;
@@ -136,15 +137,22 @@ int Database::listElements(int kwh, std::list<int>& out)
 
 std::string Database::fact(const std::string& name)
 {
+    if (!factsMark.unchanged()) {
+        knownFacts.clear();
+        factsMark = walk.mark;
+        factsMark.take();
+    }
+    if (const auto known = knownFacts.find(name); known != knownFacts.end())
+        return known->second;
     Run run(selectFact, db.get());
     const int status = run.bind(1, name).step();
     if (status == SQLITE_DONE)
-        return {};
+        return knownFacts[name] = {};
     if (status != SQLITE_ROW) {
         static_cast<void>(readFailed(status));
         return {};
     }
-    return checkFact(run, name) ? run.text(1) : std::string();
+    return checkFact(run, name) ? knownFacts[name] = run.text(1) : std::string();
 }
 
 Result Database::facts(std::map<std::string, std::string>& out)

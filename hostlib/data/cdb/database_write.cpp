@@ -9,6 +9,9 @@ namespace mrl::cdb {
 
 namespace {
 
+/// Writes after which a transaction counts as long: their pages nearly fill SQLite's own cache.
+constexpr int longTransaction = 4000;
+
 std::int32_t stored(std::uint32_t checksum) { return static_cast<std::int32_t>(checksum); }
 
 std::uint32_t checksumOf(const Key& key, int position, const void* data, int size)
@@ -86,6 +89,8 @@ Outcome Database::apply(const Write& what, const void* data, int size)
 {
     if (what.kind == Write::Kind::SetFact)
         return replaceFact(what.name, {static_cast<const char*>(data), static_cast<std::size_t>(size)});
+    if (++writes == longTransaction)
+        keepWrittenPages(true);
     walk.written(what.key);
     if (what.kind != Write::Kind::Delete)
         removals.written(what.key);
@@ -210,6 +215,7 @@ Outcome Database::deleteRows(const Key& key)
 
 Outcome Database::replaceFact(const std::string& name, const std::string& value)
 {
+    knownFacts.clear();
     removed = {};
     {
         Run run(eraseFact, db.get());
