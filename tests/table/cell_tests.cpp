@@ -46,6 +46,16 @@ TEST_F(Cells, KeepNumbersAndFormatThemOnDemand)
     EXPECT_EQ(line(0, Factor).getVal(nullptr), -99999.0);
 }
 
+TEST_F(Cells, OfOneColumnNameEachItsOwnNumber)
+{
+    addRows(500);
+    for (int row = 0; row < 500; ++row)
+        line(row, Factor).setVal(static_cast<float>(row - 250) * 0.01f);
+    for (int round = 0; round < 2; ++round)
+        for (int row = 0; row < 500; ++row)
+            EXPECT_EQ(text(row, Factor), QString::number((row - 250) / 100.0, 'f', 2)) << row;
+}
+
 TEST_F(Cells, OfNumbersTakeTheNumberOfAText)
 {
     QTableWidgetItem* item = table.item(0, Factor);

@@ -1,6 +1,7 @@
 #include "hostlib/ui/table/column.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "hostlib/ui/table/number_text.h"
 
@@ -62,7 +63,14 @@ QString MRL_H_TwColumn::numberText(double number) const
         return mrl::table::wholeNumberText(number);
     if (number == description.value && !description.text.isNull())
         return description.text;
-    return mrl_h_getDimStringFromVal(number, description.format, description.precision);
+    if (number == 0.0) // both zeros
+        number = 0.0;
+    Worded& worded = m_worded[std::hash<double>()(number) % m_worded.size()];
+    if (worded.text.isNull() || worded.number != number) {
+        worded.number = number;
+        worded.text = mrl_h_getDimStringFromVal(number, description.format, description.precision);
+    }
+    return worded.text;
 }
 
 bool MRL_H_TwColumn::allows(double number) const

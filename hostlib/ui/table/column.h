@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QSet>
 
+#include <array>
 #include <vector>
 
 #include "host/mrl_table.h"
@@ -52,6 +53,15 @@ struct MRL_H_TwColumn
         if (column != nullptr && --column->references == 0)
             delete column; // the last of the header and the cells that count themselves in here
     }
+
+  private:
+    struct Worded
+    {
+        double number = 0.0;
+        QString text; ///< null: nothing was worded yet
+    };
+    /// The texts of factors that were asked for last, each at its own place: a column has few different ones.
+    mutable std::array<Worded, 32> m_worded;
 };
 
 struct MRL_H_TwItem::Extra

@@ -96,6 +96,9 @@ QString wholeNumberText(double value)
 {
     if (value == undefinedValue)
         return {};
+    constexpr double largestExact = 9007199254740992.0; // 2^53
+    if (std::fabs(value) <= largestExact && std::trunc(value) == value)
+        return QString::number(static_cast<qint64>(value));
     return QString::number(value, 'f', 0);
 }
 
