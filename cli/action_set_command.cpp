@@ -39,6 +39,7 @@ void ActionSetCommand::declare(Arguments& args)
     args.choice("--superposition", superposition, superpositionIds(),
                 "PERM, COND, EXCL, UNSI, USEX, ALEX, EXEX or PERC");
     args.factors(factors);
+    args.needsAnOption();
 }
 
 void ActionSetCommand::change(tagCDB_LC_ACT& record) const

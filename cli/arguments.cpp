@@ -150,6 +150,17 @@ void Arguments::factors(FactorOptions& values)
     real("--psi1s", values.psi1s, "Psi1s, fourth combination factor");
 }
 
+void Arguments::needsAnOption()
+{
+    app.parse_complete_callback([&parser = app] {
+        const auto options = parser.get_options(
+            [](const CLI::Option* option) { return option->nonpositional() && option->count() > 0; });
+        if (options.empty()) {
+            throw CLI::RequiredError("An option that says what to change");
+        }
+    });
+}
+
 void Arguments::exclude(const std::string& option, const std::string& other)
 {
     app.get_option(option)->excludes(app.get_option(other));

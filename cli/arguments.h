@@ -53,6 +53,8 @@ class Arguments
                 const std::map<std::string, int>& words, const std::string& help);
     /// --gamu to --psi1s
     void factors(FactorOptions& values);
+    /// A command that changes what its options say is wrong usage without any.
+    void needsAnOption();
     /// Two options that cannot stand together.
     void exclude(const std::string& option, const std::string& other);
 

@@ -49,6 +49,7 @@ void CaseSetCommand::declare(Arguments& args)
     args.real("--dlz", dlz, "DLZ, component in Z");
     args.real("--factor", factor, "Factor of the load case");
     args.factors(factors);
+    args.needsAnOption();
 }
 
 void CaseSetCommand::changeAction(const Project& project, tagCDB_LC_CTRL& record) const

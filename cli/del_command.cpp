@@ -1,6 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/project.h"
+#include "cli/raw_records.h"
 #include "host/mrl_cdb.h"
 
 namespace mrl::cli {
@@ -31,7 +32,7 @@ ExitCode DelCommand::run()
 {
     Project project = Project::openForWriting(file);
     if (mrl_cdb_del(project.db(), kwh, kwl) >= CD_END) {
-        project.refuse("there is no key " + std::to_string(kwh) + "/" + std::to_string(kwl));
+        project.refuse("there is no key " + keyText(kwh, kwl));
     }
     project.throwOnError();
     project.commit();

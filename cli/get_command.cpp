@@ -65,7 +65,7 @@ ExitCode GetCommand::run()
     const std::vector<std::string> records = readRecords(project.db(), kwh, kwl);
     project.throwOnError();
     if (records.empty()) {
-        project.refuse("there is no key " + std::to_string(kwh) + "/" + std::to_string(kwl));
+        project.refuse("there is no key " + keyText(kwh, kwl));
     }
     if (!json) {
         printLines(records);

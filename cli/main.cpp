@@ -38,6 +38,36 @@ void declare(CLI::App& app, const CommandGroup& group, Command*& chosen)
     }
 }
 
+/// The innermost command that was recognised.
+const CLI::App& innermost(const CLI::App& app)
+{
+    const auto parsed = app.get_subcommands();
+    return parsed.empty() ? app : innermost(*parsed.back());
+}
+
+/// What is wrong with the arguments. The parser asks for a command where it doesn't know the word that stands
+/// there.
+std::string wrongUsage(const CLI::App& command, const std::vector<std::string>& rest, const CLI::Error& error)
+{
+    const bool wantsCommand = command.get_require_subcommand_min() > 0;
+    if (!wantsCommand || rest.empty()) {
+        return error.what();
+    }
+    return rest.front().rfind('-', 0) == 0 ? "option " + rest.front() + " is not known here"
+                                           : "there is no command '" + rest.front() + "'";
+}
+
+std::string usageMessage(const CLI::App* app, const CLI::Error& error)
+{
+    const CLI::App& command = innermost(*app);
+    std::string name = command.get_name();
+    for (const CLI::App* parent = command.get_parent(); parent != nullptr; parent = parent->get_parent()) {
+        name = parent->get_name() + " " + name;
+    }
+    return name + ": " + wrongUsage(command, app->remaining(true), error) + "\nRun '" + name +
+           " --help' for more information.\n";
+}
+
 int run(Command& command)
 {
     try {
@@ -58,6 +88,7 @@ int main(int argc, char** argv)
     CLI::App app("Actions and load cases of a structural project, from the command line", "mrl-lc");
     app.require_subcommand(1);
     app.footer(FOOTER);
+    app.failure_message(usageMessage);
     app.set_version_flag("--version", MRL_VERSION);
     const std::vector<CommandGroup> groups = mrl::cli::allCommands();
     Command* chosen = nullptr;

@@ -4,8 +4,10 @@
 #include <charconv>
 #include <cstring>
 
+#include "cli/words.h"
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
+#include "lcdata/keys.h"
 
 namespace mrl::cli {
 
@@ -63,6 +65,12 @@ bool overwriteRecord(int db, int kwh, int kwl, int position, const void* data, s
     }
     const int length = static_cast<int>(bytes.size());
     return mrl_cdb_put(db, kwh, kwl, bytes.data(), &length, -1) < CD_END;
+}
+
+std::string keyText(int kwh, int kwl)
+{
+    const bool isAction = kwh == LC_KWH_ACTIONS && kwl >= LC_BLANK_WORD;
+    return std::to_string(kwh) + "/" + (isAction ? actionName(kwl) : std::to_string(kwl));
 }
 
 std::string toHex(const std::string& bytes)

@@ -13,6 +13,9 @@ std::vector<std::string> readRecords(int db, int kwh, int kwl);
 /// @return false when there is no such record or it could not be written
 bool overwriteRecord(int db, int kwh, int kwl, int position, const void* data, std::size_t size);
 
+/// KWH/KWL as a person names the key: an action's by its name.
+std::string keyText(int kwh, int kwl);
+
 std::string toHex(const std::string& bytes);
 
 /// @return false when the text is no even number of hexadecimal digits

@@ -82,6 +82,30 @@ TEST(Help, NoOrHalfACommandIsWrongUsage)
     }
 }
 
+TEST(Help, WrongUsageNamesTheCommandAndWhatIsWrong)
+{
+    const auto said = [](const std::vector<std::string>& arguments) { return mrlLc(arguments).err; };
+    const auto message = [](const std::string& command, const std::string& what) {
+        return command + ": " + what + "\nRun '" + command + " --help' for more information.\n";
+    };
+    EXPECT_EQ(said({"nonsense"}), message("mrl-lc", "there is no command 'nonsense'"));
+    EXPECT_EQ(said({"case", "nonsense", "p.cdb"}), message("mrl-lc case", "there is no command 'nonsense'"));
+    EXPECT_EQ(said({"--nonsense"}), message("mrl-lc", "option --nonsense is not known here"));
+    EXPECT_EQ(said({}), message("mrl-lc", "A subcommand is required"));
+    EXPECT_EQ(said({"new", "p.cdb"}), message("mrl-lc new", "--code is required"));
+    EXPECT_EQ(said({"case", "show"}), message("mrl-lc case show", "FILE is required"));
+}
+
+TEST(Help, ChangingNothingIsWrongUsage)
+{
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"action", "set", "p.cdb", "G"}, {"case", "set", "p.cdb", "1"}}) {
+        const auto run = mrlLc(command);
+        EXPECT_EQ(run.code, 2);
+        EXPECT_THAT(run.err, HasSubstr("An option that says what to change is required")) << run.err;
+    }
+}
+
 TEST(Help, ProgramTellsItsVersion)
 {
     const auto run = mrlLc({"--version"});

@@ -84,7 +84,8 @@ TEST_F(NewProject, MalformedDesignCodeIsNamedWithLineAndReason)
 
 TEST_F(NewProject, MissingFolderIsAFileError)
 {
-    EXPECT_THAT(fails(3, {"new", path("none/p.cdb"), "--code", "en1990"}), HasSubstr("none/p.cdb"));
+    EXPECT_THAT(fails(3, {"new", path("none/p.cdb"), "--code", "en1990"}),
+                HasSubstr("none/p.cdb: there is no such folder"));
 }
 
 TEST_F(NewProject, OneThatCannotBeFilledLeavesNeitherFileNorLog)

@@ -85,6 +85,7 @@ TEST_F(RawCommand, DelTakesTheKeyAwayOnce)
     done({"del", file, "77", "5"});
     EXPECT_EQ(fails(1, {"del", file, "77", "5"}), "mrl-lc: " + file + ": there is no key 77/5\n");
     EXPECT_EQ(fails(1, {"get", file, "77", "5"}), "mrl-lc: " + file + ": there is no key 77/5\n");
+    EXPECT_EQ(fails(1, {"get", file, "14", "ZZ"}), "mrl-lc: " + file + ": there is no key 14/ZZ\n");
 }
 
 TEST_F(RawCommand, BytesAndNumbersThatAreNoneAreWrongUsage)

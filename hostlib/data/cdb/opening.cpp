@@ -99,6 +99,9 @@ Result reserve(const std::string& path)
     case ENOSPC:
     case EDQUOT:
         return failure(Code::DiskFull, path, "the disk is full");
+    case ENOENT:
+    case ENOTDIR:
+        return failure(Code::NoFile, path, "there is no such folder");
     default:
         return failure(Code::NoFile, path, std::strerror(errno));
     }
