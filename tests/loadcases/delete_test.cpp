@@ -174,9 +174,99 @@ TEST_F(LoadcaseDelete, LoadCasesOfADeletedActionGoWithoutAQuestionAndLeaveTheirN
     EXPECT_THAT(tabs.numbers(), testing::ElementsAre(2, 3, 4, 6));
 }
 
+TEST_F(LoadcaseDelete, EachDeletedRowTakesOneNoteWithIt)
+{
+    const Tabs tabs(project);
+    const auto copyOf1 = [&tabs] {
+        tabs.select({1});
+        ModalAnswers answers;
+        answers.key(Qt::Key_Return);
+        tabs.lc->slot_copyClicked();
+    };
+    copyOf1(); // 7, which goes with its action and leaves its note
+    tabs.lc->removeActionLoadcases(permanent());
+    tabs.select({2});
+    for (const int expected : {3, 5}) {
+        tabs.lc->slot_newClicked();
+        ASSERT_GE(tabs.row(expected), 0);
+        tabs.select({2});
+    }
+    tabs.select({6});
+    {
+        ModalAnswers answers;
+        answers.key(Qt::Key_Return);
+        tabs.lc->slot_copyClicked(); // 7 again
+    }
+    ASSERT_EQ(tabs.lc->getCopies().size(), 2u);
+    EXPECT_EQ(tabs.lc->getCopies()[0].target, 7);
+    EXPECT_EQ(tabs.lc->getCopies()[1].target, 7);
+    tabs.select({7});
+    ModalAnswers answers;
+    answers.click("Yes");
+    tabs.lc->slot_deleteClicked();
+    ASSERT_EQ(tabs.lc->getCopies().size(), 1u);
+    EXPECT_EQ(tabs.lc->getCopies()[0].source, 6) << "the first note with the number went";
+}
+
+TEST_F(LoadcaseDelete, UseOfAnActionIsToldAsItIsAfterEachCommand)
+{
+    project.putLoadcase(9, following(code("X")));
+    LCM_LoadcaseWidget unfilled(project.db(), nullptr, "loadcasewidget");
+    EXPECT_FALSE(unfilled.isActionUsed(permanent()));
+    unfilled.fillTable();
+    EXPECT_TRUE(unfilled.isActionUsed(permanent()));
+
+    // One question after the other, without a turn of the event loop between them.
+    const Tabs tabs(project);
+    EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
+    tabs.actions->slot_addAllClicked();
+    tabs.chooseAction(2, code("W"));
+    EXPECT_TRUE(tabs.lc->isActionUsed(action("W")));
+    LCM_LoadcaseEntry entry;
+    entry.number = 2;
+    entry.record = following(70);
+    tabs.lc->fillRow(tabs.row(2), entry);
+    EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
+    tabs.select({4, 6});
+    EXPECT_TRUE(tabs.lc->isActionUsed(variable()));
+    {
+        ModalAnswers answers;
+        answers.then([&tabs](QWidget* box) {
+            EXPECT_TRUE(tabs.lc->isActionUsed(variable()));
+            QTest::mouseClick(ModalAnswers::buttonOf(box, "Yes"), Qt::LeftButton);
+        });
+        tabs.lc->slot_deleteClicked();
+    }
+    EXPECT_FALSE(tabs.lc->isActionUsed(variable()));
+    tabs.lc->removeActionLoadcases(permanent());
+    EXPECT_FALSE(tabs.lc->isActionUsed(permanent()));
+}
+
+TEST_F(LoadcaseDelete, UseOfAnActionIsLookedUpAnewForEachCommand)
+{
+    const Tabs tabs(project);
+    EXPECT_TRUE(tabs.lc->isActionUsed(permanent()));
+    {
+        const QSignalBlocker quiet(tabs.table); // cells that somebody else changes report nothing
+        for (const int number : {1, 3, 5})
+            tabs.chooseAction(number, code("Q"));
+    }
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(tabs.lc->isActionUsed(permanent()));
+}
+
+TEST_F(LoadcaseDelete, EmptyTableUsesNoAction)
+{
+    const Project empty;
+    const Tabs tabs(empty);
+    for (const tagCDB_LC_ACT& any : {tagCDB_LC_ACT(permanent()), tagCDB_LC_ACT(variable()), tagCDB_LC_ACT{}})
+        EXPECT_FALSE(tabs.lc->isActionUsed(any));
+}
+
 TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
 {
-    for (int number = 7; number <= 10; ++number)
+    // Rows that stay before, between and behind those that go.
+    for (const int number : {1, 2, 7, 8})
         project.putLoadcase(number, standalone());
     const auto afterBoth = [&](bool together, const tagCDB_LC_ACT& first, const tagCDB_LC_ACT& second) {
         const Tabs tabs(project);
@@ -191,6 +281,11 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, variable(), permanent()), afterBoth(false, variable(), permanent()));
     EXPECT_EQ(afterBoth(true, variable(), action("X")), afterBoth(false, variable(), action("X")));
+    EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{7});
+    for (const int number : {7, 8})
+        project.putLoadcase(number, following(code("Q"))); // the last rows go
+    EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
+    EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{2});
 }
 
 TEST_F(LoadcaseDelete, ActionsTabDeletesAnActionWithItsLoadCases)

@@ -3,6 +3,7 @@
 #include "host/mrl_widgets.h"
 #include "lcdata/packing.h"
 #include "support/loadcase_project.h"
+#include "support/modal_answers.h"
 
 namespace {
 
@@ -141,6 +142,8 @@ TEST_F(LoadcaseEdit, TitleEditLeavesTheFactorsAloneAndSetsModified)
     EXPECT_TRUE(tabs.lc->isModified());
     EXPECT_FALSE(tabs.lc->isItemFromAction(tabs.row(1), LC_COL_TITLE));
     EXPECT_EQ(tabs.value(1, LC_COL_GAMA), 1.0f);
+    tabs.cell(1, LC_COL_TITLE)->setText("-99999");
+    EXPECT_FALSE(tabs.lc->isItemFromAction(tabs.row(1), LC_COL_TITLE)) << "a text is no factor";
 }
 
 TEST_F(LoadcaseEdit, LoadcasesAloneAreNotJudged)
@@ -169,6 +172,48 @@ TEST_F(LoadcaseEdit, DeadWeightFollowsGravityAndTheBox)
     EXPECT_EQ(components.dlz, -2.0f);
     box->setChecked(false);
     EXPECT_EQ(tabs.read(2).record.dlx, 0.0f) << "the choice decides what is stored";
+}
+
+TEST_F(LoadcaseEdit, ChangeOfActionDropsWhatTheHiddenComponentsHeld)
+{
+    tagCDB_LC_CTRL record = following(code("G"));
+    record.dlx = 0.5f;
+    record.dlz = -1.0f;
+    project.putLoadcase(5, record);
+    const Tabs tabs(project);
+    EXPECT_EQ(tabs.value(5, LC_COL_DLX), 0.5f);
+    tabs.chooseAction(5, code("Q"));
+    EXPECT_EQ(tabs.value(5, LC_COL_DLX), 0.0f);
+    EXPECT_EQ(tabs.value(5, LC_COL_DLZ), 1.0f);
+}
+
+TEST_F(LoadcaseEdit, ColoursStayWhenTheActionGoes)
+{
+    const Tabs tabs(project);
+    tabs.enterAction(code("G"), ACT_COL_GAMF, 2.0f);
+    tabs.select({2});
+    tabs.cell(2, LC_COL_TITLE)->setText("judged");
+    ASSERT_TRUE(tabs.isRed(2, LC_COL_GAMF));
+    tabs.chooseAction(2, 0);
+    EXPECT_TRUE(tabs.isValid(2)) << "a row without an action is not looked at";
+    EXPECT_TRUE(tabs.isRed(2, LC_COL_GAMF));
+    EXPECT_FALSE(tabs.cell(2, LC_COL_GAMF)->toolTip().isEmpty());
+    tabs.chooseAction(2, code("Q"));
+    EXPECT_FALSE(tabs.isRed(2, LC_COL_GAMF));
+    EXPECT_TRUE(tabs.cell(2, LC_COL_GAMF)->toolTip().isEmpty());
+}
+
+TEST_F(LoadcaseEdit, ChosenMarkerMeansTheActionThatItNames)
+{
+    project.putLoadcase(5, following(code("Ab")));
+    project.putLoadcase(6, following(code("X")));
+    const Tabs tabs(project);
+    tabs.chooseAction(5, tabs.actionId(6));
+    EXPECT_EQ(tabs.read(5).record.action, code("X"));
+    tabs.enterAction(code("G"), ACT_COL_GAMU, 1.3f);
+    tabs.actions->slot_addAllClicked(); // the list is made anew
+    EXPECT_EQ(tabs.read(5).record.action, code("X"));
+    EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action X    is missing ***");
 }
 
 TEST_F(LoadcaseEdit, PlaneSystemStoresNoComponentInZ)
@@ -219,6 +264,18 @@ TEST_F(LoadcaseEdit, SortedByAFactorEveryRecordStaysItsOwn)
     tabs.lc->slot_newClicked();
     expected[40] = expected[15];
     compare("new");
+
+    tabs.select({18, 20});
+    {
+        mrl::test::ModalAnswers answers;
+        answers.key(Qt::Key_Return).key(Qt::Key_Return);
+        tabs.lc->slot_copyClicked(); // in the order of the rows, 41 and 42
+    }
+    const auto copies = tabs.lc->getCopies();
+    ASSERT_EQ(copies.size(), 2u);
+    for (const LCM_LoadcaseCopy& copy : copies)
+        expected[copy.target] = expected[copy.source];
+    compare("copies");
 
     tabs.enter(15, LC_COL_PSI0, 0.99f);
     expected[15].psi0 = 0.99f;

@@ -79,6 +79,19 @@ TEST(LoadcaseTable, StandsSortedByNumberWithItsTitles)
     EXPECT_FALSE(tabs.lc->isModified());
 }
 
+TEST(LoadcaseTable, FillingSortsByNumberHoweverTheEmptyTableWasSorted)
+{
+    const Project project;
+    for (const int number : {1, 2, 3})
+        project.putLoadcase(number, following(70));
+    LCM_LoadcaseWidget tab(project.db(), nullptr, "loadcasewidget");
+    auto* table = static_cast<MRL_H_TableWidget*>(tab.tableWidget());
+    table->sortByColumn(0, Qt::DescendingOrder);
+    tab.fillTable();
+    for (int row = 0; row < 3; ++row)
+        EXPECT_EQ(tab.getItemVal(row, LC_COL_NUMBER), static_cast<float>(row + 1));
+}
+
 TEST(LoadcaseTable, RowShowsItsActionsFactorsReadOnly)
 {
     const Project project;
@@ -216,10 +229,10 @@ TEST(LoadcaseTable, NumberIsExactToTheLastDigit)
 TEST(LoadcaseTable, LoadcasesAloneTakeTheirFactorsFromTheModel)
 {
     const Project project;
-    project.putAction(variable());
+    project.putAction(variable().gamu(1.4f)); // not as the design code has it
     project.putLoadcase(1, following(code("Q")));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
-    EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.5f);
+    EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.4f);
     EXPECT_TRUE(tabs.isValid(1));
 }
 

@@ -4,8 +4,11 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QTest>
 
 #include "host/mrl_table.h"
@@ -34,6 +37,25 @@ class NumberDialog : public testing::Test
         QTest::keyClick(focus(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(focus(), text);
     }
+    /// Drags the handle from the left end to the middle of the slider.
+    void drag()
+    {
+        auto* handle = slider()->findChild<QSlider*>();
+        QStyleOptionSlider look;
+        look.initFrom(handle);
+        look.orientation = Qt::Horizontal;
+        look.minimum = handle->minimum();
+        look.maximum = handle->maximum();
+        look.sliderPosition = look.sliderValue = handle->value();
+        const QPoint from = handle->style()
+                                ->subControlRect(QStyle::CC_Slider, &look, QStyle::SC_SliderHandle, handle)
+                                .center();
+        const QPoint to(handle->width() / 2, from.y());
+        QTest::mousePress(handle, Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, handle->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(handle, &move);
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, to);
+    }
     MySlider* slider() { return m_dialog->findChild<MySlider*>("slider lc number"); }
 
   private:
@@ -58,6 +80,12 @@ TEST_F(NumberDialog, OffersTheProposalWithTheFocusOnIt)
     EXPECT_EQ(dialog().findChild<QLabel*>("lblCopyFrom")->text(), "Copy from: 2");
     EXPECT_TRUE(slider()->isAncestorOf(focus()));
     EXPECT_FALSE(slider()->isCorrected());
+    std::vector<QString> labels;
+    for (const QLabel* label : dialog().findChildren<QLabel*>())
+        labels.push_back(label->text());
+    EXPECT_THAT(labels, testing::IsSupersetOf({QString("Target loadcase:"), QString("Factor:")}));
+    QTest::keyClicks(focus(), "41");
+    EXPECT_EQ(dialog().number(), 41) << "what is typed replaces the proposal, which stands selected";
 }
 
 TEST_F(NumberDialog, FreeNumberIsAcceptedByReturn)
@@ -106,6 +134,54 @@ TEST_F(NumberDialog, NoKeepsTheDialogOpenWithTheFreeNumberAndAsksNoMore)
     EXPECT_EQ(dialog().number(), 7);
 }
 
+TEST_F(NumberDialog, FreeNumberAfterATakenOneIsAcceptedWithoutAQuestion)
+{
+    open({1, 2, 5}, false, proposal(3));
+    type("5");
+    QTest::keyClick(focus(), Qt::Key_Tab); // the number counts when it is left
+    EXPECT_EQ(dialog().number(), 6);
+    EXPECT_TRUE(slider()->isCorrected());
+    slider()->setLineEditFocus();
+    type("9");
+    QTest::keyClick(focus(), Qt::Key_Return);
+    EXPECT_FALSE(dialog().isVisible());
+    EXPECT_EQ(dialog().number(), 9);
+}
+
+TEST_F(NumberDialog, EscapeDoesNotAnswerTheQuestion)
+{
+    open({1, 2, 5}, false, proposal(3));
+    type("5");
+    ModalAnswers answers;
+    answers.then([](QWidget* box) {
+        QTest::keyClick(box, Qt::Key_Escape);
+        EXPECT_TRUE(box->isVisible());
+        QTest::mouseClick(ModalAnswers::buttonOf(box, "Yes"), Qt::LeftButton);
+    });
+    QTest::keyClick(focus(), Qt::Key_Return);
+    EXPECT_FALSE(dialog().isVisible());
+    EXPECT_EQ(dialog().number(), 6);
+}
+
+TEST_F(NumberDialog, NumbersRunFromOneTo999999)
+{
+    open({}, false, proposal(3));
+    slider()->setDisplayValue(0);
+    EXPECT_EQ(dialog().number(), 1);
+    slider()->setDisplayValue(1000000);
+    EXPECT_EQ(dialog().number(), 999999);
+}
+
+TEST_F(NumberDialog, WiderDialogGivesItsRoomToTheSlider)
+{
+    open({}, false, proposal(3));
+    const auto* input = slider()->findChild<QAbstractSpinBox*>();
+    const int width = input->width();
+    dialog().resize(dialog().width() + 400, dialog().height());
+    QTRY_VERIFY(slider()->width() > 400);
+    EXPECT_EQ(input->width(), width);
+}
+
 TEST_F(NumberDialog, TakenProposalIsRefused)
 {
     open({999999}, false, proposal(999999));
@@ -146,7 +222,35 @@ TEST_F(NumberDialog, EscapeGivesUp)
     EXPECT_EQ(dialog().result(), QDialog::Rejected);
 }
 
-TEST_F(NumberDialog, DraggingPassesOverTakenNumbers)
+TEST_F(NumberDialog, NumberDraggedWithTheMouseIsTaken)
+{
+    open({}, false, proposal(1));
+    drag();
+    const int dragged = dialog().number();
+    EXPECT_GT(dragged, 100000);
+    EXPECT_EQ(slider()->wantedNumber(), dragged);
+
+    open({dragged, dragged + 1}, true, proposal(1, 1));
+    drag();
+    EXPECT_EQ(dialog().number(), dragged + 2);
+    EXPECT_TRUE(slider()->isCorrected());
+    {
+        ModalAnswers answers;
+        answers.click("No");
+        QTest::mouseClick(dialog().findChild<MRL_QT_Ok*>("buttons")->cmdOk(), Qt::LeftButton);
+        ASSERT_EQ(answers.boxes().size(), 1u);
+        EXPECT_EQ(answers.boxes()[0].text,
+                  QString("Number %1 is already in use. Next free number is %2. Should the next free number "
+                          "be used?")
+                      .arg(dragged)
+                      .arg(dragged + 2));
+    }
+    EXPECT_TRUE(dialog().isVisible());
+    QTest::mouseClick(dialog().findChild<MRL_QT_Ok*>("buttons")->cmdCancel(), Qt::LeftButton);
+    EXPECT_EQ(dialog().result(), QDialog::Rejected);
+}
+
+TEST_F(NumberDialog, ArrowKeysOnTheSliderPassOverTakenNumbers)
 {
     open({1, 2, 4, 5}, false, proposal(3));
     auto* handle = slider()->findChild<QSlider*>();

@@ -72,12 +72,16 @@ TEST_F(LoadcaseReconcile, WithoutActionsOnlyTheFixedEntriesAreOffered)
 
 TEST_F(LoadcaseReconcile, ChangedFactorShowsInItsLoadCasesAndNowhereElse)
 {
+    tagCDB_LC_CTRL record = following(code("G"));
+    record.dlx = 0.5f; // hidden
+    project.putLoadcase(4, record);
     const Tabs tabs(project);
     tabs.enterAction(code("Q"), ACT_COL_PSI1S, 0.95f);
     EXPECT_EQ(tabs.value(2, LC_COL_PSI1S), 0.95f);
     EXPECT_EQ(tabs.value(1, LC_COL_PSI1S), 1.0f);
     EXPECT_EQ(tabs.value(3, LC_COL_PSI1S), 0.0f);
     EXPECT_EQ(bits(tabs.read(2).record.psi1), bits(LC_UNDEFINED));
+    EXPECT_EQ(tabs.value(4, LC_COL_DLX), 0.5f) << "another action's row isn't even read again";
     EXPECT_FALSE(tabs.lc->isModified()) << "the load case's record stays what it was";
 }
 
@@ -91,6 +95,74 @@ TEST_F(LoadcaseReconcile, TitleOfAnActionRefreshesLabelsAndAllVerdicts)
     EXPECT_FALSE(tabs.isValid(1));
     EXPECT_TRUE(tabs.lc->isModified());
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
+    EXPECT_TRUE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_ACTION)) << "the label reports like an edit";
+}
+
+TEST_F(LoadcaseReconcile, NoneAndImperfectionsStayWhatTheyAreInARebuild)
+{
+    tagCDB_LC_CTRL record = standalone();
+    record.gamf = 0.75f;
+    project.putLoadcase(3, record);
+    project.putLoadcase(4, following(70));
+    const Tabs tabs(project);
+    setTitle(tabs, code("G"), "any change");
+    EXPECT_EQ(tabs.text(3, LC_COL_ACTION), "None");
+    EXPECT_EQ(tabs.value(3, LC_COL_GAMF), 0.75f);
+    EXPECT_EQ(tabs.text(4, LC_COL_ACTION), "IMP  Imperfection");
+    EXPECT_EQ(tabs.read(4).record.action, 70);
+    EXPECT_TRUE(tabs.lc->isValid());
+}
+
+TEST_F(LoadcaseReconcile, LinkingTheActionsTabOffersItsRows)
+{
+    LCM_LoadcaseWidget loadcases(project.db(), nullptr, "loadcasewidget");
+    LCM_ActionsWidget actions(&loadcases, project.db(), 0, nullptr, "actionswidget");
+    actions.fillTable();
+    actions.tableWidget()->itemOnColId(0, ACT_COL_DESCRIPTION)->setText("Own title");
+    loadcases.setActionsWidget(&actions);
+    auto* header = static_cast<MRL_H_TwHeaderComboBoxItem*>(
+        static_cast<MRL_H_TableWidget*>(loadcases.tableWidget())->horizontalHeaderItemOnColId(LC_COL_ACTION));
+    EXPECT_EQ(std::next(header->getComboEntries(0).begin(), 2)->text, "G    Own title");
+}
+
+TEST_F(LoadcaseReconcile, ListFollowsTheRowsOfTheActionsTab)
+{
+    const Tabs tabs(project);
+    auto* actions = static_cast<MRL_H_TableWidget*>(tabs.actions->tableWidget());
+    actions->sortByColumn(actions->getColumnNumber(ACT_COL_ACTION), Qt::DescendingOrder);
+    setTitle(tabs, code("G"), "Dead");
+    EXPECT_THAT(offered(tabs),
+                testing::ElementsAre("None", "IMP  Imperfection", "Q    Variable", "G    Dead"));
+}
+
+TEST_F(LoadcaseReconcile, LoadCasesAloneHearOfNoAction)
+{
+    const Tabs tabs(project, Tabs::LoadcasesAlone);
+    tabs.lc->slot_actionValuesChanged(0, 0);
+    tabs.lc->slot_reinitActions({0, 1});
+    EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
+    EXPECT_FALSE(tabs.lc->isModified());
+}
+
+TEST_F(LoadcaseReconcile, ChangedActionsUseIsToldAtOnce)
+{
+    const Tabs tabs(project);
+    EXPECT_TRUE(tabs.lc->isActionUsed(variable()));
+    dropAction(tabs, code("Q"));
+    EXPECT_FALSE(tabs.lc->isActionUsed(variable())) << "its load case shows the marker";
+}
+
+TEST_F(LoadcaseReconcile, MissingMixedCaseActionKeepsItsWordThroughRebuilds)
+{
+    project.putLoadcase(5, following(code("Ab")));
+    const Tabs tabs(project);
+    EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action Ab   is missing ***");
+    for (const char* title : {"one", "two"}) {
+        setTitle(tabs, code("G"), title);
+        EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action AB   is missing ***");
+        EXPECT_EQ(tabs.read(5).record.action, code("Ab"));
+        EXPECT_FALSE(tabs.isValid(5));
+    }
 }
 
 TEST_F(LoadcaseReconcile, LostActionLeavesTheMarkerAndItHeals)
@@ -187,6 +259,31 @@ TEST_F(LoadcaseReconcile, ReinitialisedActionShowsItsDefaultsInItsLoadCases)
     tabs.actions->slot_reInitSelectedActions();
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
     EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.35f);
+    EXPECT_FALSE(tabs.lc->isModified()) << "no cell was marked";
+}
+
+TEST_F(LoadcaseReconcile, ReinitialisingJudgesTheSelectedRowsWhoseMarkedCellsChange)
+{
+    const Tabs tabs(project);
+    tabs.select({2});
+    tabs.enterAction(code("Q"), ACT_COL_GAMF, 9.0f);
+    tabs.cell(2, LC_COL_TITLE)->setText("judged");
+    ASSERT_FALSE(tabs.isValid(2));
+    tabs.enterAction(code("Q"), ACT_COL_PSI2, LC_UNDEFINED);
+    tabs.selectAction(code("Q"));
+    tabs.actions->slot_reInitSelectedActions();
+    EXPECT_TRUE(tabs.isValid(2));
+    EXPECT_FALSE(tabs.isRed(2, LC_COL_GAMF));
+}
+
+TEST_F(LoadcaseReconcile, MarkedCellThatShowsTheFactorAlreadyIsNoEdit)
+{
+    const Tabs tabs(project);
+    tabs.enterAction(code("Q"), ACT_COL_PSI2, LC_UNDEFINED);
+    ASSERT_TRUE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_PSI2));
+    tabs.lc->slot_reinitActions({tabs.actionRow(code("Q"))});
+    EXPECT_EQ(tabs.text(2, LC_COL_PSI2), "");
+    EXPECT_FALSE(tabs.lc->isModified());
 }
 
 TEST_F(LoadcaseReconcile, MarkedCellsTakeTheTextOfTheActionsFactor)
@@ -206,10 +303,11 @@ TEST_F(LoadcaseReconcile, MarkedCellsTakeTheTextOfTheActionsFactor)
 class BusyWatch : public QObject
 {
   public:
-    BusyWatch() { qApp->installEventFilter(this); }
+    explicit BusyWatch(const Tabs& tabs) : m_tabs(tabs) { qApp->installEventFilter(this); }
     int shown = 0;
     int painted = 0;
     QString text;
+    float factor = 0.0f; ///< of load case 1 when the dialog was painted first
 
     bool eventFilter(QObject* object, QEvent* event) override
     {
@@ -219,11 +317,14 @@ class BusyWatch : public QObject
             EXPECT_TRUE(busy->isModal());
         }
         if (busy && event->type() == QEvent::Paint) {
-            ++painted;
+            factor = painted++ == 0 ? m_tabs.value(1, LC_COL_GAMU) : factor;
             text = busy->findChild<QLabel*>()->text();
         }
         return false;
     }
+
+  private:
+    const Tabs& m_tabs;
 };
 
 class BusyDialog : public testing::TestWithParam<int>
@@ -238,12 +339,15 @@ TEST_P(BusyDialog, IsShownAndPaintedFrom150RowsOn)
         project.putLoadcase(number, following(code("G")));
     Tabs tabs(project);
     tabs.show();
-    BusyWatch watch;
+    tabs.enterAction(code("G"), ACT_COL_GAMU, 9.0f);
+    BusyWatch watch(tabs);
     tabs.actions->slot_reInitAllActions();
     const bool expected = GetParam() >= 150;
     EXPECT_EQ(watch.shown, expected ? 1 : 0);
     EXPECT_EQ(watch.painted > 0, expected);
+    EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.35f);
     if (expected) {
+        EXPECT_EQ(watch.factor, 9.0f) << "painted before the work begins";
         EXPECT_EQ(watch.text, "The loadcases will be checked because of changed action values.");
     }
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
