@@ -39,6 +39,15 @@ class Ranges : public FileProject
     int copy = -1;
 };
 
+TEST_F(Ranges, GroupsAreThoseThatHaveAKey)
+{
+    fill();
+    std::set<int> found{99};
+    EXPECT_TRUE(mrl::cdb::groups(db, found));
+    EXPECT_THAT(found, ElementsAre(12, 14, 99)) << "beside what was there";
+    EXPECT_EQ(mrl::cdb::groups(-1, found).code, Code::NotOpen);
+}
+
 TEST_F(Ranges, FactsOfAnotherProjectReplaceThoseThatAreThere)
 {
     using mrl::cdb::fact;

@@ -36,22 +36,21 @@ Result setFact(int db, const std::string& name, const std::string& value)
 
 Result replaceFacts(int from, int to)
 {
-    auto* source = Registry::instance().find(from);
-    auto* target = Registry::instance().find(to);
-    if (source == nullptr || target == nullptr)
-        return notOpen(source == nullptr ? from : to);
+    const Both both(from, to);
+    if (!both.found)
+        return both.found;
     Transaction transaction(to);
     if (Result state = transaction.state(); !state)
         return state;
     Facts wanted;
     Facts present;
-    if (Result read = source->facts(wanted); !read)
+    if (Result read = both.first->facts(wanted); !read)
         return read;
-    if (Result read = target->facts(present); !read)
+    if (Result read = both.second->facts(present); !read)
         return read;
     for (const auto& [name, value] : present)
         wanted.emplace(name, std::string());
-    if (Result set = setFacts(*target, wanted); !set)
+    if (Result set = setFacts(*both.second, wanted); !set)
         return set;
     return transaction.commit();
 }

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -180,6 +181,9 @@ inline bool operator!=(const Key& a, const Key& b) { return !(a == b); }
 /// Keys in ascending order. @param out [out] receives them behind what it holds
 MRL_HOST_API Result keys(int db, std::vector<Key>& out);
 MRL_HOST_API Result keys(int db, const KeyRange& range, std::vector<Key>& out);
+
+/// The groups that have a key. @param out [out] receives them beside what it holds
+MRL_HOST_API Result groups(int db, std::set<int>& out);
 
 /// What a key range holds, in a few words: equal content has an equal fingerprint, and different content has
 /// a different one but for a chance of one in four milliards.

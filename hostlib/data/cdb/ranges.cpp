@@ -160,6 +160,20 @@ Result copyKeys(Database& from, Database& to, const KeyRange& range, const std::
     return reader.result();
 }
 
+/// @param run gives the group and the element of each record, in order
+Result collectKeys(Database& database, Run& run, std::vector<Key>& out)
+{
+    int status = SQLITE_OK;
+    bool first = true;
+    while ((status = run.step()) == SQLITE_ROW) {
+        const Key key{run.integer(0), run.integer(1)};
+        if (first || out.back() != key)
+            out.push_back(key);
+        first = false;
+    }
+    return status == SQLITE_DONE ? Result{} : database.readFailed(status);
+}
+
 } // namespace
 
 Result keys(int db, const KeyRange& range, std::vector<Key>& out)
@@ -167,18 +181,9 @@ Result keys(int db, const KeyRange& range, std::vector<Key>& out)
     auto* database = Registry::instance().find(db);
     if (database == nullptr)
         return notOpen(db);
-    Statement text("SELECT kwl FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 ORDER BY kwh,kwl");
+    Statement text("SELECT kwh,kwl FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 ORDER BY kwh,kwl");
     Run run(text, database->connection());
-    run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
-    int status = SQLITE_OK;
-    bool first = true;
-    while ((status = run.step()) == SQLITE_ROW) {
-        const Key key{range.kwh, run.integer(0)};
-        if (first || out.back() != key)
-            out.push_back(key);
-        first = false;
-    }
-    return status == SQLITE_DONE ? Result{} : database->readFailed(status);
+    return collectKeys(*database, run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last), out);
 }
 
 Result keys(int db, std::vector<Key>& out)
@@ -188,14 +193,19 @@ Result keys(int db, std::vector<Key>& out)
         return notOpen(db);
     Statement text("SELECT kwh,kwl FROM record ORDER BY kwh,kwl");
     Run run(text, database->connection());
+    return collectKeys(*database, run, out);
+}
+
+Result groups(int db, std::set<int>& out)
+{
+    auto* database = Registry::instance().find(db);
+    if (database == nullptr)
+        return notOpen(db);
+    Statement text("SELECT DISTINCT kwh FROM record");
+    Run run(text, database->connection());
     int status = SQLITE_OK;
-    bool first = true;
-    while ((status = run.step()) == SQLITE_ROW) {
-        const Key key{run.integer(0), run.integer(1)};
-        if (first || out.back() != key)
-            out.push_back(key);
-        first = false;
-    }
+    while ((status = run.step()) == SQLITE_ROW)
+        out.insert(run.integer(0));
     return status == SQLITE_DONE ? Result{} : database->readFailed(status);
 }
 
@@ -225,12 +235,11 @@ Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
 Result rangesEqual(int a, int b, const KeyRange& range, bool& equal)
 {
     equal = false;
-    auto* left = Registry::instance().find(a);
-    auto* right = Registry::instance().find(b);
-    if (left == nullptr || right == nullptr)
-        return notOpen(left == nullptr ? a : b);
+    const Both both(a, b);
+    if (!both.found)
+        return both.found;
     bool differs = false;
-    Result result = compare(*left, *right, range, [&](const Difference&) {
+    Result result = compare(*both.first, *both.second, range, [&](const Difference&) {
         differs = true;
         return false;
     });
@@ -242,21 +251,20 @@ Result replaceRange(int from, int to, const KeyRange& range, int* changed)
 {
     if (changed != nullptr)
         *changed = 0;
-    auto* source = Registry::instance().find(from);
-    auto* target = Registry::instance().find(to);
-    if (source == nullptr || target == nullptr)
-        return notOpen(source == nullptr ? from : to);
+    const Both both(from, to);
+    if (!both.found)
+        return both.found;
     // The lock comes ahead of the comparison: what is compared must still be there when it is written.
     Transaction transaction(to);
     if (Result state = transaction.state(); !state)
         return state;
     std::vector<Difference> differing;
-    Result result = compare(*source, *target, range, [&](const Difference& difference) {
+    Result result = compare(*both.first, *both.second, range, [&](const Difference& difference) {
         differing.push_back(difference);
         return true;
     });
     if (result)
-        result = copyKeys(*source, *target, range, differing);
+        result = copyKeys(*both.first, *both.second, range, differing);
     if (!result)
         return result;
     if (changed != nullptr)

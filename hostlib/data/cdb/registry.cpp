@@ -1,5 +1,7 @@
 #include "hostlib/data/cdb/registry.h"
 
+#include "hostlib/data/cdb/errors.h"
+
 namespace mrl::cdb {
 
 Registry& Registry::instance()
@@ -39,6 +41,12 @@ void Registry::resumeAll()
     for (const auto& database : databases)
         if (database)
             database->resume();
+}
+
+Both::Both(int a, int b) : first(Registry::instance().find(a)), second(Registry::instance().find(b))
+{
+    if (first == nullptr || second == nullptr)
+        found = notOpen(first == nullptr ? a : b);
 }
 
 } // namespace mrl::cdb

@@ -34,4 +34,14 @@ class Registry
     int pauses = 0;
 };
 
+/// Two open databases.
+struct Both
+{
+    Both(int a, int b);
+
+    Database* first;
+    Database* second;
+    Result found; ///< which of them isn't open, the first one if neither is
+};
+
 } // namespace mrl::cdb

@@ -37,15 +37,6 @@ bool sameRange(const cdb::KeyRange& a, const cdb::KeyRange& b)
     return a.kwh == b.kwh && a.first == b.first && a.last == b.last;
 }
 
-cdb::Result addGroups(int db, std::set<int>& groups)
-{
-    std::vector<cdb::Key> keys;
-    auto result = cdb::keys(db, keys);
-    for (const auto& key : keys)
-        groups.insert(key.kwh);
-    return result;
-}
-
 /// Closes a database that nobody has taken over, and removes the file that was made for it.
 class Unclaimed
 {
@@ -71,9 +62,9 @@ class Unclaimed
 cdb::Result replaceAll(int from, int to)
 {
     std::set<int> groups;
-    if (auto result = addGroups(from, groups); !result)
+    if (auto result = cdb::groups(from, groups); !result)
         return result;
-    if (auto result = addGroups(to, groups); !result)
+    if (auto result = cdb::groups(to, groups); !result)
         return result;
     for (const int kwh : groups) {
         if (auto result = cdb::replaceRange(from, to, {kwh}); !result)

@@ -20,15 +20,6 @@ cdb::Fingerprint together(const cdb::Fingerprint& a, const cdb::Fingerprint& b)
     return {a.count + b.count, a.mix ^ b.mix, a.sum + b.sum};
 }
 
-cdb::Result addGroups(int db, std::set<int>& groups)
-{
-    std::vector<cdb::Key> keys;
-    auto result = cdb::keys(db, keys);
-    for (const auto& key : keys)
-        groups.insert(key.kwh);
-    return result;
-}
-
 } // namespace
 
 SyncState::Pieces& SyncState::piecesOf(int kwh)
@@ -44,7 +35,7 @@ cdb::Result SyncState::reset(int db)
 {
     m_groups.clear();
     std::set<int> groups;
-    if (auto result = addGroups(db, groups); !result)
+    if (auto result = cdb::groups(db, groups); !result)
         return result;
     for (const int kwh : groups) {
         if (auto result = note(db, {kwh}); !result)
@@ -117,7 +108,7 @@ cdb::Result SyncState::differs(int db, bool& different) const
 {
     different = true;
     std::set<int> groups;
-    if (auto result = addGroups(db, groups); !result)
+    if (auto result = cdb::groups(db, groups); !result)
         return result;
     for (const auto& group : m_groups)
         groups.insert(group.first);
