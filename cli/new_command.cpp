@@ -6,15 +6,12 @@
 #include "cli/failure.h"
 #include "cli/project.h"
 #include "cli/words.h"
-#include "host/mrl_cdb.h"
-#include "lcdata/actions.h"
-#include "lcdata/keys.h"
+#include "lcdata/default_actions.h"
+#include "lcdata/system.h"
 
 namespace mrl::cli {
 
 namespace {
-
-constexpr int SYSTEM_RECORD_WORDS = 352 / 4;
 
 class NewCommand : public Command
 {
@@ -54,14 +51,6 @@ std::string NewCommand::codeToStore() const
     return QDir().absoluteFilePath(qtext(*code)).toStdString();
 }
 
-void writeSystemRecord(int db, int rawClass, int gravityAxis)
-{
-    int words[SYSTEM_RECORD_WORDS] = {rawClass, gravityAxis};
-    const int length = sizeof words;
-    mrl_cdb_put(db, LC_KWH_SYSTEM, 0, words, &length, 0);
-    mrl_cdb_free_ex(db, LC_KWH_SYSTEM, 0);
-}
-
 void NewCommand::fill(Project& project) const
 {
     const cdb::Result named = cdb::setFact(project.db(), "designcode", codeToStore());
@@ -70,13 +59,9 @@ void NewCommand::fill(Project& project) const
     }
     const std::string chosenSystem = system.value_or("spatial");
     const std::string axis = gravity.value_or(chosenSystem == "plane" ? "-Y" : "-Z");
-    writeSystemRecord(project.db(), rawSystemClasses().at(chosenSystem), gravityAxes().at(axis));
+    lcm_write_system(project.db(), rawSystemClasses().at(chosenSystem), gravityAxes().at(axis));
     if (defaultActions) {
-        std::vector<int> codes;
-        mrl_lc_get_default_action_list(project.db(), codes);
-        for (const int action : codes) {
-            mrl_lc_create_default_action(project.db(), action);
-        }
+        lcm_store_default_actions(project.db());
     }
     project.throwOnError();
     project.commit();

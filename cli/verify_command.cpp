@@ -6,13 +6,11 @@
 #include "cli/raw_records.h"
 #include "lcdata/keys.h"
 #include "lcdata/records.h"
+#include "lcdata/stored_load_cases.h"
 
 namespace mrl::cli {
 
 namespace {
-
-constexpr std::size_t CURRENT_RECORD_BYTES = 12;
-constexpr std::size_t SYSTEM_RECORD_BYTES = 352;
 
 class VerifyCommand : public Command
 {
@@ -45,7 +43,7 @@ std::string sizeProblem(const char* what, const std::string& record, std::size_t
 
 std::string currentProblem(const std::string& record)
 {
-    const std::string size = sizeProblem("the current-load-case record", record, CURRENT_RECORD_BYTES);
+    const std::string size = sizeProblem("the current-load-case record", record, LC_CURRENT_BYTES);
     return size.empty() && kindOf(record) != 0 ? "the current-load-case record has the kind " +
                                                      std::to_string(kindOf(record)) + " and counts as absent"
                                                : size;
@@ -56,8 +54,8 @@ std::string loadCaseProblem(int kwl, const std::string& record)
     if (kwl <= 0) {
         return "a load-case number is above 0; no walk meets this key";
     }
-    const bool own = kindOf(record) == 0 || kindOf(record) == 1;
-    return own ? sizeProblem("the load case", record, sizeof(tagCDB_LC_CTRL)) : std::string();
+    return lcm_is_own_kind(kindOf(record)) ? sizeProblem("the load case", record, sizeof(tagCDB_LC_CTRL))
+                                           : std::string();
 }
 
 /// Numeric keys, those that begin with Y and records of other kinds are other modules' business.
@@ -85,7 +83,7 @@ std::string problemOf(int kwh, int kwl, const std::string& record, bool first)
     if (kwh == LC_KWH_CURRENT && kwl == LC_KWL_CURRENT) {
         return currentProblem(record);
     }
-    return kwh == LC_KWH_SYSTEM && kwl == 0 ? sizeProblem("the system record", record, SYSTEM_RECORD_BYTES)
+    return kwh == LC_KWH_SYSTEM && kwl == 0 ? sizeProblem("the system record", record, LC_SYSTEM_BYTES)
                                             : std::string();
 }
 

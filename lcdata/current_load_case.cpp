@@ -13,7 +13,7 @@ struct CurrentRecord
     std::int32_t number;
     std::int32_t reserved; ///< carried along
 };
-static_assert(sizeof(CurrentRecord) == 12);
+static_assert(sizeof(CurrentRecord) == LC_CURRENT_BYTES);
 
 bool readCurrent(int db, CurrentRecord& record)
 {

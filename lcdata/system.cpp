@@ -8,15 +8,13 @@
 
 namespace {
 
-constexpr int SYSTEM_RECORD_BYTES = 352;
-
 struct SystemRecord
 {
     std::int32_t rawClass;
     std::int32_t gravity;
-    unsigned char others[SYSTEM_RECORD_BYTES - 8]; ///< not ours
+    unsigned char others[LC_SYSTEM_BYTES - 8]; ///< not ours
 };
-static_assert(sizeof(SystemRecord) == SYSTEM_RECORD_BYTES);
+static_assert(sizeof(SystemRecord) == LC_SYSTEM_BYTES);
 
 bool readSystem(int db, SystemRecord& record)
 {
@@ -39,4 +37,12 @@ int lcm_gravity_direction(int db)
 {
     SystemRecord record{};
     return readSystem(db, record) ? record.gravity : 1;
+}
+
+bool lcm_write_system(int db, int rawClass, int gravity)
+{
+    const SystemRecord record{rawClass, gravity, {}};
+    const LCM_KeyGuard key(db, LC_KWH_SYSTEM, 0);
+    const int length = sizeof record;
+    return mrl_cdb_put(db, LC_KWH_SYSTEM, 0, &record, &length, 0) < CD_END;
 }

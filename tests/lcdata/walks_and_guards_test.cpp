@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <climits>
 #include <stdexcept>
 
@@ -128,6 +129,17 @@ TEST_F(SystemClass, FollowsTheRawClass)
     }
     EXPECT_EQ(lcm_gravity_direction(db), -3);
     EXPECT_TRUE(otherIsCurrent());
+}
+
+TEST_F(SystemClass, OfANewProjectIsWrittenWithNothingElse)
+{
+    ASSERT_TRUE(lcm_write_system(db, 20, -2));
+    EXPECT_EQ(lcm_system_class(db), 3);
+    EXPECT_EQ(lcm_gravity_direction(db), -2);
+    const auto written = project.bytes(10, 0);
+    ASSERT_EQ(written.size(), 352u);
+    EXPECT_TRUE(std::all_of(written.begin() + 8, written.end(), [](unsigned char c) { return c == 0; }));
+    EXPECT_FALSE(lcm_write_system(-1, 0, 1));
 }
 
 TEST_F(SystemClass, WithoutARecordIsSpatialWithGravityAlongX)
