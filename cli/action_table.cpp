@@ -18,13 +18,6 @@ std::string superpositionText(const tagCDB_LC_ACT& record)
     return wordOf(superpositionIds(), lcm_superposition_id(record.partition));
 }
 
-/// As the dialog shows it.
-float shownFactor(const tagCDB_LC_ACT& record, const LCM_ActionFactor& factor)
-{
-    const float value = record.*factor.field;
-    return factor.column == ACT_COL_GAMA ? lcm_shown_gama(value) : value;
-}
-
 } // namespace
 
 Json actionJson(int code, const tagCDB_LC_ACT& record)
@@ -35,7 +28,7 @@ Json actionJson(int code, const tagCDB_LC_ACT& record)
                 {"partition", partitionText(record)},
                 {"superposition", superpositionText(record)}};
     for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-        out[factor.key] = jsonFactor(shownFactor(record, factor));
+        out[factor.key] = jsonFactor(lcm_shown_factor(record, factor));
     }
     return out;
 }
@@ -54,7 +47,7 @@ void addActionRow(Table& table, int code, const tagCDB_LC_ACT& record)
     std::vector<std::string> row{actionName(code), printable(lcm_title_text(record.title)),
                                  partitionText(record), superpositionText(record)};
     for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-        row.push_back(factorText(shownFactor(record, factor)));
+        row.push_back(factorText(lcm_shown_factor(record, factor)));
     }
     table.add(row);
 }

@@ -7,7 +7,9 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include "workbench/summary_models.h"
+#include "workbench/actions_model.h"
+#include "workbench/findings_model.h"
+#include "workbench/load_cases_model.h"
 
 namespace mrl::workbench {
 

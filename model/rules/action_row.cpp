@@ -24,11 +24,8 @@ LCM_ActionCells lcm_action_cells(const tagCDB_LC_ACT& record)
     cells.title = lcm_title_text(record.title);
     cells.partition = lcm_partition_id(record.partition);
     cells.superposition = lcm_superposition_id(record.partition);
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
-        const LCM_ActionFactor& factor = LCM_ACTION_FACTORS[i];
-        const float value = record.*factor.field;
-        cells.factors[i] = factor.column == ACT_COL_GAMA ? lcm_shown_gama(value) : value;
-    }
+    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i)
+        cells.factors[i] = lcm_shown_factor(record, LCM_ACTION_FACTORS[i]);
     return cells;
 }
 
@@ -73,4 +70,10 @@ float lcm_shown_gama(float stored)
     if (isNearly(stored, 0.0f))
         return 1.0f;
     return isNearly(stored, LC_GAMA_ZERO) ? 0.0f : stored;
+}
+
+float lcm_shown_factor(const tagCDB_LC_ACT& record, const LCM_ActionFactor& factor)
+{
+    const float value = record.*factor.field;
+    return factor.column == ACT_COL_GAMA ? lcm_shown_gama(value) : value;
 }

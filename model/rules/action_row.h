@@ -45,3 +45,6 @@ int lcm_partition_word(int partitionId, int superpositionId);
 /// The accidental safety factor as it is shown: a stored 0 stands for 1.0, and a stored 0.001 for 0.0. The
 /// way back isn't symmetric: the writing of actions stores a shown 0.0 as 0.001, and nothing stores 0.
 float lcm_shown_gama(float stored);
+
+/// A factor of a record as it is shown.
+float lcm_shown_factor(const tagCDB_LC_ACT& record, const LCM_ActionFactor& factor);

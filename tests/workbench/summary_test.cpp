@@ -8,7 +8,8 @@
 #include "lcdata/packed_text.h"
 #include "lcdata/packing.h"
 #include "tests/support/project_fixture.h"
-#include "workbench/summary_models.h"
+#include "workbench/actions_model.h"
+#include "workbench/load_cases_model.h"
 #include "workbench/summary_page.h"
 
 namespace mrl::test {

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "workbench/project_summary.h"
+#include "workbench/rows_model.h"
+
+namespace mrl::workbench {
+
+/// The stored actions.
+class ActionsModel : public RowsModel<LCM_StoredAction>
+{
+    Q_OBJECT
+  public:
+    enum Column { Name, Title, Category, Superposition, FirstFactor };
+
+    explicit ActionsModel(QObject* parent);
+    void show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+
+  protected:
+    int columns() const override { return FirstFactor + static_cast<int>(m_factors.size()); }
+    QString caption(int section) const override;
+
+  private:
+    QString text(const LCM_StoredAction& action, int column) const;
+
+    std::vector<FactorColumn> m_factors;
+};
+
+} // namespace mrl::workbench
