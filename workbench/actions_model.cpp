@@ -60,7 +60,8 @@ QString ActionsModel::text(const LCM_StoredAction& action, int column) const
         return superpositionName(action.record.partition);
     default:
         return number(lcm_shown_factor(
-            action.record, *lcm_factor_of_column(m_factors[static_cast<std::size_t>(column - FirstFactor)].column)));
+            action.record,
+            *lcm_factor_of_column(m_factors[static_cast<std::size_t>(column - FirstFactor)].column)));
     }
 }
 

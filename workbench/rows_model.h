@@ -21,7 +21,10 @@ class RowsModel : public QAbstractTableModel
     {
         return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
     }
-    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns(); }
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : columns();
+    }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
         if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
