@@ -146,6 +146,10 @@
         <source>Action</source>
         <translation>Einwirkung</translation>
     </message>
+    <message>
+        <source>Factor of the action %1</source>
+        <translation>Beiwert der Einwirkung %1</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::MainWindow</name>

@@ -1,17 +1,20 @@
 #include "workbench/load_cases_model.h"
 
 #include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
 
 #include "lcdata/action_code.h"
 #include "lcdata/keys.h"
 #include "lcdata/packed_text.h"
+#include "model/rules/action_row.h"
 #include "model/rules/loadcase_row.h"
 
 namespace mrl::workbench {
 
 namespace {
 
-QString actionOf(int word)
+QString nameOfAction(int word)
 {
     if (word == LC_ACTION_NONE)
         return LoadCasesModel::tr("none");
@@ -32,12 +35,15 @@ QVariant boldFont()
 LoadCasesModel::LoadCasesModel(QObject* parent) : RowsModel(parent) {}
 
 void LoadCasesModel::show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors,
-                          int current)
+                          int current, const std::vector<LCM_StoredAction>& actions)
 {
     beginResetModel();
     setRows(std::move(loadCases));
     m_factors = std::move(factors);
     m_current = current;
+    m_actions.clear();
+    for (const LCM_StoredAction& action : actions)
+        m_actions.emplace(action.code, action.record);
     endResetModel();
 }
 
@@ -49,7 +55,7 @@ QString LoadCasesModel::text(const LCM_StoredLoadCase& loadCase, int column) con
     case Title:
         return lcm_title_text(loadCase.record.title);
     case Action:
-        return actionOf(loadCase.record.action);
+        return nameOfAction(loadCase.record.action);
     case Dlx:
         return number(loadCase.record.dlx);
     case Dly:
@@ -57,9 +63,28 @@ QString LoadCasesModel::text(const LCM_StoredLoadCase& loadCase, int column) con
     case Dlz:
         return number(loadCase.record.dlz);
     default:
-        return number(lcm_stored_factors(
-            loadCase.record)[m_factors[static_cast<std::size_t>(column - FirstFactor)].column]);
+        const tagCDB_LC_ACT* action = actionOf(loadCase, column);
+        return number(action ? lcm_shown_factor(*action, *lcm_factor_of_column(factorColumn(column)))
+                             : ownFactor(loadCase, column));
     }
+}
+
+int LoadCasesModel::factorColumn(int column) const
+{
+    return m_factors[static_cast<std::size_t>(column - FirstFactor)].column;
+}
+
+float LoadCasesModel::ownFactor(const LCM_StoredLoadCase& loadCase, int column) const
+{
+    return lcm_stored_factors(loadCase.record)[factorColumn(column)];
+}
+
+const tagCDB_LC_ACT* LoadCasesModel::actionOf(const LCM_StoredLoadCase& loadCase, int column) const
+{
+    if (column < FirstFactor || ownFactor(loadCase, column) != LC_UNDEFINED) // NOLINT: exact by design
+        return nullptr;
+    const auto found = m_actions.find(loadCase.record.action);
+    return found == m_actions.end() ? nullptr : &found->second;
 }
 
 QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
@@ -72,7 +97,13 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return text(loadCase, index.column());
     case Qt::ToolTipRole:
+        if (actionOf(loadCase, index.column()))
+            return tr("Factor of the action %1").arg(nameOfAction(loadCase.record.action));
         return current ? tr("The current load case") : QVariant();
+    case Qt::ForegroundRole:
+        return actionOf(loadCase, index.column())
+                   ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
+                   : QVariant();
     case Qt::FontRole:
         return current ? boldFont() : QVariant();
     default:

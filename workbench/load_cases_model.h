@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "workbench/project_summary.h"
 #include "workbench/rows_model.h"
 
@@ -13,7 +15,9 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
     enum Column { Number, Title, Action, Dlx, Dly, Dlz, FirstFactor };
 
     explicit LoadCasesModel(QObject* parent);
-    void show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors, int current);
+    /// @param actions whose factors stand, greyed, where a load case has none of its own
+    void show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors, int current,
+              const std::vector<LCM_StoredAction>& actions);
 
     QVariant data(const QModelIndex& index, int role) const override;
 
@@ -23,8 +27,13 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
 
   private:
     QString text(const LCM_StoredLoadCase& loadCase, int column) const;
+    /// The action whose factor holds in a column; null where it is the load case's own, or nobody's.
+    const tagCDB_LC_ACT* actionOf(const LCM_StoredLoadCase& loadCase, int column) const;
+    float ownFactor(const LCM_StoredLoadCase& loadCase, int column) const;
+    int factorColumn(int column) const;
 
     std::vector<FactorColumn> m_factors;
+    std::map<int, tagCDB_LC_ACT> m_actions; ///< by code
     int m_current = 0;
 };
 

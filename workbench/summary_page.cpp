@@ -123,7 +123,7 @@ void SummaryPage::show(const ProjectSummary& summary)
 {
     showFacts(summary);
     m_actionsModel->show(summary.actions, summary.factors);
-    m_loadCasesModel->show(summary.loadCases, summary.factors, summary.currentLoadCase);
+    m_loadCasesModel->show(summary.loadCases, summary.factors, summary.currentLoadCase, summary.actions);
     m_findingsModel->show(summary.findings);
     fitColumns(m_actions, ActionsModel::Title);
     fitColumns(m_loadCases, LoadCasesModel::Title);

@@ -1,6 +1,7 @@
 // What the summary page says about a project.
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QPalette>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTranslator>
@@ -130,7 +131,7 @@ TEST_F(SummaryTest, ActionsAreShownAsEngineersWriteThem)
     EXPECT_EQ(shown(model, 0, ActionsModel::FirstFactor + 2), QStringLiteral("0.00")) << "Gama";
 }
 
-TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndLeaveThoseOfTheActionEmpty)
+TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndThoseOfTheirActionInGrey)
 {
     tagCDB_LC_CTRL own = loadcase().title(QStringLiteral("Own")).deadWeight(0.0f, 0.0f, -1.0f);
     own.gamu = lcm_pack_pair(1.35f, 1.0f);
@@ -142,16 +143,27 @@ TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndLeaveThoseOfTheActionEmpty)
     project.putLoadcase(1, own);
     project.putLoadcase(2, bound);
     project.putLoadcase(3, imperfection);
+    tagCDB_LC_CTRL lost = bound;
+    lost.action = codeOf("XYZ");
+    project.putLoadcase(4, lost);
+    project.putAction(action(QStringLiteral("G")).gamu(1.35f).gamf(0.75f));
     LoadCasesModel model(nullptr);
     const ProjectSummary summary = summarise(db);
-    model.show(summary.loadCases, summary.factors, 2);
+    model.show(summary.loadCases, summary.factors, 2, summary.actions);
     EXPECT_EQ(shown(model, 0, LoadCasesModel::Action), QStringLiteral("none"));
     EXPECT_EQ(shown(model, 0, LoadCasesModel::Dlz), QStringLiteral("-1.00"));
     EXPECT_EQ(shown(model, 0, LoadCasesModel::FirstFactor), QStringLiteral("1.35"));
     EXPECT_EQ(shown(model, 0, LoadCasesModel::FirstFactor + 2), QStringLiteral("1.00")) << "Gama";
     EXPECT_EQ(shown(model, 1, LoadCasesModel::Action), QStringLiteral("G"));
-    for (int column = LoadCasesModel::FirstFactor; column < model.columnCount(); ++column)
-        EXPECT_EQ(shown(model, 1, column), QString()) << column;
+    const int gamf = LoadCasesModel::FirstFactor + 1;
+    EXPECT_EQ(shown(model, 0, gamf), QStringLiteral("0.50"));
+    EXPECT_FALSE(model.index(0, gamf).data(Qt::ForegroundRole).isValid()) << "its own";
+    EXPECT_EQ(shown(model, 1, gamf), QStringLiteral("0.75"));
+    EXPECT_EQ(model.index(1, gamf).data(Qt::ForegroundRole).value<QBrush>(),
+              QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text));
+    EXPECT_EQ(model.index(1, gamf).data(Qt::ToolTipRole).toString(),
+              QStringLiteral("Factor of the action G"));
+    EXPECT_EQ(shown(model, 3, gamf), QString()) << "its action is missing";
     EXPECT_EQ(shown(model, 2, LoadCasesModel::Action), QStringLiteral("IMP"));
     EXPECT_TRUE(model.index(1, 0).data(Qt::FontRole).value<QFont>().bold()) << "the current load case";
 }
