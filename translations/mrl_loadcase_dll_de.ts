@@ -72,7 +72,7 @@
     </message>
     <message>
         <source>EXCL exclusive within category</source>
-        <translation>EXCL ausschließend innerhalb der Kategorie</translation>
+        <translation>EXCL exklusiv in der Kategorie</translation>
     </message>
     <message>
         <source>UNSI conditional with unfavourable sign</source>
@@ -80,15 +80,15 @@
     </message>
     <message>
         <source>USEX exclusive with unfavourable sign</source>
-        <translation>USEX ausschließend mit ungünstigem Vorzeichen</translation>
+        <translation>USEX exklusiv mit ungünstigem Vorzeichen</translation>
     </message>
     <message>
         <source>ALEX permanent but exclusive</source>
-        <translation>ALEX ständig, aber ausschließend</translation>
+        <translation>ALEX ständig, aber exklusiv</translation>
     </message>
     <message>
         <source>EXEX exclusive within action</source>
-        <translation>EXEX ausschließend innerhalb der Einwirkung</translation>
+        <translation>EXEX exklusiv in der Einwirkung</translation>
     </message>
     <message>
         <source>PERC permanent with individual factors</source>

@@ -17,6 +17,7 @@ QLabel* hint(const QString& text, QWidget* parent)
 {
     auto* label = new QLabel(text, parent);
     label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeft); // close to what it explains
     QFont font = label->font();
     font.setPointSizeF(font.pointSizeF() * 0.9);
     label->setFont(font);

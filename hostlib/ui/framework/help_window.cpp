@@ -87,6 +87,10 @@ QLayout* HelpWindow::makeBar()
     bar->addWidget(label);
     m_search->setObjectName(QStringLiteral("help search"));
     m_search->setPlaceholderText(tr("Word in this page"));
+    // Room for the hint; a line edit by itself is as wide as some letters.
+    const int marginOfText = 24;
+    m_search->setMinimumWidth(m_search->fontMetrics().horizontalAdvance(m_search->placeholderText()) +
+                              marginOfText);
     connect(m_search, &QLineEdit::returnPressed, this, &HelpWindow::find);
     bar->addWidget(m_search);
 
