@@ -104,6 +104,46 @@ TEST_F(PluginTest, LoadingAnswersOne)
     EXPECT_EQ(call("lcmanager", MRL_H_FUNCTION_LOAD), 1);
 }
 
+/// What each plug-in brings into the document when the document opens, of what came into the file since.
+TEST(PluginLoading, BringsTheKeysOfThePluginAlone)
+{
+    const QTemporaryDir folder;
+    const std::string file = folder.filePath(QStringLiteral("late.cdb")).toStdString();
+    const cdb::Opened other = cdb::create(file);
+    ASSERT_TRUE(other) << other.result.text;
+    const auto has = [](int database, int kwh, int kwl) {
+        char buffer[4];
+        int length = sizeof buffer;
+        const bool found = mrl_cdb_get(database, kwh, kwl, buffer, &length, 0) < CD_END;
+        mrl_cdb_free_ex(database, kwh, kwl);
+        return found;
+    };
+    const struct
+    {
+        const char* name;
+        bool bringsCase;
+        bool bringsAction;
+    } plugins[] = {{"actionmanager", false, true}, {"lcmanager", true, false}};
+    for (const auto& plugin : plugins) {
+        for (const auto& [kwh, kwl] : {std::pair{12, 1}, std::pair{14, codeOf("G")}, std::pair{14, 5}})
+            mrl_cdb_del(other.db, kwh, kwl);
+        MRL_H_ShadowDatabase document;
+        ASSERT_TRUE(document.host().open(QString::fromStdString(file)));
+        const int word = 1;
+        const int length = sizeof word;
+        for (const auto& [kwh, kwl] : {std::pair{12, 1}, std::pair{14, codeOf("G")}, std::pair{14, 5}})
+            ASSERT_EQ(mrl_cdb_put(other.db, kwh, kwl, &word, &length, 0), CD_OK);
+        MRL_H_PluginParameter parameter;
+        parameter.document = &document;
+        EXPECT_EQ(make(plugin.name)->function(MRL_H_FUNCTION_LOAD, &parameter), 1);
+        EXPECT_EQ(has(document.index(), 12, 1), plugin.bringsCase) << plugin.name;
+        EXPECT_EQ(has(document.index(), 14, codeOf("G")), plugin.bringsAction) << plugin.name;
+        EXPECT_FALSE(has(document.index(), 14, 5)) << "a numeric key of another module";
+        document.host().close();
+    }
+    cdb::close(other.db);
+}
+
 TEST_F(PluginTest, ActionManagerTellsAcceptanceFromTheRest)
 {
     EXPECT_EQ(open("actionmanager", pressOk), 1025);

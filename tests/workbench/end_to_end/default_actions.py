@@ -27,3 +27,10 @@ with Desktop() as desktop:
     names = cli.action_names(project)
     print("stored:", names)
     assert "G" in names and "Q" in names, names
+
+    workbench = Workbench(desktop, bin_folder, project, "--manager", "actions")
+    desktop.wait_active(r"^Marlavon: Action Manager$")
+    desktop.key("ctrl+Return")
+    desktop.wait_active(r"^tower\.cdb - ")  # they are stored as they are shown
+    workbench.quit()
+    assert cli.action_names(project) == names
