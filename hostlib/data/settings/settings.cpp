@@ -26,9 +26,26 @@ int value(const char* key) { return store().value(QLatin1String(key), 0).toInt()
 
 void setValue(const char* key, int number) { store().setValue(QLatin1String(key), number); }
 
+/// The language that the environment asks for, as the C library reads it: LANGUAGE counts beside a locale only.
+int languageOfDesktop()
+{
+    QString locale;
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (locale.isEmpty())
+            locale = qEnvironmentVariable(name);
+    }
+    const bool none = locale.isEmpty() || locale.startsWith(QLatin1String("C.")) ||
+                      locale == QLatin1String("C") || locale == QLatin1String("POSIX");
+    const QString wanted = none ? QString() : qEnvironmentVariable("LANGUAGE", locale);
+    return (wanted.isEmpty() ? locale : wanted).startsWith(QLatin1String("de")) ? German : English;
+}
+
 } // namespace
 
-int language() { return value(KEY_LANGUAGE); }
+int language()
+{
+    return store().contains(QLatin1String(KEY_LANGUAGE)) ? value(KEY_LANGUAGE) : languageOfDesktop();
+}
 void setLanguage(int language) { setValue(KEY_LANGUAGE, language); }
 
 int generatorOption() { return value(KEY_GENERATOR_OPTION); }

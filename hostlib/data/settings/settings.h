@@ -10,7 +10,7 @@ namespace mrl::settings {
 /// Values of setting 102.
 enum Language : int { English = 0, German = 1 };
 
-/// The user's language. English unless it was set.
+/// The user's language. Unless it was set, that of the desktop where it is one of these, else English.
 MRL_HOST_API int language();
 MRL_HOST_API void setLanguage(int language);
 
