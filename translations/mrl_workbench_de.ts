@@ -86,12 +86,12 @@
         <translation>Bezeichnung</translation>
     </message>
     <message>
-        <source>Category</source>
-        <translation>Kategorie</translation>
-    </message>
-    <message>
         <source>Superposition</source>
         <translation>Überlagerung</translation>
+    </message>
+    <message>
+        <source>Partition</source>
+        <translation>Einteilung</translation>
     </message>
 </context>
 <context>

@@ -80,7 +80,7 @@ QString ActionsModel::caption(int section) const
     case Title:
         return tr("Description");
     case Category:
-        return tr("Category");
+        return tr("Partition");
     case Superposition:
         return tr("Superposition");
     default:

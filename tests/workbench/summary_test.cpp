@@ -86,7 +86,7 @@ TEST_F(SummaryTest, ShowsTheFactorsOfTheDesignCodeUnderItsSymbols)
     const ProjectSummary summary = summarise(db);
     model.show(summary.actions, summary.factors);
     EXPECT_EQ(headers(model),
-              (QStringList{"Action", "Description", "Category", "Superposition", "sup", "Psi0"}));
+              (QStringList{"Action", "Description", "Partition", "Superposition", "sup", "Psi0"}));
 }
 
 TEST_F(SummaryTest, ShowsTheFactorColumnsThatTheManagerShows)
@@ -99,7 +99,7 @@ TEST_F(SummaryTest, ShowsTheFactorColumnsThatTheManagerShows)
     ActionsModel model(nullptr);
     const ProjectSummary withLabels = summarise(db);
     model.show(withLabels.actions, withLabels.factors);
-    EXPECT_EQ(headers(model), (QStringList{"Action", "Description", "Category", "Superposition",
+    EXPECT_EQ(headers(model), (QStringList{"Action", "Description", "Partition", "Superposition",
                                            "a label of more than", "Gama", "none", "Psi2", "Psi1s"}))
         << "only a safety factor goes with its label";
 

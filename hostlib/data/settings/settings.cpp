@@ -26,7 +26,8 @@ int value(const char* key) { return store().value(QLatin1String(key), 0).toInt()
 
 void setValue(const char* key, int number) { store().setValue(QLatin1String(key), number); }
 
-/// The language that the environment asks for, as the C library reads it: LANGUAGE counts beside a locale only.
+/// The language that the environment asks for, as the C library reads it: LANGUAGE counts beside a locale
+/// only.
 int languageOfDesktop()
 {
     QString locale;
