@@ -144,6 +144,19 @@ TEST_F(LoadcaseDelegate, EveryFactorColumnOffersIt)
     }
 }
 
+TEST_F(LoadcaseDelegate, UndefinedOwnFactorIsFilledInAsFollowingAndShowsNothing)
+{
+    auto* cell = putEditable(OWN, LC_COL_PSI0);
+    LCM_LoadcaseEntry entry;
+    entry.number = OWN;
+    entry.record = standalone();
+    entry.record.psi0 = LC_UNDEFINED;
+    tabs->lc->fillRow(tabs->row(OWN), entry);
+    EXPECT_EQ(cell->getCurrentId(), -1);
+    EXPECT_EQ(cell->text(), "") << "there is no action whose factor it could show";
+    EXPECT_EQ(bits(tabs->read(OWN).record.psi0), bits(LC_UNDEFINED));
+}
+
 TEST_F(LoadcaseDelegate, OpeningTheEditorWithAKeyGivesUpTheOwnValueAndReturnKeepsIt)
 {
     putEditable(LIVE, LC_COL_PSI0);

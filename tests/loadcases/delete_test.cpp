@@ -98,6 +98,14 @@ TEST_F(LoadcaseDelete, KeyAndButtonTakeTheSamePath)
         QTest::mouseClick(tabs.lc->findChild<QPushButton*>("button_delete"), Qt::LeftButton);
     }
     EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 4, 5, 6));
+    // The key works from anywhere on the tab.
+    auto* box = tabs.lc->findChild<QWidget*>("check_deadload");
+    QApplication::setActiveWindow(tabs.window());
+    box->setFocus();
+    ModalAnswers answers;
+    answers.click("Yes");
+    QTest::keyClick(box, Qt::Key_Delete);
+    EXPECT_THAT(tabs.numbers(), testing::ElementsAre(1, 5, 6));
 }
 
 TEST_F(LoadcaseDelete, LastRowSelectsTheNewLastOne)

@@ -214,6 +214,36 @@ TEST_F(NumberDialog, FactorAndButtonsAreReachedByTabAlone)
     EXPECT_EQ(dialog().factor(), 0.5);
 }
 
+TEST_F(NumberDialog, FactorTakesAnyNumber)
+{
+    open({1}, true, proposal(2, 1));
+    auto* factor = dialog().findChild<MRL_H_LineEdit*>("m_pFac");
+    EXPECT_EQ(factor->getStrLineEdit().format, -3);
+    EXPECT_EQ(factor->getStrLineEdit().precision, -1);
+    factor->setFocus();
+    for (const auto& [text, number] :
+         {std::pair{"-12345.5", -12345.5}, std::pair{"1e6", 1e6}, std::pair{"0", 0.0}}) {
+        type(text);
+        EXPECT_EQ(dialog().factor(), number) << text;
+    }
+}
+
+TEST(NumberDialogMethods, AreTheSlotsThatTheButtonsAndTheSliderCall)
+{
+    const auto ownMethods = [](const QMetaObject& meta) {
+        std::vector<std::string> signatures;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            signatures.push_back(meta.method(i).methodSignature().toStdString());
+        return signatures;
+    };
+    EXPECT_STREQ(LCM_LoadcaseNumberDialog::staticMetaObject.className(), "LCM_LoadcaseNumberDialog");
+    EXPECT_THAT(ownMethods(LCM_LoadcaseNumberDialog::staticMetaObject),
+                testing::ElementsAre("slot_accept()"));
+    EXPECT_STREQ(MySlider::staticMetaObject.className(), "MySlider");
+    EXPECT_THAT(ownMethods(MySlider::staticMetaObject),
+                testing::ElementsAre("slot_valueAboutToChange(double)"));
+}
+
 TEST_F(NumberDialog, EscapeGivesUp)
 {
     open({1}, true, proposal(2, 1));
