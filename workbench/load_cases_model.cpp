@@ -1,7 +1,7 @@
 #include "workbench/load_cases_model.h"
 
+#include <QApplication>
 #include <QFont>
-#include <QGuiApplication>
 #include <QPalette>
 
 #include "lcdata/action_code.h"
@@ -99,11 +99,12 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         if (actionOf(loadCase, index.column()))
             return tr("Factor of the action %1").arg(nameOfAction(loadCase.record.action));
+        if (index.column() == Title) // a narrow window cuts it off
+            return text(loadCase, Title);
         return current ? tr("The current load case") : QVariant();
     case Qt::ForegroundRole:
-        return actionOf(loadCase, index.column())
-                   ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
-                   : QVariant();
+        return actionOf(loadCase, index.column()) ? QVariant(QApplication::palette().placeholderText())
+                                                  : QVariant();
     case Qt::FontRole:
         return current ? boldFont() : QVariant();
     default:
