@@ -111,10 +111,15 @@ void press(QWidget* window, const char* name)
     }
 }
 
+// As on a screen of common size; the one without a display is smaller.
+constexpr QSize MAIN_WINDOW(1200, 760);
+constexpr QSize MANAGER(1150, 600);
+
 void managers(MainWindow& window, Photographer& camera)
 {
     Photographer::inModal([&] { window.openManager(Manager::Actions); },
                           [&](QDialog* dialog) {
+                              dialog->resize(MANAGER);
                               camera.take(dialog, "action-manager");
                               camera.modal("new-action", [&] { press(dialog, "button_new"); });
                               if (auto* table = tableWith(dialog, ACT_COL_GAMF))
@@ -124,6 +129,7 @@ void managers(MainWindow& window, Photographer& camera)
                           });
     Photographer::inModal([&] { window.openManager(Manager::LoadCases); },
                           [&](QDialog* dialog) {
+                              dialog->resize(MANAGER);
                               camera.take(dialog, "loadcase-manager");
                               if (auto* table = tableWith(dialog, LC_COL_TITLE)) {
                                   table->setFocus();
@@ -154,6 +160,7 @@ int main(int argc, char** argv)
     Photographer camera(QString::fromLocal8Bit(argv[1]));
 
     MainWindow window;
+    window.resize(MAIN_WINDOW);
     window.show();
     camera.take(&window, "start");
     mrl::workbench::NewProjectDialog create(QStringLiteral("/projects"), &window);
@@ -163,6 +170,10 @@ int main(int argc, char** argv)
     if (!window.openProject(QString::fromLocal8Bit(argv[2])))
         return 1;
     camera.take(&window, "workbench");
+    auto* summaryTabs = window.findChild<QWidget*>(QStringLiteral("summary"))->findChild<QTabWidget*>();
+    summaryTabs->setCurrentIndex(1);
+    camera.take(&window, "workbench-load-cases");
+    summaryTabs->setCurrentIndex(0);
     auto* tabs = window.findChild<QTabWidget*>(QStringLiteral("project_tabs"));
     tabs->setCurrentIndex(1);
     camera.take(&window, "generated-input");
