@@ -1,5 +1,7 @@
 #include "workbench/document.h"
 
+#include <QGuiApplication>
+
 #include "hostlib/ui/framework/document.h"
 #include "hostlib/ui/framework/failure_text.h"
 #include "lcdata/keys.h"
@@ -8,12 +10,26 @@
 
 namespace mrl::workbench {
 
+namespace {
+
+/// Large projects take their time, and another program may hold the file for seconds before a write gives up.
+struct WaitCursor
+{
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+} // namespace
+
 Document::Document(Managers& managers, QObject* parent) : QObject(parent), m_managers(managers) {}
 
 Document::~Document() { m_shadow.host().close(); }
 
 QString Document::open(const QString& file)
 {
+    const WaitCursor cursor;
     auto& host = m_shadow.host();
     if (const auto opened = host.open(file); !opened)
         return ui::failureText(opened);
@@ -55,6 +71,7 @@ void Document::markAll()
 
 Document::Result Document::save(bool overwrite)
 {
+    const WaitCursor cursor;
     markAll();
     const auto saved = m_shadow.host().save(overwrite ? ui::OnConflict::Overwrite : ui::OnConflict::Report);
     emit changed();
@@ -71,6 +88,7 @@ Document::Result Document::save(bool overwrite)
 
 Document::Result Document::saveAs(const QString& file)
 {
+    const WaitCursor cursor;
     markAll();
     const auto saved = m_shadow.host().saveAs(file);
     emit changed();

@@ -287,6 +287,19 @@ TEST_F(MainWindowTest, MissingDesignCodeIsNamed)
               QStringLiteral("there is no design code \"gone-code\" in the folders that are searched"));
 }
 
+TEST_F(MainWindowTest, WaitCursorShowsWhileAFileIsReadOrWrittenAndNoLonger)
+{
+    std::vector<bool> waiting;
+    const auto note = [&] { waiting.push_back(QGuiApplication::overrideCursor() != nullptr); };
+    QObject::connect(&window.document(), &workbench::Document::replaced, &window, note);
+    QObject::connect(&window.document(), &workbench::Document::changed, &window, note);
+    open();
+    storeDefaultActions();
+    EXPECT_TRUE(window.slot_save());
+    EXPECT_EQ(waiting, (std::vector<bool>{true, true}));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(MainWindowTest, AboutShowsTheVersion)
 {
     QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
