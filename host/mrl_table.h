@@ -381,6 +381,9 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    /// The width of the widest text among as many cells as the header's resizeContentsPrecision tells, from
+    /// the first row in sight on. The delegate isn't asked cell by cell.
+    int sizeHintForColumn(int column) const override;
 
   private:
     std::unique_ptr<Private> d;
@@ -416,8 +419,4 @@ class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
-
-  private:
-    struct TextWidths;
-    const std::unique_ptr<TextWidths> m_textWidths;
 };

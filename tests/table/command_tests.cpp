@@ -186,30 +186,6 @@ TEST_F(Commands, StandInTheContextMenu)
     EXPECT_EQ(table.getContextMenu()->actions().size(), 9); // with a separator, new and delete
 }
 
-TEST_F(Commands, FittedColumnHoldsItsWidestTextInTheFontOfTheTable)
-{
-    // More texts than the widths that are kept, each of them twice, the widest in the middle.
-    addRows(696); // 700 with those of the fixture
-    for (int row = 0; row < 700; ++row)
-        table.item(row, Title)->setText(QStringLiteral("load case %1").arg(row % 350));
-    table.item(400, Title)->setText(QStringLiteral("a load case with a title much longer than its caption"));
-    const auto widest = [this] {
-        return table.fontMetrics().horizontalAdvance(table.item(400, Title)->text());
-    };
-    table.resizeColumnsToContents();
-    const int narrow = table.columnWidth(Title);
-    EXPECT_GE(narrow, widest());
-    EXPECT_LE(narrow, widest() + 20);
-
-    QFont large = table.font();
-    large.setPixelSize(2 * table.fontMetrics().height());
-    table.setFont(large);
-    table.resizeColumnsToContents();
-    EXPECT_GT(table.columnWidth(Title), narrow);
-    EXPECT_GE(table.columnWidth(Title), widest());
-    EXPECT_LE(table.columnWidth(Title), widest() + 20);
-}
-
 TEST_F(Commands, OfTheContextMenuWork)
 {
     table.setResetContextMenuOnCreation(true);

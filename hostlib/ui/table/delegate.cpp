@@ -1,5 +1,4 @@
 #include <QCoreApplication>
-#include <QHash>
 #include <QKeyEvent>
 #include <QTimer>
 
@@ -14,8 +13,6 @@ namespace {
 constexpr char loadedProperty[] = "mrl_loaded";
 /// True from the opening of a combo editor's list until its choice has arrived.
 constexpr char listOpenProperty[] = "mrl_listOpen";
-/// The room beside and above a cell's text, in pixels.
-constexpr int textMargin = 6;
 
 MRL_H_TableWidget* tableOf(const QModelIndex& index)
 {
@@ -57,7 +54,7 @@ int widthOfChoices(const QComboBox& combo)
     QStyleOptionComboBox option;
     option.initFrom(&combo);
     option.frame = combo.hasFrame();
-    const QSize contents(text + textMargin, combo.fontMetrics().height());
+    const QSize contents(text + cellTextMargin, combo.fontMetrics().height());
     return combo.style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, &combo).width();
 }
 
@@ -89,30 +86,7 @@ std::optional<Step> stepOfKey(const QKeyEvent& event, bool inText)
 
 } // namespace
 
-/// The widths of texts that were measured lately. Fitting a column asks for those of a thousand cells, of
-/// which most show one of a few numbers, and shaping a text is the dearest part of the fit.
-struct MRL_H_DelegateItem::TextWidths
-{
-    static constexpr int most = 256;
-
-    int of(const QString& text, const QFontMetrics& font)
-    {
-        if (!measuredBy || *measuredBy != font || widths.size() >= most) {
-            widths.clear();
-            measuredBy = font;
-        }
-        const auto known = widths.constFind(text);
-        return known != widths.constEnd() ? *known : *widths.insert(text, font.horizontalAdvance(text));
-    }
-
-    std::optional<QFontMetrics> measuredBy;
-    QHash<QString, int> widths;
-};
-
-MRL_H_DelegateItem::MRL_H_DelegateItem(QObject* parent)
-    : QStyledItemDelegate(parent), m_textWidths(std::make_unique<TextWidths>())
-{
-}
+MRL_H_DelegateItem::MRL_H_DelegateItem(QObject* parent) : QStyledItemDelegate(parent) {}
 
 MRL_H_DelegateItem::~MRL_H_DelegateItem() = default;
 
@@ -234,9 +208,8 @@ QSize MRL_H_DelegateItem::sizeHint(const QStyleOptionViewItem& option, const QMo
     const MRL_H_TwItem* cell = cellOf(index);
     if (cell == nullptr)
         return QStyledItemDelegate::sizeHint(option, index);
-    // Without a text layout: fitting the columns asks a thousand cells of each.
-    return {m_textWidths->of(MRL_H_TwCellAccess::text(*cell), option.fontMetrics) + 2 * textMargin,
-            option.fontMetrics.height() + textMargin};
+    return {option.fontMetrics.horizontalAdvance(MRL_H_TwCellAccess::text(*cell)) + 2 * cellTextMargin,
+            option.fontMetrics.height() + cellTextMargin};
 }
 
 void MRL_H_DelegateItem::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const

@@ -12,6 +12,10 @@
 
 #include "host/mrl_table.h"
 #include "hostlib/ui/table/column.h"
+#include "hostlib/ui/table/text_widths.h"
+
+/// The room beside and above a cell's text, in pixels.
+constexpr int cellTextMargin = 6;
 
 /// One entry of a person into a cell: a text, or an entry of a combo list by its id.
 struct MRL_H_TwEntry
@@ -117,9 +121,10 @@ struct MRL_H_TableWidget::Private
 
     QItemSelection pressedSelection; ///< the selection before a click on it, for the double click
     QPersistentModelIndex pressedIndex;
-    bool openListOnRelease = false;    ///< after a double click on a choice
-    bool appending = false;            ///< appendNewRows notes its rows itself
-    bool keepSelectionOnLeave = false; ///< the last entry went to several rows
+    std::optional<TextWidths> textWidths; ///< in the table's font, once a column was fitted
+    bool openListOnRelease = false;       ///< after a double click on a choice
+    bool appending = false;               ///< appendNewRows notes its rows itself
+    bool keepSelectionOnLeave = false;    ///< the last entry went to several rows
 };
 
 /// While it lives a change is being reported, and no row moves.
