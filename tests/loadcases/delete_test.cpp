@@ -228,6 +228,7 @@ TEST_F(LoadcaseDelete, UseOfAnActionIsToldAsItIsAfterEachCommand)
     const Tabs tabs(project);
     EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
     tabs.actions->slot_addAllClicked();
+    EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
     tabs.chooseAction(2, code("W"));
     EXPECT_TRUE(tabs.lc->isActionUsed(action("W")));
     LCM_LoadcaseEntry entry;
@@ -294,6 +295,13 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
         project.putLoadcase(number, following(code("Q"))); // the last rows go
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{2});
+    // The one that goes first stands above rows that stay, the other one below them all.
+    project.putLoadcase(2, following(code("G")));
+    for (const int number : {3, 4})
+        project.putLoadcase(number, standalone());
+    project.putLoadcase(5, following(code("Q")));
+    EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
+    EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{4});
 }
 
 TEST_F(LoadcaseDelete, ActionsTabDeletesAnActionWithItsLoadCases)

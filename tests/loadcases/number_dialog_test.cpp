@@ -75,6 +75,7 @@ TEST_F(NumberDialog, OffersTheProposalWithTheFocusOnIt)
     open({1, 2}, true, proposal(3, 2));
     EXPECT_EQ(dialog().windowTitle(), "Target loadcase number");
     EXPECT_EQ(dialog().objectName(), "lc number input");
+    EXPECT_TRUE(dialog().isModal());
     EXPECT_EQ(dialog().number(), 3);
     EXPECT_EQ(dialog().factor(), 1.0);
     EXPECT_EQ(dialog().findChild<QLabel*>("lblCopyFrom")->text(), "Copy from: 2");

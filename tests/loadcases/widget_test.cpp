@@ -93,6 +93,14 @@ TEST_F(LoadcaseWidget, SystemIsAskedForWhenItCounts)
     tabs.lc->save(true);
     EXPECT_EQ(project.loadcase(1).dlx, -2.0f);
     EXPECT_EQ(project.loadcase(1).dlz, 0.0f);
+
+    tagCDB_LC_CTRL record = following(70);
+    record.dly = -3.0f;
+    project.putLoadcase(1, record);
+    LCM_LoadcaseWidget tab(project.db(), nullptr, "loadcasewidget");
+    project.system(0, -2);
+    tab.fillTable();
+    EXPECT_EQ(tab.getItemVal(0, LC_COL_DEADFACTOR), 3.0f);
 }
 
 TEST_F(LoadcaseWidget, SettingsAreReadAtFillingAndStoredAtEverySave)
