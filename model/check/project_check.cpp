@@ -129,10 +129,11 @@ void Check::addDefaultActions()
     }
 }
 
-/// Old projects may hold the name of an action in the other case.
+/// As the dialog finds it when it opens: old projects may hold the name of an action in lower case, but a
+/// load case that names one so isn't taken for that of the upper-case name.
 const tagCDB_LC_ACT* Check::findAction(int word) const
 {
-    for (const int candidate : {word, lcm_lower_code(word), lcm_upper_code(word)})
+    for (const int candidate : {word, lcm_lower_code(word)})
         if (const auto it = actions.find(candidate); it != actions.end())
             return &it->second;
     return nullptr;

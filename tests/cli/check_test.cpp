@@ -82,6 +82,19 @@ TEST_F(Check, MissingActionIsAFinding)
     EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action X9"));
 }
 
+TEST_F(Check, NamesInTheOtherCaseAreFoundAsTheDialogFindsThemWhenItOpens)
+{
+    done({"put", file, "12", "2", following("77202020")}); // w
+    EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action w"));
+
+    std::string w = done({"get", file, "14", "W", "--hex"}).out.substr(6, 224);
+    w.replace(8, 8, "77202020");
+    done({"del", file, "14", "W"});
+    done({"put", file, "14", "538976375", w}); // stored as w
+    done({"put", file, "12", "3", following("57202020")});
+    EXPECT_THAT(findings(), IsEmpty()) << "both 2 and 3 mean it";
+}
+
 TEST_F(Check, OldActionNumberIsResolved)
 {
     done({"put", file, "12", "2", following("02000000")});
