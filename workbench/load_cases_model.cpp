@@ -14,6 +14,17 @@ namespace mrl::workbench {
 
 namespace {
 
+/// Paler than text, and still easy to read.
+QBrush subdued()
+{
+    const QPalette palette = QApplication::palette();
+    const QColor text = palette.color(QPalette::Text);
+    const QColor base = palette.color(QPalette::Base);
+    const auto mix = [](int a, int b) { return (3 * a + 2 * b) / 5; };
+    return QColor(mix(text.red(), base.red()), mix(text.green(), base.green()),
+                  mix(text.blue(), base.blue()));
+}
+
 QString nameOfAction(int word)
 {
     if (word == LC_ACTION_NONE)
@@ -81,7 +92,8 @@ float LoadCasesModel::ownFactor(const LCM_StoredLoadCase& loadCase, int column) 
 
 const tagCDB_LC_ACT* LoadCasesModel::actionOf(const LCM_StoredLoadCase& loadCase, int column) const
 {
-    if (column < FirstFactor || ownFactor(loadCase, column) != LC_UNDEFINED) // NOLINT: exact by design
+    // As in the manager: factors that its record holds beside an action count for nothing.
+    if (column < FirstFactor)
         return nullptr;
     const auto found = m_actions.find(loadCase.record.action);
     return found == m_actions.end() ? nullptr : &found->second;
@@ -103,8 +115,7 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
             return text(loadCase, Title);
         return current ? tr("The current load case") : QVariant();
     case Qt::ForegroundRole:
-        return actionOf(loadCase, index.column()) ? QVariant(QApplication::palette().placeholderText())
-                                                  : QVariant();
+        return actionOf(loadCase, index.column()) ? QVariant(subdued()) : QVariant();
     case Qt::FontRole:
         return current ? boldFont() : QVariant();
     default:

@@ -39,8 +39,11 @@ TEST_F(Columns, FittedColumnHoldsItsWidestTextInTheFontOfTheTable)
 TEST_F(Columns, FitTextsOfAllScriptsAndKernedOnes)
 {
     addRows(1);
-    for (const char* title : {"AVAVAVATo. LTLTLTyYy,VoToVoTo", "Einwirkung \xCE\xB3\xCF\x88 \xE2\x80\x93 st\xC3\xA4ndig, Gr\xC3\xB6\xC3\x9F" "e 30 \xE2\x82\xAC",
-                              "\xE6\x81\x92\xE8\xBD\xBD \xD8\xB9\xD8\xB1\xD8\xA8\xD9\x8A \xF0\x9F\x8C\x89 bridge"}) {
+    for (const char* title :
+         {"AVAVAVATo. LTLTLTyYy,VoToVoTo",
+          "Einwirkung \xCE\xB3\xCF\x88 \xE2\x80\x93 st\xC3\xA4ndig, Gr\xC3\xB6\xC3\x9F"
+          "e 30 \xE2\x82\xAC",
+          "\xE6\x81\x92\xE8\xBD\xBD \xD8\xB9\xD8\xB1\xD8\xA8\xD9\x8A \xF0\x9F\x8C\x89 bridge"}) {
         line(0, Title).setText(QString::fromUtf8(title));
         EXPECT_GE(fitted(Title), laidOut(0)) << title;
         EXPECT_LE(fitted(Title), laidOut(0) * 11 / 10 + 20) << title;

@@ -7,8 +7,8 @@
 
 /// How wide texts are in one font, without laying them out: fitting columns asks for thousands.
 ///
-/// A text of Latin letters, digits and signs is the sum of its characters. Kerning mostly draws pairs together,
-/// so the sum is at most some pixels too wide; other texts are laid out.
+/// A text of Latin letters, digits and signs is the sum of its characters. Kerning mostly draws pairs
+/// together, so the sum is at most some pixels too wide; other texts are laid out.
 class TextWidths
 {
   public:
