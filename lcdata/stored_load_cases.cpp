@@ -6,10 +6,9 @@ namespace {
 
 bool readFirst(int db, int number, tagCDB_LC_CTRL& record)
 {
-    record = {};
     const LCM_KeyGuard key(db, LC_KWH_CASES, number);
-    int length =
-        sizeof record; // records of other modules may be longer; their beginning tells whose they are
+    // Records of other modules may be longer; their beginning tells whose they are.
+    int length = sizeof record;
     return mrl_cdb_get(db, LC_KWH_CASES, number, &record, &length, 0) < CD_END;
 }
 

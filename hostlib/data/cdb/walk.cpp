@@ -6,7 +6,8 @@ namespace mrl::cdb {
 
 namespace {
 
-constexpr int mostAhead = 1024; // rows
+constexpr int fewestAhead = 2; // rows
+constexpr int mostAhead = 1024;
 constexpr int growth = 32;
 
 bool before(const Key& a, const Key& b, bool up)
@@ -26,8 +27,9 @@ int Walk::step(sqlite3* connection, Key& key, bool up)
         return SQLITE_DONE;
     // A start, or a walk that somebody's commit has overtaken: small again, or a writer in a walk would fetch
     // a whole block for each step.
-    ahead = goesOn ? std::min(ahead * growth, mostAhead) : 1;
-    withBytes = goesOn && up && wantsBytes;
+    ahead = goesOn ? std::min(ahead * growth, mostAhead) : fewestAhead;
+    // The first key is mostly read at once, and the row behind it tells whether it has a second record.
+    withBytes = up && (wantsBytes || !goesOn);
     const int status = fill(connection, key, up);
     if (status != SQLITE_OK) {
         drop();

@@ -14,7 +14,7 @@ namespace mrl::cdb {
 /// It fetches ahead in blocks with one statement each and holds neither the statement nor a snapshot
 /// afterwards: before a key or a record is served from the block, the change mark tells whether it still
 /// holds. A walk whose keys are read gets blocks with the records' bytes, one that only counts or lists gets
-/// keys alone. The first step of a walk fetches a single key, since many callers take no second one.
+/// keys alone. The first step of a walk fetches two rows, since many callers take no second one.
 class Walk
 {
   public:
