@@ -3,6 +3,7 @@
 /// What a load case takes from its action.
 
 #include <cstdint>
+#include <unordered_map>
 
 #include "lcdata/records.h"
 
@@ -17,3 +18,14 @@ void lcm_default_factors(std::int32_t word, tagCDB_LC_ACT& action);
 /// Replaces an old action number by the code of its action, as the active design code knows it. The words 0
 /// and 70 and a word that can't be looked up stay.
 void lcm_resolve_action_word(std::int32_t& word);
+
+/// The same for many load cases. Asks the design code once for each word: projects have many load cases and
+/// few actions.
+class LCM_ActionWords
+{
+  public:
+    std::int32_t resolved(std::int32_t word);
+
+  private:
+    std::unordered_map<std::int32_t, std::int32_t> m_resolved;
+};

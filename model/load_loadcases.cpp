@@ -1,37 +1,15 @@
 // The project's load cases, as the model reads them once.
 #include <algorithm>
 #include <list>
-#include <unordered_map>
 
 #include "host/mrl_cdb.h"
 #include "lcdata/load_case_rules.h"
 #include "lcdata/stored_load_cases.h"
 #include "model/data_class.h"
 
-namespace {
-
-/// Replaces old action numbers by codes and asks the design code once for each word: projects have many load
-/// cases and few actions.
-class ActionWords
-{
-  public:
-    std::int32_t resolved(std::int32_t word)
-    {
-        const auto [at, isNew] = m_resolved.try_emplace(word, word);
-        if (isNew)
-            lcm_resolve_action_word(at->second);
-        return at->second;
-    }
-
-  private:
-    std::unordered_map<std::int32_t, std::int32_t> m_resolved;
-};
-
-} // namespace
-
 void LCM_DataClass::loadLoadcases()
 {
-    ActionWords words;
+    LCM_ActionWords words;
     loadcases.reserve(readNumbers.size());
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
         if (!walk.current().isOwn())

@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 
 #include <map>
-#include <unordered_map>
 
 #include "host/mrl_dlib.h"
 #include "lcdata/action_code.h"
@@ -40,7 +39,6 @@ class Check
     void checkLoadCase(const LCM_CheckedLoadCase& loadCase);
     tagCDB_LC_ACT asShown(const tagCDB_LC_ACT& record) const;
     const tagCDB_LC_ACT* findAction(int word) const;
-    int resolved(int word);
     void add(Subject subject, int id, const QString& message)
     {
         findings.push_back({subject, id, 0, message});
@@ -52,7 +50,7 @@ class Check
     LCM_DesignCodeIdentity identity;
     LCM_LoadcaseSetup setup;
     std::map<int, tagCDB_LC_ACT> actions; ///< as their rows show them, by code
-    std::unordered_map<int, int> codes;   ///< of action words, since many load cases share one
+    LCM_ActionWords words;
     std::vector<LCM_ProjectFinding> findings;
 };
 
@@ -139,21 +137,13 @@ const tagCDB_LC_ACT* Check::findAction(int word) const
     return nullptr;
 }
 
-int Check::resolved(int word)
-{
-    const auto [entry, isNew] = codes.try_emplace(word, word);
-    if (isNew)
-        lcm_resolve_action_word(entry->second);
-    return entry->second;
-}
-
 void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
 {
     const int number = loadCase.stored.number;
     if (number > LC_MAX_NUMBER)
         add(Subject::LoadCase, number, tr("the number is above 999999"));
     tagCDB_LC_CTRL record = loadCase.stored.record;
-    record.action = resolved(record.action);
+    record.action = words.resolved(record.action);
     const LCM_LoadcaseVerdict verdict =
         lcm_judge_stored_loadcase(number, record, findAction(record.action), setup, limits);
     if (verdict.actionMissing)
