@@ -6,8 +6,7 @@
 #include <QPushButton>
 
 #include "host/mrl_widgets.h"
-#include "loadcases/my_slider.h"
-#include "support/loadcase_project.h"
+#include "loadcases/numbered_cases.h"
 #include "support/modal_answers.h"
 
 namespace {
@@ -16,16 +15,9 @@ using namespace lctest;
 using mrl::test::ModalAnswers;
 using testing::ElementsAre;
 
-class AskedNumbers : public testing::Test
+class AskedNumbers : public NumberedCases
 {
   protected:
-    void fill(std::initializer_list<int> numbers)
-    {
-        project.putAction(permanent());
-        project.putAction(variable());
-        for (const int number : numbers)
-            project.putLoadcase(number, titled(following(code("Q")), QString("Case %1").arg(number)));
-    }
     static void press(const Tabs& tabs, const char* button)
     {
         QTest::mouseClick(tabs.lc->findChild<QPushButton*>(button), Qt::LeftButton);
@@ -34,10 +26,6 @@ class AskedNumbers : public testing::Test
     {
         tabs.lc->findChild<MRL_QT_CheckBox*>("check_increaselc")->setChecked(false);
     }
-    static int proposalOf(QWidget* dialog)
-    {
-        return static_cast<int>(dialog->findChild<MySlider*>()->getDisplayValue());
-    }
     /// Types a number, which stands selected when the dialog opens, and presses Return.
     static void answer(QWidget* dialog, int number)
     {
@@ -45,7 +33,6 @@ class AskedNumbers : public testing::Test
         QTest::keyClicks(dialog->focusWidget(), QString::number(number));
         QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
     }
-    Project project;
 };
 
 TEST_F(AskedNumbers, ChosenNumberStandsInTheNoteOfTheCopy)

@@ -5,8 +5,7 @@
 
 #include "host/mrl_widgets.h"
 #include "lcdata/packed_text.h"
-#include "loadcases/my_slider.h"
-#include "support/loadcase_project.h"
+#include "loadcases/numbered_cases.h"
 #include "support/modal_answers.h"
 
 namespace {
@@ -21,10 +20,6 @@ std::set<int> selected(const Tabs& tabs)
     tabs.lc->getSelectedLoadcases(numbers);
     return numbers;
 }
-int proposalOf(QWidget* dialog)
-{
-    return static_cast<int>(dialog->findChild<MySlider*>()->getDisplayValue());
-}
 double factorOf(QWidget* dialog) { return dialog->findChild<MRL_H_LineEdit*>("m_pFac")->getVal(); }
 void accept(QWidget* dialog) { dialog->findChild<MRL_QT_Ok*>("buttons")->cmdOk()->click(); }
 void cancel(QWidget* dialog) { dialog->findChild<MRL_QT_Ok*>("buttons")->cmdCancel()->click(); }
@@ -33,17 +28,8 @@ MRL_QT_CheckBox* increment(const Tabs& tabs)
     return tabs.lc->findChild<MRL_QT_CheckBox*>("check_increaselc");
 }
 
-class LoadcaseCreate : public testing::Test
+class LoadcaseCreate : public NumberedCases
 {
-  protected:
-    void fill(std::initializer_list<int> numbers)
-    {
-        project.putAction(permanent());
-        project.putAction(variable());
-        for (const int number : numbers)
-            project.putLoadcase(number, titled(following(code("Q")), QString("Case %1").arg(number)));
-    }
-    Project project;
 };
 
 TEST_F(LoadcaseCreate, EmptyProjectGrowsByTheDefaultActions)
