@@ -110,7 +110,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     void storeSettings();
     void notifyModification();
 
-    /// Asks the project for its system, which stays what it is while the dialog is open.
+    /// Asks the project for its system: ahead of each pass over all rows, and not for each row.
     void readSystem();
     LCM_RowContext rowContext();
     int numberOfRow(int row) const;

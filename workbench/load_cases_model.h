@@ -15,7 +15,7 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
     enum Column { Number, Title, Action, Dlx, Dly, Dlz, FirstFactor };
 
     explicit LoadCasesModel(QObject* parent);
-    /// @param actions whose factors stand, greyed, where a load case has none of its own
+    /// @param actions whose factors stand, greyed, beside the load cases that have one of them
     void show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors, int current,
               const std::vector<LCM_StoredAction>& actions);
 

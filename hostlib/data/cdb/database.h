@@ -132,9 +132,9 @@ class Database
     /// Forgets what was read ahead: the content is another one.
     void forgetRead();
     void endLevel(bool keepWrites);
-    /// Gives a long transaction room: pages that it would otherwise write to the log, read back and write
-    /// again are kept until the commit.
-    void keepWrittenPages(bool keep);
+    /// Counts a write of the open transaction. A long one gets room: pages that it would otherwise write to
+    /// the log, read back and write again are kept until the commit.
+    void countWrite();
     int replay();
     void checkpoint();
     static void gone(sqlite3_context* context, int count, sqlite3_value** values);
@@ -160,7 +160,6 @@ class Database
     bool pausable = false;
     bool paused = false;
     bool replaying = false;
-    bool pagesKept = false;
     int writes = 0; // of the open transaction
     int logPages = 0;
 

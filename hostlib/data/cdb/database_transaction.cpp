@@ -6,6 +6,8 @@ namespace mrl::cdb {
 namespace {
 
 constexpr int checkpointPages = 1000; // of the log, about 4 MB
+/// Writes after which a transaction counts as long: their pages nearly fill SQLite's own cache.
+constexpr int longTransaction = 4000;
 
 } // namespace
 
@@ -24,7 +26,6 @@ Result Database::begin(Pausable wish)
         pausable = wish == Pausable::Yes && !isReadOnly();
         failed = {};
         change = {};
-        writes = 0;
     }
     levels.push_back({change, journal.size()});
     if (paused)
@@ -112,19 +113,19 @@ void Database::endLevel(bool keepWrites)
     removals.drop();
     journal.clear();
     journal.shrink_to_fit();
-    keepWrittenPages(false);
+    // Reading is quickest from SQLite's own two megabytes, which fit the processor's cache.
+    if (writes >= longTransaction)
+        execute("PRAGMA cache_size=-2000");
+    writes = 0;
     failed = {};
     paused = false;
     pausable = false;
 }
 
-void Database::keepWrittenPages(bool keep)
+void Database::countWrite()
 {
-    if (pagesKept == keep)
-        return;
-    pagesKept = keep;
-    // Reading is quickest from SQLite's own two megabytes, which fit the processor's cache.
-    execute(keep ? "PRAGMA cache_size=-65536" : "PRAGMA cache_size=-2000");
+    if (++writes == longTransaction)
+        execute("PRAGMA cache_size=-65536");
 }
 
 int Database::writeSummary()

@@ -9,9 +9,6 @@ namespace mrl::cdb {
 
 namespace {
 
-/// Writes after which a transaction counts as long: their pages nearly fill SQLite's own cache.
-constexpr int longTransaction = 4000;
-
 std::int32_t stored(std::uint32_t checksum) { return static_cast<std::int32_t>(checksum); }
 
 std::uint32_t checksumOf(const Key& key, int position, const void* data, int size)
@@ -89,8 +86,7 @@ Outcome Database::apply(const Write& what, const void* data, int size)
 {
     if (what.kind == Write::Kind::SetFact)
         return replaceFact(what.name, {static_cast<const char*>(data), static_cast<std::size_t>(size)});
-    if (++writes == longTransaction)
-        keepWrittenPages(true);
+    countWrite();
     walk.written(what.key);
     if (what.kind != Write::Kind::Delete)
         removals.written(what.key);

@@ -162,7 +162,6 @@ void Walk::drop()
     rows.clear();
     arena.clear();
     at = begin = 0;
-    ahead = 1;
 }
 
 } // namespace mrl::cdb

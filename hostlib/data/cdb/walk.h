@@ -79,7 +79,7 @@ class Walk
     std::size_t at = 0;       // the next row to serve as a key
     std::size_t begin = 0;    // the first row of the current key
     Key current;              // where the walk stands
-    int ahead = 1;            // how many rows the block takes
+    int ahead = 0;            // how many rows the block takes
     int taken = 0;            // how many it has
     bool valid = false;       // the walk stands somewhere
     bool upward = true;       // its direction

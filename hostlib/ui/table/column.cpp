@@ -63,8 +63,6 @@ QString MRL_H_TwColumn::numberText(double number) const
         return mrl::table::wholeNumberText(number);
     if (number == description.value && !description.text.isNull())
         return description.text;
-    if (number == 0.0) // both zeros
-        number = 0.0;
     Worded& worded = m_worded[std::hash<double>()(number) % m_worded.size()];
     if (worded.text.isNull() || worded.number != number) {
         worded.number = number;

@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-TextWidths::TextWidths(const QFont& font, const QPaintDevice* device)
-    : m_font(font), m_metrics(device != nullptr ? QFontMetricsF(font, device) : QFontMetricsF(font))
+TextWidths::TextWidths(const QFont& font, const QPaintDevice* device) : m_font(font), m_metrics(font, device)
 {
     m_advances.fill(-1.0);
 }

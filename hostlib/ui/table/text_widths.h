@@ -12,7 +12,8 @@
 class TextWidths
 {
   public:
-    explicit TextWidths(const QFont& font, const QPaintDevice* device = nullptr);
+    /// @param device what the texts are painted on
+    TextWidths(const QFont& font, const QPaintDevice* device);
 
     const QFont& font() const { return m_font; }
     /// In pixels, rounded up.
