@@ -45,8 +45,9 @@ template <std::size_t N>
 std::list<ComboList> comboList(const Entry (&entries)[N])
 {
     std::list<ComboList> list;
-    for (const Entry& entry : entries)
+    for (const Entry& entry : entries) {
         list.push_back({LCM_ActionsWidget::tr(entry.text), entry.id});
+    }
     return list;
 }
 
@@ -89,8 +90,9 @@ void createFixedColumns(MRL_H_TableWidget* table)
 void createFactorColumn(MRL_H_TableWidget* table, LCM_DataClass* model, int& position, int id, bool shown,
                         const char* key, const QString& toolTip = QString())
 {
-    if (!shown)
+    if (!shown) {
         return;
+    }
     const QString label = model->designCodeText(QLatin1String(key));
     createLineEditHeader(
         table, id, description(-3, 2), label,

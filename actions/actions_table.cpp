@@ -23,7 +23,8 @@ void MRL_LC_ActionsTable::contextMenuEvent(QContextMenuEvent*)
     MRL_QT_Menu* menu = getContextMenu();
     menu->addSeparator();
     menu->addAction(m_reinitAllAction);
-    if (!getSelectedRows(this).empty())
+    if (!getSelectedRows(this).empty()) {
         menu->addAction(m_reinitSelectedAction);
+    }
     menu->exec(QCursor::pos());
 }

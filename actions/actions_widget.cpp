@@ -79,8 +79,9 @@ QBoxLayout* LCM_ActionsWidget::createButtons(QWidget* box)
     addButton(tr("New"), "button_new", "1slot_newClicked( )");
     addButton(tr("Delete"), "button_delete", "1slot_deleteClicked( )");
     column->addStretch(1);
-    if (MRL_QT_ApplicationInterface::experimentalOn())
+    if (MRL_QT_ApplicationInterface::experimentalOn()) {
         addButton(tr("ADD ALL"), "button_add_all", "1slot_addAllClicked( )");
+    }
     return column;
 }
 
@@ -111,8 +112,9 @@ void LCM_ActionsWidget::save(bool writeToDatabase)
             QString(), QString(), QString(), 0, -1);
         modificationNoticePending = false;
     }
-    if (writeToDatabase)
+    if (writeToDatabase) {
         model->writeActions(db);
+    }
 }
 
 int LCM_ActionsWidget::readRow(int row, tagCDB_LC_ACT& action)
@@ -123,8 +125,9 @@ int LCM_ActionsWidget::readRow(int row, tagCDB_LC_ACT& action)
 void LCM_ActionsWidget::readAllRows(std::vector<tagCDB_LC_ACT>& actions)
 {
     actions.resize(static_cast<std::size_t>(table->rowCount()));
-    for (int row = 0; row < table->rowCount(); ++row)
+    for (int row = 0; row < table->rowCount(); ++row) {
         readRow(row, actions[static_cast<std::size_t>(row)]);
+    }
 }
 
 const std::map<int, tagCDB_LC_ACT>& LCM_ActionsWidget::getActionMap()
@@ -145,8 +148,9 @@ bool LCM_ActionsWidget::findAction(int code, tagCDB_LC_ACT& action)
 {
     const std::map<int, tagCDB_LC_ACT>& rows = getActionMap();
     const auto found = rows.find(code);
-    if (found == rows.end())
+    if (found == rows.end()) {
         return false;
+    }
     action = found->second;
     return true;
 }
@@ -171,6 +175,7 @@ bool LCM_ActionsWidget::hasFactorColumns() const
 void LCM_ActionsWidget::getSelectedActionCodes(std::set<int>& codes) const
 {
     codes.clear();
-    for (const int row : getSelectedRows(table))
+    for (const int row : getSelectedRows(table)) {
         codes.insert(LCM_RowCells(table, row).actionCode());
+    }
 }

@@ -23,11 +23,13 @@ void LCM_ActionsWidget::slot_newClicked()
     // To the end of the slot: the receivers of the signals find the new row last, then it sorts into place.
     const MRL_QT_SortingBlocker sortingBlocker(table);
     QStringList names;
-    for (int row = 0; row < table->rowCount(); ++row)
+    for (int row = 0; row < table->rowCount(); ++row) {
         names.append(cellText(row, ACT_COL_ACTION));
+    }
     MRL_LC_AddNewActionDialog dialog(m_dialogOption, model, names, this, "new action");
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() != QDialog::Accepted) {
         return;
+    }
     const tagCDB_LC_ACT action = lcm_add_action(*model, dialog);
     appendRow(action);
     emit signal_newAction();
@@ -38,8 +40,9 @@ void LCM_ActionsWidget::slot_addAllClicked()
 {
     rowCacheDirty = true;
     const MRL_QT_SortingBlocker sortingBlocker(table);
-    for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*model))
+    for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*model)) {
         appendRow(action);
+    }
     emit signal_newAction();
     emit signal_actionCountChanged();
 }
@@ -62,8 +65,9 @@ void LCM_ActionsWidget::slot_deleteClicked()
     modified = true;
     Deletion deletion = selectedForDeletion();
     // A refusal spares the used actions alone.
-    if (!deletion.used.empty() && userAgreesToDelete(deletion.used))
+    if (!deletion.used.empty() && userAgreesToDelete(deletion.used)) {
         addUsed(deletion);
+    }
     model->removeActions(deletion.codes);
     removeRows(table, deletion.rows);
     rowCacheDirty = true;
@@ -77,8 +81,9 @@ LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
     for (const int row : rowsInSelectionOrder()) {
         const int code = LCM_RowCells(table, row).actionCode();
         if (m_loadcaseTab != nullptr) {
-            if (deletion.codes.count(code) != 0 || used.count(code) != 0)
+            if (deletion.codes.count(code) != 0 || used.count(code) != 0) {
                 continue;
+            }
             if (m_loadcaseTab->isActionUsed(actionOf(code))) {
                 used.insert(code);
                 deletion.used.push_back(code);
@@ -97,10 +102,13 @@ std::vector<int> LCM_ActionsWidget::rowsInSelectionOrder() const
     // table.
     std::vector<int> rows;
     std::unordered_set<int> seen;
-    for (const QItemSelectionRange& range : table->selectionModel()->selection())
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            if (LCM_RowCells(table, row).anyCell() != nullptr && seen.insert(row).second)
+    for (const QItemSelectionRange& range : table->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (LCM_RowCells(table, row).anyCell() != nullptr && seen.insert(row).second) {
                 rows.push_back(row);
+            }
+        }
+    }
     return rows;
 }
 
@@ -108,8 +116,9 @@ bool LCM_ActionsWidget::userAgreesToDelete(const std::vector<int>& used)
 {
     QString text = tr("One or more actions are in use. Do you want to delete the selected actions and all "
                       "assigned loadcases?\n\nThe actions are:\n");
-    for (const int code : used)
+    for (const int code : used) {
         text += lcm_action_label(actionOf(code)) + QLatin1Char('\n');
+    }
     return MRL_QT_MessageBox::warning(this, tr("Action used!"), text, tr("Delete"), tr("Cancel"), QString(),
                                       0, -1) == 0;
 }
@@ -122,8 +131,9 @@ void LCM_ActionsWidget::addUsed(Deletion& deletion)
         rowOfCode.emplace(readRow(row, action), row); // the first row of a code counts
     }
     std::vector<tagCDB_LC_ACT> actions;
-    for (const int code : deletion.used)
+    for (const int code : deletion.used) {
         actions.push_back(actionOf(code));
+    }
     m_loadcaseTab->removeLoadcasesOf(actions);
     for (const int code : deletion.used) {
         deletion.codes.insert(code);
@@ -142,8 +152,9 @@ tagCDB_LC_ACT LCM_ActionsWidget::actionOf(int code)
 void LCM_ActionsWidget::slot_reInitAllActions()
 {
     std::set<int> rows;
-    for (int row = 0; row < table->rowCount(); ++row)
+    for (int row = 0; row < table->rowCount(); ++row) {
         rows.insert(rows.end(), row);
+    }
     reinitialise(rows, false);
 }
 
@@ -153,8 +164,9 @@ void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
 {
     rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
-    for (const int row : rows)
+    for (const int row : rows) {
         taken.emplace_back(table, row);
+    }
     std::vector<LCM_RowCells> reported;
     {
         // One block around all rows: a sorted table sorts once at its end, and not once for each row.
@@ -162,10 +174,12 @@ void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
         for (const LCM_RowCells& cells : taken) {
             tagCDB_LC_ACT action;
             const bool known = model->findAction(cells.actionCode(), action, true) != 0;
-            if (known)
+            if (known) {
                 fillRow(cells, action, true);
-            if (known || reportAll)
+            }
+            if (known || reportAll) {
                 reported.push_back(cells);
+            }
         }
     }
     // Only now: the rows may have moved.

@@ -35,13 +35,15 @@ std::vector<Shown> activeRecords(const LCM_DataClass& model)
 {
     std::vector<Shown> shown;
     const auto add = [&shown](const LCM_SubAction& entry) {
-        if (entry.state == LCM_STATE_ACTIVE)
+        if (entry.state == LCM_STATE_ACTIVE) {
             shown.push_back({lcm_code_text(lcm_action_code(entry.record)), &entry.record});
+        }
     };
     for (const LCM_ActionEntry* entry : model.actions) {
         add(*entry);
-        for (const LCM_SubAction* child : entry->subActions)
+        for (const LCM_SubAction* child : entry->subActions) {
             add(*child);
+        }
     }
     std::stable_sort(shown.begin(), shown.end(),
                      [](const Shown& a, const Shown& b) { return a.name < b.name; });
@@ -86,8 +88,9 @@ void LCM_ActionsWidget::fillTable()
         const std::vector<Shown> actions = activeRecords(*model);
         int row = table->rowCount();
         table->appendNewRows(static_cast<int>(actions.size()), MRL_H_TableWidget::CreateCells);
-        for (const Shown& action : actions)
+        for (const Shown& action : actions) {
             fillRow(row++, *action.record, true);
+        }
         sortingBlocker.unblock();
         table->sortByColumn(table->getColumnNumber(ACT_COL_ACTION), Qt::AscendingOrder);
     }
@@ -104,8 +107,9 @@ void LCM_ActionsWidget::fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& 
 {
     const MRL_QT_SignalBlocker signalBlocker(table);
     cells.show(action);
-    if (check)
+    if (check) {
         cells.setValid(checkRow(cells));
+    }
 }
 
 bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
@@ -129,10 +133,12 @@ void LCM_ActionsWidget::slot_cellChanged(int row, int col)
     // to name the row that was edited.
     const LCM_RowCells edited(table, row);
     std::vector<LCM_RowCells> selected;
-    for (const int selectedRow : getSelectedRows(table))
+    for (const int selectedRow : getSelectedRows(table)) {
         selected.emplace_back(table, selectedRow);
-    for (const LCM_RowCells& cells : selected)
+    }
+    for (const LCM_RowCells& cells : selected) {
         cells.setValid(checkRow(cells));
+    }
     emit signal_actionValuesChanged(edited.position(), col);
 }
 

@@ -22,7 +22,8 @@ class LCM_LoadcaseTab
     /// The same for several actions in turn; the load-case tab does it in one pass.
     virtual void removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions)
     {
-        for (const tagCDB_LC_ACT& action : actions)
+        for (const tagCDB_LC_ACT& action : actions) {
             removeActionLoadcases(action);
+        }
     }
 };

@@ -15,8 +15,9 @@ tagCDB_LC_ACT typedAction(const LCM_NewAction& choice)
     tagCDB_LC_ACT action{};
     action.kind = 1;
     lcm_pack_field(choice.actionName.toUtf8().constData(), action.name);
-    if (!choice.categoryName.isEmpty())
+    if (!choice.categoryName.isEmpty()) {
         action.suffix = lcm_pack_word(choice.categoryName);
+    }
     action.partition = lcm_partition_word(VARIABLE, EXCLUSIVE);
     lcm_title_pack(choice.description, action.title, LC_TITLE_WORDS);
     return action;
@@ -25,19 +26,22 @@ tagCDB_LC_ACT typedAction(const LCM_NewAction& choice)
 /// The entry that was chosen. @return null when the name was typed
 LCM_SubAction* chosenEntry(const std::vector<LCM_ActionEntry*>& actions, const LCM_NewAction& choice)
 {
-    if (choice.actionIndex < 0)
+    if (choice.actionIndex < 0) {
         return nullptr;
+    }
     LCM_ActionEntry* parent = actions.at(static_cast<std::size_t>(choice.actionIndex));
-    if (choice.categoryIndex >= 0)
+    if (choice.categoryIndex >= 0) {
         return parent->subActions.at(static_cast<std::size_t>(choice.categoryIndex));
+    }
     // A typed category asks for an action of its own, whatever parent is chosen beside it.
     return choice.categoryName.isEmpty() ? parent : nullptr;
 }
 
 void activate(LCM_SubAction& entry, std::vector<tagCDB_LC_ACT>& activated)
 {
-    if (entry.state == LCM_STATE_ACTIVE || entry.state == LCM_STATE_PLACEHOLDER)
+    if (entry.state == LCM_STATE_ACTIVE || entry.state == LCM_STATE_PLACEHOLDER) {
         return;
+    }
     entry.state = LCM_STATE_ACTIVE;
     activated.push_back(entry.record);
 }
@@ -62,8 +66,9 @@ std::vector<tagCDB_LC_ACT> lcm_activate_free_actions(LCM_DataClass& model)
 {
     std::vector<tagCDB_LC_ACT> activated;
     for (LCM_ActionEntry* parent : model.actions) {
-        for (LCM_SubAction* child : parent->subActions)
+        for (LCM_SubAction* child : parent->subActions) {
             activate(*child, activated);
+        }
         activate(*parent, activated);
     }
     return activated;

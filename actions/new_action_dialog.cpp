@@ -55,8 +55,9 @@ struct MRL_LC_AddNewActionDialog::Private
         const bool allChildrenActive =
             std::all_of(parent.subActions.begin(), parent.subActions.end(),
                         [](const LCM_SubAction* child) { return child->state == LCM_STATE_ACTIVE; });
-        if (allChildrenActive && parent.state != LCM_STATE_FREE)
+        if (allChildrenActive && parent.state != LCM_STATE_FREE) {
             return false;
+        }
         return !parent.userDefined && !(parent.subActions.empty() && isNameUsed(parent));
     }
 
@@ -92,8 +93,9 @@ void MRL_LC_AddNewActionDialog::createWidgets()
     mrl_connect(d->ways, "2buttonClicked( int )", this, "1slot_radioClicked( int )", Qt::AutoConnection);
     d->ways->setExclusive(true);
     createPredefinedHalf();
-    if ((dialogOption & WITHOUT_USER_DEFINED) == 0)
+    if ((dialogOption & WITHOUT_USER_DEFINED) == 0) {
         createUserHalf();
+    }
     createFoot();
 }
 
@@ -169,8 +171,9 @@ void MRL_LC_AddNewActionDialog::chooseFirstWay()
         return;
     }
     d->ways->button(PREDEFINED)->setEnabled(false);
-    if (d->userBox == nullptr)
+    if (d->userBox == nullptr) {
         return;
+    }
     d->ways->button(USER_DEFINED)->setChecked(true);
     slot_radioClicked(USER_DEFINED);
 }
@@ -179,8 +182,9 @@ void MRL_LC_AddNewActionDialog::fillActionCombo()
 {
     for (std::size_t i = 0; i < d->model->actions.size(); ++i) {
         const LCM_ActionEntry& parent = *d->model->actions[i];
-        if (d->isOffered(parent))
+        if (d->isOffered(parent)) {
             d->actionCombo->addItem(lcm_action_label(parent.record), static_cast<int>(i));
+        }
     }
     slot_selectionChangedAction(d->actionCombo->itemText(0));
     d->actionCombo->setFocus();
@@ -193,12 +197,14 @@ void MRL_LC_AddNewActionDialog::fillCategoryCombo()
     bool anyChild = false;
     if (actionIndex >= 0) {
         const LCM_ActionEntry& parent = d->parentAt(actionIndex);
-        if (parent.state == LCM_STATE_FREE)
+        if (parent.state == LCM_STATE_FREE) {
             d->categoryCombo->addItem(QStringLiteral("Standard"), STANDARD);
+        }
         for (std::size_t i = 0; i < parent.subActions.size(); ++i) {
             const LCM_SubAction& child = *parent.subActions[i];
-            if (child.state == LCM_STATE_ACTIVE || d->isNameUsed(child))
+            if (child.state == LCM_STATE_ACTIVE || d->isNameUsed(child)) {
                 continue;
+            }
             d->categoryCombo->addItem(lcm_member_label(child.record), static_cast<int>(i));
             anyChild = true;
         }
@@ -216,8 +222,9 @@ void MRL_LC_AddNewActionDialog::setCategoryEnabled(bool enabled)
 
 void MRL_LC_AddNewActionDialog::slot_selectionChangedAction(const QString&)
 {
-    if (d->actionCombo->count() == 0)
+    if (d->actionCombo->count() == 0) {
         return;
+    }
     d->preDescEdit->setText(QString());
     actionIndex = d->actionCombo->getCurrentId();
     description = lcm_title_text(d->parentAt(actionIndex).record.title);
@@ -229,8 +236,9 @@ void MRL_LC_AddNewActionDialog::slot_selectionChangedAction(const QString&)
 void MRL_LC_AddNewActionDialog::slot_selectionChangedCategory(const QString&)
 {
     categoryIndex = d->categoryCombo->getCurrentId();
-    if (actionIndex < 0)
+    if (actionIndex < 0) {
         return;
+    }
     const LCM_ActionEntry& parent = d->parentAt(actionIndex);
     const tagCDB_LC_ACT& chosen = categoryIndex < 0
                                       ? parent.record
@@ -245,8 +253,9 @@ void MRL_LC_AddNewActionDialog::slot_radioClicked(int id)
 {
     const bool userDefined = id != PREDEFINED;
     d->preBox->setEnabled(!userDefined);
-    if (d->userBox != nullptr)
+    if (d->userBox != nullptr) {
         d->userBox->setEnabled(userDefined);
+    }
     description = (userDefined && d->userBox != nullptr ? d->userDescEdit : d->preDescEdit)->text();
     if (!userDefined) {
         actionName.clear();
@@ -260,20 +269,23 @@ void MRL_LC_AddNewActionDialog::slot_radioClicked(int id)
         categoryName = d->userCategoryEdit->text().toUpper();
         actionIndex = -1;
         categoryIndex = -1;
-        if (d->userActionEdit->text().isEmpty())
+        if (d->userActionEdit->text().isEmpty()) {
             d->buttons->cmdOk()->setEnabled(false);
+        }
     }
 }
 
 void MRL_LC_AddNewActionDialog::slot_userActionTextChanged(const QString& text)
 {
-    if (d->userBox == nullptr)
+    if (d->userBox == nullptr) {
         return;
+    }
     actionIndex = -1;
     actionName = text.toUpper().trimmed();
     const bool roomForCategory = actionName.size() <= MAX_ACTION_WITH_CATEGORY;
-    if (!roomForCategory)
+    if (!roomForCategory) {
         d->userCategoryEdit->setText(QString());
+    }
     d->userCategoryEdit->setEnabled(roomForCategory);
     d->userCategoryEdit->setToolTip(
         roomForCategory ? QString() : tr("Only an action of at most 2 characters can have a category."));
@@ -282,15 +294,18 @@ void MRL_LC_AddNewActionDialog::slot_userActionTextChanged(const QString& text)
 
 void MRL_LC_AddNewActionDialog::slot_userCategoryTextChanged(const QString& text)
 {
-    if (d->userBox == nullptr)
+    if (d->userBox == nullptr) {
         return;
+    }
     categoryIndex = -1;
     const QString actionText = d->userActionEdit->text();
-    if (!text.trimmed().isEmpty() && actionText.size() > MAX_ACTION_WITH_CATEGORY)
+    if (!text.trimmed().isEmpty() && actionText.size() > MAX_ACTION_WITH_CATEGORY) {
         d->userActionEdit->setText(actionText.left(MAX_ACTION_WITH_CATEGORY));
+    }
     categoryName = text.toUpper().trimmed();
-    if (categoryName.isEmpty())
+    if (categoryName.isEmpty()) {
         d->userActionEdit->getStrLineEdit().secondBound = MAX_ACTION;
+    }
     judgeName(false);
 }
 
@@ -298,8 +313,9 @@ void MRL_LC_AddNewActionDialog::judgeName(bool actionChanged)
 {
     QString message;
     const bool valid = validateName(actionName.trimmed(), categoryName, d->usedNames, actionChanged, message);
-    if (!valid)
+    if (!valid) {
         d->infoText->setText(message);
+    }
     d->infoText->setVisible(!valid);
     d->buttons->cmdOk()->setEnabled(valid);
 }

@@ -39,8 +39,9 @@ void mark(QTableWidgetItem* item, const QBrush& brush, const QString& toolTip)
 LCM_RowCells::LCM_RowCells(const MRL_H_TableWidget* table, int row) : m_table(table), m_row(row)
 {
     m_cells.reserve(static_cast<std::size_t>(table->columnCount()));
-    for (int column = 0; column < table->columnCount(); ++column)
+    for (int column = 0; column < table->columnCount(); ++column) {
         m_cells.push_back(table->item(row, column));
+    }
 }
 
 QTableWidgetItem* LCM_RowCells::cellAt(int columnId) const
@@ -61,8 +62,9 @@ const QTableWidgetItem* LCM_RowCells::anyCell() const
 int LCM_RowCells::position() const
 {
     const QTableWidgetItem* cell = anyCell();
-    if (cell == nullptr)
+    if (cell == nullptr) {
         return m_row;
+    }
     const auto column = static_cast<int>(std::find(m_cells.begin(), m_cells.end(), cell) - m_cells.begin());
     // Asking an item for its row searches the whole table.
     return m_table->item(m_row, column) == cell ? m_row : cell->row();
@@ -71,20 +73,23 @@ int LCM_RowCells::position() const
 void LCM_RowCells::markErrors(const LCM_Findings& findings) const
 {
     for (std::size_t column = 0; column < m_cells.size(); ++column) {
-        if (m_cells[column] == nullptr)
+        if (m_cells[column] == nullptr) {
             continue;
+        }
         const auto finding = findings.find(m_table->getColumnId(static_cast<int>(column)));
-        if (finding == findings.end())
+        if (finding == findings.end()) {
             mark(m_cells[column], normalBrush(), QString());
-        else
+        } else {
             mark(m_cells[column], errorBrush(), finding->second);
+        }
     }
 }
 
 void LCM_RowCells::setValid(bool valid) const
 {
-    if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_ACTION))
+    if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_ACTION)) {
         cell->setData(ROLE_ROW_VALID, valid);
+    }
 }
 
 int LCM_RowCells::actionCode() const
@@ -100,34 +105,44 @@ void LCM_RowCells::show(const tagCDB_LC_ACT& action) const
         cell->setText(values.name);
         cell->setData(ROLE_ACTION_CODE, values.code);
     }
-    if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_DESCRIPTION))
+    if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_DESCRIPTION)) {
         cell->setText(values.title);
-    if (auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_PARTITION))
+    }
+    if (auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_PARTITION)) {
         cell->setCurrentId(values.partition);
-    if (auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_SUPERPOSITION))
+    }
+    if (auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_SUPERPOSITION)) {
         cell->setCurrentId(values.superposition);
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i)
-        if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(LCM_ACTION_FACTORS[i].column))
+    }
+    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
+        if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(LCM_ACTION_FACTORS[i].column)) {
             cell->setVal(values.factors[i]);
+        }
+    }
 }
 
 int LCM_RowCells::read(tagCDB_LC_ACT& action) const
 {
     LCM_ActionCells values;
-    if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_ACTION))
+    if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_ACTION)) {
         values.name = cell->text();
-    if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_DESCRIPTION))
+    }
+    if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(ACT_COL_DESCRIPTION)) {
         values.title = cell->text();
-    if (const auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_PARTITION))
+    }
+    if (const auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_PARTITION)) {
         values.partition = cell->getCurrentId();
-    if (const auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_SUPERPOSITION))
+    }
+    if (const auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_SUPERPOSITION)) {
         values.superposition = cell->getCurrentId();
+    }
     for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
         const int column = LCM_ACTION_FACTORS[i].column;
-        if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(column))
+        if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(column)) {
             values.factors[i] = static_cast<float>(cell->getVal(nullptr));
-        else if (hasColumn(column))
+        } else if (hasColumn(column)) {
             values.factors[i] = LC_UNDEFINED;
+        }
     }
     return lcm_action_record(values, action);
 }
@@ -135,12 +150,15 @@ int LCM_RowCells::read(tagCDB_LC_ACT& action) const
 std::set<int> lcm_positions(const MRL_H_TableWidget* table, const std::vector<LCM_RowCells>& rows)
 {
     std::unordered_set<const QTableWidgetItem*> wanted;
-    for (const LCM_RowCells& row : rows)
+    for (const LCM_RowCells& row : rows) {
         wanted.insert(row.anyCell());
+    }
     wanted.erase(nullptr);
     std::set<int> positions;
-    for (int row = 0; row < table->rowCount() && !wanted.empty(); ++row)
-        if (wanted.erase(LCM_RowCells(table, row).anyCell()) != 0)
+    for (int row = 0; row < table->rowCount() && !wanted.empty(); ++row) {
+        if (wanted.erase(LCM_RowCells(table, row).anyCell()) != 0) {
             positions.insert(positions.end(), row);
+        }
+    }
     return positions;
 }

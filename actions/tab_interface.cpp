@@ -20,8 +20,9 @@ int LCM_TabInterface::firstInvalidRow() const
 {
     for (int row = 0; table != nullptr && row < table->rowCount(); ++row) {
         const MRL_H_TwSimpleLineEditItem* cell = verdictCell(row);
-        if (cell == nullptr || !cell->data(ROLE_ROW_VALID).toBool())
+        if (cell == nullptr || !cell->data(ROLE_ROW_VALID).toBool()) {
             return row;
+        }
     }
     return -1;
 }
@@ -29,18 +30,21 @@ int LCM_TabInterface::firstInvalidRow() const
 void LCM_TabInterface::showInvalidRow()
 {
     const int row = firstInvalidRow();
-    if (row < 0)
+    if (row < 0) {
         return;
+    }
     table->selectRow(row);
     table->scrollTo(table->model()->index(row, 0));
 }
 
 void LCM_TabInterface::setRowValid(int row, bool valid)
 {
-    if (table == nullptr)
+    if (table == nullptr) {
         return;
-    if (MRL_H_TwSimpleLineEditItem* cell = verdictCell(row))
+    }
+    if (MRL_H_TwSimpleLineEditItem* cell = verdictCell(row)) {
         cell->setData(ROLE_ROW_VALID, valid);
+    }
 }
 
 MRL_H_TwSimpleLineEditItem* LCM_TabInterface::verdictCell(int row) const

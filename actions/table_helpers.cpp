@@ -16,11 +16,14 @@ MRL_H_TwHeaderLineEditItem* createLineEditHeader(MRL_H_TableWidget* table, int i
 std::set<int> getSelectedRows(const QTableWidget* table)
 {
     std::set<int> rows;
-    if (table->rowCount() == 0)
+    if (table->rowCount() == 0) {
         return rows;
-    for (const QTableWidgetSelectionRange& range : table->selectedRanges())
-        for (int row = range.topRow(); row <= range.bottomRow(); ++row)
+    }
+    for (const QTableWidgetSelectionRange& range : table->selectedRanges()) {
+        for (int row = range.topRow(); row <= range.bottomRow(); ++row) {
             rows.insert(rows.end(), row);
+        }
+    }
     return rows;
 }
 
@@ -34,13 +37,16 @@ void removeRows(QTableWidget* table, const std::set<int>& rows)
     const int first = rows.empty() ? 0 : *rows.begin();
     // The selection gives way to a row at the end anyway; until then each of its cells would be carried
     // along.
-    if (!rows.empty() && first >= 0)
+    if (!rows.empty() && first >= 0) {
         table->clearSelection();
-    if (auto* ownTable = qobject_cast<MRL_H_TableWidget*>(table))
+    }
+    if (auto* ownTable = qobject_cast<MRL_H_TableWidget*>(table)) {
         ownTable->removeRows(
             rows); // in one pass; the view counts the rows below anew for each single removal
-    else
-        for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+    } else {
+        for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
             table->removeRow(*row);
+        }
+    }
     table->selectRow(table->rowCount() > first ? first : table->rowCount() - 1);
 }

@@ -22,16 +22,18 @@ const std::vector<int> ACTIONS{5000};
 
 void require(bool ok, const char* what)
 {
-    if (!ok)
+    if (!ok) {
         throw std::runtime_error(what);
+    }
 }
 
 /// The name of a user's own action; no two of up to 17,576 share their code.
 QString nameOf(int number)
 {
     QString name;
-    for (int i = 0; i < 3; ++i, number /= 26)
+    for (int i = 0; i < 3; ++i, number /= 26) {
         name.prepend(QChar('A' + number % 26));
+    }
     return name.prepend('U');
 }
 
@@ -66,9 +68,11 @@ class Actions
         newTab();
         widget->fillTable();
         require(table().rowCount() >= n && table().columnCount() == 11, "fill");
-        for (int row = 0; row < table().rowCount(); ++row)
-            for (int column = 0; column < table().columnCount(); ++column)
+        for (int row = 0; row < table().rowCount(); ++row) {
+            for (int column = 0; column < table().columnCount(); ++column) {
                 texts.push_back(table().item(row, column)->text());
+            }
+        }
     }
     ~Actions()
     {
@@ -124,8 +128,9 @@ class DeleteEverySecond : public Actions
         newTab();
         widget->fillTable();
         QItemSelection selection;
-        for (int row = 0; row < table().rowCount(); row += 2)
+        for (int row = 0; row < table().rowCount(); row += 2) {
             selection.select(table().model()->index(row, 0), table().model()->index(row, 10));
+        }
         table().selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
         before = table().rowCount();
     }
@@ -205,14 +210,16 @@ class Edit : public Actions
     void ours()
     {
         changes = 0;
-        for (int i = 0; i < EDITS; ++i)
+        for (int i = 0; i < EDITS; ++i) {
             table().model()->setData(table().currentIndex(), 1.0 + 0.01 * (++edits % 1000), Qt::EditRole);
+        }
         require(changes == EDITS, "edits");
     }
     void raw()
     {
-        for (int i = 0; i < EDITS; ++i)
+        for (int i = 0; i < EDITS; ++i) {
             bare->item(5, 4)->setText(QString::number(++edits));
+        }
     }
 
   private:

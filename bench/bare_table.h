@@ -17,8 +17,9 @@ inline std::unique_ptr<QTableWidget> fillBareTable(int rows, int columns = bareC
     for (int row = 0; row < rows; ++row) {
         table->setItem(row, 0, new QTableWidgetItem(QString::number(row + 1)));
         table->setItem(row, 1, new QTableWidgetItem(QStringLiteral("Load case ") + QString::number(row + 1)));
-        for (int column = 2; column < columns; ++column)
+        for (int column = 2; column < columns; ++column) {
             table->setItem(row, column, new QTableWidgetItem(QString::number(1.35 + column, 'f', 2)));
+        }
     }
     return table;
 }

@@ -63,8 +63,9 @@ class Both
         int kwh = group;
         int kwl = 0;
         int met = 0;
-        for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == group; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1), ++met)
+        for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == group; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1), ++met) {
             each(kwl);
+        }
         require(met == n, "walk");
     }
 
@@ -116,8 +117,9 @@ class WalkKeys : Both
     }
     void raw()
     {
-        while (sqlite3_step(Both::raw.list) == SQLITE_ROW)
+        while (sqlite3_step(Both::raw.list) == SQLITE_ROW) {
             bench::keep(sqlite3_column_int(Both::raw.list, 0));
+        }
         sqlite3_reset(Both::raw.list);
     }
 };
@@ -163,19 +165,23 @@ class DeleteAndRewrite : Both
     void ours()
     {
         mrl::cdb::Transaction transaction(db);
-        for (int kwl = 1; kwl <= n; ++kwl)
+        for (int kwl = 1; kwl <= n; ++kwl) {
             require(mrl_cdb_del(db, group, kwl) == CD_OK, "del");
-        for (int kwl = 1; kwl <= n; ++kwl)
+        }
+        for (int kwl = 1; kwl <= n; ++kwl) {
             putOurs(kwl);
+        }
         require(static_cast<bool>(transaction.commit()), "commit");
     }
     void raw()
     {
         Both::raw.execute("BEGIN IMMEDIATE");
-        for (int kwl = 1; kwl <= n; ++kwl)
+        for (int kwl = 1; kwl <= n; ++kwl) {
             deleteRaw(kwl);
-        for (int kwl = 1; kwl <= n; ++kwl)
+        }
+        for (int kwl = 1; kwl <= n; ++kwl) {
             putRaw(kwl);
+        }
         Both::raw.execute("COMMIT");
     }
 };

@@ -95,7 +95,7 @@ double bytesKept(const std::function<void()>& step)
 
 int run(int argc, char** argv)
 {
-    for (const auto& entry : entries())
+    for (const auto& entry : entries()) {
         for (const int n : entry.sizes) {
             const auto name = entry.name + "/" + std::to_string(n);
             benchmark::RegisterBenchmark(name.c_str(),
@@ -103,9 +103,11 @@ int run(int argc, char** argv)
                 ->Iterations(1)
                 ->Unit(benchmark::kMillisecond);
         }
+    }
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;
+    }
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

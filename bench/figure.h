@@ -73,13 +73,15 @@ class Timed
         add(name, target, std::move(sizes), [](int n) {
             auto work = std::make_shared<T>(n);
             return Sides{[work] {
-                             if constexpr (detail::HasPrepareOurs<T>::value)
+                             if constexpr (detail::HasPrepareOurs<T>::value) {
                                  work->prepareOurs();
+                             }
                              return nanoseconds([&] { work->ours(); });
                          },
                          [work] {
-                             if constexpr (detail::HasPrepareRaw<T>::value)
+                             if constexpr (detail::HasPrepareRaw<T>::value) {
                                  work->prepareRaw();
+                             }
                              return nanoseconds([&] { work->raw(); });
                          },
                          true};

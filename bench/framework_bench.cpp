@@ -22,8 +22,9 @@ constexpr int recordSize = 188;
 
 void require(bool fine, const char* what)
 {
-    if (!fine)
+    if (!fine) {
         throw std::runtime_error(what);
+    }
 }
 
 class Raw
@@ -121,8 +122,9 @@ class Save
     {
         mrl::cdb::Transaction transaction(db);
         const int length = recordSize;
-        for (int kwl = 1; kwl <= last; ++kwl)
+        for (int kwl = 1; kwl <= last; ++kwl) {
             require(mrl_cdb_put(db, group, kwl, m_record, &length, 0) == CD_OK, "put");
+        }
         require(static_cast<bool>(transaction.commit()), "commit");
     }
 

@@ -22,8 +22,9 @@ class ListLoadCases : bench::LoadCases
     void raw()
     {
         std::vector<int> numbers;
-        while (sqlite3_step(rawSide.list) == SQLITE_ROW)
+        while (sqlite3_step(rawSide.list) == SQLITE_ROW) {
             numbers.push_back(sqlite3_column_int(rawSide.list, 0));
+        }
         sqlite3_reset(rawSide.list);
         bench::require(static_cast<int>(numbers.size()) == n, "select");
     }

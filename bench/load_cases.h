@@ -61,8 +61,9 @@ class LoadCases
         std::vector<int> actions;
         mrl_lc_get_default_action_list(db, actions);
         require(!actions.empty(), "the shipped design code en1990 was not found");
-        for (const int code : actions)
+        for (const int code : actions) {
             require(mrl_lc_create_default_action(db, code), "action");
+        }
         tagCDB_LC_CTRL record{};
         for (int number = 1; number <= n; ++number) {
             record.action = actions[static_cast<std::size_t>(number) % actions.size()];

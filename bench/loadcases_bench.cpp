@@ -26,9 +26,11 @@ namespace {
 std::unique_ptr<QTableWidget> bareTable(int rows, int columns)
 {
     auto table = std::make_unique<QTableWidget>(rows, columns);
-    for (int row = 0; row < rows; ++row)
-        for (int column = 0; column < columns; ++column)
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
             table->setItem(row, column, new QTableWidgetItem(QString::number(row)));
+        }
+    }
     return table;
 }
 
@@ -179,8 +181,9 @@ class Memory : bench::LoadCases
         std::unique_ptr<Dialog> dialog;
         const double bytes = bench::bytesKept([&] {
             dialog = std::make_unique<Dialog>(db);
-            if (shown)
+            if (shown) {
                 dialog->show();
+            }
         });
         m_columns = dialog->table->columnCount();
         return bytes;
@@ -190,10 +193,11 @@ class Memory : bench::LoadCases
         std::unique_ptr<QTableWidget> bare;
         std::unique_ptr<BareWindow> window;
         return bench::bytesKept([&] {
-            if (shown)
+            if (shown) {
                 window = std::make_unique<BareWindow>(n, m_columns);
-            else
+            } else {
                 bare = bareTable(n, m_columns);
+            }
         });
     }
 
@@ -235,10 +239,12 @@ class ChangeFactor : OpenDialog
     {
         const int code = mrl_lc_get_default_action(db, false);
         auto* table = dialog->actions->tableWidget();
-        for (int row = 0; row < table->rowCount(); ++row)
-            if (table->itemOnColId(row, ACT_COL_ACTION)->data(ROLE_ACTION_CODE).toInt() == code)
+        for (int row = 0; row < table->rowCount(); ++row) {
+            if (table->itemOnColId(row, ACT_COL_ACTION)->data(ROLE_ACTION_CODE).toInt() == code) {
                 MRL_H_TwSimpleLineEditItem::fromItem(table->itemOnColId(row, ACT_COL_GAMU))
                     ->setVal(m_value = 3.0f - m_value);
+            }
+        }
     }
 
   private:
@@ -267,8 +273,9 @@ class DeleteHalf : public OpenDialog
     {
         reopen();
         std::set<int> numbers;
-        for (int number = 1; number <= n; number += 2)
+        for (int number = 1; number <= n; number += 2) {
             numbers.insert(numbers.end(), number);
+        }
         dialog->hide();
         dialog->loadcases->selectLoadcases(numbers);
         std::clock_t answered = 0;

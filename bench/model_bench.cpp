@@ -51,10 +51,12 @@ class WriteLoadcases : bench::LoadCases
     void raw()
     {
         rawSide.execute("BEGIN IMMEDIATE");
-        for (const LCM_LoadcaseEntry& entry : model->loadcases)
+        for (const LCM_LoadcaseEntry& entry : model->loadcases) {
             deleteRaw(entry.number);
-        for (const LCM_LoadcaseEntry& entry : model->loadcases)
+        }
+        for (const LCM_LoadcaseEntry& entry : model->loadcases) {
             putRaw(entry.number, entry.record);
+        }
         rawSide.execute("COMMIT");
     }
 

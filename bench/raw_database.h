@@ -20,8 +20,9 @@ class Folder
     Folder()
     {
         std::string name = (std::filesystem::temp_directory_path() / "mrl-bench-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr)
+        if (mkdtemp(name.data()) == nullptr) {
             throw std::runtime_error("no temporary folder");
+        }
         folder = name;
     }
     ~Folder()
@@ -39,8 +40,9 @@ class Folder
 
 inline void require(bool fine, const char* what)
 {
-    if (!fine)
+    if (!fine) {
         throw std::runtime_error(what);
+    }
 }
 
 /// The raw side's database.
@@ -59,8 +61,9 @@ class Raw
     }
     ~Raw()
     {
-        for (auto* statement : {scan, list, get, insert, erase})
+        for (auto* statement : {scan, list, get, insert, erase}) {
             sqlite3_finalize(statement);
+        }
         sqlite3_close(db);
     }
     Raw(const Raw&) = delete;

@@ -24,8 +24,9 @@ void addColumns(MRL_H_TableWidget& table)
     table.setHorizontalHeaderItem(
         2, new MRL_H_TwHeaderComboBoxItem(102, {{"None", 0}, {"G dead load", 71}, {"Q live load", 81}},
                                           "Action", "tip", true, Qt::AlignLeft));
-    for (int column = firstFactor; column < columns; ++column)
+    for (int column = firstFactor; column < columns; ++column) {
         line(column, -3, 2);
+    }
 }
 
 void writeRow(MRL_H_TableWidget& table, int row, int number, float factor)
@@ -115,9 +116,10 @@ class Refill : public StandingTable
         const MRL_QT_SignalBlocker quiet(table.get());
         double sum = 0.0;
         for (int row = 0; row < rows; ++row) {
-            for (int column = firstFactor; column < columns; ++column)
+            for (int column = firstFactor; column < columns; ++column) {
                 sum += MRL_H_TwSimpleLineEditItem::fromItem(table->itemOnColId(row, 100 + column))
                            ->getVal(nullptr);
+            }
             writeRow(*table, row, row + 1, m_factor);
             judgeRow(*table, row);
         }
@@ -168,8 +170,9 @@ class AppendSorted : public StandingTable
         table->setRangeSelected({row, 1, row, 1}, true);
         unsorted.unblock();
         m_added = rows / 2;
-        if (table->item(m_added, 0)->text().toInt() != rows / 2)
+        if (table->item(m_added, 0)->text().toInt() != rows / 2) {
             std::abort();
+        }
     }
 
   private:
@@ -183,8 +186,9 @@ class RemoveHalf : public StandingTable
   public:
     explicit RemoveHalf(int n) : StandingTable(n)
     {
-        for (int row = 0; row < n; row += 2)
+        for (int row = 0; row < n; row += 2) {
             m_every.insert(m_every.end(), row);
+        }
     }
     void prepareOurs() { table = fillTable(rows); }
     void ours() { table->removeRows(m_every); }

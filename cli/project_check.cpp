@@ -22,10 +22,12 @@ Finding worded(const LCM_ProjectFinding& finding)
 std::vector<Finding> checkProject(int db)
 {
     std::vector<Finding> findings;
-    if (const designcode::Loaded loaded = designcode::ofDatabase(db); !loaded.code)
+    if (const designcode::Loaded loaded = designcode::ofDatabase(db); !loaded.code) {
         findings.push_back({"project", "", "", loaded.reason});
-    for (const LCM_ProjectFinding& finding : lcm_check_project(db, false))
+    }
+    for (const LCM_ProjectFinding& finding : lcm_check_project(db, false)) {
         findings.push_back(worded(finding));
+    }
     return findings;
 }
 

@@ -61,15 +61,17 @@ void lcm_pack_field(const char* text, char (&field)[4])
 void lcm_word_to_chars(std::int32_t word, char* destination)
 {
     const auto bits = static_cast<std::uint32_t>(word);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         destination[i] = static_cast<char>((bits >> (8 * i)) & 0xFFu);
+    }
 }
 
 std::int32_t lcm_field_word(const char (&field)[4])
 {
     std::uint32_t bits = 0;
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         bits |= static_cast<std::uint32_t>(static_cast<unsigned char>(field[i])) << (8 * i);
+    }
     return static_cast<std::int32_t>(bits);
 }
 
@@ -80,8 +82,9 @@ std::int32_t lcm_action_code(const tagCDB_LC_ACT& action)
     NameBuffer buffer = firstPart(action);
     if (lcm_has_suffix(action.suffix)) {
         const auto blank = std::find(buffer.begin(), buffer.end(), ' ');
-        if (blank != buffer.end())
+        if (blank != buffer.end()) {
             writeSuffix(&*blank, action.suffix);
+        }
     }
     // Bytes, not characters: a name that was cut in the middle of a character keeps its code.
     return packBytes(buffer.data(), std::strlen(buffer.data()));
@@ -111,8 +114,9 @@ QString lcm_action_label(const tagCDB_LC_ACT& action)
     NameBuffer buffer = firstPart(action);
     if (lcm_has_suffix(action.suffix)) {
         auto at = std::find(buffer.begin(), buffer.end(), ' ');
-        if (at == buffer.end())
+        if (at == buffer.end()) {
             at = std::find(buffer.begin(), buffer.end(), '\0');
+        }
         writeSuffix(&*at, action.suffix);
     }
     return labelled(buffer, action);

@@ -12,8 +12,9 @@ bool hasActionsSection(int db)
 {
     constexpr int SIZE = 1024;
     std::array<char, SIZE> file{};
-    if (!mrl_lib_designcode_file(db, file.data(), SIZE) || file[0] == '\0')
+    if (!mrl_lib_designcode_file(db, file.data(), SIZE) || file[0] == '\0') {
         return true;
+    }
     int value = 0;
     std::array<char, SIZE> text{};
     return mrl_lib_profile_read(file.data(), "ACTIONS", "", 1, &value, text.data(), SIZE, 0) >= 0;
@@ -25,8 +26,9 @@ bool MRL_LC_Action_Info::init(int db)
 {
     mrl_dlib_ini_switch(db);
     tagCDB_LC_ACT marks{};
-    if (mrl_dlib_lcact_info(0, &marks) < 0)
+    if (mrl_dlib_lcact_info(0, &marks) < 0) {
         return false;
+    }
     gamu = marks.gamu > 0.0f;
     gamf = marks.gamf > 0.0f;
     gama = marks.gama > 0.0f && hasActionsSection(db);

@@ -33,8 +33,9 @@ bool lookUp(int which, tagCDB_LC_ACT& action) { return mrl_dlib_lcact_info(which
 bool resolveOldNumber(int number, tagCDB_LC_ACT& action, int& code)
 {
     const int fallBack = number >= 2 && number <= 6 ? LC_OLD_DEAD_ACTION : LC_OLD_LIVE_ACTION;
-    if (!lookUp(number, action) && !lookUp(fallBack, action))
+    if (!lookUp(number, action) && !lookUp(fallBack, action)) {
         return false;
+    }
     code = lcm_action_code(action);
     return true;
 }
@@ -46,8 +47,9 @@ bool mrl_lc_code_has_actions(int db)
     const LCM_CurrentDatabaseGuard current;
     mrl_dlib_ini_switch(db);
     tagCDB_LC_ACT marks{};
-    if (!lookUp(0, marks))
+    if (!lookUp(0, marks)) {
         return false;
+    }
     return marks.gamu > 0.0f || marks.gamf > 0.0f || marks.psi0 > 0.0f || marks.psi1 > 0.0f ||
            marks.psi1s > 0.0f || marks.psi2 > 0.0f;
 }
@@ -67,16 +69,19 @@ bool mrl_lc_getAction(int db, int code, tagCDB_LC_ACT& action, bool create)
     const LCM_CurrentDatabaseGuard current;
     mrl_dlib_ini_switch(db);
     int key = code;
-    if (code < FIRST_CODE && !resolveOldNumber(code, action, key))
+    if (code < FIRST_CODE && !resolveOldNumber(code, action, key)) {
         return false;
-    if (readAction(db, key, action))
+    }
+    if (readAction(db, key, action)) {
         return true;
+    }
 
     const LCM_KeyGuard opened(db, LC_KWH_ACTIONS, key);
     // The caller's own number and not the one that it fell back to: an action that the design code doesn't
     // know is never made out of another one.
-    if (!create || !lookUp(code, action))
+    if (!create || !lookUp(code, action)) {
         return false;
+    }
     writeAction(db, key, action);
     return true;
 }
@@ -119,8 +124,9 @@ bool mrl_lc_create_default_action(int db, int code)
     const LCM_CurrentDatabaseGuard current;
     mrl_dlib_ini_switch(db);
     return lcm_enumerate_default_actions([&](const tagCDB_LC_ACT& action) {
-        if (lcm_action_code(action) != code)
+        if (lcm_action_code(action) != code) {
             return false;
+        }
         writeAction(db, code, action);
         return true;
     });
@@ -129,8 +135,9 @@ bool mrl_lc_create_default_action(int db, int code)
 bool mrl_lc_create_default_action(int db, const QString& name, int* code)
 {
     const int wanted = lcm_normalise_code(name);
-    if (code)
+    if (code) {
         *code = wanted;
+    }
     return mrl_lc_create_default_action(db, wanted);
 }
 
@@ -139,7 +146,8 @@ bool lcm_store_default_actions(int db)
     std::vector<int> codes;
     mrl_lc_get_default_action_list(db, codes);
     bool all = true;
-    for (const int code : codes)
+    for (const int code : codes) {
         all = mrl_lc_create_default_action(db, code) && all;
+    }
     return all;
 }

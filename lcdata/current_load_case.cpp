@@ -34,10 +34,12 @@ void mrl_lc_set_current(int db, int lc)
 {
     CurrentRecord record{};
     const bool present = readCurrent(db, record);
-    if (present && record.number == lc)
+    if (present && record.number == lc) {
         return;
-    if (!present)
+    }
+    if (!present) {
         record = {};
+    }
     record.number = lc;
     const LCM_KeyGuard key(db, LC_KWH_CURRENT, LC_KWL_CURRENT);
     const int length = sizeof record;

@@ -25,10 +25,12 @@ bool lcm_enumerate_default_actions(Visit&& visit)
     constexpr int LAST = -999;
     for (int which = -1; which >= LAST; --which) {
         tagCDB_LC_ACT action{};
-        if (mrl_dlib_lcact_info(which, &action) < 0)
+        if (mrl_dlib_lcact_info(which, &action) < 0) {
             return false;
-        if (visit(static_cast<const tagCDB_LC_ACT&>(action)))
+        }
+        if (visit(static_cast<const tagCDB_LC_ACT&>(action))) {
             return true;
+        }
     }
     return false;
 }

@@ -36,11 +36,13 @@ bool isOfFamily(int db, int lc, int family)
 /// The record of a new load case. @return false when its action isn't in the project or the number is taken
 bool newLoadCase(int db, int lc, int code, tagCDB_LC_CTRL& rec)
 {
-    if (!mrl_lc_has_action(db, code) || mrl_lc_exists(db, lc))
+    if (!mrl_lc_has_action(db, code) || mrl_lc_exists(db, lc)) {
         return false;
+    }
     tagCDB_LC_ACT action{};
-    if (!mrl_lc_getAction(db, code, action, false))
+    if (!mrl_lc_getAction(db, code, action, false)) {
         return false;
+    }
     lcm_load_case_from_action(action, rec, lcm_field_word(action.name));
     return true;
 }
@@ -49,14 +51,16 @@ bool newLoadCase(int db, int lc, int code, tagCDB_LC_CTRL& rec)
 
 bool mrl_lc_init(int db, int lc, tagCDB_LC_CTRL& rec, bool dead, bool makeCurrent)
 {
-    if (mrl_lc_get(db, lc, rec))
+    if (mrl_lc_get(db, lc, rec)) {
         return false;
+    }
     rec = {};
     mrl_lc_set_action(db, rec, mrl_lc_get_default_action(db, dead), true);
     rec.factor = 1.0f;
     mrl_lc_put(db, lc, rec);
-    if (makeCurrent)
+    if (makeCurrent) {
         mrl_lc_set_current(db, lc);
+    }
     return true;
 }
 
@@ -77,8 +81,9 @@ void mrl_lc_set_action(int db, tagCDB_LC_CTRL& rec, int code, bool create)
     rec.action = mrl_dlib_lftype_enum(code);
     mrl_cdb_use(db, 0);
     tagCDB_LC_ACT action{};
-    if (!mrl_lc_getAction(db, rec.action, action, create))
+    if (!mrl_lc_getAction(db, rec.action, action, create)) {
         rec.action = LC_ACTION_NONE;
+    }
     mrl_lc_init_action(db, rec, create);
 }
 
@@ -87,10 +92,11 @@ bool mrl_lc_create_load_case(int db, int lc, int code, const QString& title)
     const LCM_CurrentDatabaseGuard current;
     mrl_dlib_ini_switch(db);
     tagCDB_LC_CTRL rec{};
-    if (code == LC_ACTION_IMPERFECTION)
+    if (code == LC_ACTION_IMPERFECTION) {
         rec.action = LC_ACTION_IMPERFECTION;
-    else if (!newLoadCase(db, lc, code, rec))
+    } else if (!newLoadCase(db, lc, code, rec)) {
         return false;
+    }
     lcm_title_pack(title, rec.title, LC_TITLE_WORDS);
     mrl_lc_put(db, lc, rec);
     return true;

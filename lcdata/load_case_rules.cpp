@@ -35,17 +35,20 @@ void lcm_default_factors(std::int32_t word, tagCDB_LC_ACT& action)
 
 void lcm_resolve_action_word(std::int32_t& word)
 {
-    if (isReservedWord(word))
+    if (isReservedWord(word)) {
         return;
+    }
     tagCDB_LC_ACT action{};
-    if (mrl_dlib_lcact_info(word, &action) >= 0)
+    if (mrl_dlib_lcact_info(word, &action) >= 0) {
         word = lcm_action_code(action);
+    }
 }
 
 std::int32_t LCM_ActionWords::resolved(std::int32_t word)
 {
     const auto [at, isNew] = m_resolved.try_emplace(word, word);
-    if (isNew)
+    if (isNew) {
         lcm_resolve_action_word(at->second);
+    }
     return at->second;
 }

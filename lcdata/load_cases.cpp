@@ -9,15 +9,17 @@
 int mrl_lc_count(int db)
 {
     int count = 0;
-    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();)
+    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
         ++count;
+    }
     return count;
 }
 
 int mrl_lc_list(int db, std::vector<int>& out)
 {
-    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();)
+    for (LCM_KeyWalk walk(db, LC_KWH_CASES); walk.next();) {
         out.push_back(walk.kwl());
+    }
     return 1;
 }
 
@@ -45,8 +47,9 @@ bool mrl_lc_get(int db, int lc, tagCDB_LC_CTRL& rec)
 {
     const LCM_KeyGuard key(db, LC_KWH_CASES, lc);
     int length = sizeof rec;
-    if (mrl_cdb_get(db, LC_KWH_CASES, lc, &rec, &length, 0) < CD_END)
+    if (mrl_cdb_get(db, LC_KWH_CASES, lc, &rec, &length, 0) < CD_END) {
         return true;
+    }
     rec = {};
     return false;
 }

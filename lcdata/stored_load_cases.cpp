@@ -25,8 +25,9 @@ bool LCM_LoadCaseWalk::next()
 {
     while (m_keys.next()) {
         m_current.number = m_keys.kwl();
-        if (readFirst(m_db, m_current.number, m_current.record))
+        if (readFirst(m_db, m_current.number, m_current.record)) {
             return true;
+        }
     }
     return false;
 }

@@ -28,8 +28,9 @@ bool readSystem(int db, SystemRecord& record)
 int lcm_system_class(int db)
 {
     SystemRecord record{};
-    if (!readSystem(db, record) || record.rawClass == 0 || record.rawClass > 39)
+    if (!readSystem(db, record) || record.rawClass == 0 || record.rawClass > 39) {
         return 0;
+    }
     return record.rawClass < 20 ? 1 : 3;
 }
 

@@ -45,11 +45,13 @@ int LCM_ActionList::codeOf(int id) const
 
 LCM_ActionList::Binding LCM_ActionList::bind(int code)
 {
-    if (contains(code))
+    if (contains(code)) {
         return {code, isMarker(code)};
+    }
     const int lower = lcm_lower_code(code);
-    if (!contains(lower))
+    if (!contains(lower)) {
         append(lcm_missing_action_text(code), lower, code, true);
+    }
     return {lower, isMarker(lower)};
 }
 

@@ -7,11 +7,13 @@
 float lcm_cell_value(const QTableWidgetItem* cell)
 {
     const auto* number = MRL_H_TwSimpleLineEditItem::fromItem(cell);
-    if (!number)
+    if (!number) {
         return LC_UNDEFINED;
+    }
     const auto* editable = MRL_H_TwEditableComboBoxItem::fromItem(cell);
-    if (editable && editable->getCurrentId() == -1)
+    if (editable && editable->getCurrentId() == -1) {
         return LC_UNDEFINED;
+    }
     return static_cast<float>(number->getVal(nullptr));
 }
 
@@ -26,15 +28,17 @@ void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float
     const bool follows = value == LC_UNDEFINED;
     lcm_set_cell_from_action(cell, follows);
     auto* number = MRL_H_TwSimpleLineEditItem::fromItem(cell);
-    if (!number)
+    if (!number) {
         return;
+    }
     number->setEnabled(enabled);
     auto* editable = MRL_H_TwEditableComboBoxItem::fromItem(cell);
     if (editable && follows) {
         editable->setCurrentId(-1);
         editable->setVal(actionValue);
-    } else
+    } else {
         number->setVal(value);
+    }
 }
 
 QString lcm_cell_text(const QTableWidgetItem* cell)
@@ -53,8 +57,9 @@ bool lcm_cell_from_action(const QTableWidgetItem* cell)
 void lcm_set_cell_from_action(QTableWidgetItem* cell, bool fromAction)
 {
     auto* item = MRL_H_TwItem::fromItem(cell);
-    if (item && item->data(ROLE_FROM_ACTION).toBool() != fromAction)
+    if (item && item->data(ROLE_FROM_ACTION).toBool() != fromAction) {
         item->setData(ROLE_FROM_ACTION, fromAction);
+    }
 }
 
 int lcm_cell_id(const QTableWidgetItem* cell)

@@ -6,8 +6,9 @@
 
 LCM_LoadcaseCells::LCM_LoadcaseCells(const MRL_H_TableWidget& table, int row)
 {
-    for (int i = 0; i < COLUMNS; ++i)
+    for (int i = 0; i < COLUMNS; ++i) {
         m_cells[static_cast<std::size_t>(i)] = table.itemOnColId(row, LC_COL_NUMBER + i);
+    }
 }
 
 QTableWidgetItem* LCM_LoadcaseCells::operator[](int column) const
@@ -31,8 +32,9 @@ LCM_LoadcaseDeadWeight LCM_LoadcaseCells::deadWeight() const
 LCM_LoadcaseFactors LCM_LoadcaseCells::factors() const
 {
     LCM_LoadcaseFactors values;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         values[column] = lcm_cell_value((*this)[column]);
+    }
     return values;
 }
 
@@ -46,23 +48,26 @@ std::optional<int> LCM_LoadcaseCells::keptWord() const
 void LCM_LoadcaseCells::keepWord(std::optional<int> actionWord)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
-    if (cell && keptWord() != actionWord)
+    if (cell && keptWord() != actionWord) {
         cell->setData(ROLE_ACTION_CODE, actionWord ? QVariant(*actionWord) : QVariant());
+    }
 }
 
 void LCM_LoadcaseCells::showNumber(int number)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
-    if (!cell || lcm_cell_number(cell) == number)
+    if (!cell || lcm_cell_number(cell) == number) {
         return;
+    }
     lcm_set_cell_value(cell, static_cast<float>(number), true, LC_UNDEFINED);
     cell->setData(Qt::DisplayRole, number);
 }
 
 void LCM_LoadcaseCells::showTitle(const QString& title)
 {
-    if (auto* cell = MRL_H_TwSimpleLineEditItem::fromItem((*this)[LC_COL_TITLE]))
+    if (auto* cell = MRL_H_TwSimpleLineEditItem::fromItem((*this)[LC_COL_TITLE])) {
         cell->setText(title);
+    }
 }
 
 void LCM_LoadcaseCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
@@ -75,6 +80,7 @@ void LCM_LoadcaseCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
 
 void LCM_LoadcaseCells::showFactors(const LCM_LoadcaseFactors& values, bool enabled)
 {
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         lcm_set_cell_value((*this)[column], values[column], enabled, values[column]);
+    }
 }

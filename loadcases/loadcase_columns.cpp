@@ -88,18 +88,20 @@ void LCM_LoadcaseWidget::setupColumns()
         int id;
         QString caption;
     } directions[] = {{LC_COL_DLX, tr("DLX")}, {LC_COL_DLY, tr("DLY")}, {LC_COL_DLZ, tr("DLZ")}};
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         createLineEditHeader(loadcaseTable, directions[i].id,
                              axis == i + 1 ? limitedDescription() : factorDescription(),
                              directions[i].caption, components[i], position++);
+    }
     setupFactorColumns(position);
 }
 
 void LCM_LoadcaseWidget::setupFactorColumns(int position)
 {
     const auto add = [&](bool exists, int id, const char* key, const QString& toolTip) {
-        if (!exists)
+        if (!exists) {
             return;
+        }
         const QString label = model->designCodeText(QLatin1String(key));
         const QString text = toolTip.contains(QLatin1String("%1")) ? toolTip.arg(label) : toolTip;
         createLineEditHeader(loadcaseTable, id, factorDescription(), label, text, position++);

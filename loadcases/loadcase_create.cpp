@@ -33,10 +33,11 @@ void LCM_LoadcaseWidget::slot_newClicked() { createLoadcases(false); }
 
 void LCM_LoadcaseWidget::slot_copyClicked()
 {
-    if (getSelectedRows(loadcaseTable).empty())
+    if (getSelectedRows(loadcaseTable).empty()) {
         MRL_QT_MessageBox::critical(this, tr("Loadcase selection"), tr("Please select a loadcase to copy!"));
-    else
+    } else {
         createLoadcases(true);
+    }
 }
 
 std::vector<int> LCM_LoadcaseWidget::rowNumbers() const
@@ -44,25 +45,29 @@ std::vector<int> LCM_LoadcaseWidget::rowNumbers() const
     const int column = loadcaseTable->getColumnNumber(LC_COL_NUMBER);
     std::vector<int> numbers(static_cast<std::size_t>(loadcaseTable->rowCount()));
     int row = 0;
-    for (int& number : numbers)
+    for (int& number : numbers) {
         number = lcm_cell_number(loadcaseTable->item(row++, column));
+    }
     return numbers;
 }
 
 void LCM_LoadcaseWidget::getAllLoadcases(std::set<int>& out)
 {
-    for (const int number : rowNumbers())
+    for (const int number : rowNumbers()) {
         out.insert(out.end(), number);
+    }
 }
 
 LCM_FreeNumbers LCM_LoadcaseWidget::freeNumbers()
 {
     std::optional<int> selected;
     int first = std::numeric_limits<int>::max();
-    for (const QTableWidgetSelectionRange& range : loadcaseTable->selectedRanges())
+    for (const QTableWidgetSelectionRange& range : loadcaseTable->selectedRanges()) {
         first = std::min(first, range.topRow());
-    if (first < loadcaseTable->rowCount())
+    }
+    if (first < loadcaseTable->rowCount()) {
         selected = numberOfRow(first);
+    }
     return LCM_FreeNumbers(rowNumbers(), selected, model->knownLoadcaseNumbers());
 }
 
@@ -81,8 +86,9 @@ void LCM_LoadcaseWidget::createLoadcases(bool copy)
     LCM_LoadcaseCopy info;
     const bool done = selected.empty() ? createWithoutSelection(entry, newRows, info)
                                        : createFromSelection(copy, selected, entry, newRows, info);
-    if (!done)
+    if (!done) {
         return;
+    }
     // What follows moves much of the view: it is painted once, at the end.
     const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     loadcaseTable->clearSelection();
@@ -114,12 +120,15 @@ bool LCM_LoadcaseWidget::createFromSelection(bool copy, const std::set<int>& sel
                     .arg(LC_MAX_NUMBER));
             return false;
         }
-        if (previous > 0)
+        if (previous > 0) {
             info.target = previous;
-        if (lastCopyFactor != NO_FACTOR)
+        }
+        if (lastCopyFactor != NO_FACTOR) {
             info.factor = lastCopyFactor;
-        if (!addLoadcase(copy, entry, newRows, info))
+        }
+        if (!addLoadcase(copy, entry, newRows, info)) {
             return false;
+        }
         previous = entry.number;
         lastCopyFactor = info.factor;
     }
@@ -130,18 +139,21 @@ bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::s
                                      LCM_LoadcaseCopy& info)
 {
     entry.number = askNumber(copy, info);
-    if (entry.number == CANCELLED)
+    if (entry.number == CANCELLED) {
         return false;
+    }
     if (entry.number > LC_MAX_NUMBER) {
         MRL_QT_MessageBox::critical(this, tr("Loadcase number"),
                                     tr("The maximum loadcase number is %1").arg(LC_MAX_NUMBER));
         return false;
     }
-    if (entry.record.title[0] == 0)
+    if (entry.record.title[0] == 0) {
         lcm_title_pack(tr("Loadcase %1").arg(entry.number), entry.record.title, LC_TITLE_WORDS);
+    }
     const LCM_DefaultAction kind = lcm_default_action_of_new(loadcaseTable->rowCount());
-    if (kind != LCM_DefaultAction::Keep)
+    if (kind != LCM_DefaultAction::Keep) {
         bindDefaultAction(kind == LCM_DefaultAction::Dead, entry);
+    }
 
     const MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
     loadcaseTable->appendNewRows(1, MRL_H_TableWidget::CreateCells);
@@ -149,10 +161,12 @@ bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::s
     rows.insert(row);
     fillRow(row, entry);
     setRowValid(row, checkRow(row));
-    if (m_freeNumbers)
+    if (m_freeNumbers) {
         m_freeNumbers->take(entry.number);
-    if (copy)
+    }
+    if (copy) {
         copies.push_back(info);
+    }
     return true;
 }
 
@@ -166,15 +180,18 @@ void LCM_LoadcaseWidget::bindDefaultAction(bool dead, LCM_LoadcaseEntry& entry)
 
 int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
 {
-    if (!copy && checkIncrease->checkState() == Qt::Checked)
+    if (!copy && checkIncrease->checkState() == Qt::Checked) {
         return nextNumber();
+    }
     std::set<int> taken = model->getUsedLoadcaseNumbers();
-    for (const int number : rowNumbers())
+    for (const int number : rowNumbers()) {
         taken.insert(number);
+    }
     info.target = info.target > 0 ? lcm_proposed_target(info.target, taken) : nextNumber();
     LCM_LoadcaseNumberDialog dialog(this, taken, copy, info);
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() != QDialog::Accepted) {
         return CANCELLED;
+    }
     if (copy) {
         info.target = dialog.number();
         info.factor = dialog.factor();
@@ -184,9 +201,10 @@ int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
 
 void LCM_LoadcaseWidget::scrollToSelected(int number)
 {
-    for (const int row : getSelectedRows(loadcaseTable))
+    for (const int row : getSelectedRows(loadcaseTable)) {
         if (numberOfRow(row) == number) {
             loadcaseTable->scrollTo(loadcaseTable->model()->index(row, 0));
             return;
         }
+    }
 }

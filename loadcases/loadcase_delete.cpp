@@ -22,8 +22,9 @@ void LCM_LoadcaseWidget::slot_deleteClicked()
 {
     modified = true;
     const std::set<int> rows = getSelectedRows(loadcaseTable);
-    if (rows.empty() || !confirmDeletion(rows.size()))
+    if (rows.empty() || !confirmDeletion(rows.size())) {
         return;
+    }
     std::unordered_map<int, int> deleted; // how many rows of each number go
     for (const int row : rows) {
         const int number = numberOfRow(row);
@@ -55,11 +56,13 @@ void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { re
 
 void LCM_LoadcaseWidget::removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions)
 {
-    if (actions.empty())
+    if (actions.empty()) {
         return;
+    }
     std::unordered_set<int> codes;
-    for (const tagCDB_LC_ACT& action : actions)
+    for (const tagCDB_LC_ACT& action : actions) {
         codes.insert(lcm_action_code(action));
+    }
     // As if one action went after the other: the selection lands where the rows of the last one stood.
     const int lastCode = lcm_action_code(actions.back());
     std::set<int> rows;
@@ -67,10 +70,12 @@ void LCM_LoadcaseWidget::removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& act
     int others = 0; // rows of the other actions so far
     for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
         const int id = lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION));
-        if (codes.count(id) == 0)
+        if (codes.count(id) == 0) {
             continue;
-        if (id == lastCode && !landing)
+        }
+        if (id == lastCode && !landing) {
             landing = row - others;
+        }
         others += id == lastCode ? 0 : 1;
         rows.insert(rows.end(), row);
         model->removeUsedLoadcaseNumber(numberOfRow(row));
@@ -84,8 +89,9 @@ bool LCM_LoadcaseWidget::isActionUsed(const tagCDB_LC_ACT& action)
 {
     if (!m_usedActions) {
         m_usedActions.emplace();
-        for (int row = 0; row < loadcaseTable->rowCount(); ++row)
+        for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
             m_usedActions->insert(lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
+        }
         // The answer holds for the questions of one command; cells can also be changed from outside.
         QMetaObject::invokeMethod(
             this, [this] { forgetUsedActions(); }, Qt::QueuedConnection);

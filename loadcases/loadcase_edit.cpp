@@ -46,8 +46,9 @@ void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
         cells.keepWord(m_actionList.isMarker(cells.actionId()) ? std::optional<int>(word) : std::nullopt);
         followAction(cells, context);
     }
-    if (column != LC_COL_TITLE)
+    if (column != LC_COL_TITLE) {
         updateCoupledItem(row, column);
+    }
     judgeRows(getSelectedRows(loadcaseTable), context);
 }
 
@@ -70,20 +71,23 @@ void LCM_LoadcaseWidget::updateCoupledItem(int row, int colId)
     const bool follows = lcm_cell_value(cells[colId]) == LC_UNDEFINED;
     const int mate = mateOf(colId);
     QTableWidgetItem* mateCell = mate < 0 ? nullptr : cells[mate];
-    if (mateCell && follows && !wasFromAction)
+    if (mateCell && follows && !wasFromAction) {
         setItemVal(row, mate, LC_UNDEFINED, enabled);
+    }
     if (mateCell && !follows && wasFromAction && actionsWidget) {
         tagCDB_LC_ACT action{};
-        if (actionsWidget->findAction(actionWord(cells), action))
+        if (actionsWidget->findAction(actionWord(cells), action)) {
             setItemVal(row, mate, lcm_action_factor(action, mate), enabled);
+        }
     }
     setItemFromAction(row, colId, follows);
 }
 
 float LCM_LoadcaseWidget::getActionVal(int row, int colId)
 {
-    if (!actionsWidget)
+    if (!actionsWidget) {
         return LC_UNDEFINED;
+    }
     const auto& actions = actionsWidget->getActionMap();
     const auto action = actions.find(lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
     return action == actions.end() ? LC_UNDEFINED : lcm_action_factor(action->second, colId);
@@ -91,8 +95,9 @@ float LCM_LoadcaseWidget::getActionVal(int row, int colId)
 
 bool LCM_LoadcaseWidget::checkRow(int row)
 {
-    if (!actionsWidget)
+    if (!actionsWidget) {
         return true;
+    }
     const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
@@ -103,22 +108,26 @@ void LCM_LoadcaseWidget::judgeRows(const std::set<int>& rows, LCM_RowContext& co
 {
     const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
-    for (const int row : rows)
+    for (const int row : rows) {
         setRowValid(row, judge(row, LCM_LoadcaseCells(*loadcaseTable, row), context));
+    }
 }
 
 bool LCM_LoadcaseWidget::judge(int row, const LCM_LoadcaseCells& cells, LCM_RowContext& context)
 {
-    if (!actionsWidget)
+    if (!actionsWidget) {
         return true;
+    }
     tagCDB_LC_CTRL record{};
     record.action = actionWord(cells);
     const tagCDB_LC_ACT* action = shownAction(cells, context);
-    if (action)
+    if (action) {
         lcm_store_factors(cells.factors(), context.setup, record);
+    }
     const LCM_LoadcaseVerdict verdict = lcm_judge_loadcase(record, action, *model->availabilityRecord());
     // Without an action nothing was examined, and the colours stay as they were.
-    if (action)
+    if (action) {
         markRowErrors(loadcaseTable, row, verdict.findings);
+    }
     return verdict.valid;
 }

@@ -22,9 +22,10 @@ void LCM_LoadcaseWidget::readSystem()
 LCM_RowContext LCM_LoadcaseWidget::rowContext()
 {
     LCM_LoadcaseSetup setup;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         setup.factorColumns[static_cast<std::size_t>(column - LC_COL_GAMU)] =
             loadcaseTable->getColumnNumber(column) >= 0;
+    }
     setup.gravity = m_gravity;
     setup.systemClass = m_systemClass;
     setup.globalDirections = checkDeadload->isChecked();
@@ -40,8 +41,9 @@ void LCM_LoadcaseWidget::fillTable()
         const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
         const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
         // All markers at once: each change of the list costs its whole length.
-        for (const LCM_LoadcaseEntry& entry : entries)
+        for (const LCM_LoadcaseEntry& entry : entries) {
             m_actionList.bind(entry.record.action);
+        }
         showActionList();
         LCM_RowContext context = rowContext();
         int row = loadcaseTable->rowCount();
@@ -117,8 +119,9 @@ void LCM_LoadcaseWidget::setItemVal(int row, int colId, float val, bool enabled)
     QTableWidgetItem* cell = loadcaseTable->itemOnColId(row, colId);
     const bool asksAction = val == LC_UNDEFINED && MRL_H_TwEditableComboBoxItem::fromItem(cell);
     lcm_set_cell_value(cell, val, enabled, asksAction ? getActionVal(row, colId) : LC_UNDEFINED);
-    if (cell && colId == LC_COL_NUMBER)
+    if (cell && colId == LC_COL_NUMBER) {
         cell->setData(Qt::DisplayRole, static_cast<int>(val));
+    }
 }
 
 float LCM_LoadcaseWidget::getItemVal(int row, int colId)
@@ -143,8 +146,9 @@ void LCM_LoadcaseWidget::setItemFromAction(int row, int colId, bool fromAction)
 
 void LCM_LoadcaseWidget::setActionItem(int row, int colId, int code)
 {
-    if (colId != LC_COL_ACTION)
+    if (colId != LC_COL_ACTION) {
         return;
+    }
     LCM_LoadcaseCells cells(*loadcaseTable, row);
     const int lower = lcm_lower_code(code);
     const auto kept = cells.keptWord();
@@ -154,12 +158,14 @@ void LCM_LoadcaseWidget::setActionItem(int row, int colId, int code)
 void LCM_LoadcaseWidget::bindAction(LCM_LoadcaseCells& cells, int code, int word)
 {
     auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(cells[LC_COL_ACTION]);
-    if (!combo)
+    if (!combo) {
         return;
+    }
     const LCM_ActionList::Binding binding = m_actionList.bind(code);
     showActionList();
-    if (combo->getCurrentId() != binding.id)
+    if (combo->getCurrentId() != binding.id) {
         forgetUsedActions();
+    }
     combo->setCurrentId(binding.id);
     cells.keepWord(binding.marker ? std::optional<int>(word) : std::nullopt);
 }
@@ -179,8 +185,9 @@ int LCM_LoadcaseWidget::keptWordFor(const LCM_LoadcaseCells& cells, int markerId
 
 void LCM_LoadcaseWidget::showActionList()
 {
-    if (m_actionList.takeGrown())
+    if (m_actionList.takeGrown()) {
         setActionEntries();
+    }
 }
 
 void LCM_LoadcaseWidget::setActionEntries()
@@ -188,8 +195,9 @@ void LCM_LoadcaseWidget::setActionEntries()
     m_actionList.takeGrown();
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     if (auto* header = dynamic_cast<MRL_H_TwHeaderComboBoxItem*>(
-            loadcaseTable->horizontalHeaderItemOnColId(LC_COL_ACTION)))
+            loadcaseTable->horizontalHeaderItemOnColId(LC_COL_ACTION))) {
         header->setComboEntries(m_actionList.entries());
+    }
 }
 
 int LCM_LoadcaseWidget::numberOfRow(int row) const

@@ -33,10 +33,11 @@ int normalised(int id)
 std::vector<tagCDB_LC_ACT> LCM_LoadcaseWidget::presentActions() const
 {
     std::vector<tagCDB_LC_ACT> actions;
-    if (actionsWidget)
+    if (actionsWidget) {
         actionsWidget->readAllRows(actions);
-    else
+    } else {
         model->activeActions(actions);
+    }
     return actions;
 }
 
@@ -46,8 +47,9 @@ std::unordered_map<int, int> LCM_LoadcaseWidget::bindAllIds()
     for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
         const int id = lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION));
         const auto [entry, isNew] = newIds.try_emplace(id);
-        if (isNew)
+        if (isNew) {
             entry->second = m_actionList.bind(normalised(id)).id;
+        }
     }
     return newIds;
 }
@@ -64,8 +66,9 @@ void LCM_LoadcaseWidget::slot_actionCountChanged()
 
     // An id whose rows have to be derived anew, since it or its text changed.
     std::unordered_map<int, bool> changed;
-    for (const auto& [id, newId] : newIds)
+    for (const auto& [id, newId] : newIds) {
         changed[id] = id != newId || former.text(id) != m_actionList.text(newId);
+    }
     LCM_RowContext context = rowContext();
     for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
         LCM_LoadcaseCells cells(*loadcaseTable, row);
@@ -83,25 +86,29 @@ void LCM_LoadcaseWidget::rebind(LCM_LoadcaseCells& cells, int newId, const LCM_A
 {
     const int id = cells.actionId();
     const int word = former.isMarker(id) ? cells.keptWord().value_or(former.codeOf(id)) : id;
-    if (auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(cells[LC_COL_ACTION]))
+    if (auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(cells[LC_COL_ACTION])) {
         combo->setCurrentId(newId);
+    }
     cells.keepWord(m_actionList.isMarker(newId) ? std::optional<int>(word) : std::nullopt);
 }
 
 void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
 {
-    if (!actionsWidget)
+    if (!actionsWidget) {
         return;
+    }
     tagCDB_LC_ACT action{};
     const int code = actionsWidget->readRow(row, action);
-    if (actionsWidget->tableWidget()->getColumnId(col) == ACT_COL_DESCRIPTION)
+    if (actionsWidget->tableWidget()->getColumnId(col) == ACT_COL_DESCRIPTION) {
         slot_actionCountChanged();
+    }
     const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
     for (int r = 0; r < loadcaseTable->rowCount(); ++r) {
-        if (lcm_cell_id(loadcaseTable->itemOnColId(r, LC_COL_ACTION)) != code)
+        if (lcm_cell_id(loadcaseTable->itemOnColId(r, LC_COL_ACTION)) != code) {
             continue;
+        }
         LCM_LoadcaseCells cells(*loadcaseTable, r);
         refreshCells(cells, context);
     }
@@ -109,8 +116,9 @@ void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
 
 void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
 {
-    if (!actionsWidget)
+    if (!actionsWidget) {
         return;
+    }
     MRL_QT_BusyDialog busy(tr("Checking loadcases"), this, "busy");
     if (loadcaseTable->rowCount() >= ROWS_FOR_BUSY_DIALOG) {
         busy.setText(tr("The loadcases will be checked because of changed action values."));
@@ -130,8 +138,9 @@ void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
         LCM_RowContext context = rowContext();
         for (int r = 0; r < loadcaseTable->rowCount(); ++r) {
             const auto action = actions.find(lcm_cell_id(loadcaseTable->itemOnColId(r, LC_COL_ACTION)));
-            if (action == actions.end())
+            if (action == actions.end()) {
                 continue;
+            }
             LCM_LoadcaseCells cells(*loadcaseTable, r);
             edited = showReinitialised(cells, action->second) || edited;
             // The pass over marked cells leaves out those that hold the action's number themselves.
@@ -150,12 +159,14 @@ bool LCM_LoadcaseWidget::showReinitialised(LCM_LoadcaseCells& cells, const tagCD
     bool edited = false;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         QTableWidgetItem* cell = cells[column];
-        if (!lcm_cell_from_action(cell))
+        if (!lcm_cell_from_action(cell)) {
             continue;
+        }
         const float value = lcm_action_factor(action, column);
         const QString text = mrl_h_getDimStringFromVal(static_cast<double>(value), -3, 2);
-        if (cell->text() == text)
+        if (cell->text() == text) {
             continue;
+        }
         cell->setText(text);
         edited = true;
     }

@@ -115,21 +115,25 @@ void LCM_LoadcaseWidget::setActionsWidget(LCM_ActionsWidget* actions)
 
 void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
 {
-    if (numbers.empty())
+    if (numbers.empty()) {
         return;
+    }
     loadcaseTable->setFocus();
     std::set<int> missing = numbers;
     std::map<int, int> rows; // the first row of each number
     for (int row = 0; row < loadcaseTable->rowCount() && !missing.empty(); ++row) {
         const int number = LCM_LoadcaseCells(*loadcaseTable, row).number();
-        if (missing.erase(number) != 0)
+        if (missing.erase(number) != 0) {
             rows.emplace(number, row);
+        }
     }
-    if (rows.empty())
+    if (rows.empty()) {
         return;
+    }
     std::set<int> positions;
-    for (const auto& [number, row] : rows)
+    for (const auto& [number, row] : rows) {
         positions.insert(row);
+    }
 
     // Rows that follow each other become one range: the cost of a selection goes with its ranges.
     QItemSelection selection;
@@ -137,8 +141,9 @@ void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
     const int lastColumn = loadcaseTable->columnCount() - 1;
     for (auto first = positions.begin(); first != positions.end();) {
         auto last = first;
-        for (auto next = std::next(last); next != positions.end() && *next == *last + 1; ++next)
+        for (auto next = std::next(last); next != positions.end() && *next == *last + 1; ++next) {
             last = next;
+        }
         selection.append(QItemSelectionRange(items->index(*first, 0), items->index(*last, lastColumn)));
         first = std::next(last);
     }
@@ -150,8 +155,9 @@ void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
 void LCM_LoadcaseWidget::getSelectedLoadcases(std::set<int>& numbers)
 {
     numbers.clear();
-    for (const int row : getSelectedRows(loadcaseTable))
+    for (const int row : getSelectedRows(loadcaseTable)) {
         numbers.insert(LCM_LoadcaseCells(*loadcaseTable, row).number());
+    }
 }
 
 std::vector<LCM_LoadcaseCopy> LCM_LoadcaseWidget::getCopies() const { return copies; }
@@ -161,19 +167,22 @@ void LCM_LoadcaseWidget::save(bool writeToDatabase)
     readSystem();
     const LCM_RowContext context = rowContext();
     std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(loadcaseTable->rowCount()));
-    for (int row = 0; row < loadcaseTable->rowCount(); ++row)
+    for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
         readCells(LCM_LoadcaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
+    }
     model->loadcases = std::move(entries);
     notifyModification();
-    if (writeToDatabase)
+    if (writeToDatabase) {
         model->writeLoadcases(db);
+    }
     storeSettings();
 }
 
 void LCM_LoadcaseWidget::notifyModification()
 {
-    if (!modificationNoticePending || !modified || !model->hasSuperpositionContent())
+    if (!modificationNoticePending || !modified || !model->hasSuperpositionContent()) {
         return;
+    }
     MRL_QT_MessageBox::information(
         this, LCM_TabInterface::tr("Action modified"),
         LCM_TabInterface::tr("You have made modifications to the actions.\nPlease check your inputs in the "
@@ -185,8 +194,9 @@ void LCM_LoadcaseWidget::notifyModification()
 void LCM_LoadcaseWidget::readSettings()
 {
     MRL_QT_Application* settings = application();
-    if (!settings)
+    if (!settings) {
         return;
+    }
     int deadload = 0;
     int increment = 1;
     settings->getAppSettings(SETTINGS, QStringLiteral("checkDeadload"), deadload, 0);
@@ -198,8 +208,9 @@ void LCM_LoadcaseWidget::readSettings()
 void LCM_LoadcaseWidget::storeSettings()
 {
     MRL_QT_Application* settings = application();
-    if (!settings)
+    if (!settings) {
         return;
+    }
     settings->setAppSettings(SETTINGS, QStringLiteral("checkDeadload"), checkDeadload->isChecked() ? 1 : 0);
     settings->setAppSettings(SETTINGS, QStringLiteral("checkIncrement"), checkIncrease->isChecked() ? 1 : 0);
 }

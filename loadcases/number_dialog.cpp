@@ -30,8 +30,9 @@ void LCM_LoadcaseNumberDialog::createSlider(int proposal)
 void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
 {
     auto* layout = new MRL_QT_VBoxLayout(this);
-    if (info.source > 0)
+    if (info.source > 0) {
         layout->addWidget(new MRL_QT_Label(tr("Copy from: %1").arg(info.source), this, "lblCopyFrom"));
+    }
 
     auto* grid = new MRL_QT_GridLayout();
     layout->addLayout(grid);
@@ -62,12 +63,13 @@ double LCM_LoadcaseNumberDialog::factor() const
 
 void LCM_LoadcaseNumberDialog::slot_accept()
 {
-    if (usedNumbers.count(number()))
+    if (usedNumbers.count(number())) {
         MRL_QT_MessageBox::critical(
             this, tr("Already assigned"),
             tr("This number is already assigned to a loadcase! Please choose another one."));
-    else if (!slider->isCorrected() || confirmCorrection())
+    } else if (!slider->isCorrected() || confirmCorrection()) {
         accept();
+    }
 }
 
 bool LCM_LoadcaseNumberDialog::confirmCorrection()

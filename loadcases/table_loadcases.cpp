@@ -38,16 +38,19 @@ QWidget* MyDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& o
                                   const QModelIndex& index) const
 {
     QWidget* editor = MRL_H_DelegateItem::createEditor(parent, option, index);
-    if (!index.isValid() || !lcm_is_factor_column(table->getColumnId(index.column())))
+    if (!index.isValid() || !lcm_is_factor_column(table->getColumnId(index.column()))) {
         return editor;
+    }
     const int action = lcm_cell_id(table->itemOnColId(table->currentRow(), LC_COL_ACTION));
     auto* combo = qobject_cast<MRL_QT4_ComboBox*>(editor);
-    if (!combo)
+    if (!combo) {
         return editor;
+    }
     auto* line = qobject_cast<MRL_H_LineEdit*>(combo->lineEdit());
     if (lcm_has_own_factors(action)) {
-        if (line)
+        if (line) {
             line->getStrLineEdit().thirdBound = 0.0;
+        }
         combo->clear();
         return editor;
     }
@@ -60,8 +63,9 @@ QWidget* MyDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& o
         line->updateVal(description);
     }
     combo->setCurrentText(text);
-    if (QTableWidgetItem* cell = table->currentItem())
+    if (QTableWidgetItem* cell = table->currentItem()) {
         cell->setText(text);
+    }
     return editor;
 }
 

@@ -47,9 +47,11 @@ int mrl_loadcase_manager(QWidget* parent, int db, MRL_LC_CtrlStruct& control)
 
 MRL_H_Plugin* MRL_H_PluginFactory(const QString& name)
 {
-    if (name == QLatin1String("lcmanager"))
+    if (name == QLatin1String("lcmanager")) {
         return new LoadCaseManagerPlugin;
-    if (name == QLatin1String("actionmanager"))
+    }
+    if (name == QLatin1String("actionmanager")) {
         return new ActionManagerPlugin;
+    }
     return nullptr;
 }

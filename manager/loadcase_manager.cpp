@@ -25,8 +25,9 @@ constexpr int SETTING_LANGUAGE = 102;
 QString boxedValueLine(const char* name, const char* textKey)
 {
     float value = 0.0f;
-    if (mrl_dlib_boxed_value("COMBINATIONS", name, value) <= 0)
+    if (mrl_dlib_boxed_value("COMBINATIONS", name, value) <= 0) {
         return QString();
+    }
     const QString label = QString::fromUtf8(mrl_lib_convtext(1, mrl_lib_setting(SETTING_LANGUAGE), textKey));
     return QStringLiteral("%1 = %2").arg(label, QString::number(static_cast<double>(value), 'g'));
 }
@@ -48,8 +49,9 @@ void LoadcaseManager::accept()
     const std::int32_t mode = m_control->mode;
     const std::vector<LCM_LoadcaseCopy> copies = m_control->copies;
     MRL_H_Dialog::accept();
-    if (result() == QDialog::Accepted)
+    if (result() == QDialog::Accepted) {
         return;
+    }
     // The saving may have come as far as these before it failed and was rolled back.
     m_control->mode = mode;
     m_control->copies = copies;
@@ -65,10 +67,11 @@ int LoadcaseManager::createContents(QBoxLayout* layout)
     mrl_cdb_use(m_db, 0);
     mrl_dlib_ini_switch(m_db);
     addInfoLine(layout);
-    if (m_control->mode == WANTED_LOADCASES && m_loadcases)
+    if (m_control->mode == WANTED_LOADCASES && m_loadcases) {
         m_tabs->setCurrentWidget(m_loadcases);
-    else if (m_control->mode == WANTED_ACTIONS && m_actions)
+    } else if (m_control->mode == WANTED_ACTIONS && m_actions) {
         m_tabs->setCurrentWidget(m_actions);
+    }
     return 1;
 }
 
@@ -110,8 +113,9 @@ QString LoadcaseManager::infoText() const
 {
     QString text = MRL_A_Normen::getNormLabelText(m_db);
     for (const QString& line : {boxedValueLine("KFI", "40Z"), boxedValueLine("XSI", "40X")}) {
-        if (!line.isEmpty())
+        if (!line.isEmpty()) {
             text += QLatin1Char('\n') + line;
+        }
     }
     return text;
 }
@@ -125,26 +129,30 @@ void LoadcaseManager::addInfoLine(QBoxLayout* layout)
 
 void LoadcaseManager::initContents()
 {
-    if (m_actions)
+    if (m_actions) {
         m_actions->fillTable();
+    }
     if (m_loadcases) {
         m_loadcases->fillTable();
         m_loadcases->selectLoadcases(m_control->loadCases);
     }
-    if (!m_actions || m_actions->hasFactorColumns())
+    if (!m_actions || m_actions->hasFactorColumns()) {
         return;
+    }
     // The page goes, the widget stays: it is still checked and saved.
     m_tabs->removeTab(m_tabs->indexOf(m_actions));
-    if (m_loadcases)
+    if (m_loadcases) {
         m_tabs->setCurrentWidget(m_loadcases);
+    }
 }
 
 bool LoadcaseManager::refuseInvalid(LCM_TabInterface* tab)
 {
     QMessageBox::critical(this, tr("Invalid input"), tr("The input is invalid, please check your input!"),
                           QMessageBox::Ok);
-    if (m_tabs->indexOf(tab) >= 0)
+    if (m_tabs->indexOf(tab) >= 0) {
         m_tabs->setCurrentWidget(tab);
+    }
     // It may be one of thousands, and one whose action is missing has no red cell.
     tab->showInvalidRow();
     return false;
@@ -164,20 +172,24 @@ bool LoadcaseManager::takeSelectedLoadcases()
 
 bool LoadcaseManager::checkContents()
 {
-    if (m_actions && !m_actions->isValid())
+    if (m_actions && !m_actions->isValid()) {
         return refuseInvalid(m_actions);
-    if (m_loadcases && !m_loadcases->isValid())
+    }
+    if (m_loadcases && !m_loadcases->isValid()) {
         return refuseInvalid(m_loadcases);
+    }
     const bool mayClose = !m_loadcases || takeSelectedLoadcases();
-    if (m_actions)
+    if (m_actions) {
         m_actions->getSelectedActionCodes(m_control->actions);
+    }
     return mayClose;
 }
 
 void LoadcaseManager::saveContents()
 {
-    if (m_actions)
+    if (m_actions) {
         m_actions->save(true);
+    }
     if (m_loadcases) {
         m_loadcases->save(true);
         m_control->copies = m_loadcases->getCopies();
@@ -189,10 +201,11 @@ void LoadcaseManager::noOpHook() {}
 
 void LoadcaseManager::showHelp()
 {
-    if (m_control->helpFunction)
+    if (m_control->helpFunction) {
         m_control->helpFunction(-1);
-    else
+    } else {
         MRL_T_Help::show(this, "marlload", "ACT");
+    }
 }
 
 void LoadcaseManager::slot_tabChanged(int) {}

@@ -89,8 +89,9 @@ int ActionManagerPlugin::openDialog(const MRL_H_PluginParameter& parameter)
     MRL_LC_CtrlStruct control;
     control.mode = 1;
     control.singleTab = true;
-    if ((mrl_alib_getLaufModus() & RESTRICTED_RUN_MODES) != 0)
+    if ((mrl_alib_getLaufModus() & RESTRICTED_RUN_MODES) != 0) {
         control.actionOptions |= WITHOUT_USER_DEFINED;
+    }
     const int result = mrl_loadcase_manager(parameter.parentWidget, parameter.document->index(), control);
     return result == QDialog::Accepted ? RESULT_CHANGED : RESULT_UNCHANGED;
 }

@@ -7,8 +7,9 @@ namespace {
 LCM_SubAction* firstChild(const LCM_ActionEntry& parent, int code)
 {
     for (LCM_SubAction* child : parent.subActions) {
-        if (child->code == code)
+        if (child->code == code) {
             return child;
+        }
     }
     return nullptr;
 }
@@ -18,20 +19,24 @@ LCM_SubAction* firstChild(const LCM_ActionEntry& parent, int code)
 const LCM_SubAction* lcm_find_action(const std::vector<LCM_ActionEntry*>& tree, int code)
 {
     for (const LCM_ActionEntry* parent : tree) {
-        if (parent->code == code)
+        if (parent->code == code) {
             return parent;
-        if (const LCM_SubAction* child = firstChild(*parent, code))
+        }
+        if (const LCM_SubAction* child = firstChild(*parent, code)) {
             return child;
+        }
     }
     return nullptr;
 }
 
 void LCM_ActionTargets::store(const tagCDB_LC_ACT& record) const
 {
-    for (LCM_SubAction* child : children)
+    for (LCM_SubAction* child : children) {
         child->record = record;
-    if (parent)
+    }
+    if (parent) {
         parent->record = record;
+    }
 }
 
 LCM_ActionTargets lcm_action_targets(const std::vector<LCM_ActionEntry*>& tree, int code)
@@ -42,8 +47,9 @@ LCM_ActionTargets lcm_action_targets(const std::vector<LCM_ActionEntry*>& tree, 
             targets.parent = parent;
             break;
         }
-        if (LCM_SubAction* child = firstChild(*parent, code))
+        if (LCM_SubAction* child = firstChild(*parent, code)) {
             targets.children.push_back(child);
+        }
     }
     return targets;
 }
@@ -51,8 +57,9 @@ LCM_ActionTargets lcm_action_targets(const std::vector<LCM_ActionEntry*>& tree, 
 LCM_ActionIndex::LCM_ActionIndex(const std::vector<LCM_ActionEntry*>& tree)
 {
     m_targets.reserve(tree.size());
-    for (LCM_ActionEntry* parent : tree)
+    for (LCM_ActionEntry* parent : tree) {
         add(parent);
+    }
 }
 
 const LCM_ActionTargets& LCM_ActionIndex::at(int code) const
@@ -65,14 +72,16 @@ const LCM_ActionTargets& LCM_ActionIndex::at(int code) const
 void LCM_ActionIndex::add(LCM_ActionEntry* parent)
 {
     LCM_ActionTargets& own = m_targets[parent->code];
-    if (!own.parent)
+    if (!own.parent) {
         own.parent = parent;
+    }
     std::unordered_set<int> seen;
     for (LCM_SubAction* child : parent->subActions) {
         LCM_ActionTargets& targets = m_targets[child->code];
         // Of one parent only the first child with a code counts, and behind the first parent with that code
         // none.
-        if (seen.insert(child->code).second && !targets.parent)
+        if (seen.insert(child->code).second && !targets.parent) {
             targets.children.push_back(child);
+        }
     }
 }

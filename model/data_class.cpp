@@ -11,8 +11,9 @@ LCM_DataClass::LCM_DataClass(int database) : db(database)
     info.init(db);
     mrl_dlib_lcact_info(0, &availability);
     loadActionsFromDesignCode();
-    if (loadActionsFromDatabase(db) == 0)
+    if (loadActionsFromDatabase(db) == 0) {
         activateDefaultActions();
+    }
     readLoadcaseNumbers();
     loadLoadcases();
 }
@@ -23,8 +24,9 @@ void LCM_DataClass::addReference() { ++refCount; }
 
 void LCM_DataClass::release()
 {
-    if (--refCount == 0)
+    if (--refCount == 0) {
         delete this;
+    }
 }
 
 LCM_ActionEntry* LCM_DataClass::newEntry(const tagCDB_LC_ACT& record, int state, bool userDefined)
@@ -48,8 +50,9 @@ LCM_SubAction* LCM_DataClass::newSubAction(const tagCDB_LC_ACT& record)
 int LCM_DataClass::findAction(int code, tagCDB_LC_ACT& out, bool inDesignCode) const
 {
     const LCM_SubAction* found = lcm_find_action(inDesignCode ? designCodeActions : actions, code);
-    if (!found)
+    if (!found) {
         return 0;
+    }
     out = found->record;
     return 1;
 }
@@ -58,13 +61,15 @@ bool LCM_DataClass::activeActions(std::vector<tagCDB_LC_ACT>& out) const
 {
     out.clear();
     const auto append = [&](const LCM_SubAction& entry) {
-        if (entry.state == LCM_STATE_ACTIVE)
+        if (entry.state == LCM_STATE_ACTIVE) {
             out.push_back(entry.record);
+        }
     };
     for (const LCM_ActionEntry* parent : actions) {
         append(*parent);
-        for (const LCM_SubAction* child : parent->subActions)
+        for (const LCM_SubAction* child : parent->subActions) {
             append(*child);
+        }
     }
     return !out.empty();
 }

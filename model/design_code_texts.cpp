@@ -7,21 +7,24 @@ QString LCM_DataClass::designCodeText(const QString& key)
 {
     const QString upperKey = key.toUpper();
     const auto cached = textCache.find(upperKey);
-    if (cached != textCache.end())
+    if (cached != textCache.end()) {
         return cached->second;
+    }
 
     const std::optional<QString> file = lcm_design_code_file(db);
     if (!file) {
-        if (!textWarningShown)
+        if (!textWarningShown) {
             MRL_QT_MessageBox::critical(
                 nullptr, tr("Database corrupt"),
                 tr("Can't read design code from database! Some text may be wrong or unreadable."), QString(),
                 QString(), QString(), 0, -1);
+        }
         textWarningShown = true;
     }
     QString label = lcm_design_code_label(file.value_or(QString()), upperKey);
-    if (label.isEmpty())
+    if (label.isEmpty()) {
         label = key;
+    }
     textCache[upperKey] = label;
     return label;
 }

@@ -17,8 +17,9 @@ LCM_ActionEntry* parentOf(const std::vector<LCM_ActionEntry*>& tree, const tagCD
 {
     const auto firstPart = lcm_field_word(child.name);
     for (LCM_ActionEntry* parent : tree) {
-        if (lcm_field_word(parent->record.name) == firstPart)
+        if (lcm_field_word(parent->record.name) == firstPart) {
             return parent;
+        }
     }
     return nullptr;
 }
@@ -32,11 +33,13 @@ class StoredActions
     void take(int code, const tagCDB_LC_ACT& record)
     {
         const LCM_ActionTargets& targets = m_index.at(code);
-        if (targets.empty())
+        if (targets.empty()) {
             return append(record);
+        }
         targets.store(record);
-        for (LCM_SubAction* child : targets.children)
+        for (LCM_SubAction* child : targets.children) {
             child->state = LCM_STATE_ACTIVE;
+        }
         m_matches += static_cast<int>(targets.children.size());
         if (targets.parent) {
             targets.parent->state = LCM_STATE_ACTIVE;
@@ -64,8 +67,9 @@ class StoredActions
 void takeKey(int db, int code, StoredActions& stored)
 {
     for (LCM_RecordWalk<tagCDB_LC_ACT> walk(db, LC_KWH_ACTIONS, code); walk.next();) {
-        if (walk.record().kind == LC_KIND_ACTION)
+        if (walk.record().kind == LC_KIND_ACTION) {
             stored.take(code, walk.record());
+        }
     }
 }
 
@@ -102,8 +106,9 @@ int LCM_DataClass::loadActionsFromDatabase(int database)
 {
     StoredActions stored(*this);
     for (LCM_KeyWalk walk = lcm_walk_actions(database); walk.next();) {
-        if (!lcm_is_reserved_action(walk.kwl()))
+        if (!lcm_is_reserved_action(walk.kwl())) {
             takeKey(database, walk.kwl(), stored);
+        }
     }
     return stored.matches();
 }
@@ -114,28 +119,32 @@ void LCM_DataClass::activateDefaultActions()
     for (const bool dead : {true, false}) {
         tagCDB_LC_ACT record{};
         const int code = mrl_lc_get_default_action(db, dead, record);
-        if (code >= 1)
+        if (code >= 1) {
             defaults[code] = record;
+        }
     }
     const auto activate = [&](LCM_SubAction& entry) {
         const auto found = defaults.find(entry.code);
-        if (found == defaults.end())
+        if (found == defaults.end()) {
             return;
+        }
         entry.record = found->second;
         entry.state = LCM_STATE_ACTIVE;
     };
     for (LCM_ActionEntry* parent : actions) {
         activate(*parent);
-        for (LCM_SubAction* child : parent->subActions)
+        for (LCM_SubAction* child : parent->subActions) {
             activate(*child);
+        }
     }
 }
 
 void LCM_DataClass::resetAction(int code)
 {
     tagCDB_LC_ACT record;
-    if (findAction(code, record, true))
+    if (findAction(code, record, true)) {
         storeAction(code, record, true);
+    }
 }
 
 void LCM_DataClass::removeAction(int code) { removeActions({code}); }
@@ -147,15 +156,19 @@ void LCM_DataClass::removeActions(const std::set<int>& codes)
     std::unordered_set<const LCM_ActionEntry*> gone;
     for (const int code : codes) {
         const LCM_ActionTargets& targets = live.at(code);
-        if (const LCM_SubAction* known = defaults.at(code).first())
+        if (const LCM_SubAction* known = defaults.at(code).first()) {
             targets.store(known->record);
-        for (LCM_SubAction* child : targets.children)
+        }
+        for (LCM_SubAction* child : targets.children) {
             child->state = LCM_STATE_FREE;
-        if (!targets.parent)
+        }
+        if (!targets.parent) {
             continue;
+        }
         targets.parent->state = LCM_STATE_FREE;
-        if (targets.parent->userDefined)
+        if (targets.parent->userDefined) {
             gone.insert(targets.parent);
+        }
     }
     const auto isGone = [&](const LCM_ActionEntry* entry) { return gone.count(entry) != 0; };
     actions.erase(std::remove_if(actions.begin(), actions.end(), isGone), actions.end());

@@ -12,8 +12,9 @@ void LCM_DataClass::loadLoadcases()
     LCM_ActionWords words;
     loadcases.reserve(readNumbers.size());
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
-        if (!walk.current().isOwn())
+        if (!walk.current().isOwn()) {
             continue;
+        }
         LCM_LoadcaseEntry& entry = loadcases.emplace_back();
         entry.number = walk.current().number;
         entry.record = walk.current().record;
@@ -28,8 +29,9 @@ void LCM_DataClass::readLoadcaseNumbers()
 
 std::set<int>& LCM_DataClass::usedNumbers()
 {
-    if (!readNumbers.empty())
+    if (!readNumbers.empty()) {
         usedLoadcaseNumbers = std::set<int>(readNumbers.begin(), readNumbers.end());
+    }
     readNumbers.clear();
     return usedLoadcaseNumbers;
 }
@@ -38,8 +40,9 @@ std::set<int> LCM_DataClass::getUsedLoadcaseNumbers() { return knownLoadcaseNumb
 
 const std::set<int>& LCM_DataClass::knownLoadcaseNumbers()
 {
-    if (usedNumbers().empty())
+    if (usedNumbers().empty()) {
         readLoadcaseNumbers();
+    }
     return usedNumbers();
 }
 

@@ -27,8 +27,9 @@ void putAction(int db, LCM_SubAction& entry)
 void deleteActions(int db)
 {
     for (LCM_KeyWalk walk = lcm_walk_actions(db); walk.next();) {
-        if (lcm_is_reserved_action(walk.kwl()))
+        if (lcm_is_reserved_action(walk.kwl())) {
             continue;
+        }
         const LCM_KeyGuard key(db, LC_KWH_ACTIONS, walk.kwl());
         mrl_cdb_del(db, LC_KWH_ACTIONS, walk.kwl());
     }
@@ -37,8 +38,9 @@ void deleteActions(int db)
 void deleteOwnLoadcases(int db)
 {
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
-        if (walk.current().isOwn())
+        if (walk.current().isOwn()) {
             mrl_cdb_del(db, LC_KWH_CASES, walk.current().number);
+        }
     }
 }
 
@@ -48,10 +50,12 @@ bool hasLaterSuperpositionRecord(int db, int kwl)
     for (;;) {
         tagCDB_LC_ACT record{};
         int length = sizeof record;
-        if (mrl_cdb_get(db, LC_KWH_ACTIONS, kwl, &record, &length, 1) >= CD_END)
+        if (mrl_cdb_get(db, LC_KWH_ACTIONS, kwl, &record, &length, 1) >= CD_END) {
             return false;
-        if (record.kind == 2 && lcm_field_word(record.name) > 0)
+        }
+        if (record.kind == 2 && lcm_field_word(record.name) > 0) {
             return true;
+        }
     }
 }
 
@@ -61,8 +65,9 @@ bool hasSuperpositionData(int db, int kwl)
     tagCDB_LC_ACT record{};
     int length = sizeof record;
     const int result = mrl_cdb_get(db, LC_KWH_ACTIONS, kwl, &record, &length, 0);
-    if (result < CD_END && record.kind > 0)
+    if (result < CD_END && record.kind > 0) {
         return true;
+    }
     const LCM_KeyGuard key(db, LC_KWH_ACTIONS, kwl);
     return result < CD_END && hasLaterSuperpositionRecord(db, kwl);
 }
@@ -73,8 +78,9 @@ void LCM_DataClass::storeAction(int code, const tagCDB_LC_ACT& record, bool mayC
 {
     const LCM_ActionTargets targets = lcm_action_targets(actions, code);
     targets.store(record);
-    if (targets.empty() && mayCreate)
+    if (targets.empty() && mayCreate) {
         actions.push_back(newEntry(record, LCM_STATE_ACTIVE, false));
+    }
 }
 
 void LCM_DataClass::storeActions(const std::vector<LCM_CodedAction>& rows, bool mayCreate)
@@ -83,8 +89,9 @@ void LCM_DataClass::storeActions(const std::vector<LCM_CodedAction>& rows, bool 
     for (const LCM_CodedAction& row : rows) {
         const LCM_ActionTargets& targets = index.at(row.code);
         targets.store(row.record);
-        if (!targets.empty() || !mayCreate)
+        if (!targets.empty() || !mayCreate) {
             continue;
+        }
         actions.push_back(newEntry(row.record, LCM_STATE_ACTIVE, false));
         index.add(actions.back());
     }
@@ -95,11 +102,13 @@ void LCM_DataClass::writeActions(int database)
     deleteActions(database);
     // The tests differ on purpose: a placeholder isn't written, but a child is unless it is free.
     for (LCM_ActionEntry* parent : actions) {
-        if (parent->state == LCM_STATE_ACTIVE)
+        if (parent->state == LCM_STATE_ACTIVE) {
             putAction(database, *parent);
+        }
         for (LCM_SubAction* child : parent->subActions) {
-            if (child->state != LCM_STATE_FREE)
+            if (child->state != LCM_STATE_FREE) {
                 putAction(database, *child);
+            }
         }
     }
 }
@@ -107,8 +116,9 @@ void LCM_DataClass::writeActions(int database)
 void LCM_DataClass::writeLoadcases(int database)
 {
     deleteOwnLoadcases(database);
-    for (const LCM_LoadcaseEntry& entry : loadcases)
+    for (const LCM_LoadcaseEntry& entry : loadcases) {
         put(database, LC_KWH_CASES, entry.number, entry.record);
+    }
 }
 
 bool LCM_DataClass::hasSuperpositionKeys() const
@@ -120,8 +130,9 @@ bool LCM_DataClass::hasSuperpositionKeys() const
 bool LCM_DataClass::hasSuperpositionContent() const
 {
     for (LCM_KeyWalk walk(db, LC_KWH_ACTIONS); walk.next() && walk.kwl() < LC_BLANK_WORD;) {
-        if (hasSuperpositionData(db, walk.kwl()))
+        if (hasSuperpositionData(db, walk.kwl())) {
             return true;
+        }
     }
     return false;
 }

@@ -67,8 +67,9 @@ QString ActionsModel::text(const LCM_StoredAction& action, int column) const
 
 QVariant ActionsModel::data(const QModelIndex& index, int role) const
 {
-    if (role == Qt::TextAlignmentRole)
+    if (role == Qt::TextAlignmentRole) {
         return alignment(index.column() >= FirstFactor);
+    }
     return role == Qt::DisplayRole ? text(rowOf(index), index.column()) : QVariant();
 }
 

@@ -14,8 +14,9 @@ constexpr int WRONG_USAGE = 2;
 
 std::optional<Manager> managerOf(const QString& word)
 {
-    if (word == QLatin1String("actions"))
+    if (word == QLatin1String("actions")) {
         return Manager::Actions;
+    }
     return word == QLatin1String("loadcases") ? std::optional(Manager::LoadCases) : std::nullopt;
 }
 
@@ -37,13 +38,16 @@ class Reader
     std::optional<int> read(const QStringList& arguments, CommandLine& line)
     {
         const bool understood = m_parser.parse(arguments);
-        if (understood && m_parser.isSet(m_help))
+        if (understood && m_parser.isSet(m_help)) {
             return say(stdout, m_parser.helpText(), DONE);
-        if (understood && m_parser.isSet(m_version))
+        }
+        if (understood && m_parser.isSet(m_version)) {
             return say(stdout, version(), DONE);
+        }
         const QString wrong = understood ? contradiction() : m_parser.errorText();
-        if (!wrong.isEmpty())
+        if (!wrong.isEmpty()) {
             return say(stderr, named(wrong) + QLatin1String("\n\n") + m_parser.helpText(), WRONG_USAGE);
+        }
         line.project = m_parser.positionalArguments().value(0);
         line.manager = managerOf(m_parser.value(m_manager));
         return std::nullopt;
@@ -68,8 +72,9 @@ class Reader
     /// What the words say that can't be, though each is known; empty when nothing is.
     QString contradiction() const
     {
-        if (m_parser.positionalArguments().size() > 1)
+        if (m_parser.positionalArguments().size() > 1) {
             return tr("Only one project can be opened at a time.");
+        }
         const QString word = m_parser.value(m_manager);
         return m_parser.isSet(m_manager) && !managerOf(word) ? tr("There is no manager '%1'.").arg(word)
                                                              : QString();

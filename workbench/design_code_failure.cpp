@@ -10,15 +10,18 @@ namespace mrl::workbench {
 QString designCodeFailure(int db)
 {
     const auto loaded = designcode::ofDatabase(db);
-    if (loaded.code)
+    if (loaded.code) {
         return QString();
+    }
     const std::string name = cdb::fact(db, "designcode");
-    if (name.empty())
+    if (name.empty()) {
         return QCoreApplication::translate("Workbench", "the project names no design code");
-    if (!designcode::find(name))
+    }
+    if (!designcode::find(name)) {
         return QCoreApplication::translate("Workbench",
                                            "there is no design code \"%1\" in the folders that are searched")
             .arg(QString::fromStdString(name));
+    }
     return QString::fromStdString(loaded.reason);
 }
 

@@ -31,10 +31,12 @@ QString Document::open(const QString& file)
 {
     const WaitCursor cursor;
     auto& host = m_shadow.host();
-    if (const auto opened = host.open(file); !opened)
+    if (const auto opened = host.open(file); !opened) {
         return ui::failureText(opened);
-    if (m_managers.isLoaded())
+    }
+    if (m_managers.isLoaded()) {
         m_managers.load(m_shadow);
+    }
     const auto refreshed = host.refreshFailure();
     if (!refreshed) {
         close();
@@ -92,8 +94,9 @@ Document::Result Document::saveAs(const QString& file)
     markAll();
     const auto saved = m_shadow.host().saveAs(file);
     emit changed();
-    if (saved)
+    if (saved) {
         return {};
+    }
     return {Outcome::Failed, ui::failureText(saved)};
 }
 

@@ -13,8 +13,9 @@ void FindingsModel::show(std::vector<CheckFinding> findings)
 
 QVariant FindingsModel::data(const QModelIndex& index, int role) const
 {
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
         return index.column() == 0 ? rowOf(index).where : rowOf(index).text;
+    }
     return QVariant();
 }
 

@@ -46,12 +46,14 @@ void InputPage::slot_saveAs()
 {
     const QString name = QFileDialog::getSaveFileName(this, tr("Save the generated input"), QString(),
                                                       tr("Input text (*.dat);;All files (*)"));
-    if (name.isEmpty())
+    if (name.isEmpty()) {
         return;
+    }
     QSaveFile file(name);
     const QByteArray bytes = m_text->toPlainText().toUtf8();
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
         return;
+    }
     QMessageBox::critical(this, tr("Save the generated input"),
                           QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(name), file.errorString()));
 }

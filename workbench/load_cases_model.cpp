@@ -27,10 +27,12 @@ QBrush subdued()
 
 QString nameOfAction(int word)
 {
-    if (word == LC_ACTION_NONE)
+    if (word == LC_ACTION_NONE) {
         return LoadCasesModel::tr("none");
-    if (word == LC_ACTION_IMPERFECTION)
+    }
+    if (word == LC_ACTION_IMPERFECTION) {
         return QStringLiteral("IMP");
+    }
     return lcm_word_name(word);
 }
 
@@ -53,8 +55,9 @@ void LoadCasesModel::show(std::vector<LCM_StoredLoadCase> loadCases, std::vector
     m_factors = std::move(factors);
     m_current = current;
     m_actions.clear();
-    for (const LCM_StoredAction& action : actions)
+    for (const LCM_StoredAction& action : actions) {
         m_actions.emplace(action.code, action.record);
+    }
     endResetModel();
 }
 
@@ -93,8 +96,9 @@ float LoadCasesModel::ownFactor(const LCM_StoredLoadCase& loadCase, int column) 
 const tagCDB_LC_ACT* LoadCasesModel::actionOf(const LCM_StoredLoadCase& loadCase, int column) const
 {
     // As in the manager: factors that its record holds beside an action count for nothing.
-    if (column < FirstFactor)
+    if (column < FirstFactor) {
         return nullptr;
+    }
     const auto found = m_actions.find(loadCase.record.action);
     return found == m_actions.end() ? nullptr : &found->second;
 }
@@ -109,10 +113,12 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return text(loadCase, index.column());
     case Qt::ToolTipRole:
-        if (actionOf(loadCase, index.column()))
+        if (actionOf(loadCase, index.column())) {
             return tr("Factor of the action %1").arg(nameOfAction(loadCase.record.action));
-        if (index.column() == Title) // a narrow window cuts it off
+        }
+        if (index.column() == Title) { // a narrow window cuts it off
             return text(loadCase, Title);
+        }
         return current ? tr("The current load case") : QVariant();
     case Qt::ForegroundRole:
         return actionOf(loadCase, index.column()) ? QVariant(subdued()) : QVariant();

@@ -28,16 +28,18 @@ int main(int argc, char** argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/workbench/icon.svg")));
 
     CommandLine line;
-    if (const auto code = mrl::workbench::readCommandLine(QCoreApplication::arguments(), line))
+    if (const auto code = mrl::workbench::readCommandLine(QCoreApplication::arguments(), line)) {
         return *code;
+    }
 
     MainWindow window;
     window.show();
     if (!line.project.isEmpty()) {
         // From the event loop, so that a message about the file has a window behind it.
         QTimer::singleShot(0, &window, [&] {
-            if (window.openProject(line.project) && line.manager)
+            if (window.openProject(line.project) && line.manager) {
                 window.openManager(*line.manager);
+            }
         });
     }
     return QApplication::exec();

@@ -60,8 +60,9 @@ MainWindow::~MainWindow() = default;
 void MainWindow::restorePlace()
 {
     resize(ui::fittingSize(QSize(1200, 760), *this));
-    if (restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray()))
+    if (restoreGeometry(QSettings().value(QLatin1String(GEOMETRY_KEY)).toByteArray())) {
         ui::keepOnScreen(*this);
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -76,8 +77,9 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 QString MainWindow::managerRefusal() const
 {
-    if (!m_managers.isLoaded())
+    if (!m_managers.isLoaded()) {
         return tr("The managers can't be loaded: %1").arg(m_managers.reason());
+    }
     // Without the design code its factors would be missing, and an acceptance would write zeros.
     const QString reason = m_document->designCodeFailure();
     return reason.isEmpty()
@@ -88,8 +90,9 @@ QString MainWindow::managerRefusal() const
 
 void MainWindow::openManager(Manager which)
 {
-    if (!m_document->isOpen())
+    if (!m_document->isOpen()) {
         return;
+    }
     const QString refusal = managerRefusal();
     if (!refusal.isEmpty()) {
         QMessageBox::warning(this, tr("Managers"), refusal);
@@ -104,8 +107,9 @@ void MainWindow::slot_replaced()
     const bool open = m_document->isOpen();
     m_pages->setCurrentWidget(open ? m_project : static_cast<QWidget*>(m_start));
     m_start->showRecent(RecentFiles::list());
-    for (QAction* action : {m_saveAsAction, m_closeAction})
+    for (QAction* action : {m_saveAsAction, m_closeAction}) {
         action->setEnabled(open);
+    }
     m_place->setText(open ? shownPath(m_document->file()) : QString());
     slot_changed();
     // So that the keyboard has a place to begin.
@@ -114,8 +118,9 @@ void MainWindow::slot_replaced()
 
 void MainWindow::slot_changed()
 {
-    if (m_document->isOpen())
+    if (m_document->isOpen()) {
         refreshProject();
+    }
     const bool canManage = m_document->isOpen() && managerRefusal().isEmpty();
     m_actionsAction->setEnabled(canManage);
     m_loadCasesAction->setEnabled(canManage);

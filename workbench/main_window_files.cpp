@@ -22,8 +22,9 @@ QString fileFilter() { return MainWindow::tr("Projects (*.cdb);;All files (*)");
 
 bool MainWindow::openProject(const QString& file)
 {
-    if (!mayGiveUp())
+    if (!mayGiveUp()) {
         return false;
+    }
     const QString path = QFileInfo(file).absoluteFilePath();
     const QString reason = m_document->open(path);
     if (reason.isEmpty()) {
@@ -38,8 +39,9 @@ bool MainWindow::openProject(const QString& file)
 
 void MainWindow::slot_new()
 {
-    if (!mayGiveUp())
+    if (!mayGiveUp()) {
         return;
+    }
     NewProjectDialog dialog(folder(), this);
     // The wish is there to be mended when it can't be had.
     while (dialog.exec() == QDialog::Accepted && !createAndOpen(dialog.wish()))
@@ -49,8 +51,9 @@ void MainWindow::slot_new()
 bool MainWindow::createAndOpen(const NewProject& wish)
 {
     // What was not saved has been given up before, so that the file may be the one that is open.
-    if (QFileInfo(wish.file) == QFileInfo(m_document->file()))
+    if (QFileInfo(wish.file) == QFileInfo(m_document->file())) {
         m_document->close();
+    }
     const QString reason = createProject(wish);
     if (!reason.isEmpty()) {
         QMessageBox::critical(this, tr("New project"), reason);
@@ -63,19 +66,23 @@ bool MainWindow::createAndOpen(const NewProject& wish)
 void MainWindow::slot_open()
 {
     const QString file = QFileDialog::getOpenFileName(this, tr("Open project"), folder(), fileFilter());
-    if (!file.isEmpty())
+    if (!file.isEmpty()) {
         openProject(file);
+    }
 }
 
 bool MainWindow::slot_save()
 {
-    if (!m_document->isModified())
+    if (!m_document->isModified()) {
         return true;
-    if (m_document->isReadOnly())
+    }
+    if (m_document->isReadOnly()) {
         return slot_saveAs();
+    }
     const auto result = m_document->save(false);
-    if (result.outcome == Document::Outcome::Conflict)
+    if (result.outcome == Document::Outcome::Conflict) {
         return overwriteConflict();
+    }
     return saved(result);
 }
 
@@ -97,12 +104,15 @@ bool MainWindow::slot_saveAs()
 {
     QString file =
         QFileDialog::getSaveFileName(this, tr("Save project as"), m_document->file(), fileFilter());
-    if (file.isEmpty())
+    if (file.isEmpty()) {
         return false;
-    if (QFileInfo(file).suffix().isEmpty())
+    }
+    if (QFileInfo(file).suffix().isEmpty()) {
         file += QStringLiteral(".cdb");
-    if (!saved(m_document->saveAs(file)))
+    }
+    if (!saved(m_document->saveAs(file))) {
         return false;
+    }
     RecentFiles::add(file);
     return true;
 }
@@ -119,30 +129,35 @@ bool MainWindow::saved(const Document::Result& result)
 
 bool MainWindow::mayGiveUp()
 {
-    if (!m_document->isModified())
+    if (!m_document->isModified()) {
         return true;
+    }
     const auto answer = QMessageBox::question(
         this, tr("Unsaved changes"),
         tr("%1 has unsaved changes. Should they be saved?").arg(QFileInfo(m_document->file()).fileName()),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    if (answer == QMessageBox::Save)
+    if (answer == QMessageBox::Save) {
         return slot_save();
+    }
     return answer == QMessageBox::Discard;
 }
 
 void MainWindow::slot_close()
 {
-    if (mayGiveUp())
+    if (mayGiveUp()) {
         m_document->close();
+    }
 }
 
 QString MainWindow::folder() const
 {
-    if (m_document->isOpen())
+    if (m_document->isOpen()) {
         return QFileInfo(m_document->file()).absolutePath();
+    }
     const QStringList recent = RecentFiles::list();
-    if (!recent.isEmpty())
+    if (!recent.isEmpty()) {
         return QFileInfo(recent.first()).absolutePath();
+    }
     // Not everybody has a folder for documents.
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();

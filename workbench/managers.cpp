@@ -21,8 +21,9 @@ QStringList candidates()
     for (const char* path : {"/../lib/libmrl_loadcase.so", "/../" MRL_INSTALL_LIBDIR "/libmrl_loadcase.so"}) {
         const QString name = folder + QLatin1String(path);
         for (const QString& file : {name, name + QStringLiteral("." MRL_SOVERSION)}) {
-            if (QFileInfo::exists(file))
+            if (QFileInfo::exists(file)) {
                 names << file;
+            }
         }
     }
     names << QStringLiteral("libmrl_loadcase.so." MRL_SOVERSION);
@@ -35,8 +36,9 @@ Managers::Managers()
 {
     for (const QString& name : candidates()) {
         m_library.setFileName(name);
-        if (m_library.load())
+        if (m_library.load()) {
             break;
+        }
     }
     const auto factory = reinterpret_cast<Factory>(m_library.resolve("MRL_H_PluginFactory"));
     if (!factory) {
@@ -45,9 +47,10 @@ Managers::Managers()
     }
     m_actions.reset(factory(QStringLiteral("actionmanager")));
     m_loadCases.reset(factory(QStringLiteral("lcmanager")));
-    if (!isLoaded())
+    if (!isLoaded()) {
         m_reason =
             QCoreApplication::translate("Workbench", "%1 holds no managers.").arg(m_library.fileName());
+    }
 }
 
 // The library stays loaded: Qt may still hold meta-objects and translators of its code.
@@ -104,8 +107,9 @@ QString Managers::generate(MRL_H_ShadowDatabase& document)
         MRL_H_PluginParameter parameter;
         parameter.document = &document;
         call(which, MRL_H_FUNCTION_GENERATE, parameter);
-        for (int i = 0; parameter.lines && i < parameter.lines->count(); ++i)
+        for (int i = 0; parameter.lines && i < parameter.lines->count(); ++i) {
             text += parameter.lines->at(i) + QLatin1Char('\n');
+        }
     }
     return text;
 }

@@ -15,12 +15,15 @@ namespace {
 QString fill(int db, const NewProject& wish)
 {
     cdb::Transaction transaction(db);
-    if (const auto named = cdb::setFact(db, "designcode", wish.designCode.toStdString()); !named)
+    if (const auto named = cdb::setFact(db, "designcode", wish.designCode.toStdString()); !named) {
         return ui::failureText(named);
-    if (!lcm_write_system(db, wish.rawSystemClass, wish.gravity))
+    }
+    if (!lcm_write_system(db, wish.rawSystemClass, wish.gravity)) {
         return ui::failureText(cdb::stickyError(db));
-    if (wish.withDefaultActions && !lcm_store_default_actions(db))
+    }
+    if (wish.withDefaultActions && !lcm_store_default_actions(db)) {
         return QCoreApplication::translate("Workbench", "The default actions could not be stored.");
+    }
     return ui::failureText(transaction.commit());
 }
 
@@ -30,11 +33,13 @@ QString createProject(const NewProject& wish)
 {
     MRL_H_ShadowDatabase document;
     auto& host = document.host();
-    if (const auto made = host.create(); !made)
+    if (const auto made = host.create(); !made) {
         return ui::failureText(made);
+    }
     QString reason = fill(document.index(), wish);
-    if (reason.isEmpty())
+    if (reason.isEmpty()) {
         reason = ui::failureText(host.saveAs(wish.file));
+    }
     host.close();
     return reason;
 }

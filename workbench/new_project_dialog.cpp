@@ -23,16 +23,18 @@ QString freeName(const QString& folder, const QString& base)
 {
     const QDir dir(folder);
     QString name = base + QStringLiteral(".cdb");
-    for (int i = 2; dir.exists(name); ++i)
+    for (int i = 2; dir.exists(name); ++i) {
         name = QStringLiteral("%1-%2.cdb").arg(base).arg(i);
+    }
     return dir.filePath(name);
 }
 
 QString withEnding(const QString& file)
 {
     const QString trimmed = file.trimmed();
-    if (trimmed.isEmpty() || trimmed.endsWith(QLatin1String(".cdb"), Qt::CaseInsensitive))
+    if (trimmed.isEmpty() || trimmed.endsWith(QLatin1String(".cdb"), Qt::CaseInsensitive)) {
         return trimmed;
+    }
     return trimmed + QStringLiteral(".cdb");
 }
 
@@ -108,8 +110,9 @@ QWidget* NewProjectDialog::createFileRow(const QString& folder)
 
 void NewProjectDialog::fillDesignCodes()
 {
-    for (const auto& found : designcode::list())
+    for (const auto& found : designcode::list()) {
         m_designCode->addItem(labelOf(found), QString::fromStdString(found.name));
+    }
     const int usual = m_designCode->findData(QStringLiteral("en1990"));
     m_designCode->setCurrentIndex(usual >= 0 ? usual : 0);
 }
@@ -137,8 +140,9 @@ void NewProjectDialog::slot_browse()
     const QString file =
         QFileDialog::getSaveFileName(this, tr("File of the new project"), m_file->text(),
                                      tr("Projects (*.cdb)"), nullptr, QFileDialog::DontConfirmOverwrite);
-    if (!file.isEmpty())
+    if (!file.isEmpty()) {
         m_file->setText(QDir::toNativeSeparators(file));
+    }
 }
 
 void NewProjectDialog::slot_systemChanged(int)
@@ -171,8 +175,9 @@ void NewProjectDialog::accept()
             QMessageBox::question(this, tr("New project"),
                                   tr("%1 exists. Should it be replaced?").arg(QDir::toNativeSeparators(file)),
                                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-        if (answer != QMessageBox::Yes)
+        if (answer != QMessageBox::Yes) {
             return;
+        }
     }
     MRL_QT_Dialog::accept();
 }

@@ -39,10 +39,11 @@ std::vector<LCM_StoredAction> readActions(int db)
 void readLoadCases(int db, ProjectSummary& summary)
 {
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
-        if (walk.current().isOwn())
+        if (walk.current().isOwn()) {
             summary.loadCases.push_back(walk.current());
-        else
+        } else {
             ++summary.foreignLoadCases;
+        }
     }
 }
 
@@ -50,8 +51,9 @@ void readLoadCases(int db, ProjectSummary& summary)
 std::vector<FactorColumn> plainFactorColumns()
 {
     std::vector<FactorColumn> columns;
-    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS)
+    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
         columns.push_back({factor.column, QString::fromLatin1(factor.key)});
+    }
     return columns;
 }
 
@@ -67,8 +69,9 @@ std::vector<FactorColumn> factorColumns(int db)
         const LCM_ActionFactor& factor = LCM_ACTION_FACTORS[i];
         const QString key = QString::fromLatin1(factor.key);
         const QString label = lcm_design_code_label(file, key.toUpper());
-        if (shown[i])
+        if (shown[i]) {
             columns.push_back({factor.column, label.isEmpty() ? key : label});
+        }
     }
     return columns;
 }
@@ -76,8 +79,9 @@ std::vector<FactorColumn> factorColumns(int db)
 bool usesGlobalDirections()
 {
     int on = 0;
-    if (auto* application = dynamic_cast<MRL_QT_Application*>(QCoreApplication::instance()))
+    if (auto* application = dynamic_cast<MRL_QT_Application*>(QCoreApplication::instance())) {
         application->getAppSettings(QStringLiteral("LF_Manager"), QStringLiteral("checkDeadload"), on, 0);
+    }
     return on != 0;
 }
 
@@ -102,18 +106,20 @@ ProjectSummary summarise(int db)
     ProjectSummary summary;
     const designcode::Loaded loaded = designcode::ofDatabase(db);
     mrl_cdb_use(db, 0);
-    if (loaded.code && mrl_dlib_ini_switch(db) >= 0)
+    if (loaded.code && mrl_dlib_ini_switch(db) >= 0) {
         summary.designCode = MRL_A_Normen::getNormLabelText(db);
-    else
+    } else {
         summary.designCodeReason = designCodeFailure(db);
+    }
     summary.factors = loaded.code ? factorColumns(db) : plainFactorColumns();
     summary.systemClass = lcm_system_class(db);
     summary.gravity = lcm_gravity_direction(db);
     summary.currentLoadCase = mrl_lc_current(db);
     summary.actions = readActions(db);
     readLoadCases(db, summary);
-    if (loaded.code)
+    if (loaded.code) {
         summary.findings = findings(db);
+    }
     return summary;
 }
 

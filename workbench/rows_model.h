@@ -27,8 +27,9 @@ class RowsModel : public QAbstractTableModel
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
-        if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
             return QAbstractTableModel::headerData(section, orientation, role);
+        }
         return caption(section);
     }
 

@@ -69,8 +69,9 @@ void SettingsDialog::accept()
     const int other = settings::runMode() & ~RESTRICTED_MODES;
     const bool was = (settings::runMode() & RESTRICTED_MODES) != 0;
     // Which of the restricted modes it is stays as it was.
-    if (was != m_restricted->isChecked())
+    if (was != m_restricted->isChecked()) {
         settings::setRunMode(m_restricted->isChecked() ? other | RESTRICTED_MODE : other);
+    }
     MRL_QT_Dialog::accept();
 }
 

@@ -79,8 +79,9 @@ void StartPage::showRecent(const QStringList& files)
         old->hide();
         old->deleteLater();
     }
-    if (!files.isEmpty())
+    if (!files.isEmpty()) {
         m_recentLayout->addWidget(heading(tr("Recent projects"), 1.0, m_recent));
+    }
     for (const QString& file : files) {
         const QFileInfo info(file);
         auto* link = new QLabel(m_recent);

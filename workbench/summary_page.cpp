@@ -40,8 +40,9 @@ QString axisName(int axis)
 {
     static const char* const NAMES[] = {"X", "Y", "Z"};
     const int size = axis < 0 ? -axis : axis;
-    if (size < 1 || size > 3)
+    if (size < 1 || size > 3) {
         return QString::number(axis);
+    }
     return (axis < 0 ? QStringLiteral("\u2212") : QStringLiteral("+")) + QLatin1String(NAMES[size - 1]);
 }
 

@@ -13,8 +13,9 @@ namespace {
 
 void require(bool holds)
 {
-    if (!holds)
+    if (!holds) {
         std::abort();
+    }
 }
 
 /// A buffer of exactly the size that is named: one byte too many is seen.
@@ -39,8 +40,9 @@ void pack(const QString& text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     std::uint32_t field[LC_TITLE_WORDS] = {};
-    if (size < 1 + sizeof field)
+    if (size < 1 + sizeof field) {
         return 0;
+    }
     std::memcpy(field, data + 1, sizeof field);
     convert(field, data[0]);
     convert(field, 32);

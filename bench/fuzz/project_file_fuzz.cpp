@@ -30,8 +30,9 @@ Content readAll(int db)
         auto& records = content[{kwh, kwl}];
         int length = static_cast<int>(buffer.size());
         for (int position = 0; mrl_cdb_get(db, kwh, kwl, buffer.data(), &length, position) <= CD_CUT;
-             position = 1, length = static_cast<int>(buffer.size()))
+             position = 1, length = static_cast<int>(buffer.size())) {
             records.emplace_back(buffer.data(), static_cast<std::size_t>(length));
+        }
     }
     return content;
 }
@@ -43,8 +44,9 @@ struct Ground
     {
         std::string name =
             std::filesystem::exists("/dev/shm") ? "/dev/shm/mrl-fuzz-XXXXXX" : "/tmp/mrl-fuzz-XXXXXX";
-        if (mkdtemp(name.data()) == nullptr)
+        if (mkdtemp(name.data()) == nullptr) {
             std::abort();
+        }
         folder = name;
         file = (folder / "a.cdb").string();
         const int db = mrl::cdb::create(file).db;
@@ -90,8 +92,9 @@ std::string edited(std::string content, const std::uint8_t* data, std::size_t si
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const Ground ground;
-    if (size == 0)
+    if (size == 0) {
         return 0;
+    }
     const bool edits = data[0] % 2 == 0;
     const std::string content = edits ? edited(ground.good, data + 1, size - 1)
                                       : std::string(reinterpret_cast<const char*>(data + 1), size - 1);
@@ -99,11 +102,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::filesystem::remove(ground.file + "-shm");
     std::ofstream(ground.file, std::ios::binary) << content;
     const auto opened = mrl::cdb::open(ground.file);
-    if (!opened)
+    if (!opened) {
         return 0;
+    }
     const Content read = readAll(opened.db);
-    if (edits && mrl::cdb::stickyError(opened.db) && read != ground.expected)
+    if (edits && mrl::cdb::stickyError(opened.db) && read != ground.expected) {
         std::abort(); // silently different
+    }
     const int length = 5;
     mrl_cdb_put(opened.db, 12, 500, "hello", &length, 0);
     mrl_cdb_del(opened.db, 12, 3);

@@ -28,8 +28,9 @@ constexpr int groups[] = {0, 10, 12, 14};
 
 void require(bool holds)
 {
-    if (!holds)
+    if (!holds) {
         std::abort();
+    }
 }
 
 /// A design code with a dead and a live action, written once.
@@ -66,8 +67,9 @@ struct Project
             std::memcpy(&kwl, data + 1, sizeof kwl);
             const int kwh = groups[data[0] % 4];
             const int length = static_cast<int>(std::min<std::size_t>(data[5], size - 6));
-            if (length > 0)
+            if (length > 0) {
                 static_cast<void>(mrl::cdb::append(db, kwh, kwl, data + 6, length));
+            }
             data += 6 + length;
             size -= 6 + static_cast<std::size_t>(length);
         }
@@ -100,8 +102,9 @@ void useAction(int db, int code)
 {
     tagCDB_LC_ACT action{};
     mrl_lc_has_action(db, code);
-    if (!mrl_lc_getAction(db, code, action, false))
+    if (!mrl_lc_getAction(db, code, action, false)) {
         return;
+    }
     lcm_action_code(action);
     require(lcm_action_label(action).size() <= 36);
     require(lcm_member_label(action).size() <= 36);
@@ -115,10 +118,12 @@ void useAll(int db)
     mrl_lc_list(db, numbers);
     require(mrl_lc_count(db) == static_cast<int>(numbers.size()));
     require(numbers.empty() || mrl_lc_getmin(db) == numbers.front());
-    for (const int number : numbers)
+    for (const int number : numbers) {
         useLoadCase(db, number);
-    for (LCM_KeyWalk walk(db, LC_KWH_ACTIONS); walk.next();)
+    }
+    for (LCM_KeyWalk walk(db, LC_KWH_ACTIONS); walk.next();) {
         useAction(db, walk.kwl());
+    }
     mrl_lc_current(db);
     lcm_system_class(db);
     lcm_gravity_direction(db);
@@ -140,10 +145,12 @@ void loadAndWrite(const Project& project)
     require(project.fingerprint(LC_KWH_ACTIONS, INT32_MIN, INT32_MAX) == actions);
     require(project.fingerprint(LC_KWH_CASES, INT32_MIN, INT32_MAX) == cases);
     bool codesAreNames = true; // an own entry goes by its record, which may name any key
-    for (const LCM_ActionEntry* entry : model->actions)
+    for (const LCM_ActionEntry* entry : model->actions) {
         codesAreNames = codesAreNames && entry->code > LC_BLANK_WORD;
-    if (codesAreNames)
+    }
+    if (codesAreNames) {
         require(project.fingerprint(LC_KWH_ACTIONS, INT32_MIN, LC_BLANK_WORD) == numeric);
+    }
     model->release();
 }
 

@@ -69,17 +69,20 @@ Check::Check(int index, bool globalDirections) : db(index)
 
 void Check::add(Subject subject, int id, const LCM_Findings& found)
 {
-    for (const auto& [column, message] : found)
+    for (const auto& [column, message] : found) {
         findings.push_back({subject, id, column, message});
+    }
 }
 
 /// The record that a row of the action gives back: a factor without a column reads as 0.
 tagCDB_LC_ACT Check::asShown(const tagCDB_LC_ACT& record) const
 {
     LCM_ActionCells cells = lcm_action_cells(record);
-    for (std::size_t i = 0; i < cells.factors.size(); ++i)
-        if (!setup.hasColumn(LCM_ACTION_FACTORS[i].column))
+    for (std::size_t i = 0; i < cells.factors.size(); ++i) {
+        if (!setup.hasColumn(LCM_ACTION_FACTORS[i].column)) {
             cells.factors[i] = 0.0f;
+        }
+    }
     tagCDB_LC_ACT result{};
     lcm_action_record(cells, result);
     return result;
@@ -96,10 +99,11 @@ void Check::checkAction(int key, const tagCDB_LC_ACT& record)
         return;
     }
     const int code = lcm_action_code(record);
-    if (code != key)
+    if (code != key) {
         add(Subject::Action, key,
             tr("the record names the action %1 and will move there when the dialog is accepted")
                 .arg(lcm_word_name(code)));
+    }
     const tagCDB_LC_ACT shown = asShown(record);
     add(Subject::Action, key, lcm_check_action(shown, limits, identity));
     actions[code] = shown;
@@ -113,8 +117,9 @@ void Check::checkActions()
         checkAction(action.code, action.record);
         anyOfTheCode = anyOfTheCode || known.count(action.code) != 0;
     }
-    if (!anyOfTheCode)
+    if (!anyOfTheCode) {
         addDefaultActions();
+    }
 }
 
 /// A project without an action of its design code is shown with the two default ones.
@@ -131,36 +136,43 @@ void Check::addDefaultActions()
 /// load case that names one so isn't taken for that of the upper-case name.
 const tagCDB_LC_ACT* Check::findAction(int word) const
 {
-    for (const int candidate : {word, lcm_lower_code(word)})
-        if (const auto it = actions.find(candidate); it != actions.end())
+    for (const int candidate : {word, lcm_lower_code(word)}) {
+        if (const auto it = actions.find(candidate); it != actions.end()) {
             return &it->second;
+        }
+    }
     return nullptr;
 }
 
 void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
 {
     const int number = loadCase.stored.number;
-    if (number > LC_MAX_NUMBER)
+    if (number > LC_MAX_NUMBER) {
         add(Subject::LoadCase, number, tr("the number is above 999999"));
+    }
     tagCDB_LC_CTRL record = loadCase.stored.record;
     record.action = words.resolved(record.action);
     const LCM_LoadcaseVerdict verdict =
         lcm_judge_stored_loadcase(number, record, findAction(record.action), setup, limits);
-    if (verdict.actionMissing)
+    if (verdict.actionMissing) {
         add(Subject::LoadCase, number, tr("the project has no action %1").arg(lcm_word_name(record.action)));
+    }
     add(Subject::LoadCase, number, verdict.findings);
-    if (loadCase.foreignKind)
+    if (loadCase.foreignKind) {
         add(Subject::LoadCase, number,
             tr("another module keeps a record of kind %1 under this number; accepting the dialog drops it")
                 .arg(*loadCase.foreignKind));
+    }
 }
 
 void Check::checkLoadCases()
 {
     LCM_KeyWalk walk(db, LC_KWH_CASES);
-    while (walk.next())
-        if (const auto loadCase = lcm_checked_load_case(db, walk.kwl()))
+    while (walk.next()) {
+        if (const auto loadCase = lcm_checked_load_case(db, walk.kwl())) {
             checkLoadCase(*loadCase);
+        }
+    }
 }
 
 std::vector<LCM_ProjectFinding> Check::run()

@@ -8,12 +8,14 @@ std::optional<LCM_CheckedLoadCase> lcm_checked_load_case(int db, int number)
 {
     // One walk for both, since a project may have very many load cases.
     LCM_RecordWalk<tagCDB_LC_CTRL> walk(db, LC_KWH_CASES, number);
-    if (!walk.next() || !lcm_is_own_kind(walk.record().kind))
+    if (!walk.next() || !lcm_is_own_kind(walk.record().kind)) {
         return std::nullopt;
+    }
     LCM_CheckedLoadCase loadCase{{number, walk.record()}, std::nullopt};
     while (!loadCase.foreignKind && walk.next()) {
-        if (!lcm_is_own_kind(walk.record().kind))
+        if (!lcm_is_own_kind(walk.record().kind)) {
             loadCase.foreignKind = walk.record().kind;
+        }
     }
     return loadCase;
 }

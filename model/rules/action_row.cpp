@@ -24,8 +24,9 @@ LCM_ActionCells lcm_action_cells(const tagCDB_LC_ACT& record)
     cells.title = lcm_title_text(record.title);
     cells.partition = lcm_partition_id(record.partition);
     cells.superposition = lcm_superposition_id(record.partition);
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i)
+    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
         cells.factors[i] = lcm_shown_factor(record, LCM_ACTION_FACTORS[i]);
+    }
     return cells;
 }
 
@@ -37,12 +38,14 @@ int lcm_action_record(const LCM_ActionCells& cells, tagCDB_LC_ACT& record)
     const QString text = cells.name + QStringLiteral("    ");
     const int underscore = text.indexOf(QLatin1Char('_'));
     lcm_pack_field(text.left(underscore).toUtf8().constData(), record.name);
-    if (underscore >= 0)
+    if (underscore >= 0) {
         lcm_pack_field(text.mid(underscore + 1, 1).toUtf8().constData(), record.suffix);
+    }
     lcm_title_pack(cells.title, record.title, LC_TITLE_WORDS);
     record.partition = lcm_partition_word(cells.partition, cells.superposition);
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i)
+    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
         record.*LCM_ACTION_FACTORS[i].field = cells.factors[i];
+    }
     return lcm_pack_word(text);
 }
 
@@ -67,8 +70,9 @@ int lcm_partition_word(int partitionId, int superpositionId)
 
 float lcm_shown_gama(float stored)
 {
-    if (isNearly(stored, 0.0f))
+    if (isNearly(stored, 0.0f)) {
         return 1.0f;
+    }
     return isNearly(stored, LC_GAMA_ZERO) ? 0.0f : stored;
 }
 

@@ -66,29 +66,36 @@ class ActionCheck
 
     void checkSafetyFactors()
     {
-        if (m_limits.gamu == 0.0f)
+        if (m_limits.gamu == 0.0f) {
             return;
-        if (!(m_record.gamu > 0.0f || m_record.gamu == LC_UNDEFINED))
+        }
+        if (!(m_record.gamu > 0.0f || m_record.gamu == LC_UNDEFINED)) {
             m_findings[ACT_COL_GAMU] = biggerPattern().arg(QStringLiteral("GAMU"));
-        if (m_limits.gamf != 0.0f && !liesBetween(m_record.gamf, 0.0f, m_record.gamu))
+        }
+        if (m_limits.gamf != 0.0f && !liesBetween(m_record.gamf, 0.0f, m_record.gamu)) {
             add(ACT_COL_GAMF, "GAMF", zero(), bound(m_record.gamu));
+        }
     }
 
     void checkPsiLimit(int column, const char* name, float value, float limit)
     {
-        if (limit != 0.0f && !liesBetween(value, 0.0f, limit))
+        if (limit != 0.0f && !liesBetween(value, 0.0f, limit)) {
             add(column, name, zero(), bound(limit));
+        }
     }
 
     void checkPsiOrder()
     {
-        if (m_limits.psi1 != 0.0f && !liesBetween(m_record.psi1, m_psi2, m_limits.psi1))
+        if (m_limits.psi1 != 0.0f && !liesBetween(m_record.psi1, m_psi2, m_limits.psi1)) {
             add(ACT_COL_PSI1, "Psi1", bound(m_psi2, DEFAULT_DIGITS), bound(m_limits.psi1));
-        if (m_limits.psi2 != 0.0f && !liesBetween(m_record.psi2, 0.0f, m_psi1))
+        }
+        if (m_limits.psi2 != 0.0f && !liesBetween(m_record.psi2, 0.0f, m_psi1)) {
             add(ACT_COL_PSI2, "Psi2", zero(), bound(m_psi1));
+        }
         // The message names 1.0 as the upper bound whatever the limit is; people know it so.
-        if (m_limits.psi1s != 0.0f && !liesBetween(m_record.psi1s, lowestPsi1s(), m_limits.psi1s))
+        if (m_limits.psi1s != 0.0f && !liesBetween(m_record.psi1s, lowestPsi1s(), m_limits.psi1s)) {
             add(ACT_COL_PSI1S, "Psi1'", bound(lowestPsi1s()), QStringLiteral("1.0"));
+        }
     }
 
     /// `Psi1s` may not fall below `Psi1`. The Danish annex of 2004 is the one design code whose identity, and

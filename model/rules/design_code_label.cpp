@@ -14,8 +14,9 @@ constexpr int LABEL_BYTES = 20;
 std::optional<QString> lcm_design_code_file(int db)
 {
     std::array<char, FILE_NAME_BYTES> file{};
-    if (!mrl_lib_designcode_file(db, file.data(), FILE_NAME_BYTES))
+    if (!mrl_lib_designcode_file(db, file.data(), FILE_NAME_BYTES)) {
         return std::nullopt;
+    }
     return QString::fromUtf8(file.data());
 }
 

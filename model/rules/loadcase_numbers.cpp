@@ -11,20 +11,24 @@ LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selec
                                  const std::set<int>& used)
     : m_rows(std::move(rows)), m_used(used), m_empty(m_rows.empty()), m_fixedStart(selected.has_value())
 {
-    if (!std::is_sorted(m_rows.begin(), m_rows.end())) // most tables are sorted by number
+    if (!std::is_sorted(m_rows.begin(), m_rows.end())) { // most tables are sorted by number
         std::sort(m_rows.begin(), m_rows.end());
-    if (selected)
+    }
+    if (selected) {
         m_number = *selected;
-    else if (!m_empty)
+    } else if (!m_empty) {
         m_number = std::max(1, m_rows.back());
+    }
 }
 
 int LCM_FreeNumbers::next()
 {
-    if (m_empty)
+    if (m_empty) {
         return 1;
-    while (m_number < std::numeric_limits<int>::max() && !isFree(m_number))
+    }
+    while (m_number < std::numeric_limits<int>::max() && !isFree(m_number)) {
         ++m_number;
+    }
     return m_number;
 }
 
@@ -32,8 +36,9 @@ void LCM_FreeNumbers::take(int number)
 {
     m_taken.insert(number);
     m_empty = false;
-    if (!m_fixedStart)
+    if (!m_fixedStart) {
         m_number = std::max(m_number, number);
+    }
 }
 
 bool LCM_FreeNumbers::isFree(int number) const
@@ -50,9 +55,11 @@ int lcm_next_number(const std::vector<int>& rows, std::optional<int> selected, c
 int lcm_proposed_target(int target, const std::set<int>& taken)
 {
     auto next = taken.lower_bound(target);
-    for (int number = target; number < LC_MAX_NUMBER; ++number, ++next)
-        if (next == taken.end() || *next != number)
+    for (int number = target; number < LC_MAX_NUMBER; ++number, ++next) {
+        if (next == taken.end() || *next != number) {
             return number;
+        }
+    }
     return target;
 }
 
@@ -71,8 +78,9 @@ LCM_DefaultAction lcm_default_action_of_new(int rowCount)
 void lcm_bind_default_action(const tagCDB_LC_ACT& action, bool exists, tagCDB_LC_CTRL& record)
 {
     tagCDB_LC_ACT bound = action;
-    if (!exists)
+    if (!exists) {
         std::memset(bound.name, 0, sizeof bound.name);
+    }
     int word = 0;
     std::memcpy(&word, bound.name, sizeof word);
     lcm_default_factors(word, bound);

@@ -63,13 +63,16 @@ float packCells(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup
                 int minorColumn, bool zeroRule)
 {
     float field = 0.0f;
-    if (setup.hasColumn(mainColumn))
+    if (setup.hasColumn(mainColumn)) {
         field = cells[mainColumn] == LC_UNDEFINED ? LC_UNDEFINED : lcm_round_main(cells[mainColumn]);
-    if (!setup.hasColumn(minorColumn))
+    }
+    if (!setup.hasColumn(minorColumn)) {
         return field;
+    }
     const float minor = cells[minorColumn];
-    if (minor == LC_UNDEFINED)
+    if (minor == LC_UNDEFINED) {
         return LC_UNDEFINED;
+    }
     return lcm_add_minor(field, zeroRule ? lcm_gama_to_store(minor) : minor);
 }
 
@@ -116,21 +119,25 @@ LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record)
 {
     LCM_LoadcaseFactors factors = ownFactors(record);
     for (const auto& [main, minor] : {std::pair{LC_COL_GAMU, LC_COL_GAMA}, {LC_COL_PSI1, LC_COL_PSI1S}}) {
-        if (factors[main] == LC_UNDEFINED)
+        if (factors[main] == LC_UNDEFINED) {
             factors[minor] = LC_UNDEFINED;
+        }
     }
     return factors;
 }
 
 LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action)
 {
-    if (lcm_has_own_factors(record.action))
+    if (lcm_has_own_factors(record.action)) {
         return ownFactors(record);
+    }
     LCM_LoadcaseFactors factors;
-    if (!action || record.action == LC_ACTION_IMPERFECTION)
+    if (!action || record.action == LC_ACTION_IMPERFECTION) {
         return factors;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    }
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         factors[column] = lcm_action_factor(*action, column);
+    }
     return factors;
 }
 
@@ -157,14 +164,18 @@ void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_Loadca
         record.dlx = shown[0] ? cells.dlx : 0.0f;
         record.dly = shown[1] ? cells.dly : 0.0f;
         record.dlz = shown[2] ? cells.dlz : 0.0f;
-        if (along)
+        if (along) {
             *along = alongGravity(*along, setup.gravity);
-    } else if (along)
+        }
+    } else if (along) {
         *along = alongGravity(cells.factor, setup.gravity);
-    if (setup.systemClass == 1)
+    }
+    if (setup.systemClass == 1) {
         record.dlz = 0.0f;
-    if (setup.systemClass == 3)
+    }
+    if (setup.systemClass == 3) {
         record.dlx = record.dly = 0.0f;
+    }
 }
 
 void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup,

@@ -40,16 +40,20 @@ float ownOr(float own, float ofAction) { return own == LC_UNDEFINED ? ofAction :
 void checkSafety(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action, const tagCDB_LC_ACT& limits,
                  LCM_Findings& findings)
 {
-    if (!(limits.gamu > 0.0f))
+    if (!(limits.gamu > 0.0f)) {
         return;
+    }
     const float gamu = ownOr(record.gamu, action.gamu);
-    if (record.gamu < 0.0f && record.gamu != LC_UNDEFINED)
+    if (record.gamu < 0.0f && record.gamu != LC_UNDEFINED) {
         findings[LC_COL_GAMU] = greaterPattern().arg(QLatin1String("GAMU"));
-    if (!(limits.gamf > 0.0f))
+    }
+    if (!(limits.gamf > 0.0f)) {
         return;
+    }
     const float gamf = ownOr(record.gamf, action.gamf);
-    if (gamf < 0.0f || gamu < gamf)
+    if (gamf < 0.0f || gamu < gamf) {
         findings[LC_COL_GAMF] = between("GAMF", ZERO, number(gamu, -1));
+    }
 }
 
 /// The combination factors that the checks compare with each other.
@@ -70,8 +74,9 @@ Combination combinationOf(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& act
         values.psi1 = follows ? action.psi1 : own.main;
         values.psi1s = follows ? action.psi1s : own.minor;
     }
-    if (limits.psi2 != 0.0f)
+    if (limits.psi2 != 0.0f) {
         values.psi2 = ownOr(record.psi2, action.psi2);
+    }
     return values;
 }
 
@@ -83,16 +88,20 @@ void checkCombination(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
     const Combination values = combinationOf(record, action, limits);
     const bool hasPsi1 =
         limits.psi1 != 0.0f; // without it nothing bounds Psi2 from above and Psi1s from below
-    if (limits.psi0 != 0.0f && record.psi0 != LC_UNDEFINED && !within(record.psi0, 0.0f, limits.psi0))
+    if (limits.psi0 != 0.0f && record.psi0 != LC_UNDEFINED && !within(record.psi0, 0.0f, limits.psi0)) {
         findings[LC_COL_PSI0] = between("Psi0", ZERO, number(limits.psi0, 3));
-    if (hasPsi1 && record.psi1 != LC_UNDEFINED && !within(values.psi1, values.psi2, limits.psi1))
+    }
+    if (hasPsi1 && record.psi1 != LC_UNDEFINED && !within(values.psi1, values.psi2, limits.psi1)) {
         findings[LC_COL_PSI1] = between("Psi1", number(values.psi2, 3), number(limits.psi1, 3));
+    }
     if (hasPsi1 && limits.psi2 != 0.0f && record.psi2 != LC_UNDEFINED &&
-        !within(values.psi2, 0.0f, values.psi1))
+        !within(values.psi2, 0.0f, values.psi1)) {
         findings[LC_COL_PSI2] = between("Psi2", ZERO, number(values.psi1, 3));
+    }
     if (hasPsi1 && limits.psi1s != 0.0f && record.psi1 != LC_UNDEFINED &&
-        !within(values.psi1s, values.psi1, limits.psi1s))
+        !within(values.psi1s, values.psi1, limits.psi1s)) {
         findings[LC_COL_PSI1S] = between("Psi1'", number(values.psi1, 3), number(limits.psi1s, -1));
+    }
 }
 
 } // namespace

@@ -14,24 +14,27 @@ namespace {
 QStringList captions(const ActionsTab& tab)
 {
     QStringList list;
-    for (int column = 0; column < tab.table.columnCount(); ++column)
+    for (int column = 0; column < tab.table.columnCount(); ++column) {
         list << tab.table.horizontalHeaderItem(column)->text();
+    }
     return list;
 }
 
 std::vector<int> columnIds(const ActionsTab& tab)
 {
     std::vector<int> ids;
-    for (int column = 0; column < tab.table.columnCount(); ++column)
+    for (int column = 0; column < tab.table.columnCount(); ++column) {
         ids.push_back(tab.table.getColumnId(column));
+    }
     return ids;
 }
 
 std::string withoutFactors()
 {
     std::string code = FULL_CODE;
-    for (const char* mark : {"Gamu", "Gamf", "Gama", "Psi0", "Psi1", "Psi2", "Psi1s"})
+    for (const char* mark : {"Gamu", "Gamf", "Gama", "Psi0", "Psi1", "Psi2", "Psi1s"}) {
         code = replaced(code, std::string(mark) + " = 1\n", std::string(mark) + " = 0\n");
+    }
     return code;
 }
 
@@ -51,8 +54,9 @@ TEST(ActionsTable, HeadersTellWhatTheirColumnIs)
     const Project project;
     const ActionsTab tab(project);
     QStringList toolTips;
-    for (int column = 0; column < tab.table.columnCount(); ++column)
+    for (int column = 0; column < tab.table.columnCount(); ++column) {
         toolTips << tab.table.horizontalHeaderItem(column)->toolTip();
+    }
     EXPECT_EQ(toolTips,
               QStringList({"Action", "Description", "Partition", "Handling of the loadcases",
                            "Unfavourable safety factor", "Favourable safety factor",
@@ -107,8 +111,9 @@ TEST(ActionsTable, HiddenFactorWithALimitKeepsTheTabInvalid)
 TEST(ActionsTable, RowsStandSortedByNameWithTheChildrenAmongThem)
 {
     Project project;
-    for (const char* name : {"W_1", "Q_2", "A", "U1", "G"})
+    for (const char* name : {"W_1", "Q_2", "A", "U1", "G"}) {
         project.store(action(name));
+    }
     const ActionsTab tab(project);
     EXPECT_EQ(tab.names(), QStringList({"A", "G", "Q_2", "U1", "W_1"}));
 }

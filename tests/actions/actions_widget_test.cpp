@@ -30,10 +30,12 @@ QStringList entriesOfNextMenu(const std::function<void()>& open)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&entries] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (menu == nullptr)
+        if (menu == nullptr) {
             return;
-        for (const QAction* entry : menu->actions())
+        }
+        for (const QAction* entry : menu->actions()) {
             entries << (entry->isSeparator() ? QStringLiteral("-") : entry->text());
+        }
         menu->close();
     });
     timer.start(0);
@@ -53,8 +55,9 @@ TEST(ActionsWidget, MetaObjectListsSignalsAndSlotsInTheirOrder)
 {
     const QMetaObject& meta = LCM_ActionsWidget::staticMetaObject;
     QList<QByteArray> signatures;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         signatures << meta.method(i).methodSignature();
+    }
     EXPECT_EQ(signatures,
               QList<QByteArray>({"signal_newAction()", "signal_deleteAction()", "signal_actionCountChanged()",
                                  "signal_actionValuesChanged(int,int)", "signal_reinitActions(std::set<int>)",
@@ -157,8 +160,9 @@ TEST(ActionsWidget, ValidityIsTheStoredVerdict)
 TEST(ActionsWidget, SelectedCodesAreThoseOfTheSelectedRows)
 {
     Project project;
-    for (const char* name : {"A", "G", "U1"})
+    for (const char* name : {"A", "G", "U1"}) {
         project.store(action(name));
+    }
     ActionsTab tab(project);
     std::set<int> codes{1, 2};
     tab.table.clearSelection();

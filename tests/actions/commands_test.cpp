@@ -30,9 +30,11 @@ class Commands : public ::testing::Test
 
     const LCM_ActionEntry* entry(const ActionsTab& tab, const QString& name) const
     {
-        for (const LCM_ActionEntry* parent : tab.widget.workingModel()->actions)
-            if (parent->code == codeOf(name))
+        for (const LCM_ActionEntry* parent : tab.widget.workingModel()->actions) {
+            if (parent->code == codeOf(name)) {
                 return parent;
+            }
+        }
         return nullptr;
     }
 
@@ -464,8 +466,9 @@ TEST_F(Commands, RowsKeepTheirOwnValuesWhenASortedFactorIsReinitialised)
     QStringList reported;
     QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_reinitActions, &tab.widget,
                      [&](const std::set<int>& positions) {
-                         for (const int row : positions)
+                         for (const int row : positions) {
                              reported << tab.text(row, ACT_COL_ACTION).trimmed();
+                         }
                      });
     tab.widget.slot_reInitAllActions();
     for (const auto& [name, record] : expected) {
@@ -495,8 +498,9 @@ TEST_F(Commands, ReinitSelectedReportsWhereTheRowsHaveMoved)
 TEST(RemoveRows, SelectsWhatStandsWhereTheLowestStood)
 {
     MRL_QT_TableWidget table(5, 1);
-    for (int row = 0; row < 5; ++row)
+    for (int row = 0; row < 5; ++row) {
         table.setItem(row, 0, new QTableWidgetItem(QString::number(row)));
+    }
     removeRows(&table, {1, 3});
     ASSERT_EQ(table.rowCount(), 3);
     EXPECT_EQ(table.item(1, 0)->text(), QStringLiteral("2"));

@@ -238,22 +238,26 @@ class ActionsTab
         widget.show();
         QApplication::setActiveWindow(&widget);
         EXPECT_TRUE(QTest::qWaitForWindowActive(&widget));
-        if (fill)
+        if (fill) {
             widget.fillTable();
+        }
     }
 
     int rowOf(const QString& name) const
     {
-        for (int row = 0; row < table.rowCount(); ++row)
-            if (text(row, ACT_COL_ACTION).trimmed() == name)
+        for (int row = 0; row < table.rowCount(); ++row) {
+            if (text(row, ACT_COL_ACTION).trimmed() == name) {
                 return row;
+            }
+        }
         return -1;
     }
     QStringList names() const
     {
         QStringList list;
-        for (int row = 0; row < table.rowCount(); ++row)
+        for (int row = 0; row < table.rowCount(); ++row) {
             list << text(row, ACT_COL_ACTION).trimmed();
+        }
         return list;
     }
     QTableWidgetItem* cell(int row, int id) const { return table.itemOnColId(row, id); }
@@ -304,9 +308,10 @@ class ActionsTab
     void selectRows(const QStringList& rowNames)
     {
         table.clearSelection();
-        for (const QString& name : rowNames)
+        for (const QString& name : rowNames) {
             table.selectionModel()->select(table.model()->index(rowOf(name), 0),
                                            QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        }
     }
     void press(const char* buttonName)
     {

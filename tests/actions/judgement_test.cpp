@@ -71,8 +71,9 @@ TEST_F(Judgement, MissingCellsReadAsUndefinedAndMinusOne)
 {
     ActionsTab tab(project);
     const int row = tab.rowOf("G");
-    for (const int id : {ACT_COL_PARTITION, ACT_COL_SUPERPOSITION, ACT_COL_GAMU})
+    for (const int id : {ACT_COL_PARTITION, ACT_COL_SUPERPOSITION, ACT_COL_GAMU}) {
         delete tab.table.takeItem(row, tab.table.getColumnNumber(id));
+    }
     const tagCDB_LC_ACT record = tab.record("G");
     EXPECT_EQ(record.gamu, LC_UNDEFINED);
     EXPECT_EQ(record.gamf, 1.0f);
@@ -91,8 +92,9 @@ TEST_F(Judgement, OnlyTheFailingCellsAreRed)
     ActionsTab tab(project);
     tab.enter("G", ACT_COL_PSI1, "0.4");
     // Psi2 is 0.5: it lies above Psi1 now, and Psi1 below it; Psi1s = 0.5 is no less than Psi1.
-    for (const int id : {ACT_COL_PSI1, ACT_COL_PSI2})
+    for (const int id : {ACT_COL_PSI1, ACT_COL_PSI2}) {
         EXPECT_TRUE(tab.isRed("G", id)) << id;
+    }
     for (const int id : {ACT_COL_ACTION, ACT_COL_DESCRIPTION, ACT_COL_PARTITION, ACT_COL_SUPERPOSITION,
                          ACT_COL_GAMU, ACT_COL_GAMF, ACT_COL_GAMA, ACT_COL_PSI0, ACT_COL_PSI1S}) {
         EXPECT_FALSE(tab.isRed("G", id)) << id;
@@ -107,8 +109,9 @@ TEST_F(Judgement, OneEntryChangesAllThreeSelectedRows)
     tab.clickCell("U1", ACT_COL_GAMU, Qt::ShiftModifier);
     QSignalSpy values(&tab.widget, SIGNAL(signal_actionValuesChanged(int, int)));
     tab.typeOver("0.9");
-    for (const char* name : {"G", "Q", "U1"})
+    for (const char* name : {"G", "Q", "U1"}) {
         EXPECT_EQ(tab.record(name).gamu, 0.9f) << name;
+    }
     EXPECT_EQ(tab.record("A").gamu, 1.0f);
     EXPECT_EQ(values.count(), 3);
     // Gamf 1.0 of G is above 0.9 now; 0 of Q and 0.5 of U1 aren't.
@@ -160,15 +163,17 @@ TEST_F(Judgement, SeveralRowsKeepTheirRecordsWhileASortedFactorChanges)
     ActionsTab tab(project);
     tab.table.sortByColumn(tab.table.getColumnNumber(ACT_COL_GAMU), Qt::DescendingOrder);
     std::map<QString, tagCDB_LC_ACT> expected;
-    for (const QString& name : tab.names())
+    for (const QString& name : tab.names()) {
         expected[name] = tab.record(name);
+    }
     ASSERT_EQ(tab.names(), QStringList({"Q", "G", "U1", "A"}));
     tab.clickCell("G", ACT_COL_GAMU);
     tab.clickCell("A", ACT_COL_GAMU, Qt::ShiftModifier);
     tab.typeOver("2");
     for (auto& [name, record] : expected) {
-        if (name != "Q")
+        if (name != "Q") {
             record.gamu = 2.0f;
+        }
         const tagCDB_LC_ACT now = tab.record(name);
         EXPECT_EQ(std::memcmp(&now, &record, sizeof now), 0) << name.toStdString();
     }
@@ -274,8 +279,9 @@ TEST_F(Judgement, AllRowsAreReadInTheirOrder)
     std::vector<tagCDB_LC_ACT> records(9);
     tab.widget.readAllRows(records);
     QStringList names;
-    for (const tagCDB_LC_ACT& record : records)
+    for (const tagCDB_LC_ACT& record : records) {
         names << QString::fromLatin1(mrl::test::codeName(record)).trimmed();
+    }
     EXPECT_EQ(names, tab.names());
 }
 

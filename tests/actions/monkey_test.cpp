@@ -29,8 +29,9 @@ class Follower : public QObject
         connect(&widget, &LCM_ActionsWidget::signal_actionValuesChanged, this,
                 [this](int row, int) { readRow(row); });
         connect(&widget, &LCM_ActionsWidget::signal_reinitActions, this, [this](const std::set<int>& rows) {
-            for (const int row : rows)
+            for (const int row : rows) {
                 readRow(row);
+            }
         });
         readAll();
     }
@@ -41,8 +42,9 @@ class Follower : public QObject
     void readAll()
     {
         actions.clear();
-        for (int row = 0; row < m_widget.tableWidget()->rowCount(); ++row)
+        for (int row = 0; row < m_widget.tableWidget()->rowCount(); ++row) {
             readRow(row);
+        }
     }
     void readRow(int row)
     {
@@ -68,29 +70,34 @@ class Answerer
     void answer()
     {
         QWidget* window = QApplication::activeModalWidget();
-        if (window == nullptr)
+        if (window == nullptr) {
             return;
+        }
         if (auto* box = qobject_cast<QMessageBox*>(window)) {
             QTest::mouseClick(box->buttons().at(static_cast<int>(m_random() % 2)), Qt::LeftButton);
             return;
         }
-        if (m_random() % 2 == 0)
+        if (m_random() % 2 == 0) {
             typeName(*window);
+        }
         QTest::keyClick(window, m_random() % 5 == 0 ? Qt::Key_Escape : Qt::Key_Return);
-        if (window->isVisible())
+        if (window->isVisible()) {
             QTest::keyClick(window, Qt::Key_Escape); // a refused name holds OK back
+        }
     }
     void typeName(QWidget& dialog)
     {
         auto* radio = dialog.findChildren<QRadioButton*>().at(1);
         QTest::mouseClick(radio, Qt::LeftButton, {}, QPoint(8, radio->height() / 2));
         QString name;
-        for (unsigned long i = 0, length = 1 + m_random() % 3; i < length; ++i)
+        for (unsigned long i = 0, length = 1 + m_random() % 3; i < length; ++i) {
             name += QChar(static_cast<ushort>('A' + m_random() % 26));
+        }
         QTest::keyClicks(dialog.findChild<QLineEdit*>("line_user_action"), name);
-        if (name.size() < 3 && m_random() % 2 == 0)
+        if (name.size() < 3 && m_random() % 2 == 0) {
             QTest::keyClicks(dialog.findChild<QLineEdit*>("line_user_category"),
                              QString::number(m_random() % 10));
+        }
     }
 
     std::mt19937& m_random;
@@ -173,11 +180,14 @@ class Monkey
     {
         std::set<int> codes;
         for (const LCM_ActionEntry* parent : m_tab.widget.workingModel()->actions) {
-            if (parent->state == LCM_STATE_ACTIVE)
+            if (parent->state == LCM_STATE_ACTIVE) {
                 codes.insert(parent->code);
-            for (const LCM_SubAction* child : parent->subActions)
-                if (child->state == LCM_STATE_ACTIVE)
+            }
+            for (const LCM_SubAction* child : parent->subActions) {
+                if (child->state == LCM_STATE_ACTIVE) {
                     codes.insert(child->code);
+                }
+            }
         }
         return codes;
     }
@@ -191,12 +201,14 @@ class Monkey
     }
     void enter(int column, const QString& text)
     {
-        if (m_tab.table.rowCount() == 0)
+        if (m_tab.table.rowCount() == 0) {
             return;
+        }
         const QString name = m_tab.text(randomRow(), ACT_COL_ACTION).trimmed();
         m_tab.clickCell(name, column);
-        if (m_random() % 3 == 0)
+        if (m_random() % 3 == 0) {
             m_tab.clickCell(m_tab.text(randomRow(), ACT_COL_ACTION).trimmed(), column, Qt::ShiftModifier);
+        }
         m_tab.typeOver(text);
     }
     void sort()
@@ -207,27 +219,34 @@ class Monkey
     void select()
     {
         m_tab.table.clearSelection();
-        for (int row = 0; row < m_tab.table.rowCount(); ++row)
-            if (m_random() % 4 == 0)
+        for (int row = 0; row < m_tab.table.rowCount(); ++row) {
+            if (m_random() % 4 == 0) {
                 m_tab.selectRows({m_tab.text(row, ACT_COL_ACTION).trimmed()});
+            }
+        }
     }
     void deleteSome()
     {
-        if (m_tab.table.rowCount() < 4)
+        if (m_tab.table.rowCount() < 4) {
             return m_tab.widget.slot_addAllClicked();
+        }
         m_loadcases.used.clear();
-        for (int row = 0; row < m_tab.table.rowCount(); ++row)
-            if (m_random() % 3 == 0)
+        for (int row = 0; row < m_tab.table.rowCount(); ++row) {
+            if (m_random() % 3 == 0) {
                 m_loadcases.used.insert(m_tab.cell(row, ACT_COL_ACTION)->data(ROLE_ACTION_CODE).toInt());
-        if (m_random() % 2)
+            }
+        }
+        if (m_random() % 2) {
             m_tab.press("button_delete");
-        else
+        } else {
             QTest::keyClick(&m_tab.table, Qt::Key_Delete);
+        }
     }
     void chooseEntry()
     {
-        if (m_tab.table.rowCount() == 0)
+        if (m_tab.table.rowCount() == 0) {
             return;
+        }
         // Chosen in the cell itself, with its row selected as a person's click leaves it.
         const int row = randomRow();
         m_tab.table.setCurrentCell(row, m_tab.table.getColumnNumber(ACT_COL_PARTITION));
@@ -248,8 +267,9 @@ TEST(Monkey, TableModelAndSignalsAgreeAfterEachRandomAction)
 {
     std::mt19937 random(20240229);
     Project project;
-    for (const char* name : {"A", "G", "Q", "Q_1", "U1", "U2"})
+    for (const char* name : {"A", "G", "Q", "Q_1", "U1", "U2"}) {
         project.store(action(name));
+    }
     FakeLoadcaseTab loadcases(project.db());
     ActionsTab tab(project, &loadcases);
     const Answerer answerer(random);

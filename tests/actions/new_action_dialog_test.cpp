@@ -40,25 +40,29 @@ class Shown
     QStringList offered() const
     {
         QStringList list;
-        for (int i = 0; i < combos.at(0)->count(); ++i)
+        for (int i = 0; i < combos.at(0)->count(); ++i) {
             list << combos.at(0)->itemText(i);
+        }
         return list;
     }
     QStringList categories() const
     {
         QStringList list;
-        for (int i = 0; i < combos.at(1)->count(); ++i)
+        for (int i = 0; i < combos.at(1)->count(); ++i) {
             list << combos.at(1)->itemText(i);
+        }
         return list;
     }
     /// Chooses an entry with the keyboard, as a person does.
     static void choose(QComboBox& combo, const QString& begin)
     {
         combo.setFocus();
-        for (int i = 0; i < combo.count() && !combo.currentText().startsWith(begin); ++i)
+        for (int i = 0; i < combo.count() && !combo.currentText().startsWith(begin); ++i) {
             QTest::keyClick(&combo, Qt::Key_Down);
-        for (int i = 0; i < combo.count() && !combo.currentText().startsWith(begin); ++i)
+        }
+        for (int i = 0; i < combo.count() && !combo.currentText().startsWith(begin); ++i) {
             QTest::keyClick(&combo, Qt::Key_Up);
+        }
         EXPECT_TRUE(combo.currentText().startsWith(begin)) << begin.toStdString();
     }
     void clickRadio(int id)
@@ -69,15 +73,17 @@ class Shown
     {
         line.setFocus();
         line.selectAll();
-        if (text.isEmpty())
+        if (text.isEmpty()) {
             QTest::keyClick(&line, Qt::Key_Delete);
-        else
+        } else {
             QTest::keyClicks(&line, text);
+        }
     }
     void typeAction(const QString& text)
     {
-        if (!radios.at(1)->isChecked())
+        if (!radios.at(1)->isChecked()) {
             clickRadio(1);
+        }
         type(userAction(), text);
     }
     std::string message() const { return info.isVisible() ? info.text().toStdString() : std::string(); }
@@ -97,26 +103,31 @@ class NewActionDialog : public ::testing::Test
     NewActionDialog() { project.store(action("G")); }
     ~NewActionDialog() override
     {
-        if (m_model != nullptr)
+        if (m_model != nullptr) {
             m_model->release();
+        }
     }
 
     LCM_DataClass& model()
     {
-        if (m_model == nullptr)
+        if (m_model == nullptr) {
             m_model = new LCM_DataClass(project.db());
+        }
         return *m_model;
     }
     void storeAllOfTheCode()
     {
-        for (const char* name : {"G", "Q", "Q_1", "Q_2", "W_1", "W_2", "A"})
+        for (const char* name : {"G", "Q", "Q_1", "Q_2", "W_1", "W_2", "A"}) {
             project.store(action(name));
+        }
     }
     LCM_ActionEntry& entry(const QString& name)
     {
-        for (LCM_ActionEntry* parent : model().actions)
-            if (parent->code == codeOf(name))
+        for (LCM_ActionEntry* parent : model().actions) {
+            if (parent->code == codeOf(name)) {
                 return *parent;
+            }
+        }
         ADD_FAILURE() << name.toStdString();
         return *model().actions.front();
     }
@@ -478,8 +489,9 @@ TEST_F(NewActionDialog, EachLabelStandsBesideItsField)
     Shown shown(model());
     int labels = 0;
     for (QLabel* label : shown.dialog.findChildren<QLabel*>()) {
-        if (label->buddy() == nullptr)
+        if (label->buddy() == nullptr) {
             continue;
+        }
         ++labels;
         EXPECT_EQ(label->geometry().center().y(), label->buddy()->geometry().center().y())
             << label->text().toStdString();
@@ -491,8 +503,9 @@ TEST_F(NewActionDialog, SlotsStandInTheirOrder)
 {
     const QMetaObject& meta = MRL_LC_AddNewActionDialog::staticMetaObject;
     QList<QByteArray> slotNames;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         slotNames << meta.method(i).methodSignature();
+    }
     EXPECT_EQ(slotNames,
               QList<QByteArray>(
                   {"slot_selectionChangedAction(QString)", "slot_selectionChangedCategory(QString)",

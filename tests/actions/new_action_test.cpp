@@ -21,9 +21,11 @@ class NewAction : public ::testing::Test
     LCM_DataClass& model() const { return *m_model; }
     int indexOf(const QString& name) const
     {
-        for (std::size_t i = 0; i < model().actions.size(); ++i)
-            if (model().actions[i]->code == codeOf(name))
+        for (std::size_t i = 0; i < model().actions.size(); ++i) {
+            if (model().actions[i]->code == codeOf(name)) {
                 return static_cast<int>(i);
+            }
+        }
         return -1;
     }
     const LCM_ActionEntry& entry(const QString& name) const
@@ -106,8 +108,9 @@ TEST_F(NewAction, DescriptionKeepsThirtyThreeUnits)
 TEST_F(NewAction, AllFreeActionsComeWithTheirChildrenFirst)
 {
     QStringList names;
-    for (const tagCDB_LC_ACT& record : lcm_activate_free_actions(model()))
+    for (const tagCDB_LC_ACT& record : lcm_activate_free_actions(model())) {
         names << QString::fromLatin1(mrl::test::codeName(record)).trimmed();
+    }
     // G is stored; W is a placeholder, which stays one.
     EXPECT_EQ(names, QStringList({"Q_1", "Q_2", "Q", "W_1", "W_2", "A"}));
     EXPECT_EQ(entry("W").state, LCM_STATE_PLACEHOLDER);

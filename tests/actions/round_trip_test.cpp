@@ -18,10 +18,12 @@ std::map<std::string, tagCDB_LC_ACT> modelRecords(const LCM_DataClass& model)
 {
     std::map<std::string, tagCDB_LC_ACT> records;
     for (const LCM_ActionEntry* parent : model.actions) {
-        if (parent->state != LCM_STATE_PLACEHOLDER)
+        if (parent->state != LCM_STATE_PLACEHOLDER) {
             records[mrl::test::codeName(parent->record).toStdString()] = parent->record;
-        for (const LCM_SubAction* child : parent->subActions)
+        }
+        for (const LCM_SubAction* child : parent->subActions) {
             records[mrl::test::codeName(child->record).toStdString()] = child->record;
+        }
     }
     return records;
 }
@@ -46,8 +48,9 @@ float anyFactor(std::mt19937& random)
 tagCDB_LC_ACT randomAction(std::mt19937& random, int number)
 {
     QString title;
-    for (unsigned long i = 0, length = random() % 34; i < length; ++i)
+    for (unsigned long i = 0, length = random() % 34; i < length; ++i) {
         title += QChar(static_cast<ushort>(' ' + random() % 0x2000));
+    }
     ActionBuilder builder(QString::number(number, 36).toUpper().prepend("U"));
     builder.title(title).partition(static_cast<int>(random() % 6 * 16 + random() % 7));
     return builder.gamu(anyFactor(random))
@@ -80,9 +83,11 @@ TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
         for (const auto& [name, record] : records) {
             tagCDB_LC_ACT expected = record;
             expected.gama = tab.table.getColumnNumber(ACT_COL_GAMA) < 0 ? 0.0f : lcm_shown_gama(record.gama);
-            for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS)
-                if (tab.table.getColumnNumber(factor.column) < 0)
+            for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
+                if (tab.table.getColumnNumber(factor.column) < 0) {
                     expected.*factor.field = 0.0f; // a factor without a column isn't kept
+                }
+            }
             const tagCDB_LC_ACT read = tab.record(QString::fromStdString(name).trimmed());
             EXPECT_EQ(std::memcmp(&read, &expected, sizeof read), 0) << code.name << ", " << name;
         }
@@ -103,8 +108,9 @@ TEST(RoundTrip, RandomActionsAreStoredAsTheyWere)
 {
     std::mt19937 random(4711);
     Project project;
-    for (int i = 0; i < 300; ++i)
+    for (int i = 0; i < 300; ++i) {
         project.store(randomAction(random, i));
+    }
     const auto before = project.stored();
     ActionsTab tab(project);
     // The two defaults come on top, since no stored action is one of the design code.
@@ -154,8 +160,9 @@ TEST(RoundTrip, TitleOfThirtyFourUnitsLosesTheLast)
 {
     Project project;
     tagCDB_LC_ACT foreign = action("G");
-    for (std::uint32_t& word : foreign.title)
+    for (std::uint32_t& word : foreign.title) {
         word = 0x00780078; // two x
+    }
     project.store(foreign);
     accept(project);
     EXPECT_EQ(lcm_title_text(project.stored().at("G   ").title), QString(33, 'x'));

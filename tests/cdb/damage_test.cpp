@@ -14,8 +14,9 @@ Content readAll(int db)
     Content content;
     int kwh = INT_MIN;
     int kwl = INT_MIN;
-    while (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1) == 0)
+    while (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1) == 0) {
         content[{kwh, kwl}] = allRecords(db, kwh, kwl);
+    }
     return content;
 }
 
@@ -27,15 +28,18 @@ class Damage : public ::testing::Test
         const int db = mrl::cdb::create(file).db;
         {
             mrl::cdb::Transaction transaction(db);
-            for (int i = 1; i <= 200; ++i)
+            for (int i = 1; i <= 200; ++i) {
                 putText(db, 12, i, std::string(100, static_cast<char>('a' + i % 26)));
-            for (int i = 0; i < 6; ++i)
+            }
+            for (int i = 0; i < 6; ++i) {
                 static_cast<void>(appendText(db, 14, 0x20202051, "record " + std::to_string(i)));
+            }
             putText(db, 10, 0, std::string(9000, 's')); // on pages of its own
             EXPECT_TRUE(transaction.commit());
         }
-        for (int i = 1; i <= 100; ++i) // leaves free pages behind
+        for (int i = 1; i <= 100; ++i) { // leaves free pages behind
             mrl_cdb_del(db, 12, i);
+        }
         static_cast<void>(mrl::cdb::setFact(db, "designcode", "en1990.ini"));
         expected = readAll(db);
         mrl::cdb::close(db);
@@ -63,10 +67,12 @@ class Damage : public ::testing::Test
     static void writeAndDelete(int db)
     {
         mrl::cdb::Transaction transaction(db);
-        for (int i = 1; i <= 30; ++i)
+        for (int i = 1; i <= 30; ++i) {
             putText(db, 12, 1000 + i, std::string(400, 'n'));
-        for (int i = 1; i <= 30; ++i)
+        }
+        for (int i = 1; i <= 30; ++i) {
             mrl_cdb_del(db, 12, 1000 + i);
+        }
         if (const auto done = transaction.commit(); !done) {
             EXPECT_FALSE(mrl::cdb::stickyError(db)) << done.text;
         }
@@ -76,8 +82,9 @@ class Damage : public ::testing::Test
     {
         const Content content = readAll(db);
         const std::string code = mrl::cdb::fact(db, "designcode");
-        if (!mrl::cdb::stickyError(db))
+        if (!mrl::cdb::stickyError(db)) {
             return false;
+        }
         EXPECT_EQ(content, expected);
         EXPECT_EQ(code, "en1990.ini");
         return true;

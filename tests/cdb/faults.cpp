@@ -20,8 +20,9 @@ Plan plan;
 bool fails()
 {
     ++plan.counted;
-    if (plan.failing == 0)
+    if (plan.failing == 0) {
         return false;
+    }
     return plan.lasting == Lasting::ForEver ? plan.counted >= plan.failing : plan.counted == plan.failing;
 }
 
@@ -46,8 +47,9 @@ int read(sqlite3_file* f, void* to, int size, sqlite3_int64 at)
 }
 int write(sqlite3_file* f, const void* from, int size, sqlite3_int64 at)
 {
-    if (fails())
+    if (fails()) {
         return plan.kind == Kind::DiskFull ? SQLITE_FULL : SQLITE_IOERR_WRITE;
+    }
     return methods(f).xWrite(real(f), from, size, at);
 }
 int truncate(sqlite3_file* f, sqlite3_int64 size)
@@ -114,8 +116,9 @@ int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
 void install()
 {
     static sqlite3_vfs vfs;
-    if (below != nullptr)
+    if (below != nullptr) {
         return;
+    }
     below = sqlite3_vfs_find(nullptr);
     vfs = *below;
     vfs.zName = "faults";

@@ -18,8 +18,9 @@ Content contentOf(int db)
     Content content;
     std::vector<mrl::cdb::Key> found;
     EXPECT_TRUE(mrl::cdb::keys(db, found));
-    for (const auto& key : found)
+    for (const auto& key : found) {
         content[{key.kwh, key.kwl}] = allRecords(db, key.kwh, key.kwl);
+    }
     return content;
 }
 
@@ -54,10 +55,12 @@ class Faults : public ::testing::Test
     {
         faults::install();
         const int db = mrl::cdb::create(file).db;
-        for (int i = 1; i <= 60; ++i)
+        for (int i = 1; i <= 60; ++i) {
             putText(db, 12, i, std::string(150, 'o'));
-        for (const char* text : {"a", "b", "c"})
+        }
+        for (const char* text : {"a", "b", "c"}) {
             static_cast<void>(appendText(db, 14, 5, text));
+        }
         mrl::cdb::close(db);
         before = contentAfterReopening(file);
     }
@@ -80,11 +83,15 @@ class Faults : public ::testing::Test
     {
         const Content after = afterSuccess(operation);
         ASSERT_NE(after, before);
-        for (const auto kind : {faults::Kind::DiskFull, faults::Kind::Broken})
-            for (const auto lasting : {faults::Lasting::Once, faults::Lasting::ForEver})
-                for (const bool closing : {false, true})
-                    for (int n = 1; failOnce(operation, after, n, kind, lasting, closing); n += stride)
+        for (const auto kind : {faults::Kind::DiskFull, faults::Kind::Broken}) {
+            for (const auto lasting : {faults::Lasting::Once, faults::Lasting::ForEver}) {
+                for (const bool closing : {false, true}) {
+                    for (int n = 1; failOnce(operation, after, n, kind, lasting, closing); n += stride) {
                         ASSERT_LT(n, 10000);
+                    }
+                }
+            }
+        }
         EXPECT_GT(failures, 0);
     }
 
@@ -116,8 +123,9 @@ class Faults : public ::testing::Test
         // The disk is full for the tidying up at the end as well, or has room again by then.
         if (closing) {
             mrl::cdb::close(db);
-            if (faults::disarm() < n)
+            if (faults::disarm() < n) {
                 return false;
+            }
         } else {
             if (faults::disarm() < n) {
                 mrl::cdb::close(db);
@@ -159,10 +167,12 @@ TEST_F(Faults, TransactionLeavesTheOldOrTheNewState)
 {
     failEverywhere([](int db) {
         mrl::cdb::Transaction transaction(db);
-        for (int i = 1; i <= 60; ++i)
+        for (int i = 1; i <= 60; ++i) {
             mrl_cdb_del(db, 12, i);
-        for (int i = 1; i <= 60; i += 2)
+        }
+        for (int i = 1; i <= 60; i += 2) {
             putText(db, 12, i, std::string(200, 'n'));
+        }
         static_cast<void>(appendText(db, 14, 5, "d"));
         return static_cast<bool>(transaction.commit());
     });
@@ -175,8 +185,9 @@ TEST_F(Faults, TransactionLargerThanTheCacheLeavesTheOldOrTheNewState)
     failEverywhere(
         [](int db) {
             mrl::cdb::Transaction transaction(db);
-            for (int i = 1; i <= 40; ++i)
+            for (int i = 1; i <= 40; ++i) {
                 putText(db, 12, 1000 + i, std::string(100000, 'n'));
+            }
             return static_cast<bool>(transaction.commit());
         },
         211);
@@ -191,8 +202,9 @@ TEST_F(Faults, CreatingOnAFullDiskLeavesNoFile)
         faults::failAt(n, faults::Kind::DiskFull, faults::Lasting::ForEver);
         const auto result = mrl::cdb::create(made);
         mrl::cdb::close(result.db);
-        if (faults::disarm() < n)
+        if (faults::disarm() < n) {
             break;
+        }
         if (result) {
             std::filesystem::remove(made);
             continue;

@@ -43,8 +43,9 @@ class Files : public ::testing::Test
     Files()
     {
         const int db = mrl::cdb::create(file).db;
-        for (int i = 1; i <= 20; ++i)
+        for (int i = 1; i <= 20; ++i) {
             putText(db, 12, i, "record " + std::to_string(i));
+        }
         static_cast<void>(mrl::cdb::setFact(db, "designcode", "x.ini"));
         mrl::cdb::close(db);
     }
@@ -67,11 +68,13 @@ class Files : public ::testing::Test
 
 TEST_F(Files, RemovingOneTakesAwayWhatStandsBesideItToo)
 {
-    for (const char* ending : {"-journal", "-wal", "-shm", ".bak"})
+    for (const char* ending : {"-journal", "-wal", "-shm", ".bak"}) {
         write(file + ending, "left behind");
+    }
     mrl::cdb::removeFile(file);
-    for (const char* ending : {"", "-journal", "-wal", "-shm"})
+    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
         EXPECT_FALSE(std::filesystem::exists(file + ending)) << ending;
+    }
     EXPECT_TRUE(std::filesystem::exists(file + ".bak")) << "somebody else's";
     mrl::cdb::removeFile(file); // nothing is there any more
 }
@@ -265,8 +268,9 @@ TEST_F(Files, DamageWhileOpenIsFoundByTheReadThatMeetsIt)
     int kwh = 12;
     int kwl = 0;
     int read = 0;
-    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 12; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1))
+    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 12; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1)) {
         read += getText(db, kwh, kwl).front() == 'r' ? 1 : 0;
+    }
     EXPECT_EQ(read, 19);
     EXPECT_EQ(mrl::cdb::stickyError(db).code, Code::Checksum);
     EXPECT_EQ(mrl::cdb::integrityCheck(db).code, Code::Checksum);
@@ -347,8 +351,9 @@ int asNobody(const std::function<int()>& body)
 {
     const pid_t child = fork();
     if (child == 0) {
-        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
+        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) {
             _exit(99);
+        }
         _exit(body());
     }
     int status = 0;
@@ -431,8 +436,9 @@ TEST_F(Files, LogIsCutBackWhenItHasGrown)
 {
     const int db = mrl::cdb::open(file).db;
     const std::string record(100000, 'x');
-    for (int i = 0; i < 200; ++i)
+    for (int i = 0; i < 200; ++i) {
         ASSERT_EQ(putText(db, 12, 5, record), CD_OK); // 20 MB in all
+    }
     EXPECT_LT(std::filesystem::file_size(file + "-wal"), 8u << 20U);
     EXPECT_TRUE(mrl::cdb::integrityCheck(db));
     mrl::cdb::close(db);

@@ -24,8 +24,9 @@ class Folder
         const auto parent =
             memory ? std::filesystem::path("/dev/shm") : std::filesystem::temp_directory_path();
         std::string name = (parent / "mrl-cdb-XXXXXX").string();
-        if (mkdtemp(name.data()) != nullptr)
+        if (mkdtemp(name.data()) != nullptr) {
             folder = name;
+        }
     }
     ~Folder()
     {
@@ -59,8 +60,9 @@ inline std::string getText(int db, int kwh, int kwl, int position = 0, int room 
     std::string buffer(static_cast<std::size_t>(room), '#');
     int length = room;
     const int result = mrl_cdb_get(db, kwh, kwl, buffer.data(), &length, position);
-    if (result > 1)
+    if (result > 1) {
         return "<" + std::to_string(result) + ">";
+    }
     return buffer.substr(0, static_cast<std::size_t>(length));
 }
 
@@ -69,8 +71,9 @@ inline std::vector<std::string> allRecords(int db, int kwh, int kwl)
 {
     std::vector<std::string> records;
     for (std::string text = getText(db, kwh, kwl); text != "<2>" && text != "<3>";
-         text = getText(db, kwh, kwl, 1))
+         text = getText(db, kwh, kwl, 1)) {
         records.push_back(text);
+    }
     return records;
 }
 

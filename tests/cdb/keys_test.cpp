@@ -10,27 +10,31 @@ using Keys = MemoryProject;
 TEST_F(Keys, StepUpCrossesGroupsInSignedOrder)
 {
     for (const auto& key : std::vector<std::pair<int, int>>{
-             {12, 5}, {-3, 9}, {12, -7}, {INT_MIN, INT_MAX}, {0, 97}, {INT_MAX, INT_MIN}})
+             {12, 5}, {-3, 9}, {12, -7}, {INT_MIN, INT_MAX}, {0, 97}, {INT_MAX, INT_MIN}}) {
         putText(db, key.first, key.second, "x");
+    }
     std::vector<std::pair<int, int>> seen;
     int kwh = INT_MIN;
     int kwl = INT_MIN;
-    while (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1) == 0)
+    while (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1) == 0) {
         seen.emplace_back(kwh, kwl);
+    }
     EXPECT_THAT(seen, ElementsAre(std::pair(INT_MIN, INT_MAX), std::pair(-3, 9), std::pair(0, 97),
                                   std::pair(12, -7), std::pair(12, 5), std::pair(INT_MAX, INT_MIN)));
 }
 
 TEST_F(Keys, StepDownGivesTheSameKeysBackward)
 {
-    for (const int kwl : {3, 1, 2, -1})
+    for (const int kwl : {3, 1, 2, -1}) {
         putText(db, 12, kwl, "x");
+    }
     putText(db, 11, 8, "x");
     std::vector<std::pair<int, int>> seen;
     int kwh = 13;
     int kwl = 0;
-    while (mrl_cdb_kenq_ex(db, &kwh, &kwl, -1) == 0)
+    while (mrl_cdb_kenq_ex(db, &kwh, &kwl, -1) == 0) {
         seen.emplace_back(kwh, kwl);
+    }
     EXPECT_THAT(seen, ElementsAre(std::pair(12, 3), std::pair(12, 2), std::pair(12, 1), std::pair(12, -1),
                                   std::pair(11, 8)));
 }
@@ -78,16 +82,18 @@ TEST_F(Keys, WalkOverTheOutermostGroupEnds)
 
 TEST_F(Keys, CodesAndNumbersOfOneGroupStandInSignedOrder)
 {
-    for (const int kwl : {0x20202051, 0x20202020, 0x2020201F, 7, -1})
+    for (const int kwl : {0x20202051, 0x20202020, 0x2020201F, 7, -1}) {
         putText(db, 14, kwl, "x");
+    }
     EXPECT_THAT(walkUp(db, 14, INT_MIN), ElementsAre(-1, 7, 0x2020201F, 0x20202020, 0x20202051));
     EXPECT_THAT(walkUp(db, 14, 0x20202020), ElementsAre(0x20202051));
 }
 
 TEST_F(Keys, KeyWithSeveralRecordsIsOneStep)
 {
-    for (int i = 0; i < 20; ++i)
+    for (int i = 0; i < 20; ++i) {
         ASSERT_TRUE(appendText(db, 12, 3, "r" + std::to_string(i)));
+    }
     putText(db, 12, 4, "x");
     EXPECT_THAT(walkUp(db, 12, 0), ElementsAre(3, 4));
     int kwh = 12;
@@ -110,24 +116,28 @@ TEST_F(Keys, LongWalkMeetsEveryKeyOnce)
 
 TEST_F(Keys, WalkThatReadsMeetsEveryRecord)
 {
-    for (int i = 1; i <= 3000; ++i)
+    for (int i = 1; i <= 3000; ++i) {
         putText(db, 12, i, "r" + std::to_string(i));
+    }
     int kwh = 12;
     int kwl = 0;
     int expected = 1;
-    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 12; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1), ++expected)
+    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 12; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1), ++expected) {
         ASSERT_EQ(getText(db, kwh, kwl), "r" + std::to_string(expected));
+    }
     EXPECT_EQ(expected, 3001);
 }
 
 TEST_F(Keys, WalkThatTurnsRoundFollows)
 {
-    for (int i = 1; i <= 100; ++i)
+    for (int i = 1; i <= 100; ++i) {
         putText(db, 12, i, "x");
+    }
     int kwh = 12;
     int kwl = 0;
-    for (int i = 0; i < 50; ++i)
+    for (int i = 0; i < 50; ++i) {
         mrl_cdb_kenq_ex(db, &kwh, &kwl, 1);
+    }
     EXPECT_EQ(kwl, 50);
     mrl_cdb_kenq_ex(db, &kwh, &kwl, -1);
     EXPECT_EQ(kwl, 49);
@@ -137,8 +147,9 @@ TEST_F(Keys, WalkThatTurnsRoundFollows)
 
 TEST_F(Keys, DeletingTheCurrentKeyDoesNotDisturbTheNextStep)
 {
-    for (int i = 1; i <= 1000; ++i)
+    for (int i = 1; i <= 1000; ++i) {
         putText(db, 12, i, "x");
+    }
     int kwh = 12;
     int kwl = 0;
     int expected = 1;
@@ -153,8 +164,9 @@ TEST_F(Keys, DeletingTheCurrentKeyDoesNotDisturbTheNextStep)
 
 TEST_F(Keys, DeletingTheCurrentKeyInATransactionDoesNotDisturbTheNextStep)
 {
-    for (int i = 1; i <= 1000; ++i)
+    for (int i = 1; i <= 1000; ++i) {
         putText(db, 12, i, "x");
+    }
     mrl::cdb::Transaction transaction(db);
     int kwh = 12;
     int kwl = 0;
@@ -174,10 +186,12 @@ TEST_F(Keys, OwnWriteAheadOfTheWalkIsMet)
 {
     for (const int transaction : {0, 1}) {
         std::unique_ptr<mrl::cdb::Transaction> open;
-        if (transaction == 1)
+        if (transaction == 1) {
             open = std::make_unique<mrl::cdb::Transaction>(db);
-        for (int i = 1; i <= 100; ++i)
+        }
+        for (int i = 1; i <= 100; ++i) {
             putText(db, 12, i * 2, "old");
+        }
         int kwh = 12;
         int kwl = 0;
         for (int i = 0; i < 20; ++i) {
@@ -201,8 +215,9 @@ TEST_F(Keys, OwnWriteAheadOfTheWalkIsMet)
 
 TEST_F(Keys, OwnWriteToTheCurrentKeyIsReadBack)
 {
-    for (int i = 1; i <= 50; ++i)
+    for (int i = 1; i <= 50; ++i) {
         putText(db, 12, i, "old");
+    }
     mrl::cdb::Transaction transaction(db);
     int kwh = 12;
     int kwl = 0;
@@ -244,8 +259,9 @@ TEST_F(Keys, TwoWalksAtOnceDoNotDisturbEachOther)
 
 TEST_F(Keys, ListOfAGroupKnowsNumbersAbove999AndForeignOnes)
 {
-    for (const int kwl : {1500, 3, -4, 0})
+    for (const int kwl : {1500, 3, -4, 0}) {
         putText(db, 12, kwl, "x");
+    }
     putText(db, 13, 8, "x");
     ASSERT_TRUE(appendText(db, 12, 3, "y"));
     std::list<int> numbers{77};
@@ -255,8 +271,9 @@ TEST_F(Keys, ListOfAGroupKnowsNumbersAbove999AndForeignOnes)
 
 TEST_F(Keys, EnumerationOfARangeHasBothEnds)
 {
-    for (int i = 1; i <= 9; ++i)
+    for (int i = 1; i <= 9; ++i) {
         putText(db, 12, i, "x");
+    }
     std::vector<mrl::cdb::Key> found;
     ASSERT_TRUE(mrl::cdb::keys(db, {12, 3, 5}, found));
     EXPECT_THAT(found, ElementsAre(mrl::cdb::Key{12, 3}, mrl::cdb::Key{12, 4}, mrl::cdb::Key{12, 5}));

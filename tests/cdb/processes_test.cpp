@@ -18,7 +18,7 @@ class SharedNumber
     SharedNumber()
         : place(mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS,
                      -1, 0)),
-          value(new (place) std::atomic<int>(0))
+          value(new(place) std::atomic<int>(0))
     {
     }
     ~SharedNumber() { munmap(place, sizeof(std::atomic<int>)); }
@@ -35,8 +35,9 @@ class SharedNumber
 pid_t startProcess(const std::function<int()>& body)
 {
     const pid_t child = fork();
-    if (child == 0)
+    if (child == 0) {
         _exit(body());
+    }
     return child;
 }
 
@@ -68,13 +69,15 @@ TEST_F(Processes, TwoThatWriteLoseNothing)
         const int db = mrl::cdb::open(file).db;
         mrl::cdb::setLockWait(db, 60000);
         for (int i = 1; i <= rounds; ++i) {
-            if (putText(db, 12, i * 2 + own, "by " + std::to_string(own)) != CD_OK)
+            if (putText(db, 12, i * 2 + own, "by " + std::to_string(own)) != CD_OK) {
                 return 1;
+            }
             mrl::cdb::Transaction transaction(db);
             const std::string counter = getText(db, 0, 97);
             putText(db, 0, 97, std::to_string(counter == "<3>" ? 1 : std::stoi(counter) + 1));
-            if (!transaction.commit())
+            if (!transaction.commit()) {
                 return 2;
+            }
         }
         mrl::cdb::close(db);
         return 0;
@@ -97,10 +100,12 @@ TEST_F(Processes, OneThatReadsSeesWholeTransactionsOfTheOther)
         const int db = mrl::cdb::open(file).db;
         for (int generation = 1; *stop == 0; ++generation) {
             mrl::cdb::Transaction transaction(db);
-            for (int i = 1; i <= 50; ++i)
+            for (int i = 1; i <= 50; ++i) {
                 putText(db, 12, i, std::to_string(generation));
-            if (!transaction.commit())
+            }
+            if (!transaction.commit()) {
                 return 1;
+            }
         }
         mrl::cdb::close(db);
         return 0;
@@ -127,8 +132,9 @@ TEST_F(Processes, OpeningAFileTwiceKeepsItsLocks)
     // did so would let the other program take itself for the last one and delete the log that is in use here.
     const SharedNumber stage;
     const auto writeInTurn = [&](int turn) {
-        while (*stage != turn)
+        while (*stage != turn) {
             sleepMicroseconds(100);
+        }
         const int db = mrl::cdb::open(file).db;
         const bool done = putText(db, 12, turn, "other") == CD_OK;
         mrl::cdb::close(db);
@@ -156,21 +162,26 @@ int writeGenerations(const std::string& file, int generation, const SharedNumber
                      const SharedNumber& single)
 {
     const auto opened = mrl::cdb::open(file);
-    if (!opened)
+    if (!opened) {
         return 1;
+    }
     const int db = opened.db;
     for (++generation;; ++generation) {
         const std::string text = std::to_string(generation) + std::string(120, 'x');
         mrl::cdb::Transaction transaction(db);
-        for (int i = 1; i <= 30; ++i)
+        for (int i = 1; i <= 30; ++i) {
             mrl_cdb_del(db, 12, i);
-        for (int i = 1; i <= 30; ++i)
+        }
+        for (int i = 1; i <= 30; ++i) {
             putText(db, 12, i, text);
-        if (!transaction.commit())
+        }
+        if (!transaction.commit()) {
             return 2;
+        }
         *whole = generation;
-        if (putText(db, 0, 97, std::to_string(generation)) != CD_OK)
+        if (putText(db, 0, 97, std::to_string(generation)) != CD_OK) {
             return 3;
+        }
         *single = generation;
     }
 }
@@ -207,8 +218,9 @@ TEST_F(Processes, KilledAtAnyMomentLeavesWholeTransactionsAndLosesNone)
         ASSERT_TRUE(opened) << opened.result.text;
         const int db = opened.db;
         const int generation = numberIn(db, 12, 1);
-        for (int i = 2; i <= 30; ++i)
+        for (int i = 2; i <= 30; ++i) {
             ASSERT_EQ(numberIn(db, 12, i), generation);
+        }
         // What was reported as done is there; what was under way is there whole or not at all.
         ASSERT_TRUE(generation == *whole || generation == *whole + 1) << generation << " " << *whole;
         // The put that was under way follows the last transaction; those of the generations before it may

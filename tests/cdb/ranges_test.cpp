@@ -29,10 +29,12 @@ class Ranges : public FileProject
     }
     void fill() const
     {
-        for (int i = 1; i <= 9; ++i)
+        for (int i = 1; i <= 9; ++i) {
             putText(db, 12, i, "r" + std::to_string(i));
-        for (const char* text : {"a", "b", "c"})
+        }
+        for (const char* text : {"a", "b", "c"}) {
             static_cast<void>(appendText(db, 14, 0x20202051, text));
+        }
         putText(db, 14, 7, "number");
         static_cast<void>(mrl::cdb::setFact(db, "designcode", "x.ini"));
     }
@@ -170,18 +172,20 @@ TEST_F(Ranges, FullRangesMeetAndAreEqualAfterReplacing)
     const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     copy = mrl::cdb::openMemory().db;
     for (int round = 0; round < 200; ++round) {
-        for (const int index : {db, copy})
+        for (const int index : {db, copy}) {
             for (int write = 0; write < 4; ++write) {
                 const int kwl = upTo(8) - 3;
                 const int what = upTo(6);
-                if (what < 2)
+                if (what < 2) {
                     mrl_cdb_del(index, 12, kwl);
-                else if (what < 4)
+                } else if (what < 4) {
                     putText(index, 12, kwl, std::string(1, static_cast<char>('a' + upTo(3))));
-                else
+                } else {
                     static_cast<void>(
                         appendText(index, 12, kwl, std::string(1, static_cast<char>('a' + upTo(3)))));
+                }
             }
+        }
         const bool same = equal({12});
         EXPECT_EQ(same, print(db, {12}) == print(copy, {12}));
         int changed = -1;

@@ -50,26 +50,31 @@ TEST_F(Records, AbsenceLeavesBufferAndLengthAsTheyWere)
 
 TEST_F(Records, BothWaysOfReadingOnWalkTheKey)
 {
-    for (const char* text : {"a", "b", "c", "d"})
+    for (const char* text : {"a", "b", "c", "d"}) {
         ASSERT_TRUE(appendText(db, 14, 5, text));
+    }
     EXPECT_THAT(allRecords(db, 14, 5), ElementsAre("a", "b", "c", "d"));
     std::vector<std::string> counted;
     std::string text = getText(db, 14, 5, 0);
-    for (int position = 1; text.front() != '<'; text = getText(db, 14, 5, position++))
+    for (int position = 1; text.front() != '<'; text = getText(db, 14, 5, position++)) {
         counted.push_back(text);
+    }
     EXPECT_THAT(counted, ElementsAre("a", "b", "c", "d"));
 }
 
 TEST_F(Records, BothWaysOfReadingOnWalkTheKeyThatAWalkStandsOn)
 {
-    for (int kwl = 1; kwl <= 600; ++kwl)
-        for (const char* text : {"a", "b", "c"})
+    for (int kwl = 1; kwl <= 600; ++kwl) {
+        for (const char* text : {"a", "b", "c"}) {
             ASSERT_TRUE(appendText(db, 14, kwl, text));
+        }
+    }
     int kwh = 14;
     int kwl = 0;
     int met = 0;
-    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 14; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1), ++met)
+    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 14; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1), ++met) {
         ASSERT_THAT(allRecords(db, kwh, kwl), ElementsAre("a", "b", "c"));
+    }
     EXPECT_EQ(met, 600);
 }
 
@@ -92,8 +97,9 @@ TEST_F(Records, ReadersOfTwoKeysKeepTheirPlaces)
 
 TEST_F(Records, PutAtTheStartReplacesTheWholeKey)
 {
-    for (const char* text : {"a", "b", "c"})
+    for (const char* text : {"a", "b", "c"}) {
         ASSERT_TRUE(appendText(db, 14, 5, text));
+    }
     EXPECT_EQ(putText(db, 14, 5, "new"), CD_OK);
     EXPECT_THAT(allRecords(db, 14, 5), ElementsAre("new"));
     EXPECT_EQ(putText(db, 14, 6, "other"), CD_OK);
@@ -102,8 +108,9 @@ TEST_F(Records, PutAtTheStartReplacesTheWholeKey)
 
 TEST_F(Records, PutOverTheRecordReadLastWorksAfterTheKeyWasFreed)
 {
-    for (const char* text : {"a", "b", "c"})
+    for (const char* text : {"a", "b", "c"}) {
         ASSERT_TRUE(appendText(db, 14, 5, text));
+    }
     getText(db, 14, 5);
     getText(db, 14, 5, 1);
     mrl_cdb_free_ex(db, 14, 5);
@@ -129,8 +136,9 @@ TEST_F(Records, PutOfNothingRemovesTheKey)
 
 TEST_F(Records, DeletingTakesAllRecordsOfAKeyAndNoOthers)
 {
-    for (const char* text : {"a", "b"})
+    for (const char* text : {"a", "b"}) {
         ASSERT_TRUE(appendText(db, 14, 5, text));
+    }
     putText(db, 14, 4, "x");
     putText(db, 14, 6, "y");
     EXPECT_EQ(mrl_cdb_del(db, 14, 5), CD_OK);
@@ -144,8 +152,9 @@ TEST_F(Records, LengthsFromOneByteToOneMebibyteComeBack)
 {
     for (const int size : {1, 2, 187, 188, 189, 2060, 4090, 65536, 1 << 20}) {
         std::string text(static_cast<std::size_t>(size), 'a');
-        for (std::size_t i = 0; i < text.size(); ++i)
+        for (std::size_t i = 0; i < text.size(); ++i) {
             text[i] = static_cast<char>('a' + i % 23);
+        }
         ASSERT_EQ(putText(db, 12, size, text), CD_OK);
         ASSERT_EQ(getText(db, 12, size, 0, size), text);
     }
@@ -153,8 +162,9 @@ TEST_F(Records, LengthsFromOneByteToOneMebibyteComeBack)
     // A walk whose records are longer than a block reads them, too.
     int kwh = 12;
     int kwl = 0;
-    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 12; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1))
+    for (mrl_cdb_kenq_ex(db, &kwh, &kwl, 1); kwh == 12; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1)) {
         ASSERT_EQ(getText(db, kwh, kwl, 0, 1 << 20).size(), static_cast<std::size_t>(kwl));
+    }
 }
 
 TEST_F(Records, RecordOverOneMebibyteIsRefusedAndRemembered)

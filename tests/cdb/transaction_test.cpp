@@ -153,8 +153,9 @@ TEST_F(Transactions, SinglePutOnALockedFileFailsAndIsRemembered)
 
 TEST_F(Transactions, ReadBesideAnOpenTransactionIsNotInItsWay)
 {
-    for (int i = 1; i <= 100; ++i)
+    for (int i = 1; i <= 100; ++i) {
         putText(db, 12, i, "x");
+    }
     int kwh = 12;
     int kwl = 0;
     for (int i = 0; i < 10; ++i) {
@@ -171,8 +172,9 @@ TEST_F(Transactions, ReadBesideAnOpenTransactionIsNotInItsWay)
 
 TEST_F(Transactions, CommitOfAnotherProgramIsSeenInTheMiddleOfAWalk)
 {
-    for (int i = 1; i <= 100; ++i)
+    for (int i = 1; i <= 100; ++i) {
         putText(db, 12, i * 2, "x");
+    }
     int kwh = 12;
     int kwl = 0;
     for (int i = 0; i < 20; ++i) {
@@ -223,20 +225,24 @@ TEST_F(Transactions, ClosingRollsBackAndTheObjectRefusesToCommit)
 
 TEST_F(Transactions, DeletingManyKeysInOrderKeepsTheSummaryRight)
 {
-    for (int i = 1; i <= 400; ++i)
-        for (int record = 0; record <= i % 3; ++record)
+    for (int i = 1; i <= 400; ++i) {
+        for (int record = 0; record <= i % 3; ++record) {
             ASSERT_TRUE(appendText(db, 12 + i % 2, i, "r" + std::to_string(record)));
+        }
+    }
     {
         Transaction transaction(db);
-        for (int group = 12; group <= 13; ++group)
+        for (int group = 12; group <= 13; ++group) {
             for (int i = 1; i <= 400; ++i) {
-                if (i % 7 == 0) // writes in between, some of them ahead
+                if (i % 7 == 0) { // writes in between, some of them ahead
                     putText(db, group, i + 3, "between");
+                }
                 if (i % 11 == 0) {
                     ASSERT_TRUE(appendText(db, group, i + 1, "added"));
                 }
-                if (i % 5 != 0)
+                if (i % 5 != 0) {
                     mrl_cdb_del(db, group, i);
+                }
                 if (i == 200) {
                     Transaction inner(db);
                     mrl_cdb_del(db, group, 201);
@@ -244,24 +250,30 @@ TEST_F(Transactions, DeletingManyKeysInOrderKeepsTheSummaryRight)
                     mrl_cdb_del(db, group, 203);
                 }
             }
+        }
         ASSERT_TRUE(transaction.commit());
     }
     const auto sound = mrl::cdb::integrityCheck(db);
     EXPECT_TRUE(sound) << sound.text;
-    for (int group = 12; group <= 13; ++group)
-        for (const int kwl : walkUp(db, group, 0))
+    for (int group = 12; group <= 13; ++group) {
+        for (const int kwl : walkUp(db, group, 0)) {
             EXPECT_TRUE(kwl % 5 == 0 || kwl > 400 || kwl == 0) << kwl;
+        }
+    }
 }
 
 TEST_F(Transactions, DeletingKeysWithSeveralRecordsInOrderTakesAllOfThem)
 {
     // Three records a key: no block of checksums read ahead ends with a whole key.
-    for (int i = 1; i <= 100; ++i)
-        for (const char* text : {"a", "b", "c"})
+    for (int i = 1; i <= 100; ++i) {
+        for (const char* text : {"a", "b", "c"}) {
             ASSERT_TRUE(appendText(db, 12, i, text));
+        }
+    }
     mrl::cdb::Transaction transaction(db);
-    for (int i = 1; i < 100; ++i)
+    for (int i = 1; i < 100; ++i) {
         ASSERT_EQ(mrl_cdb_del(db, 12, i), CD_OK);
+    }
     const auto done = transaction.commit();
     ASSERT_TRUE(done) << done.text;
     EXPECT_THAT(walkUp(db, 12, 0), ElementsAre(100));
@@ -313,14 +325,16 @@ TEST_F(Transactions, OfManyWritesIsWhole)
 {
     {
         Transaction transaction(db);
-        for (int i = 1; i <= 10000; ++i)
+        for (int i = 1; i <= 10000; ++i) {
             ASSERT_EQ(putText(db, 12, i, "some bytes of a load case"), CD_OK);
+        }
         ASSERT_TRUE(transaction.commit());
     }
     {
         Transaction transaction(db);
-        for (int i = 1; i <= 10000; ++i)
+        for (int i = 1; i <= 10000; ++i) {
             ASSERT_EQ(mrl_cdb_del(db, 12, i), CD_OK);
+        }
     }
     EXPECT_EQ(walkUp(other, 12, 0).size(), 10000U);
     EXPECT_TRUE(mrl::cdb::integrityCheck(other));
@@ -328,8 +342,9 @@ TEST_F(Transactions, OfManyWritesIsWhole)
 
 TEST_F(Transactions, PauseLetsGoOfTheLockAndBringsTheWritesBack)
 {
-    for (const char* text : {"a", "b", "c"})
+    for (const char* text : {"a", "b", "c"}) {
         ASSERT_TRUE(appendText(db, 14, 5, text));
+    }
     putText(db, 12, 9, "gone");
     Transaction transaction(db, Pausable::Yes);
     putText(db, 12, 1, "one");

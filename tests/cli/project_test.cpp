@@ -94,15 +94,17 @@ TEST_F(NewProject, OneThatCannotBeFilledLeavesNeitherFileNorLog)
     const std::string code = path("own.ini");
     std::ofstream text(code);
     text << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
-    for (int i = 0; i < 800; ++i)
+    for (int i = 0; i < 800; ++i) {
         text << "[ACTION A" << i << "]\ntitle = x\ncategory = Q\nsuperposition = COND\n";
+    }
     text.close();
     for (const int kibibytes : {4, 36, 48}) {
         const Outcome run = mrlLcWithin(kibibytes, {"new", file, "--code", code, "--default-actions"});
         EXPECT_EQ(run.code, 3);
         EXPECT_THAT(run.err, StartsWith("mrl-lc: " + file + ": "));
-        for (const char* ending : {"", "-journal", "-wal", "-shm"})
+        for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
             EXPECT_FALSE(std::filesystem::exists(file + ending)) << kibibytes << ending;
+        }
     }
     done({"new", file, "--code", code, "--default-actions"});
 }

@@ -115,8 +115,9 @@ TEST_F(DialogSaving, OnAFullDiskTheUserIsToldAndAllIsAsBefore)
 {
     auto dialog = open([&] {
         put(1, 11);
-        for (int key = 2; key < 2000; ++key)
+        for (int key = 2; key < 2000; ++key) {
             put(key, key);
+        }
     });
     ModalAnswers answers;
     answers.click("OK");
@@ -170,8 +171,9 @@ TEST_F(DialogSaving, AnExceptionTakesEverythingBack)
     bool fails = true;
     auto dialog = open([&] {
         put(1, 11);
-        if (fails)
+        if (fails) {
             throw std::runtime_error("out of paper");
+        }
     });
     ModalAnswers answers;
     answers.click("OK");

@@ -17,10 +17,11 @@ void makeState(int db, int state)
     const int length = sizeof state;
     const int last = state % 2 ? kCount : kCount / 2;
     for (int lc = 1; lc <= kCount; ++lc) {
-        if (lc <= last)
+        if (lc <= last) {
             mrl_cdb_put(db, kCases, lc, &state, &length, 0);
-        else
+        } else {
             mrl_cdb_del(db, kCases, lc);
+        }
     }
 }
 
@@ -28,16 +29,19 @@ void makeState(int db, int state)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2)
+    if (argc != 2) {
         return 2;
+    }
     MRL_H_ShadowDatabase document;
-    if (!document.host().open(QString::fromLocal8Bit(argv[1])))
+    if (!document.host().open(QString::fromLocal8Bit(argv[1]))) {
         return 3;
+    }
     document.addSaveKwh(kCases);
     for (int state = 1;; ++state) {
         makeState(document.index(), state);
-        if (document.host().save().outcome != mrl::ui::SaveOutcome::Saved)
+        if (document.host().save().outcome != mrl::ui::SaveOutcome::Saved) {
             return 4;
+        }
         std::printf("%d\n", state);
         std::fflush(stdout);
     }

@@ -44,8 +44,9 @@ class Document : public ::testing::Test
     Document() : path(folder.filePath("bridge.cdb"))
     {
         const auto made = cdb::create(path.toStdString());
-        for (int lc = 1; lc <= 3; ++lc)
+        for (int lc = 1; lc <= 3; ++lc) {
             put(made.db, kCases, lc, 10 * lc);
+        }
         put(made.db, kActions, 70, 700);
         put(made.db, kActions, 0x20202047, 35);
         EXPECT_TRUE(static_cast<bool>(cdb::setFact(made.db, "designcode", "EN1990.ini")));
@@ -269,8 +270,9 @@ TEST_F(Document, AFileThatAnotherOneHasReplacedIsReadAnew)
     cdb::close(other);
     other = -1;
     ASSERT_TRUE(QFile::remove(path));
-    for (const char* suffix : {"-wal", "-shm"})
+    for (const char* suffix : {"-wal", "-shm"}) {
         QFile::remove(path + suffix);
+    }
     ASSERT_TRUE(QFile::rename(replacement, path));
 
     put(db(), kCases, 2, 21);
@@ -338,8 +340,9 @@ TEST_F(Document, SaveAsCarriesEveryRecordAndFactWhoeverOwnsIt)
     int length = static_cast<int>(longer.size());
     for (const cdb::Key key : {cdb::Key{INT32_MIN, INT32_MIN}, {-7, -1}, {55, 0}, {INT32_MAX, INT32_MAX}}) {
         ASSERT_EQ(mrl_cdb_put(db(), key.kwh, key.kwl, longer.data(), &length, 0), CD_OK);
-        for (const int word : {1, 2, 1})
+        for (const int word : {1, 2, 1}) {
             ASSERT_TRUE(cdb::append(db(), key.kwh, key.kwl, &word, sizeof word));
+        }
     }
     ASSERT_TRUE(cdb::setFact(db(), "author", "J. Müller"));
     ASSERT_TRUE(document.host().saveAs(folder.filePath("copy.cdb")));

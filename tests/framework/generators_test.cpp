@@ -15,8 +15,9 @@ TEST(Generators, TheHeadEndsWithALineThatMayBeDeleted)
     EXPECT_EQ(list.at(0), "# Marlavon Action Manager");
     EXPECT_EQ(list.at(list.GetLast()), "#");
     list.Delete(list.GetLast());
-    for (int i = 0; i < list.count(); ++i)
+    for (int i = 0; i < list.count(); ++i) {
         EXPECT_GT(list.at(i).size(), 2);
+    }
     EXPECT_EQ(list.count(), 2);
 }
 

@@ -18,8 +18,9 @@ namespace {
 QWidget* helpWindow()
 {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "help window" && window->isVisible())
+        if (window->objectName() == "help window" && window->isVisible()) {
             return window;
+        }
     }
     return nullptr;
 }
@@ -131,8 +132,9 @@ TEST(HelpPages, EachColumnAndCommandOfTheTabsIsExplained)
                              "IMP",
                              "None",
                              "is missing",
-                             "999999"})
+                             "999999"}) {
         EXPECT_TRUE(english.contains(word)) << word;
+    }
 }
 
 // A German page must call things as the German windows do.
@@ -161,8 +163,9 @@ TEST(HelpPages, BothLanguagesHaveTheSameSections)
         QStringList names;
         QRegularExpression pattern("<h[23] id=\"([^\"]+)\"");
         auto matches = pattern.globalMatch(page);
-        while (matches.hasNext())
+        while (matches.hasNext()) {
             names << matches.next().captured(1);
+        }
         return names;
     };
     EXPECT_FALSE(anchors(pageText("en")).isEmpty());

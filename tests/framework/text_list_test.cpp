@@ -9,8 +9,9 @@ namespace {
 QStringList linesOf(const MRL_T_Liste& list)
 {
     QStringList lines;
-    for (int i = 0; i < list.count(); ++i)
+    for (int i = 0; i < list.count(); ++i) {
         lines << list.at(i);
+    }
     return lines;
 }
 

@@ -264,8 +264,9 @@ TEST_F(DefaultAction, TheListIsAppendedInOrder)
 TEST_F(DefaultAction, AllOf999AreListed)
 {
     DesignCodeFile code;
-    for (int i = 0; i < 999; ++i)
+    for (int i = 0; i < 999; ++i) {
         code.add(action(QString("%1").arg(i, 3, 10, QLatin1Char('0'))));
+    }
     useCode(code);
     std::vector<int> list;
     mrl_lc_get_default_action_list(db, list);

@@ -28,8 +28,9 @@ TEST_F(LoadCaseInit, MakesALoadCaseOfTheDefaultDeadActionAndStoresTheAction)
     EXPECT_EQ(record.action, codeOf("G"));
     EXPECT_EQ(record.factor, 1.0f);
     EXPECT_EQ(titleOf(record), "Permanent");
-    for (const float field : {record.psi0, record.psi1, record.psi2, record.gamu, record.gamf})
+    for (const float field : {record.psi0, record.psi1, record.psi2, record.gamu, record.gamf}) {
         EXPECT_EQ(field, LC_UNDEFINED);
+    }
     EXPECT_EQ(std::memcmp(&record, project.bytes(LC_KWH_CASES, 5).data(), sizeof record), 0);
     EXPECT_EQ(project.storedAction("G").gamu, 1.35f);
     EXPECT_EQ(mrl_lc_current(db), 0);
@@ -268,8 +269,9 @@ TEST(LoadCaseFromAction, UndefinedFactorsStayUndefined)
     lcm_default_factors(codeOf("Q"), undefined);
     tagCDB_LC_CTRL record{};
     lcm_load_case_from_action(undefined, record, codeOf("Q"));
-    for (const float field : {record.psi0, record.psi1, record.psi2, record.gamu, record.gamf})
+    for (const float field : {record.psi0, record.psi1, record.psi2, record.gamu, record.gamf}) {
         EXPECT_EQ(field, LC_UNDEFINED);
+    }
 }
 
 TEST(DefaultFactors, AreZeroForNoneAndImperfectionAndElseUndefined)
@@ -279,8 +281,9 @@ TEST(DefaultFactors, AreZeroForNoneAndImperfectionAndElseUndefined)
         tagCDB_LC_ACT record = action("G");
         lcm_default_factors(word, record);
         for (const float factor :
-             {record.gamu, record.gamf, record.psi0, record.psi1, record.psi2, record.psi1s, record.gama})
+             {record.gamu, record.gamf, record.psi0, record.psi1, record.psi2, record.psi1s, record.gama}) {
             EXPECT_EQ(factor, expected);
+        }
         EXPECT_EQ(record.partition, 0x32) << "nothing else changes";
     }
 }

@@ -181,8 +181,9 @@ TEST_F(LoadCases, TheNameIsTheTitle)
 TEST_F(LoadCases, ATitleWithoutClosingZeroComesBackWhole)
 {
     tagCDB_LC_CTRL record = loadcase();
-    for (std::uint32_t& word : record.title)
+    for (std::uint32_t& word : record.title) {
         word = 0x00620061u; // "ab"
+    }
     EXPECT_EQ(mrl_lc_get_name(record), QString("ab").repeated(17));
 }
 

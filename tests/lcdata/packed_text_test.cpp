@@ -15,8 +15,9 @@ using Field = std::uint32_t[LC_TITLE_WORDS];
 QString letters(int count)
 {
     QString text;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         text += QChar('a' + i % 26);
+    }
     return text;
 }
 
@@ -71,8 +72,9 @@ TEST(TitleText, AFieldWithoutClosingZeroComesBackWhole)
 {
     Field field;
     const QString title = letters(34);
-    for (int i = 0; i < LC_TITLE_WORDS; ++i)
+    for (int i = 0; i < LC_TITLE_WORDS; ++i) {
         field[i] = title[2 * i].unicode() | static_cast<std::uint32_t>(title[2 * i + 1].unicode()) << 16;
+    }
     EXPECT_EQ(lcm_title_text(field), title);
     EXPECT_EQ(utf8Of(field, 32), title.left(31).toStdString());
 }
@@ -82,8 +84,9 @@ TEST(TitlePack, AnyTextComesBackUpToItsFirstZeroAndThirtyThreeUnits)
     std::mt19937 random(7);
     for (int i = 0; i < 20000; ++i) {
         QString text;
-        for (auto count = random() % 40; count > 0; --count)
+        for (auto count = random() % 40; count > 0; --count) {
             text += QChar(static_cast<ushort>(random() % 8 == 0 ? random() % 3 : random()));
+        }
         Field field;
         lcm_title_pack(text, field, LC_TITLE_WORDS);
         const int end = text.indexOf(QChar(0));

@@ -46,8 +46,9 @@ class StoredActions : public ProjectTest
     std::vector<int> codes() const
     {
         std::vector<int> found;
-        for (const LCM_StoredAction& stored : lcm_stored_actions(db))
+        for (const LCM_StoredAction& stored : lcm_stored_actions(db)) {
             found.push_back(stored.code);
+        }
         return found;
     }
 };
@@ -91,8 +92,9 @@ TEST_F(StoredLoadCases, AreMetByNumberWhoeverOwnsThem)
     project.putLoadcase(5, loadcase().kind(1));
     project.putLoadcase(7, loadcase().kind(-1));
     std::vector<std::pair<int, bool>> met;
-    for (LCM_LoadCaseWalk walk(db); walk.next();)
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
         met.emplace_back(walk.current().number, walk.current().isOwn());
+    }
     using Met = std::pair<int, bool>;
     EXPECT_THAT(met, ElementsAre(Met{3, true}, Met{5, true}, Met{7, false}, Met{9, false}));
 }
@@ -112,11 +114,13 @@ TEST_F(StoredLoadCases, OfALongerRecordTheBeginningIsRead)
 
 TEST_F(StoredLoadCases, MayBeDeletedInTheWalk)
 {
-    for (int number = 1; number <= 300; ++number)
+    for (int number = 1; number <= 300; ++number) {
         project.putLoadcase(number, loadcase());
+    }
     int met = 0;
-    for (LCM_LoadCaseWalk walk(db); walk.next(); ++met)
+    for (LCM_LoadCaseWalk walk(db); walk.next(); ++met) {
         mrl_cdb_del(db, LC_KWH_CASES, walk.current().number);
+    }
     EXPECT_EQ(met, 300);
     EXPECT_FALSE(LCM_LoadCaseWalk(db).next());
 }

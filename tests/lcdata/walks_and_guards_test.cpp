@@ -20,8 +20,9 @@ using ::testing::IsEmpty;
 std::vector<int> keysOf(LCM_KeyWalk walk)
 {
     std::vector<int> found;
-    while (walk.next())
+    while (walk.next()) {
         found.push_back(walk.kwl());
+    }
     return found;
 }
 
@@ -53,8 +54,9 @@ TEST_F(KeyWalk, OverActionsPassesTheNumbersAndTheWordOfBlanks)
 
 TEST_F(KeyWalk, GoesOnWhenItsKeyIsDeleted)
 {
-    for (int i = 1; i <= 300; ++i)
+    for (int i = 1; i <= 300; ++i) {
         project.put(12, i, i);
+    }
     std::vector<int> met;
     for (LCM_KeyWalk walk(db, 12); walk.next();) {
         met.push_back(walk.kwl());

@@ -14,8 +14,9 @@ const QString IMP = "IMP  Imperfection";
 std::vector<std::pair<QString, int>> entriesOf(const LCM_ActionList& list)
 {
     std::vector<std::pair<QString, int>> result;
-    for (const ComboList& entry : list.entries())
+    for (const ComboList& entry : list.entries()) {
         result.emplace_back(entry.text, entry.id);
+    }
     return result;
 }
 
@@ -26,8 +27,9 @@ TEST(ActionList, BeginsWithNoneAndImperfection)
     const LCM_ActionList list(NONE, IMP, {action("Q", "Live"), action("G")});
     EXPECT_EQ(entriesOf(list),
               (Entries{{NONE, 0}, {IMP, 70}, {"Q    Live", code("Q")}, {"G    ", code("G")}}));
-    for (const ComboList& entry : list.entries())
+    for (const ComboList& entry : list.entries()) {
         EXPECT_EQ(entry.reserved, -99999);
+    }
 }
 
 TEST(ActionList, ActionLabelledAsAFixedEntryStandsForNone)

@@ -127,8 +127,9 @@ TEST_F(AskedNumbers, CopyAsksWhateverTheBoxSaysAndNewOnlyWithoutIt)
             QTest::keyClick(dialog, Qt::Key_Escape);
         };
         answers.then(givesUp);
-        if (!increment)
+        if (!increment) {
             answers.then(givesUp);
+        }
         press(tabs, "button_copy");
         press(tabs, "button_new");
         EXPECT_EQ(dialogs, increment ? 1 : 2);
@@ -200,9 +201,11 @@ TEST_F(NewRows, AreSelectedInTheSecondColumnFromTheFirstToTheLast)
 TEST_F(NewRows, LastOneIsScrolledTo)
 {
     fill({1});
-    for (int number = 2; number <= 200; ++number)
-        if (number != 150)
+    for (int number = 2; number <= 200; ++number) {
+        if (number != 150) {
             project.putLoadcase(number, following(code("Q")));
+        }
+    }
     Tabs tabs(project);
     tabs.show();
     tabs.select({1});

@@ -133,8 +133,9 @@ TEST_F(LoadcaseCells, ComponentsAcrossGravityAreShownAndReadWithTheirSigns)
     EXPECT_EQ(tabs.value(1, LC_COL_DLY), -0.5f);
     EXPECT_EQ(tabs.value(1, LC_COL_DLZ), 1.0f);
     EXPECT_TRUE(sameBytes(tabs.read(1).record, record));
-    for (const int column : {LC_COL_DEADFACTOR, LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ})
+    for (const int column : {LC_COL_DEADFACTOR, LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}) {
         EXPECT_TRUE(tabs.isEditable(1, column)) << column;
+    }
 }
 
 TEST_F(LoadcaseCells, NumberIsKeptAsANumber)

@@ -75,8 +75,9 @@ TEST_P(LoadcaseColumn, IsLeftOutWhereTheDesignCodeLacksItsFactor)
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     EXPECT_EQ(tabs.table->columnCount(), 13);
     EXPECT_EQ(tabs.table->getColumnNumber(column), -1);
-    for (int position = 0; position < 13; ++position)
+    for (int position = 0; position < 13; ++position) {
         EXPECT_NE(tabs.table->getColumnId(position), -1) << "a gap";
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Factors, LoadcaseColumn,
@@ -95,8 +96,9 @@ bool takes(const Tabs& tabs, int column, const QString& text)
     QTest::keyClick(tabs.table, Qt::Key_F2);
     auto* editor = tabs.table->viewport()->findChild<QLineEdit*>();
     EXPECT_NE(editor, nullptr);
-    if (editor == nullptr)
+    if (editor == nullptr) {
         return false;
+    }
     editor->selectAll();
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
@@ -226,12 +228,14 @@ TEST(LoadcaseColumns, AreTranslatedButForTheNumberAndTheMarker)
     EXPECT_EQ(header(tabs, LC_COL_PSI0)->toolTip(), "~Combination factor p0");
     auto* actions = static_cast<MRL_H_TwHeaderComboBoxItem*>(header(tabs, LC_COL_ACTION));
     std::vector<QString> entries;
-    for (const ComboList& entry : actions->getComboEntries(0))
+    for (const ComboList& entry : actions->getComboEntries(0)) {
         entries.push_back(entry.text);
+    }
     EXPECT_THAT(entries, testing::IsSupersetOf({QString("~None"), QString("IMP  ~Imperfection"),
                                                 QString("*** Action X    is missing ***")}));
-    for (auto* button : tabs.lc->findChildren<QAbstractButton*>(QRegularExpression("^(button|check)_")))
+    for (auto* button : tabs.lc->findChildren<QAbstractButton*>(QRegularExpression("^(button|check)_"))) {
         EXPECT_TRUE(button->text().startsWith('~')) << button->objectName().toStdString();
+    }
     EXPECT_EQ(tabs.table->findChild<QAction*>("delete unused loadcases")->text(), "~Delete unused loadcases");
 }
 

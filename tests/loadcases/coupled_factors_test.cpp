@@ -104,8 +104,9 @@ TEST_P(SingleFactor, TakesNoOtherAlong)
     const Tabs tabs(project);
     tabs.enter(1, GetParam(), LC_UNDEFINED);
     EXPECT_TRUE(tabs.lc->isItemFromAction(tabs.row(1), GetParam()));
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         EXPECT_EQ(tabs.value(1, column) == LC_UNDEFINED, column == GetParam()) << column;
+    }
     tabs.enter(1, GetParam(), 0.5f);
     EXPECT_FALSE(tabs.lc->isItemFromAction(tabs.row(1), GetParam()));
 }

@@ -57,11 +57,13 @@ TEST_F(LoadcaseCreate, NewPressedAgainAndAgainCarriesTheTitleOfTheSelectedRow)
 {
     fill({});
     const Tabs tabs(project);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         tabs.lc->slot_newClicked();
+    }
     EXPECT_THAT(tabs.numbers(), ElementsAre(1, 2, 3, 4));
-    for (int number = 1; number <= 4; ++number)
+    for (int number = 1; number <= 4; ++number) {
         EXPECT_EQ(tabs.text(number, LC_COL_TITLE), "Loadcase 1");
+    }
     EXPECT_EQ(tabs.actionId(1), code("G"));
     EXPECT_EQ(tabs.actionId(2), code("Q"));
     EXPECT_EQ(tabs.actionId(4), code("Q"));

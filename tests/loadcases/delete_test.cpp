@@ -18,8 +18,9 @@ class LoadcaseDelete : public testing::Test
     {
         project.putAction(permanent());
         project.putAction(variable());
-        for (int number = 1; number <= 6; ++number)
+        for (int number = 1; number <= 6; ++number) {
             project.putLoadcase(number, following(code(number % 2 == 1 ? "G" : "Q")));
+        }
     }
     std::set<int> selected(const Tabs& tabs) const
     {
@@ -257,8 +258,9 @@ TEST_F(LoadcaseDelete, UseOfAnActionIsLookedUpAnewForEachCommand)
     EXPECT_TRUE(tabs.lc->isActionUsed(permanent()));
     {
         const QSignalBlocker quiet(tabs.table); // cells that somebody else changes report nothing
-        for (const int number : {1, 3, 5})
+        for (const int number : {1, 3, 5}) {
             tabs.chooseAction(number, code("Q"));
+        }
     }
     QCoreApplication::processEvents();
     EXPECT_FALSE(tabs.lc->isActionUsed(permanent()));
@@ -268,15 +270,18 @@ TEST_F(LoadcaseDelete, EmptyTableUsesNoAction)
 {
     const Project empty;
     const Tabs tabs(empty);
-    for (const tagCDB_LC_ACT& any : {tagCDB_LC_ACT(permanent()), tagCDB_LC_ACT(variable()), tagCDB_LC_ACT{}})
+    for (const tagCDB_LC_ACT& any :
+         {tagCDB_LC_ACT(permanent()), tagCDB_LC_ACT(variable()), tagCDB_LC_ACT{}}) {
         EXPECT_FALSE(tabs.lc->isActionUsed(any));
+    }
 }
 
 TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
 {
     // Rows that stay before, between and behind those that go.
-    for (const int number : {1, 2, 7, 8})
+    for (const int number : {1, 2, 7, 8}) {
         project.putLoadcase(number, standalone());
+    }
     const auto afterBoth = [&](bool together, const tagCDB_LC_ACT& first, const tagCDB_LC_ACT& second) {
         const Tabs tabs(project);
         if (together) {
@@ -291,14 +296,16 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
     EXPECT_EQ(afterBoth(true, variable(), permanent()), afterBoth(false, variable(), permanent()));
     EXPECT_EQ(afterBoth(true, variable(), action("X")), afterBoth(false, variable(), action("X")));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{7});
-    for (const int number : {7, 8})
+    for (const int number : {7, 8}) {
         project.putLoadcase(number, following(code("Q"))); // the last rows go
+    }
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{2});
     // The one that goes first stands above rows that stay, the other one below them all.
     project.putLoadcase(2, following(code("G")));
-    for (const int number : {3, 4})
+    for (const int number : {3, 4}) {
         project.putLoadcase(number, standalone());
+    }
     project.putLoadcase(5, following(code("Q")));
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{4});

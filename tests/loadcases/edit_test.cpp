@@ -241,12 +241,14 @@ TEST_F(LoadcaseEdit, SortedByAFactorEveryRecordStaysItsOwn)
     const Tabs tabs(project);
     tabs.table->sortByColumn(tabs.table->getColumnNumber(LC_COL_PSI0), Qt::DescendingOrder);
     std::map<int, tagCDB_LC_CTRL> expected;
-    for (const int number : tabs.numbers())
+    for (const int number : tabs.numbers()) {
         expected[number] = tabs.read(number).record;
+    }
     const auto compare = [&](const char* step) {
         ASSERT_EQ(tabs.numbers().size(), expected.size()) << step;
-        for (const auto& [number, record] : expected)
+        for (const auto& [number, record] : expected) {
             EXPECT_TRUE(sameBytes(tabs.read(number).record, record)) << step << ' ' << number;
+        }
     };
 
     tabs.enterAction(code("Q"), ACT_COL_PSI0, 0.05f);
@@ -272,8 +274,9 @@ TEST_F(LoadcaseEdit, SortedByAFactorEveryRecordStaysItsOwn)
     }
     const auto copies = tabs.lc->getCopies();
     ASSERT_EQ(copies.size(), 2u);
-    for (const LCM_LoadcaseCopy& copy : copies)
+    for (const LCM_LoadcaseCopy& copy : copies) {
         expected[copy.target] = expected[copy.source];
+    }
     compare("copies");
 
     tabs.enter(15, LC_COL_PSI0, 0.99f);

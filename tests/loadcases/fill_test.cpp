@@ -27,8 +27,9 @@ TEST(LoadcaseTable, HasTheColumnsOfTheDesignCodeInTheirOrder)
                          LC_COL_DLY,    LC_COL_DLZ,   LC_COL_GAMU,   LC_COL_GAMF,       LC_COL_GAMA,
                          LC_COL_PSI0,   LC_COL_PSI1,  LC_COL_PSI2,   LC_COL_PSI1S};
     ASSERT_EQ(tabs.table->columnCount(), 14);
-    for (int i = 0; i < 14; ++i)
+    for (int i = 0; i < 14; ++i) {
         EXPECT_EQ(tabs.table->getColumnId(i), order[i]);
+    }
     EXPECT_EQ(tabs.table->objectName(), "loadcase table");
     EXPECT_EQ(caption(tabs, LC_COL_NUMBER), "Nr");
     EXPECT_EQ(caption(tabs, LC_COL_GAMU), "gU");
@@ -70,8 +71,9 @@ TEST(LoadcaseTable, EmptyProjectSortsResizesAndReadsItsSettings)
 TEST(LoadcaseTable, StandsSortedByNumberWithItsTitles)
 {
     const Project project;
-    for (const int number : {10, 9, 100})
+    for (const int number : {10, 9, 100}) {
         project.putLoadcase(number, titled(following(code("G")), QString("Case %1").arg(number)));
+    }
     project.putAction(permanent());
     const Tabs tabs(project);
     EXPECT_THAT(tabs.numbers(), testing::ElementsAre(9, 10, 100));
@@ -82,14 +84,16 @@ TEST(LoadcaseTable, StandsSortedByNumberWithItsTitles)
 TEST(LoadcaseTable, FillingSortsByNumberHoweverTheEmptyTableWasSorted)
 {
     const Project project;
-    for (const int number : {1, 2, 3})
+    for (const int number : {1, 2, 3}) {
         project.putLoadcase(number, following(70));
+    }
     LCM_LoadcaseWidget tab(project.db(), nullptr, "loadcasewidget");
     auto* table = static_cast<MRL_H_TableWidget*>(tab.tableWidget());
     table->sortByColumn(0, Qt::DescendingOrder);
     tab.fillTable();
-    for (int row = 0; row < 3; ++row)
+    for (int row = 0; row < 3; ++row) {
         EXPECT_EQ(tab.getItemVal(row, LC_COL_NUMBER), static_cast<float>(row + 1));
+    }
 }
 
 TEST(LoadcaseTable, RowShowsItsActionsFactorsReadOnly)
@@ -167,12 +171,14 @@ TEST(LoadcaseTable, MissingActionShowsItsMarkerAndZeros)
 {
     const Project project;
     project.putAction(permanent());
-    for (const int number : {1, 2, 3})
+    for (const int number : {1, 2, 3}) {
         project.putLoadcase(number, following(code("X")));
+    }
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(2, LC_COL_ACTION), "*** Action X    is missing ***");
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         EXPECT_EQ(tabs.value(2, column), 0.0f);
+    }
     EXPECT_FALSE(tabs.isValid(2));
     EXPECT_TRUE(tabs.cell(2, LC_COL_ACTION)->toolTip().isEmpty());
     EXPECT_FALSE(tabs.lc->isValid());
@@ -218,8 +224,9 @@ TEST(LoadcaseTable, RowWithAMissingActionIsWrittenBackWithItsWord)
 TEST(LoadcaseTable, NumberIsExactToTheLastDigit)
 {
     const Project project;
-    for (const int number : {999999, 16777217, 2147483647})
+    for (const int number : {999999, 16777217, 2147483647}) {
         project.putLoadcase(number, following(70));
+    }
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     EXPECT_THAT(tabs.numbers(), testing::ElementsAre(999999, 16777217, 2147483647));
     tabs.save();
@@ -248,8 +255,9 @@ TEST(LoadcaseTable, FactorColumnsTakeAnyNumberDeadWeightItsRange)
         EXPECT_EQ(description(column).firstBound, 0.0);
         EXPECT_EQ(description(column).secondBound, 9999.0);
     }
-    for (const int column : {LC_COL_DLX, LC_COL_DLY, LC_COL_GAMU, LC_COL_PSI1S})
+    for (const int column : {LC_COL_DLX, LC_COL_DLY, LC_COL_GAMU, LC_COL_PSI1S}) {
         EXPECT_GT(description(column).firstBound, description(column).secondBound);
+    }
     EXPECT_EQ(description(LC_COL_NUMBER).format, 0);
     EXPECT_EQ(description(LC_COL_TITLE).format, -15);
     EXPECT_EQ(description(LC_COL_GAMU).format, -3);

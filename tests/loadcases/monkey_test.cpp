@@ -25,8 +25,9 @@ class Monkey
   public:
     Monkey(Tabs& tabs, const Project& project, std::mt19937& random) : m_tabs(tabs), m_random(random)
     {
-        for (const int number : tabs.numbers())
+        for (const int number : tabs.numbers()) {
             m_rows[number] = lcm_row_of_record(number, project.loadcase(number), nullptr, setup());
+        }
         QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
         m_timer.start(0);
     }
@@ -119,11 +120,14 @@ class Monkey
     void typeFactor()
     {
         std::vector<int> own;
-        for (const auto& [number, row] : m_rows)
-            if (row.action == 0)
+        for (const auto& [number, row] : m_rows) {
+            if (row.action == 0) {
                 own.push_back(number);
-        if (own.empty())
+            }
+        }
+        if (own.empty()) {
             return chooseAction();
+        }
         const int number = any(own);
         const int column = LC_COL_GAMU + static_cast<int>(m_random() % 7);
         const float value = anyFactor();
@@ -148,12 +152,14 @@ class Monkey
     void chooseAction()
     {
         std::vector<int> ids{0, 0, 70};
-        for (const auto& [actionCode, record] : m_tabs.actions->getActionMap())
+        for (const auto& [actionCode, record] : m_tabs.actions->getActionMap()) {
             ids.push_back(actionCode);
+        }
         const int number = anyNumber();
         const int id = any(ids);
-        if (m_rows[number].action == id)
+        if (m_rows[number].action == id) {
             return;
+        }
         m_tabs.chooseAction(number, id);
         m_rows[number].action = id;
         m_rows[number].factors = {};
@@ -166,23 +172,27 @@ class Monkey
     void select()
     {
         std::set<int> numbers;
-        for (const auto& [number, row] : m_rows)
-            if (m_random() % 6 == 0)
+        for (const auto& [number, row] : m_rows) {
+            if (m_random() % 6 == 0) {
                 numbers.insert(number);
+            }
+        }
         m_tabs.select(numbers);
     }
 
     std::vector<int> selectedInRowOrder() const
     {
         std::vector<int> numbers;
-        for (const int row : getSelectedRows(m_tabs.table))
+        for (const int row : getSelectedRows(m_tabs.table)) {
             numbers.push_back(m_tabs.table->itemOnColId(row, LC_COL_NUMBER)->data(Qt::DisplayRole).toInt());
+        }
         return numbers;
     }
     void create(const char* button)
     {
-        if (m_rows.size() > 40)
+        if (m_rows.size() > 40) {
             return deleteSelected();
+        }
         std::vector<int> sources = selectedInRowOrder();
         if (sources.size() > 4 || sources.empty()) {
             m_tabs.select({anyNumber()});
@@ -193,10 +203,12 @@ class Monkey
         for (const int source : sources) {
             // Each search begins at the topmost selected row.
             int number = sources.front();
-            while (m_rows.count(number) != 0 || used.count(number) != 0)
+            while (m_rows.count(number) != 0 || used.count(number) != 0) {
                 ++number;
-            if (m_tabs.row(number) < 0)
+            }
+            if (m_tabs.row(number) < 0) {
                 break; // given up in the dialog
+            }
             LCM_LoadcaseRow made = m_rows.at(source);
             made.number = number;
             // A new row is filled from a record, so its own factors went through the packing.
@@ -212,56 +224,69 @@ class Monkey
     void deleteSelected()
     {
         const std::vector<int> numbers = selectedInRowOrder();
-        if (numbers.empty() || m_rows.size() < numbers.size() + 3)
+        if (numbers.empty() || m_rows.size() < numbers.size() + 3) {
             return;
+        }
         m_agree = m_random() % 3 != 0;
         press("button_delete");
-        for (const int number : numbers)
-            if (m_agree)
+        for (const int number : numbers) {
+            if (m_agree) {
                 m_rows.erase(number);
+            }
+        }
     }
 
     std::vector<int> actionCodes() const
     {
         std::vector<int> codes;
-        for (const auto& [actionCode, record] : m_tabs.actions->getActionMap())
+        for (const auto& [actionCode, record] : m_tabs.actions->getActionMap()) {
             codes.push_back(actionCode);
+        }
         return codes;
     }
     void changeAction()
     {
-        if (actionCodes().empty())
+        if (actionCodes().empty()) {
             return m_tabs.actions->slot_addAllClicked();
+        }
         const int actionCode = any(actionCodes());
-        if (m_random() % 4 == 0)
+        if (m_random() % 4 == 0) {
             m_tabs.actions->tableWidget()
                 ->itemOnColId(m_tabs.actionRow(actionCode), ACT_COL_DESCRIPTION)
                 ->setText(QString("label %1").arg(m_random() % 100));
-        else
+        } else {
             m_tabs.enterAction(actionCode, ACT_COL_GAMU + static_cast<int>(m_random() % 7), anyFactor());
+        }
     }
     void deleteAction()
     {
-        if (actionCodes().size() < 2)
+        if (actionCodes().size() < 2) {
             return m_tabs.actions->slot_addAllClicked();
+        }
         const int actionCode = any(actionCodes());
         std::vector<int> users;
-        for (const auto& [number, row] : m_rows)
-            if (row.action == actionCode)
+        for (const auto& [number, row] : m_rows) {
+            if (row.action == actionCode) {
                 users.push_back(number);
-        if (users.size() + 3 > m_rows.size())
+            }
+        }
+        if (users.size() + 3 > m_rows.size()) {
             return;
+        }
         m_agree = m_random() % 2 == 0;
         m_tabs.selectAction(actionCode);
         m_tabs.actions->slot_deleteClicked();
-        for (const int number : users)
-            if (m_agree)
+        for (const int number : users) {
+            if (m_agree) {
                 m_rows.erase(number);
+            }
+        }
     }
     void reinitSome()
     {
-        if (actionCodes().empty())
+        if (actionCodes().empty()) {
             return;
+        }
         m_tabs.selectAction(any(actionCodes()));
         m_tabs.actions->slot_reInitSelectedActions();
     }
@@ -274,8 +299,9 @@ class Monkey
             for (QAbstractButton* button : buttons) {
                 const QString text = button->text().remove('&');
                 if (text == (m_agree ? "Yes" : "No") || text == (m_agree ? "Delete" : "Cancel") ||
-                    text == "OK")
+                    text == "OK") {
                     return QTest::mouseClick(button, Qt::LeftButton);
+                }
             }
         } else if (window) {
             QTest::keyClick(window, m_random() % 6 == 0 ? Qt::Key_Escape : Qt::Key_Return);
@@ -295,11 +321,12 @@ TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
     const Project project;
     project.putAction(permanent());
     project.putAction(variable());
-    for (int number = 1; number <= 15; ++number)
+    for (int number = 1; number <= 15; ++number) {
         project.putLoadcase(number, titled(number % 3 == 0   ? standalone()
                                            : number % 3 == 1 ? following(code("G"))
                                                              : following(code("Q")),
                                            QString("Case %1").arg(number)));
+    }
     std::map<int, tagCDB_LC_CTRL> expected;
     {
         Tabs tabs(project);
@@ -310,8 +337,9 @@ TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
             monkey.step();
             monkey.check();
         }
-        for (const auto& [number, row] : monkey.rows())
+        for (const auto& [number, row] : monkey.rows()) {
             expected[number] = monkey.recordOf(number);
+        }
         tabs.save();
     }
     ASSERT_EQ(project.numbers().size(), expected.size());
@@ -321,8 +349,9 @@ TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
         tagCDB_LC_ACT action{};
         const bool follows = reopened.actions->findAction(record.action, action);
         const LCM_LoadcaseFactors shown = lcm_shown_factors(record, follows ? &action : nullptr);
-        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
             EXPECT_EQ(reopened.value(number, column), shown[column]) << number << ' ' << column;
+        }
     }
 }
 

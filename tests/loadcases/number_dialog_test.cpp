@@ -82,8 +82,9 @@ TEST_F(NumberDialog, OffersTheProposalWithTheFocusOnIt)
     EXPECT_TRUE(slider()->isAncestorOf(focus()));
     EXPECT_FALSE(slider()->isCorrected());
     std::vector<QString> labels;
-    for (const QLabel* label : dialog().findChildren<QLabel*>())
+    for (const QLabel* label : dialog().findChildren<QLabel*>()) {
         labels.push_back(label->text());
+    }
     EXPECT_THAT(labels, testing::IsSupersetOf({QString("Target loadcase:"), QString("Factor:")}));
     QTest::keyClicks(focus(), "41");
     EXPECT_EQ(dialog().number(), 41) << "what is typed replaces the proposal, which stands selected";
@@ -201,13 +202,15 @@ TEST_F(NumberDialog, FactorAndButtonsAreReachedByTabAlone)
     open({1}, true, proposal(2, 1));
     type("8");
     auto* factor = dialog().findChild<MRL_H_LineEdit*>("m_pFac");
-    for (int i = 0; i < 4 && focus() != factor; ++i)
+    for (int i = 0; i < 4 && focus() != factor; ++i) {
         QTest::keyClick(focus(), Qt::Key_Tab);
+    }
     ASSERT_EQ(focus(), factor);
     type("0.5");
     auto* ok = dialog().findChild<MRL_QT_Ok*>("buttons")->cmdOk();
-    for (int i = 0; i < 3 && focus() != ok; ++i)
+    for (int i = 0; i < 3 && focus() != ok; ++i) {
         QTest::keyClick(focus(), Qt::Key_Tab);
+    }
     ASSERT_EQ(focus(), ok);
     QTest::keyClick(focus(), Qt::Key_Space);
     EXPECT_FALSE(dialog().isVisible());
@@ -233,8 +236,9 @@ TEST(NumberDialogMethods, AreTheSlotsThatTheButtonsAndTheSliderCall)
 {
     const auto ownMethods = [](const QMetaObject& meta) {
         std::vector<std::string> signatures;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
             signatures.push_back(meta.method(i).methodSignature().toStdString());
+        }
         return signatures;
     };
     EXPECT_STREQ(LCM_LoadcaseNumberDialog::staticMetaObject.className(), "LCM_LoadcaseNumberDialog");

@@ -17,8 +17,9 @@ class NumberedCases : public testing::Test
     {
         project.putAction(permanent());
         project.putAction(variable());
-        for (const int number : numbers)
+        for (const int number : numbers) {
             project.putLoadcase(number, titled(following(code("Q")), QString("Case %1").arg(number)));
+        }
     }
     /// The number that stands in the number dialog.
     static int proposalOf(QWidget* dialog)

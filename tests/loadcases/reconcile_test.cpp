@@ -16,8 +16,9 @@ std::vector<QString> offered(const Tabs& tabs)
     auto* header =
         static_cast<MRL_H_TwHeaderComboBoxItem*>(tabs.table->horizontalHeaderItemOnColId(LC_COL_ACTION));
     std::vector<QString> texts;
-    for (const ComboList& entry : header->getComboEntries(0))
+    for (const ComboList& entry : header->getComboEntries(0)) {
         texts.push_back(entry.text);
+    }
     return texts;
 }
 
@@ -185,8 +186,9 @@ TEST_F(LoadcaseReconcile, LostActionLeavesTheMarkerAndItHeals)
 
 TEST_F(LoadcaseReconcile, OneMarkerHoweverManyRowsMissTheAction)
 {
-    for (int number = 10; number < 20; ++number)
+    for (int number = 10; number < 20; ++number) {
         project.putLoadcase(number, following(code(number % 2 ? "Q" : "G")));
+    }
     const Tabs tabs(project);
     dropAction(tabs, code("Q"));
     EXPECT_EQ(offered(tabs).size(), 4u);
@@ -335,8 +337,9 @@ TEST_P(BusyDialog, IsShownAndPaintedFrom150RowsOn)
 {
     const Project project;
     project.putAction(permanent());
-    for (int number = 1; number <= GetParam(); ++number)
+    for (int number = 1; number <= GetParam(); ++number) {
         project.putLoadcase(number, following(code("G")));
+    }
     Tabs tabs(project);
     tabs.show();
     tabs.enterAction(code("G"), ACT_COL_GAMU, 9.0f);

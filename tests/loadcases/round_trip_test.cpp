@@ -30,8 +30,9 @@ Records allRecords(int db)
         for (int position = 0;; position = 1) {
             std::string bytes(4096, '\0');
             int length = static_cast<int>(bytes.size());
-            if (mrl_cdb_get(db, key.kwh, key.kwl, bytes.data(), &length, position) > CD_CUT)
+            if (mrl_cdb_get(db, key.kwh, key.kwl, bytes.data(), &length, position) > CD_CUT) {
                 break;
+            }
             bytes.resize(static_cast<std::size_t>(length));
             records.push_back(bytes);
         }
@@ -59,10 +60,12 @@ float repacked(float field, bool zeroRule)
     const float main = std::trunc(field * 1000.0f) / 1000.0f;
     const float rest = field - main;
     float minor = static_cast<float>(std::trunc(static_cast<double>(rest * 5e6f) + 0.5)) * 0.002f;
-    if (main == LC_UNDEFINED)
+    if (main == LC_UNDEFINED) {
         return LC_UNDEFINED;
-    if (zeroRule && std::fabs(minor) < 1.1920929e-7f)
+    }
+    if (zeroRule && std::fabs(minor) < 1.1920929e-7f) {
         minor = 0.001f;
+    }
     const float rounded =
         static_cast<float>((std::trunc(static_cast<double>(main) * 1000.0 + 0.5) + 0.0) * 0.001);
     return rounded + static_cast<float>(static_cast<double>(minor) * 0.0001);
@@ -80,22 +83,25 @@ tagCDB_LC_CTRL accepted(const tagCDB_LC_CTRL& before, int actionWord, int gravit
     bool ended = false;
     for (int i = 0; i < 34; ++i) {
         ended = ended || units[i] == 0 || i == 33;
-        if (ended)
+        if (ended) {
             units[i] = 0;
+        }
     }
     const float sign = gravity < 0 ? -1.0f : 1.0f;
     const auto along = [sign](float value) { return value == 0.0f ? 0.0f : sign * std::fabs(value); };
     const auto kept = [&](int axis, float value) {
-        if (axis == std::abs(gravity))
+        if (axis == std::abs(gravity)) {
             return along(value);
+        }
         return box ? value : 0.0f;
     };
     if (systemClass != 3) {
         after.dlx = kept(1, before.dlx);
         after.dly = kept(2, before.dly);
     }
-    if (systemClass != 1)
+    if (systemClass != 1) {
         after.dlz = kept(3, before.dlz);
+    }
     if (actionWord != 0) {
         after.gamu = after.gamf = after.psi0 = after.psi1 = after.psi2 = LC_UNDEFINED;
         return after;
@@ -110,8 +116,9 @@ tagCDB_LC_CTRL accepted(const tagCDB_LC_CTRL& before, int actionWord, int gravit
 
 int resolved(int word)
 {
-    if (word == 0 || word == 70)
+    if (word == 0 || word == 70) {
         return word;
+    }
     tagCDB_LC_ACT action{};
     return mrl_dlib_lcact_info(word, &action) < 0 ? word : lcm_action_code(action);
 }
@@ -153,17 +160,20 @@ class Randoms
     {
         tagCDB_LC_CTRL record;
         auto* bytes = reinterpret_cast<unsigned char*>(&record);
-        for (std::size_t i = 0; i < sizeof record; ++i)
+        for (std::size_t i = 0; i < sizeof record; ++i) {
             bytes[i] = static_cast<unsigned char>(m_random());
+        }
         record.kind = static_cast<int>(m_random() % 2);
         record.action = words[m_random() % words.size()];
         for (float* field : {&record.psi0, &record.psi1, &record.psi2, &record.dlx, &record.dly, &record.dlz,
-                             &record.gamu, &record.gamf})
+                             &record.gamu, &record.gamf}) {
             *field = factor();
+        }
         auto* units = reinterpret_cast<std::uint16_t*>(record.title);
         const std::size_t length = m_random() % 35;
-        for (std::size_t i = 0; i < 34; ++i)
+        for (std::size_t i = 0; i < 34; ++i) {
             units[i] = i < length ? static_cast<std::uint16_t>('A' + m_random() % 0x300) : 0;
+        }
         return record;
     }
 
@@ -196,9 +206,10 @@ TEST_P(LoadcaseRoundTrip, ChangesNothingButWhatIsTold)
     project.putAction(variable());
     Randoms random(static_cast<unsigned>(GetParam().rawClass * 10 + GetParam().gravity + 3));
     std::map<int, tagCDB_LC_CTRL> before;
-    for (int number = 1; number <= 200; ++number)
+    for (int number = 1; number <= 200; ++number) {
         project.putLoadcase(number, before[number] = random.record(
                                         {0, 70, code("G"), code("Q"), 2, 7, code("Zz"), code("q")}));
+    }
     tagCDB_LC_CTRL foreign = before[1];
     foreign.kind = 2;
     project.putLoadcase(500, foreign);
@@ -245,9 +256,11 @@ std::vector<std::string> samples()
 {
     std::vector<std::string> found;
     std::error_code ignored;
-    for (const auto& file : std::filesystem::directory_iterator(MRL_SAMPLES_DIR, ignored))
-        if (file.path().extension() == ".cdb")
+    for (const auto& file : std::filesystem::directory_iterator(MRL_SAMPLES_DIR, ignored)) {
+        if (file.path().extension() == ".cdb") {
             found.push_back(file.path().string());
+        }
+    }
     return found;
 }
 
@@ -291,11 +304,13 @@ TEST(SampleRoundTrip, LoadCasesAndForeignRecordsOfEverySampleComeBackAsTold)
         const Records expected = acceptedProject(copy.db, before);
         openAndAccept(copy.db);
         Records after = allRecords(copy.db);
-        for (auto record = after.begin(); record != after.end();)
+        for (auto record = after.begin(); record != after.end();) {
             record = isAction(record->first) ? after.erase(record) : std::next(record);
+        }
         EXPECT_EQ(after.size(), expected.size());
-        for (const auto& [key, records] : expected)
+        for (const auto& [key, records] : expected) {
             EXPECT_EQ(after[key], records) << key.first << '/' << key.second;
+        }
         mrl::cdb::close(copy.db);
         mrl::cdb::close(stored.db);
     }
@@ -314,8 +329,9 @@ TEST(SampleRoundTrip, ActionsOfTheSoundSamplesComeBackByteForByte)
         const Records after = allRecords(copy.db);
         int actions = 0;
         for (const auto& [key, records] : before) {
-            if (!isAction(key))
+            if (!isAction(key)) {
                 continue;
+            }
             ++actions;
             EXPECT_EQ(after.at(key), records) << name << ' ' << key.second;
         }

@@ -50,9 +50,11 @@ class LoadcaseWidget : public testing::Test
 std::vector<int> shownDeadWeight(const Tabs& tabs)
 {
     std::vector<int> shown;
-    for (const int column : {LC_COL_DEADFACTOR, LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ})
-        if (!tabs.table->isColumnHidden(tabs.table->getColumnNumber(column)))
+    for (const int column : {LC_COL_DEADFACTOR, LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}) {
+        if (!tabs.table->isColumnHidden(tabs.table->getColumnNumber(column))) {
             shown.push_back(column);
+        }
+    }
     return shown;
 }
 
@@ -130,8 +132,9 @@ TEST_F(LoadcaseWidget, ButtonsAndBoxesSayWhatTheyDo)
         {"button_delete", "Delete"},
         {"check_deadload", "Use global deadload directions"},
         {"check_increaselc", "Increment loadcases automatically from selected on"}};
-    for (const auto& [name, text] : texts)
+    for (const auto& [name, text] : texts) {
         EXPECT_EQ(tabs.lc->findChild<QAbstractButton*>(name)->text(), text);
+    }
 }
 
 TEST_F(LoadcaseWidget, ClickedButtonsMakeCopyAndDelete)
@@ -170,8 +173,9 @@ TEST_F(LoadcaseWidget, MethodsStandInTheirOrder)
     const QMetaObject& meta = LCM_LoadcaseWidget::staticMetaObject;
     EXPECT_STREQ(meta.className(), "LCM_LoadcaseWidget");
     std::vector<std::string> signatures;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         signatures.push_back(meta.method(i).methodSignature().toStdString());
+    }
     EXPECT_THAT(signatures,
                 testing::ElementsAre("signal_deleteUnusedLoadcases()", "slot_newClicked()",
                                      "slot_copyClicked()", "slot_deleteClicked()",
@@ -190,8 +194,9 @@ TEST_F(LoadcaseWidget, IncrementStartsChecked)
 TEST_F(LoadcaseWidget, ButtonsAreReachedByTabAlone)
 {
     const Tabs tabs(project);
-    for (const char* name : {"button_new", "button_copy", "button_delete"})
+    for (const char* name : {"button_new", "button_copy", "button_delete"}) {
         EXPECT_EQ(tabs.lc->findChild<QPushButton*>(name)->focusPolicy(), Qt::TabFocus);
+    }
 }
 
 TEST_F(LoadcaseWidget, CopyWithoutASelectionSaysSoAndChangesNothing)
@@ -210,8 +215,9 @@ TEST_F(LoadcaseWidget, CopyWithoutASelectionSaysSoAndChangesNothing)
 
 TEST_F(LoadcaseWidget, SelectsAllNamedRowsAndPassesOverTheOthers)
 {
-    for (int number = 1; number <= 9; ++number)
+    for (int number = 1; number <= 9; ++number) {
         project.putLoadcase(number, following(70));
+    }
     const Tabs tabs(project);
     tabs.lc->selectLoadcases({2, 3, 7, 99});
     std::set<int> selected{42};
@@ -310,8 +316,9 @@ void inContextMenu(const Tabs& tabs, const std::function<void(QMenu&)>& use)
 {
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&use] {
-        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
             use(*menu);
+        }
     });
     timer.start(0);
     QWidget* place = tabs.table->viewport();
@@ -325,8 +332,9 @@ TEST_F(LoadcaseWidget, ContextMenuEndsWithTheDeletionOfUnusedLoadcases)
     for (int time = 0; time < 2; ++time) {
         QStringList entries;
         inContextMenu(tabs, [&entries](QMenu& menu) {
-            for (const QAction* entry : menu.actions())
+            for (const QAction* entry : menu.actions()) {
                 entries << (entry->isSeparator() ? QString("-") : entry->text());
+            }
             menu.close();
         });
         ASSERT_GE(entries.size(), 3);

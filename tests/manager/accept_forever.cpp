@@ -39,8 +39,9 @@ void acceptWithTitle(const QString& title)
         std::_Exit(4);
     }
     MRL_H_TableWidget* table = tab->tableWidget();
-    for (int row = 0; row < table->rowCount(); ++row)
+    for (int row = 0; row < table->rowCount(); ++row) {
         table->itemOnColId(row, LC_COL_TITLE)->setText(title);
+    }
     QTimer::singleShot(0, leaveOnMessage);
     qobject_cast<QDialog*>(window)->accept();
 }
@@ -52,15 +53,17 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     MRL_QT_Application application(argc, argv);
     const auto project = argc == 2 ? mrl::cdb::open(argv[1]) : mrl::cdb::Opened{};
-    if (!project)
+    if (!project) {
         return 2;
+    }
     for (int round = 1;; ++round) {
         MRL_LC_CtrlStruct control;
         control.mode = 0;
         control.singleTab = true;
         QTimer::singleShot(0, [round] { acceptWithTitle(QString::number(round)); });
-        if (mrl_loadcase_manager(nullptr, project.db, control) != 1)
+        if (mrl_loadcase_manager(nullptr, project.db, control) != 1) {
             return 3;
+        }
         std::printf("%d\n", round);
         std::fflush(stdout);
     }

@@ -204,8 +204,9 @@ TEST_F(ManagerTest, InvalidLoadCaseKeepsTheDialogOpenOnItsTab)
 
 TEST_F(ManagerTest, InvalidRowFarDownIsSelectedAndInSight)
 {
-    for (int number = 11; number <= 300; ++number)
+    for (int number = 11; number <= 300; ++number) {
         project.putLoadcase(number, loadcase(QStringLiteral("G")));
+    }
     project.putLoadcase(222, loadcase(QStringLiteral("XXXX")));
     MRL_LC_CtrlStruct control;
     control.mode = 0;

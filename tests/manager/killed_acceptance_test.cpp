@@ -41,8 +41,9 @@ void makeProject(const QString& file, const std::string& designCode)
     EXPECT_TRUE(static_cast<bool>(cdb::setFact(project.db, "designcode", designCode)));
     const tagCDB_LC_CTRL record = loadcase().title(QStringLiteral("0"));
     const int length = sizeof record;
-    for (int number = 1; number <= CASES; ++number)
+    for (int number = 1; number <= CASES; ++number) {
         mrl_cdb_put(project.db, LC_KWH_CASES, number, &record, &length, 0);
+    }
     cdb::close(project.db);
 }
 

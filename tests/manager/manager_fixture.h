@@ -29,8 +29,9 @@ inline QTabWidget* tabsOf(QWidget* dialog) { return dialog->findChild<QTabWidget
 inline QStringList tabTexts(QWidget* dialog)
 {
     QStringList texts;
-    for (int i = 0; i < tabsOf(dialog)->count(); ++i)
+    for (int i = 0; i < tabsOf(dialog)->count(); ++i) {
         texts << tabsOf(dialog)->tabText(i);
+    }
     return texts;
 }
 
@@ -51,8 +52,9 @@ inline int rowOf(MRL_H_TableWidget* table, int columnId, const QString& text)
 {
     for (int row = 0; row < table->rowCount(); ++row) {
         const auto* cell = table->itemOnColId(row, columnId);
-        if (cell && cell->text().trimmed() == text)
+        if (cell && cell->text().trimmed() == text) {
             return row;
+        }
     }
     return -1;
 }
@@ -61,8 +63,9 @@ inline int rowOf(MRL_H_TableWidget* table, int columnId, const QString& text)
 inline QLineEdit* openEditor(MRL_H_TableWidget* table)
 {
     for (auto* editor : table->viewport()->findChildren<QLineEdit*>()) {
-        if (editor->isVisible())
+        if (editor->isVisible()) {
             return editor;
+        }
     }
     return nullptr;
 }
@@ -102,9 +105,10 @@ class ManagerTest : public ProjectTest
     {
         project.putAction(action(QStringLiteral("G")).partition(0x10).title(QStringLiteral("Permanent")));
         project.putAction(action(QStringLiteral("Q")).partition(0x32).title(QStringLiteral("Variable")));
-        for (int number = 1; number <= 3; ++number)
+        for (int number = 1; number <= 3; ++number) {
             project.putLoadcase(number,
                                 loadcase(QStringLiteral("G")).title(QStringLiteral("LC %1").arg(number)));
+        }
     }
 
     /// Opens the dialog and runs the script in it.

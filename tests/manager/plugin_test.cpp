@@ -25,8 +25,9 @@ TEST(PluginFactory, KnowsTwoNamesInTheirExactSpelling)
 {
     EXPECT_NE(qobject_cast<LoadCaseManagerPlugin*>(make("lcmanager").get()), nullptr);
     EXPECT_NE(qobject_cast<ActionManagerPlugin*>(make("actionmanager").get()), nullptr);
-    for (const char* name : {"LCMANAGER", "ActionManager", "lcmanager ", "", "manager"})
+    for (const char* name : {"LCMANAGER", "ActionManager", "lcmanager ", "", "manager"}) {
         EXPECT_EQ(make(name), nullptr) << name;
+    }
 }
 
 TEST(PluginFactory, MakesANewPluginEachTime) { EXPECT_NE(make("lcmanager"), make("lcmanager")); }
@@ -49,8 +50,9 @@ TEST(Plugin, LeavesOtherCodesToTheFramework)
     MRL_H_Plugin base(MRL_H_TASK_ACTIONS);
     for (const int code : {0, 3, 9, 77}) {
         const int expected = base.function(static_cast<SupportedFunctions>(code), &parameter);
-        for (const char* name : {"lcmanager", "actionmanager"})
+        for (const char* name : {"lcmanager", "actionmanager"}) {
             EXPECT_EQ(make(name)->function(static_cast<SupportedFunctions>(code), &parameter), expected);
+        }
     }
 }
 
@@ -125,14 +127,16 @@ TEST(PluginLoading, BringsTheKeysOfThePluginAlone)
         bool bringsAction;
     } plugins[] = {{"actionmanager", false, true}, {"lcmanager", true, false}};
     for (const auto& plugin : plugins) {
-        for (const auto& [kwh, kwl] : {std::pair{12, 1}, std::pair{14, codeOf("G")}, std::pair{14, 5}})
+        for (const auto& [kwh, kwl] : {std::pair{12, 1}, std::pair{14, codeOf("G")}, std::pair{14, 5}}) {
             mrl_cdb_del(other.db, kwh, kwl);
+        }
         MRL_H_ShadowDatabase document;
         ASSERT_TRUE(document.host().open(QString::fromStdString(file)));
         const int word = 1;
         const int length = sizeof word;
-        for (const auto& [kwh, kwl] : {std::pair{12, 1}, std::pair{14, codeOf("G")}, std::pair{14, 5}})
+        for (const auto& [kwh, kwl] : {std::pair{12, 1}, std::pair{14, codeOf("G")}, std::pair{14, 5}}) {
             ASSERT_EQ(mrl_cdb_put(other.db, kwh, kwl, &word, &length, 0), CD_OK);
+        }
         MRL_H_PluginParameter parameter;
         parameter.document = &document;
         EXPECT_EQ(make(plugin.name)->function(MRL_H_FUNCTION_LOAD, &parameter), 1);
@@ -187,8 +191,9 @@ class RestrictedRunMode : public PluginTest, public ::testing::WithParamInterfac
         bool offered = false;
         open("actionmanager", [&](QWidget* dialog) {
             answers.then([&](QWidget* add) {
-                for (auto* choice : add->findChildren<QRadioButton*>())
+                for (auto* choice : add->findChildren<QRadioButton*>()) {
                     offered = offered || choice->text().remove('&') == QStringLiteral("User defined action");
+                }
                 qobject_cast<QDialog*>(add)->reject();
             });
             press(dialog, QStringLiteral("New"));
@@ -214,8 +219,9 @@ TEST_F(PluginTest, ActionManagerGeneratesTheEchoOfTheActions)
     ASSERT_NE(parameter.lines, nullptr);
     EXPECT_EQ(parameter.lines->name().text(), QStringLiteral("Actions of the bridge"));
     QStringList lines;
-    for (int i = 0; i < parameter.lines->count(); ++i)
+    for (int i = 0; i < parameter.lines->count(); ++i) {
         lines << parameter.lines->at(i);
+    }
     const int module = lines.indexOf(QRegularExpression(QStringLiteral(".*TEMPLATE.*")));
     const int echo = lines.indexOf(QStringLiteral("ECHO ACT"));
     EXPECT_GE(module, 0);
@@ -230,8 +236,9 @@ TEST_F(PluginTest, LastLineOfTheHeadIsLeftOut)
     head.Append(mrl_h_generateAutomatic(QStringLiteral("Marlavon Action Manager")));
     ASSERT_GT(head.count(), 0);
     call("actionmanager", MRL_H_FUNCTION_GENERATE);
-    for (int i = 0; i + 1 < head.count(); ++i)
+    for (int i = 0; i + 1 < head.count(); ++i) {
         EXPECT_EQ(parameter.lines->at(i), head.at(i));
+    }
     MRL_T_Liste module(task.getName());
     module.Append(mrl_h_generatePROG(&parameter, QStringLiteral("TEMPLATE"), QString(),
                                      QStringLiteral("Actions"), mrl::settings::generatorOption(), 0));

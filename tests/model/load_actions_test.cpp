@@ -61,8 +61,9 @@ TEST_F(DesignCodeTree, TheTreesShareNoEntry)
 TEST_F(DesignCodeTree, AllOf999EntriesAreRead)
 {
     DesignCodeFile code;
-    for (int i = 0; i < 999; ++i)
+    for (int i = 0; i < 999; ++i) {
         code.add(action(QString("%1").arg(i, 3, 10, QLatin1Char('0'))));
+    }
     useCode(code);
     EXPECT_EQ(load()->designCodeTree().size(), 999u);
 }
@@ -132,8 +133,9 @@ TEST_F(StoredActions, TheReservedLetterIsNeitherReadNorCounted)
 
 TEST_F(StoredActions, NumbersAndTheWordOfBlanksAreNotSeen)
 {
-    for (const int key : {-1, 7, 0x2020201F, 0x20202020})
+    for (const int key : {-1, 7, 0x2020201F, 0x20202020}) {
         project.putAction(key, action("W"));
+    }
     EXPECT_EQ(shapeOf(load()->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
 }
 
@@ -290,8 +292,9 @@ TEST_F(RemoveAction, AnUnknownCodeChangesNothing)
 
 TEST_F(RemoveAction, ManyAtOnceAreTheSameAsOneByOne)
 {
-    for (const char* name : {"U1", "U2", "U3", "W", "Q_1"})
+    for (const char* name : {"U1", "U2", "U3", "W", "Q_1"}) {
         project.putAction(action(name).gamu(9.0f));
+    }
     const Model model = load();
     model->removeActions({codeOf("U1"), codeOf("U3"), codeOf("Q_1"), codeOf("ZZ")});
     EXPECT_EQ(shapeOf(model->actions), "G:0 P:0 Q:0(Q_1:0) W:1 A:0 E:0 U2:1*");

@@ -15,8 +15,9 @@ using ::testing::IsEmpty;
 std::vector<int> numbersOf(const LCM_DataClass& model)
 {
     std::vector<int> numbers;
-    for (const LCM_LoadcaseEntry& entry : model.loadcases)
+    for (const LCM_LoadcaseEntry& entry : model.loadcases) {
         numbers.push_back(entry.number);
+    }
     return numbers;
 }
 
@@ -97,11 +98,13 @@ TEST_F(Loadcases, OldActionNumbersBecomeCodes)
     const int words[] = {0, 70, 2, 12, 2, codeOf("MY"), 55, codeOf("ZZ")};
     const int expected[] = {0, 70, codeOf("G"), codeOf("Q"), codeOf("G"), codeOf("MY"), 55, codeOf("ZZ")};
     int number = 0;
-    for (const int word : words)
+    for (const int word : words) {
         project.putLoadcase(++number, loadcase().action(word));
+    }
     const Model model = load();
-    for (std::size_t i = 0; i < std::size(words); ++i)
+    for (std::size_t i = 0; i < std::size(words); ++i) {
         EXPECT_EQ(model->loadcases[i].record.action, expected[i]) << words[i];
+    }
 }
 
 TEST_F(Loadcases, UsedNumbersShrinkOneByOne)
@@ -196,8 +199,9 @@ TEST_F(WorkingModel, ANewEntryIsOwnedButNotInTheTree)
     const Model model = load();
     const std::size_t before = model->actions.size();
     std::vector<LCM_ActionEntry*> entries;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 1000; ++i) {
         entries.push_back(model->newEntry(action("U1").title(QString::number(i)), LCM_STATE_ACTIVE, true));
+    }
     EXPECT_EQ(model->actions.size(), before);
     EXPECT_EQ(titleOf(entries[0]->record), "0") << "pointers stay valid";
     EXPECT_EQ(entries[0]->code, codeOf("U1"));

@@ -51,10 +51,12 @@ inline std::string shapeOf(const std::vector<LCM_ActionEntry*>& tree)
     for (const LCM_ActionEntry* parent : tree) {
         shape += (shape.empty() ? "" : " ") + one(*parent) + (parent->userDefined ? "*" : "");
         std::string children;
-        for (const LCM_SubAction* child : parent->subActions)
+        for (const LCM_SubAction* child : parent->subActions) {
             children += (children.empty() ? "" : " ") + one(*child);
-        if (!children.empty())
+        }
+        if (!children.empty()) {
             shape += "(" + children + ")";
+        }
     }
     return shape;
 }

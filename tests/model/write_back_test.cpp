@@ -51,12 +51,14 @@ TEST_F(StoreAction, ManyAtOnceAreTheSameAsOneByOne)
                                                {codeOf("U1"), action("U1").title("2")},
                                                {codeOf("U1"), action("U1").title("3")},
                                                {codeOf("Q_1"), action("Q_1").title("4")}};
-    for (const LCM_CodedAction& row : rows)
+    for (const LCM_CodedAction& row : rows) {
         one->storeAction(row.code, row.record, true);
+    }
     many->storeActions(rows, true);
     EXPECT_EQ(shapeOf(many->actions), shapeOf(one->actions));
-    for (const char* name : {"W", "U1", "Q_1"})
+    for (const char* name : {"W", "U1", "Q_1"}) {
         EXPECT_EQ(titleOf(found(*many, name)), titleOf(found(*one, name)));
+    }
     EXPECT_EQ(titleOf(found(*many, "U1")), "3");
 }
 
@@ -89,12 +91,14 @@ TEST_F(WriteActions, AnActionTakenOutHasNoKeyAfterwards)
 TEST_F(WriteActions, OtherModulesKeysStay)
 {
     const tagCDB_LC_ACT foreign = action("W").title("foreign");
-    for (const int key : {-5, 3, 0x2020201F, 0x20202020, codeOf("Y1"), codeOf("Y")})
+    for (const int key : {-5, 3, 0x2020201F, 0x20202020, codeOf("Y1"), codeOf("Y")}) {
         project.putAction(key, foreign);
+    }
     project.append(LC_KWH_ACTIONS, codeOf("Y1"), foreign);
     load()->writeActions(db);
-    for (const int key : {-5, 3, 0x2020201F, 0x20202020, codeOf("Y1"), codeOf("Y")})
+    for (const int key : {-5, 3, 0x2020201F, 0x20202020, codeOf("Y1"), codeOf("Y")}) {
         EXPECT_TRUE(project.hasKey(LC_KWH_ACTIONS, key)) << key;
+    }
     tagCDB_LC_ACT second{};
     int length = sizeof second;
     mrl_cdb_get(db, LC_KWH_ACTIONS, codeOf("Y1"), &second, &length, 0);
@@ -227,8 +231,9 @@ TEST_F(WriteLoadcases, WritesNothingButLoadCases)
 
 TEST_F(WriteLoadcases, ThousandsComeBackAsTheyWere)
 {
-    for (int i = 1; i <= 2000; ++i)
+    for (int i = 1; i <= 2000; ++i) {
         project.putLoadcase(i, loadcase(i % 3 == 0 ? "G" : "Q").factor(static_cast<float>(i)));
+    }
     const auto before = project.fingerprint();
     load()->writeLoadcases(db);
     EXPECT_EQ(project.fingerprint(), before);

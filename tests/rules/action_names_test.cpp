@@ -28,8 +28,9 @@ std::string categoryFault(const QString& category, const QString& action = QStri
 
 TEST(ActionNames, LettersAndDigitsAreGood)
 {
-    for (const char* name : {"Q", "Q1", "ABC", "W2X9", "q"})
+    for (const char* name : {"Q", "Q1", "ABC", "W2X9", "q"}) {
         EXPECT_EQ(actionFault(QLatin1String(name)), "") << name;
+    }
 }
 
 TEST(ActionNames, EmptyActionHasNoFault) { EXPECT_EQ(actionFault(QString()), ""); }
@@ -85,15 +86,17 @@ TEST(ActionNames, CategoryMayBeADigit) { EXPECT_EQ(categoryFault("1"), ""); }
 
 TEST(ActionNames, ImperfectionIsNotAName)
 {
-    for (const char* name : {"IMP", "imp", "Imp"})
+    for (const char* name : {"IMP", "imp", "Imp"}) {
         EXPECT_EQ(actionFault(QLatin1String(name)), "Action 'IMP' is not allowed!");
+    }
     EXPECT_EQ(actionFault("IMP1"), "");
 }
 
 TEST(ActionNames, NamesBeginningWithYAreReserved)
 {
-    for (const char* name : {"Y", "y1", "Y1"})
+    for (const char* name : {"Y", "y1", "Y1"}) {
         EXPECT_EQ(actionFault(QLatin1String(name)), "Action beginning with 'Y' is not allowed!");
+    }
     EXPECT_EQ(categoryFault("Y"), "Action beginning with 'Y' is not allowed!");
     EXPECT_EQ(actionFault("AY"), "");
 }

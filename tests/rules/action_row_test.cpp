@@ -27,9 +27,11 @@ bool sameBytes(const tagCDB_LC_ACT& a, const tagCDB_LC_ACT& b) { return std::mem
 
 float factorOf(const LCM_ActionCells& cells, int column)
 {
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i)
-        if (LCM_ACTION_FACTORS[i].column == column)
+    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
+        if (LCM_ACTION_FACTORS[i].column == column) {
             return cells.factors[i];
+        }
+    }
     return std::numeric_limits<float>::quiet_NaN();
 }
 
@@ -52,20 +54,24 @@ tagCDB_LC_ACT randomRecord(std::mt19937& random)
     static const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXZ0123456789");
     const bool suffix = below(2) == 0;
     QString name;
-    for (int i = 0, n = 1 + below(suffix ? 2 : 4); i < n; ++i)
+    for (int i = 0, n = 1 + below(suffix ? 2 : 4); i < n; ++i) {
         name += letters.at(below(letters.size()));
-    if (suffix)
+    }
+    if (suffix) {
         name += QLatin1Char('_') + QString(letters.at(below(letters.size())));
+    }
     ActionBuilder builder(name);
     QString title;
-    for (int i = 0, n = below(34); i < n; ++i)
+    for (int i = 0, n = below(34); i < n; ++i) {
         title += QChar(1 + below(0xD7FF));
+    }
     const auto factor = [&] { return static_cast<float>(below(4000) - 500) / 317.0f; };
     const int category = below(16);
     builder.title(title).partition(below(3) == 0 ? (1 + below(5)) * 256 + 48 + below(7)
                                                  : category * 16 + below(7) + (below(7) == 0 ? 8 : 0));
-    if ((builder.record().partition & 15) == 7)
+    if ((builder.record().partition & 15) == 7) {
         builder.partition(builder.record().partition + 1);
+    }
     builder.gamu(factor()).gamf(factor()).gama(1.0f + std::fabs(factor()));
     return builder.psi0(factor()).psi1(factor()).psi2(factor()).psi1s(factor());
 }
@@ -154,8 +160,9 @@ TEST(ActionRow, EveryFactorStandsInItsOwnColumn)
     const std::pair<int, float> expected[] = {
         {ACT_COL_GAMU, 1.0f}, {ACT_COL_GAMF, 2.0f}, {ACT_COL_GAMA, 3.0f}, {ACT_COL_PSI0, 4.0f},
         {ACT_COL_PSI1, 5.0f}, {ACT_COL_PSI2, 6.0f}, {ACT_COL_PSI1S, 7.0f}};
-    for (const auto& [column, value] : expected)
+    for (const auto& [column, value] : expected) {
         EXPECT_EQ(factorOf(cells, column), value) << column;
+    }
 }
 
 TEST(ActionRow, ReadingWritesTheWholeRecord)
@@ -245,8 +252,9 @@ TEST(ActionRow, SuperpositionSevenIsWrittenAsEight)
 
 TEST(ActionRow, UnlistedSuperpositionIsKept)
 {
-    for (int low = 9; low < 16; ++low)
+    for (int low = 9; low < 16; ++low) {
         EXPECT_EQ(throughRow(action().partition(0x30 + low)).partition, 0x30 + low);
+    }
 }
 
 TEST(ActionRow, NotANumberAndInfinityAreKept)

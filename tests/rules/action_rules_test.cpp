@@ -28,8 +28,9 @@ LCM_Findings check(const ActionBuilder& row, const ActionBuilder& limit = limits
 std::map<int, std::string> plain(const LCM_Findings& findings)
 {
     std::map<int, std::string> result;
-    for (const auto& [column, message] : findings)
+    for (const auto& [column, message] : findings) {
         result[column] = message.toStdString();
+    }
     return result;
 }
 
@@ -104,8 +105,9 @@ TEST(ActionRules, LimitsOfGamuAndGamfAreMarksOnly)
 
 TEST(ActionRules, GamaIsNeverJudged)
 {
-    for (const float gama : {-5.0f, 0.0f, 0.001f, 100.0f, LC_UNDEFINED, NOT_A_NUMBER, INFINITE})
+    for (const float gama : {-5.0f, 0.0f, 0.001f, 100.0f, LC_UNDEFINED, NOT_A_NUMBER, INFINITE}) {
         EXPECT_EQ(plain(check(action().gama(gama))), Expected{}) << gama;
+    }
 }
 
 TEST(ActionRules, Psi0AboveItsLimitIsAFinding)
@@ -198,8 +200,9 @@ TEST(ActionRules, OneOtherNumberIsAnotherDesignCode)
 {
     const LCM_DesignCodeIdentity others[] = {
         {1, 2, 45, 2004}, {0, 1, 45, 2004}, {0, 2, 44, 2004}, {0, 2, 45, 2005}};
-    for (const LCM_DesignCodeIdentity& other : others)
+    for (const LCM_DesignCodeIdentity& other : others) {
         EXPECT_EQ(plain(check(action().psi1(0.5f).psi1s(0.8f), limits(), other)), Expected{});
+    }
 }
 
 TEST(ActionRules, WithoutPsi2InTheCodePsi1HasToBeOne)

@@ -43,14 +43,16 @@ TEST(NextNumber, PassesTheHighestNumberSinceTheCallerRefusesIt)
 int walked(const std::vector<int>& rows, std::optional<int> selected, const std::set<int>& used)
 {
     int n = 1;
-    for (const int row : rows)
+    for (const int row : rows) {
         n = std::max(n, row);
+    }
     n = selected.value_or(n);
-    for (std::size_t i = 0; i < rows.size(); ++i)
+    for (std::size_t i = 0; i < rows.size(); ++i) {
         if (rows[i] == n || used.count(n)) {
             ++n;
             i = static_cast<std::size_t>(-1);
         }
+    }
     return n;
 }
 
@@ -60,13 +62,16 @@ TEST(NextNumber, AgreesWithTheWalkOverRandomTables)
     for (int round = 0; round < 500; ++round) {
         std::vector<int> rows(random() % 12);
         std::set<int> used;
-        for (int& row : rows)
+        for (int& row : rows) {
             row = 1 + static_cast<int>(random() % 20);
-        for (auto i = random() % 12; i > 0; --i)
+        }
+        for (auto i = random() % 12; i > 0; --i) {
             used.insert(1 + static_cast<int>(random() % 25));
+        }
         std::optional<int> selected;
-        if (!rows.empty() && random() % 2)
+        if (!rows.empty() && random() % 2) {
             selected = rows[random() % rows.size()];
+        }
         ASSERT_EQ(lcm_next_number(rows, selected, used), walked(rows, selected, used));
     }
 }

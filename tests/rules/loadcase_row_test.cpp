@@ -78,8 +78,9 @@ TEST(LoadcasePacking, CombinationPairHasTheBitsWorkedOutByHandAndNoZeroRule)
 TEST(LoadcasePacking, FactorWithoutAColumnIsZero)
 {
     LCM_LoadcaseFactors row;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         row[column] = 0.5f;
+    }
     LCM_LoadcaseSetup none = setup();
     none.factorColumns.fill(false);
     EXPECT_TRUE(sameBytes(stored(row, none), tagCDB_LC_CTRL{}));
@@ -131,11 +132,13 @@ TEST(ActionFactor, IsFoundByTheIdOfItsColumn)
 {
     tagCDB_LC_ACT action{};
     float value = 0.0f;
-    for (float* field :
-         {&action.gamu, &action.gamf, &action.gama, &action.psi0, &action.psi1, &action.psi2, &action.psi1s})
+    for (float* field : {&action.gamu, &action.gamf, &action.gama, &action.psi0, &action.psi1, &action.psi2,
+                         &action.psi1s}) {
         *field = ++value;
-    for (int i = 0; i < LC_FACTOR_COUNT; ++i)
+    }
+    for (int i = 0; i < LC_FACTOR_COUNT; ++i) {
         EXPECT_EQ(lcm_action_factor(action, LC_COL_GAMU + i), static_cast<float>(i + 1)) << i;
+    }
     EXPECT_EQ(lcm_action_factor(action, LC_COL_DEADFACTOR), LC_UNDEFINED);
     EXPECT_EQ(lcm_action_factor(action, LC_COL_DLX), LC_UNDEFINED);
     EXPECT_EQ(lcm_factor_of_column(0), nullptr);
@@ -162,9 +165,11 @@ TEST(LoadcaseRow, ImperfectionAndMissingActionShowZeros)
 {
     const tagCDB_LC_ACT g = action("G").all(1.0f);
     for (const auto& shown :
-         {lcm_shown_factors(following(70), &g), lcm_shown_factors(following(code("X")), nullptr)})
-        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column)
+         {lcm_shown_factors(following(70), &g), lcm_shown_factors(following(code("X")), nullptr)}) {
+        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
             EXPECT_EQ(shown[column], 0.0f);
+        }
+    }
 }
 
 TEST(LoadcaseRow, UndefinedFactorsOfALoadCaseWithoutActionSurviveFillAndRead)

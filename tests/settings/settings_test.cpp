@@ -55,8 +55,9 @@ class Desktop : public Settings
     }
     ~Desktop() override
     {
-        for (std::size_t i = 0; i < std::size(NAMES); ++i)
+        for (std::size_t i = 0; i < std::size(NAMES); ++i) {
             kept[i].isNull() ? qunsetenv(NAMES[i]) : qputenv(NAMES[i], kept[i]);
+        }
     }
 
     static constexpr const char* NAMES[] = {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"};

@@ -18,8 +18,9 @@ class ActionBuilder
         m_record.kind = 1;
         const int underscore = name.indexOf(QLatin1Char('_'));
         lcm_pack_field(name.left(underscore).toUtf8().constData(), m_record.name);
-        if (underscore >= 0)
+        if (underscore >= 0) {
             m_record.suffix = lcm_pack_word(name.mid(underscore + 1));
+        }
     }
 
     ActionBuilder& partition(int word) { return m_record.partition = word, *this; }

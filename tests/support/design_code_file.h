@@ -43,10 +43,12 @@ class DesignCodeFile
             "[DESIGN CODE]\nlabel = Test\nntcode = " + std::to_string(m_identity[0]) +
             "\nidcode = " + std::to_string(m_identity[1]) + "\ncountry = " + std::to_string(m_identity[2]) +
             "\nyear = " + std::to_string(m_identity[3]) + "\n[AVAILABILITY]\n" + factors(m_marks);
-        if (m_actionsSection)
+        if (m_actionsSection) {
             out += "[ACTIONS]\n" + m_texts;
-        for (const Entry& entry : m_actions)
+        }
+        for (const Entry& entry : m_actions) {
             out += section(entry);
+        }
         return out;
     }
 
@@ -55,8 +57,10 @@ class DesignCodeFile
     {
         QFile file(folder.filePath(name));
         const std::string text = content();
-        if (!file.open(QIODevice::WriteOnly) || file.write(text.data(), static_cast<qint64>(text.size())) < 0)
+        if (!file.open(QIODevice::WriteOnly) ||
+            file.write(text.data(), static_cast<qint64>(text.size())) < 0) {
             throw std::runtime_error("cannot write the design code of a test");
+        }
         return file.fileName().toStdString();
     }
 
@@ -73,9 +77,10 @@ class DesignCodeFile
             {"Gamu", record.gamu}, {"Gamf", record.gamf}, {"Gama", record.gama},  {"Psi0", record.psi0},
             {"Psi1", record.psi1}, {"Psi2", record.psi2}, {"Psi1s", record.psi1s}};
         std::string out;
-        for (const auto& [name, value] : fields) // nine digits bring back every float
+        for (const auto& [name, value] : fields) { // nine digits bring back every float
             out += std::string(name) + " = " +
                    QByteArray::number(static_cast<double>(value), 'g', 9).toStdString() + "\n";
+        }
         return out;
     }
 
@@ -94,10 +99,12 @@ class DesignCodeFile
         std::string out = "[ACTION " + name + "]\ntitle = " + lcm_title_text(record.title).toStdString() +
                           "\ncategory = " + categories[(record.partition >> 4) & 15] +
                           "\nsuperposition = " + superpositions[record.partition & 15] + "\n";
-        if (record.partition >= 256)
+        if (record.partition >= 256) {
             out += "group = " + std::to_string(record.partition >> 8) + "\n";
-        for (std::size_t i = 0; i < entry.oldNumbers.size(); ++i)
+        }
+        for (std::size_t i = 0; i < entry.oldNumbers.size(); ++i) {
             out += (i == 0 ? "old = " : ", ") + std::to_string(entry.oldNumbers[i]);
+        }
         return out + (entry.oldNumbers.empty() ? "" : "\n") + factors(record);
     }
 

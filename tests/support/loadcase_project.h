@@ -53,8 +53,9 @@ inline std::string withoutLines(const std::string& text, const std::string& word
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = text.find('\n', at) + 1;
         const std::string line = text.substr(at, end - at);
-        if (line.compare(0, word.size(), word) != 0)
+        if (line.compare(0, word.size(), word) != 0) {
             result += line;
+        }
         at = end;
     }
     return result;
@@ -167,8 +168,9 @@ class Tabs
         pages->addTab(lc, "Loadcases");
         pages->setCurrentWidget(lc);
         m_window->resize(1150, 700);
-        if (actions)
+        if (actions) {
             actions->fillTable();
+        }
         lc->fillTable();
         table = static_cast<MRL_H_TableWidget*>(lc->tableWidget());
     }
@@ -182,24 +184,28 @@ class Tabs
     }
     void save() const
     {
-        if (actions)
+        if (actions) {
             actions->save(true);
+        }
         lc->save(true);
     }
 
     /// The row of a load case, -1 when there is none.
     int row(int number) const
     {
-        for (int r = 0; r < table->rowCount(); ++r)
-            if (table->itemOnColId(r, LC_COL_NUMBER)->data(Qt::DisplayRole).toInt() == number)
+        for (int r = 0; r < table->rowCount(); ++r) {
+            if (table->itemOnColId(r, LC_COL_NUMBER)->data(Qt::DisplayRole).toInt() == number) {
                 return r;
+            }
+        }
         return -1;
     }
     std::vector<int> numbers() const
     {
         std::vector<int> found;
-        for (int r = 0; r < table->rowCount(); ++r)
+        for (int r = 0; r < table->rowCount(); ++r) {
             found.push_back(table->itemOnColId(r, LC_COL_NUMBER)->data(Qt::DisplayRole).toInt());
+        }
         return found;
     }
     QTableWidgetItem* cell(int number, int column) const { return table->itemOnColId(row(number), column); }
@@ -241,9 +247,11 @@ class Tabs
     int actionRow(int code) const
     {
         tagCDB_LC_ACT record;
-        for (int r = 0; r < actions->tableWidget()->rowCount(); ++r)
-            if (actions->readRow(r, record) == code)
+        for (int r = 0; r < actions->tableWidget()->rowCount(); ++r) {
+            if (actions->readRow(r, record) == code) {
                 return r;
+            }
+        }
         return -1;
     }
     /// Enters a factor of an action as an edit does.

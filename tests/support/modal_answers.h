@@ -71,8 +71,9 @@ class ModalAnswers
     static QAbstractButton* buttonOf(QWidget* window, const QString& text)
     {
         for (auto* button : window->findChildren<QAbstractButton*>()) {
-            if (button->text().remove(QLatin1Char('&')) == text)
+            if (button->text().remove(QLatin1Char('&')) == text) {
                 return button;
+            }
         }
         return nullptr;
     }
@@ -82,14 +83,16 @@ class ModalAnswers
     void look()
     {
         QPointer<QWidget> window = QApplication::activeModalWidget();
-        if (!window || window == m_answering)
+        if (!window || window == m_answering) {
             return;
+        }
         note(window);
         if (m_answers.empty()) {
             ADD_FAILURE() << "unexpected window: " << window->windowTitle().toStdString();
             window->close();
-            if (auto* dialog = qobject_cast<QDialog*>(window))
+            if (auto* dialog = qobject_cast<QDialog*>(window)) {
                 dialog->done(0);
+            }
             return;
         }
         const auto answer = std::move(m_answers.front());
@@ -105,13 +108,16 @@ class ModalAnswers
     void note(QWidget* window)
     {
         auto* box = qobject_cast<QMessageBox*>(window);
-        if (!box)
+        if (!box) {
             return;
+        }
         SeenBox seen{box->windowTitle(), box->text(), {}, {}};
-        for (auto* button : box->buttons())
+        for (auto* button : box->buttons()) {
             seen.buttons << button->text().remove(QLatin1Char('&'));
-        if (box->defaultButton())
+        }
+        if (box->defaultButton()) {
             seen.defaultButton = box->defaultButton()->text().remove(QLatin1Char('&'));
+        }
         m_boxes.push_back(seen);
     }
 

@@ -28,8 +28,9 @@ class MemoryProject
   public:
     MemoryProject() : m_opened(mrl::cdb::openMemory())
     {
-        if (!m_opened)
+        if (!m_opened) {
             throw std::runtime_error(m_opened.result.text);
+        }
     }
     ~MemoryProject() { mrl::cdb::close(m_opened.db); }
     MemoryProject(const MemoryProject&) = delete;
@@ -43,8 +44,9 @@ class MemoryProject
     void put(int kwh, int kwl, const Record& record) const
     {
         const int length = sizeof record;
-        if (mrl_cdb_put(db(), kwh, kwl, &record, &length, 0) != CD_OK)
+        if (mrl_cdb_put(db(), kwh, kwl, &record, &length, 0) != CD_OK) {
             throw std::runtime_error("cannot write a record of a test");
+        }
     }
     void putAction(const tagCDB_LC_ACT& record) const
     {
@@ -72,8 +74,9 @@ class MemoryProject
     Record read(int kwh, int kwl) const
     {
         const std::vector<unsigned char> found = bytes(kwh, kwl);
-        if (found.size() < sizeof(Record))
+        if (found.size() < sizeof(Record)) {
             throw std::runtime_error("a record of a test is missing or too short");
+        }
         Record record;
         std::memcpy(&record, found.data(), sizeof record);
         return record;
@@ -104,8 +107,9 @@ class MemoryProject
   private:
     static void check(const mrl::cdb::Result& result)
     {
-        if (!result)
+        if (!result) {
             throw std::runtime_error(result.text);
+        }
     }
 
     mrl::cdb::Opened m_opened;

@@ -8,13 +8,15 @@
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     const QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
     ::testing::InitGoogleMock(&argc, argv);
-    if (::testing::GTEST_FLAG(list_tests))
+    if (::testing::GTEST_FLAG(list_tests)) {
         return RUN_ALL_TESTS(); // no window is needed for that
+    }
     MRL_QT_Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("mrl-tests"));
     QApplication::setApplicationName(QStringLiteral("mrl-tests"));

@@ -49,11 +49,14 @@ TEST_F(Cells, KeepNumbersAndFormatThemOnDemand)
 TEST_F(Cells, OfOneColumnNameEachItsOwnNumber)
 {
     addRows(500);
-    for (int row = 0; row < 500; ++row)
+    for (int row = 0; row < 500; ++row) {
         line(row, Factor).setVal(static_cast<float>(row - 250) * 0.01f);
-    for (int round = 0; round < 2; ++round)
-        for (int row = 0; row < 500; ++row)
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (int row = 0; row < 500; ++row) {
             EXPECT_EQ(text(row, Factor), QString::number((row - 250) / 100.0, 'f', 2)) << row;
+        }
+    }
 }
 
 TEST_F(Cells, OfNumbersTakeTheNumberOfAText)
@@ -219,8 +222,9 @@ TEST_F(Cells, KnowTheirRowThroughTheTable)
     QTableWidgetItem* cell = table.item(40, Title);
     EXPECT_EQ(table.rowOf(cell), 40);
     std::set<int> first;
-    for (int row = 0; row < 30; ++row)
+    for (int row = 0; row < 30; ++row) {
         first.insert(row);
+    }
     table.removeRows(first);
     EXPECT_EQ(table.rowOf(cell), 10);
     EXPECT_EQ(table.rowOf(nullptr), -1);
@@ -236,15 +240,17 @@ TEST(CellPool, GivesItsBlocksBackWithTheLastCell)
 {
     mrl::table::CellPool pool(96);
     std::set<void*> cells;
-    for (int i = 0; i < 3000; ++i)
+    for (int i = 0; i < 3000; ++i) {
         cells.insert(pool.take());
+    }
     EXPECT_EQ(cells.size(), 3000u);
     EXPECT_EQ(pool.blocks(), 3u);
     void* one = *cells.begin();
     pool.giveBack(one);
     EXPECT_EQ(pool.take(), one);
-    for (void* cell : cells)
+    for (void* cell : cells) {
         pool.giveBack(cell);
+    }
     EXPECT_EQ(pool.blocks(), 0u);
     pool.giveBack(pool.take());
 }

@@ -12,8 +12,9 @@ class Commands : public Table
         addRows(4);
         fill(Title, {"dead", "wind", "snow", "ice"});
         fill(Factor, {"1.35", "1.5", "0.002", "0"});
-        for (int row = 0; row < 4; ++row)
+        for (int row = 0; row < 4; ++row) {
             combo(row).setCurrentId(71);
+        }
         show();
     }
 
@@ -144,9 +145,11 @@ TEST_F(Commands, PasteAndCopyAreEachOthersReverse)
     other.appendNewRows(4, MRL_H_TableWidget::CreateCells);
     other.setCurrentCell(0, Title);
     other.pasteClipboard();
-    for (int row = 0; row < 4; ++row)
-        for (int column = Title; column <= Bounded; ++column)
+    for (int row = 0; row < 4; ++row) {
+        for (int column = Title; column <= Bounded; ++column) {
             EXPECT_EQ(other.item(row, column)->text(), text(row, column)) << row << " " << column;
+        }
+    }
 }
 
 TEST_F(Commands, FillDownRepeatsTheFirstSelectedRow)
@@ -177,8 +180,9 @@ TEST_F(Commands, StandInTheContextMenu)
     select(0, Title, 1, Title);
     table.setContextmenueEnabled_new_del(false);
     QStringList names;
-    for (const QAction* action : table.getContextMenu()->actions())
+    for (const QAction* action : table.getContextMenu()->actions()) {
         names.append(action->text());
+    }
     EXPECT_EQ(names,
               QStringList({"Copy", "Copy with headers", "Paste", "Fill down", "Select all", "Fit columns"}));
     table.setContextmenueEnabled_new_del(true);
@@ -220,8 +224,9 @@ TEST_F(Commands, MenuIsBuiltAnewOnlyWhenAsked)
     table.setResetContextMenuOnCreation(true);
     MRL_QT_Menu* fresh = table.getContextMenu();
     EXPECT_NE(fresh, menu);
-    for (const QAction* action : fresh->actions())
+    for (const QAction* action : fresh->actions()) {
         EXPECT_NE(action->text(), "mine");
+    }
 }
 
 } // namespace tabletest

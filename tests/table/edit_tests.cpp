@@ -37,9 +37,11 @@ class Editing : public Table
     QWidget* editor()
     {
         for (QWidget* widget :
-             table.viewport()->findChildren<QWidget*>("cell editor", Qt::FindDirectChildrenOnly))
-            if (widget->isVisible())
+             table.viewport()->findChildren<QWidget*>("cell editor", Qt::FindDirectChildrenOnly)) {
+            if (widget->isVisible()) {
                 return widget;
+            }
+        }
         return nullptr;
     }
     MRL_H_LineEdit* lineEditor() { return qobject_cast<MRL_H_LineEdit*>(editor()); }
@@ -57,8 +59,9 @@ class Editing : public Table
     /// Types over the current cell.
     void type(const QString& text)
     {
-        for (const QChar& c : text)
+        for (const QChar& c : text) {
             QTest::keyClick(editor() != nullptr ? editor() : &table, c.toLatin1());
+        }
     }
     void key(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
     {
@@ -408,8 +411,9 @@ TEST_F(Editing, DoubleClickOnASelectedCellKeepsTheSelection)
     EXPECT_EQ(table.selectedItems().size(), 3);
     lineEditor()->setText("4");
     key(Qt::Key_Return);
-    for (int row = 0; row < 3; ++row)
+    for (int row = 0; row < 3; ++row) {
         EXPECT_EQ(text(row, Factor), "4.00");
+    }
 }
 
 TEST_F(Editing, ASingleClickOnASelectedCellStillReducesTheSelection)

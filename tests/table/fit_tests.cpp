@@ -16,8 +16,9 @@ class Columns : public Table
 TEST_F(Columns, FittedColumnHoldsItsWidestTextInTheFontOfTheTable)
 {
     addRows(700);
-    for (int row = 0; row < 700; ++row)
+    for (int row = 0; row < 700; ++row) {
         table.item(row, Title)->setText(QStringLiteral("load case %1").arg(row % 350));
+    }
     table.item(400, Title)->setText(QStringLiteral("a load case with a title much longer than its caption"));
     const auto widest = [this] {
         return table.fontMetrics().horizontalAdvance(table.item(400, Title)->text());

@@ -60,9 +60,11 @@ struct Reports
         connection = QObject::connect(&table, &QTableWidget::cellChanged, [this](int row, int column) {
             cells.emplace_back(row, column);
             QSet<int> selected;
-            for (const QTableWidgetSelectionRange& range : m_table.selectedRanges())
-                for (int r = range.topRow(); r <= range.bottomRow(); ++r)
+            for (const QTableWidgetSelectionRange& range : m_table.selectedRanges()) {
+                for (int r = range.topRow(); r <= range.bottomRow(); ++r) {
                     selected.insert(r);
+                }
+            }
             judgedRows += selected.size();
             judged.push_back(selected);
         });
@@ -109,16 +111,18 @@ class Table : public testing::Test
     QStringList texts(int column)
     {
         QStringList all;
-        for (int row = 0; row < table.rowCount(); ++row)
+        for (int row = 0; row < table.rowCount(); ++row) {
             all.append(text(row, column));
+        }
         return all;
     }
     void fill(int column, const QStringList& values)
     {
         const MRL_QT_SignalBlocker quiet(&table);
         const MRL_QT_SortingBlocker unsorted(&table);
-        for (int row = 0; row < values.size(); ++row)
+        for (int row = 0; row < values.size(); ++row) {
             table.item(row, column)->setText(values.at(row));
+        }
     }
 
     MRL_H_TableWidget table;

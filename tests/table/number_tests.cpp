@@ -76,6 +76,7 @@ TEST(ParseNumber, TakesTheOtherSignAsGrouping)
 TEST(ParseNumber, RefusesWhatIsNoFiniteNumber)
 {
     for (const char* text : {"", "  ", "abc", "1.2.3", "1,2,3", "1.2,3,4", "12,34.5,6", "nan", "inf", "-inf",
-                             "1e999", "1.35 kN", "--1", "0x10", "12.34,5"})
+                             "1e999", "1.35 kN", "--1", "0x10", "12.34,5"}) {
         EXPECT_FALSE(mrl::table::parseNumber(text).has_value()) << text;
+    }
 }

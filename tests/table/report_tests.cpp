@@ -38,8 +38,9 @@ TEST_F(ChangeReports, DoNotComeForRowsAppendedRemovedOrCompacted)
     Reports reports(table);
     addRows(3);
     table.removeRows({1, 4});
-    for (int column = 0; column < ColumnCount; ++column)
+    for (int column = 0; column < ColumnCount; ++column) {
         table.setItem(0, column, table.takeItem(2, column)); // what a compacting walk does
+    }
     table.setRowCount(2);
     EXPECT_TRUE(reports.cells.empty());
 }
@@ -63,8 +64,9 @@ TEST_F(ChangeReports, NameTheRowFarFromWhereTheCellWas)
     MRL_H_TwSimpleLineEditItem& moved = line(0, Factor);
     fill(Title, [] {
         QStringList titles;
-        for (int row = 0; row < 200; ++row)
+        for (int row = 0; row < 200; ++row) {
             titles.append(QString("%1").arg(row == 0 ? 999 : row, 3, 10, QLatin1Char('0')));
+        }
         return titles;
     }());
     table.sortByColumn(Title, Qt::AscendingOrder);

@@ -23,8 +23,9 @@ TEST_F(Sorting, OrdersNumbersAsNumbersAndStably)
 TEST_F(Sorting, OrdersTheNumberColumnByItsInts)
 {
     addRows(3);
-    for (int row = 0; row < 3; ++row)
+    for (int row = 0; row < 3; ++row) {
         table.item(row, Whole)->setData(Qt::DisplayRole, std::array<int, 3>{1000, 20, 300}[std::size_t(row)]);
+    }
     table.sortByColumn(Whole, Qt::AscendingOrder);
     EXPECT_EQ(texts(Whole), QStringList({"20", "300", "1000"}));
 }
@@ -38,12 +39,14 @@ TEST_F(Sorting, OrdersTextsByCodeUnitsInEveryLocale)
         addColumns(other);
         other.appendNewRows(4, MRL_H_TableWidget::CreateCells);
         const QStringList titles{"b", QString::fromUtf8("ä"), "Z", "a"};
-        for (int row = 0; row < 4; ++row)
+        for (int row = 0; row < 4; ++row) {
             other.item(row, Title)->setText(titles.at(row));
+        }
         other.sortByColumn(Title, Qt::AscendingOrder);
         QStringList sorted;
-        for (int row = 0; row < 4; ++row)
+        for (int row = 0; row < 4; ++row) {
             sorted.append(other.item(row, Title)->text());
+        }
         EXPECT_EQ(sorted, QStringList({"Z", "a", "b", QString::fromUtf8("ä")})) << name;
     }
     QLocale::setDefault(before);
@@ -95,8 +98,9 @@ TEST_F(Sorting, OfAFewChangedRowsEqualsAStableSortOfAll)
         addRows(rows);
         {
             MRL_QT_SignalBlocker quiet(&table);
-            for (int row = 0; row < rows; ++row)
+            for (int row = 0; row < rows; ++row) {
                 line(row, Factor).setVal(static_cast<float>(random(5)));
+            }
         }
         table.setSortingEnabled(true);
         table.sortByColumn(Factor, order);
@@ -104,8 +108,9 @@ TEST_F(Sorting, OfAFewChangedRowsEqualsAStableSortOfAll)
         {
             MRL_QT_SortingBlocker blocker(&table);
             addRows(random(3));
-            for (int change = random(5); change-- > 0;)
+            for (int change = random(5); change-- > 0;) {
                 line(random(rows), Factor).setVal(static_cast<float>(random(5)));
+            }
             for (int row = 0; row < table.rowCount(); ++row) {
                 line(row, Title).setText(QString::number(row));
                 expected.emplace_back(static_cast<float>(line(row, Factor).getVal(nullptr)),
@@ -117,8 +122,9 @@ TEST_F(Sorting, OfAFewChangedRowsEqualsAStableSortOfAll)
             return order == Qt::AscendingOrder ? a.first < b.first : b.first < a.first;
         });
         QStringList titles;
-        for (const auto& entry : expected)
+        for (const auto& entry : expected) {
             titles.append(entry.second);
+        }
         ASSERT_EQ(texts(Title), titles) << "round " << round;
         ASSERT_EQ(text(table.currentRow(), Title), QString::number(table.rowCount() - 1));
         table.setSortingEnabled(false);
@@ -183,8 +189,9 @@ TEST_F(Sorting, FollowsAClickOnAHeader)
 TEST_F(Sorting, ByChoicesGoesByTheShownText)
 {
     addRows(3);
-    for (int row = 0; row < 3; ++row)
+    for (int row = 0; row < 3; ++row) {
         combo(row).setCurrentId(std::array<int, 3>{81, 71, 0}[std::size_t(row)]);
+    }
     table.sortByColumn(Choice, Qt::AscendingOrder);
     EXPECT_EQ(texts(Choice), QStringList({"None", "Permanent", "Variable"}));
 }
@@ -235,8 +242,9 @@ TEST_F(Sorting, RemovesSelectedRowsAndTellsTheSelectionOnce)
     fill(Title, {"a", "b", "c", "d", "e", "f"});
     show();
     QItemSelection every;
-    for (int row = 0; row < 6; row += 2)
+    for (int row = 0; row < 6; row += 2) {
         every.select(table.model()->index(row, 0), table.model()->index(row, ColumnCount - 1));
+    }
     table.selectionModel()->select(every, QItemSelectionModel::ClearAndSelect);
     QSignalSpy changes(&table, &QTableWidget::itemSelectionChanged);
     table.removeRows({0, 2, 4});
@@ -251,8 +259,9 @@ TEST_F(Sorting, HeadersEmphasiseSelectedRowsUnlessTheSelectionIsInThousandsOfPie
     table.selectRow(3);
     EXPECT_TRUE(table.verticalHeader()->highlightSections());
     QItemSelection every;
-    for (int row = 0; row < 2400; row += 2)
+    for (int row = 0; row < 2400; row += 2) {
         every.append(QItemSelectionRange(table.model()->index(row, 0)));
+    }
     table.selectionModel()->select(every, QItemSelectionModel::ClearAndSelect);
     EXPECT_FALSE(table.verticalHeader()->highlightSections());
     table.selectRow(3);

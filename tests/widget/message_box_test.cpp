@@ -115,8 +115,9 @@ TEST(MessageBox, NamesThatLookLikeMarkupAreShownAsTheyStand)
 TEST(MessageBox, AListOfHundredsOfNamesLeavesTheButtonsOnTheScreen)
 {
     QString text("The actions are:\n");
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 400; ++i) {
         text += QString("Q_%1 an action with a name\n").arg(i);
+    }
     ModalAnswers answers;
     answers.then([](QWidget* box) {
         const int screen = QGuiApplication::primaryScreen()->availableSize().height();

@@ -46,8 +46,9 @@ TEST_F(Translator, AStaticTranslatorWaitsForTheApplicationAndALateOneDoesNot)
 TEST_F(Translator, StandardButtonsSpeakTheUsersLanguageToo)
 {
     const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
-    if (!QFileInfo::exists(folder + "/qtbase_de.qm"))
+    if (!QFileInfo::exists(folder + "/qtbase_de.qm")) {
         GTEST_SKIP() << "Qt's own translations are not installed";
+    }
     mrl::settings::setLanguage(mrl::settings::German);
     EXPECT_EQ(textsOfAProgram().value(1), "Abbrechen");
 }

@@ -53,8 +53,9 @@ TEST(NewProject, HasNoActionsUnlessTheyAreWanted)
     std::vector<int> codes;
     mrl_lc_get_default_action_list(project.db(), codes);
     ASSERT_FALSE(codes.empty());
-    for (const int code : codes)
+    for (const int code : codes) {
         EXPECT_TRUE(project.has(LC_KWH_ACTIONS, code));
+    }
 }
 
 TEST(NewProject, TakesThePlaceOfAnotherProject)

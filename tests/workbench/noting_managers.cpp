@@ -15,14 +15,16 @@ class NotingPlugin : public MRL_H_Plugin
     int function(SupportedFunctions code, MRL_H_PluginParameter* parameter) override
     {
         QFile notes(qEnvironmentVariable("MRL_NOTES"));
-        if (notes.open(QIODevice::Append))
+        if (notes.open(QIODevice::Append)) {
             notes.write(QStringLiteral("%1 %2 %3\n")
                             .arg(m_name)
                             .arg(int(code))
                             .arg(parameter && parameter->document && parameter->document->index() >= 0)
                             .toUtf8());
-        if (code == MRL_H_FUNCTION_DIALOG)
+        }
+        if (code == MRL_H_FUNCTION_DIALOG) {
             QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+        }
         return MRL_H_Plugin::function(code, parameter);
     }
 

@@ -50,8 +50,9 @@ class PluginCalls : public ::testing::Test
         std::vector<QString> calls;
         for (const QByteArray& line : file.readAll().split('\n')) {
             const QList<QByteArray> words = line.split(' ');
-            if (words.size() == 3)
+            if (words.size() == 3) {
                 calls.push_back(words[0] + ' ' + words[1] + (words[2] == "1" ? "" : " !"));
+            }
         }
         file.remove();
         return calls;
@@ -60,9 +61,11 @@ class PluginCalls : public ::testing::Test
     static std::vector<QString> of(const std::vector<QString>& calls, int code)
     {
         std::vector<QString> found;
-        for (const QString& call : calls)
-            if (call.section(' ', 1, 1).toInt() == code)
+        for (const QString& call : calls) {
+            if (call.section(' ', 1, 1).toInt() == code) {
                 found.push_back(call.section(' ', 0, 0) + (call.endsWith('!') ? " !" : ""));
+            }
+        }
         return found;
     }
 

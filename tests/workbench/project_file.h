@@ -18,8 +18,9 @@ class OtherProgram
   public:
     explicit OtherProgram(const QString& file) : m_opened(cdb::open(file.toStdString()))
     {
-        if (!m_opened)
+        if (!m_opened) {
             throw std::runtime_error(m_opened.result.text);
+        }
     }
     ~OtherProgram() { cdb::close(m_opened.db); }
     OtherProgram(const OtherProgram&) = delete;
@@ -30,8 +31,9 @@ class OtherProgram
     void put(int kwh, int kwl, const Record& record) const
     {
         const int length = sizeof record;
-        if (mrl_cdb_put(db(), kwh, kwl, &record, &length, 0) != CD_OK)
+        if (mrl_cdb_put(db(), kwh, kwl, &record, &length, 0) != CD_OK) {
             throw std::runtime_error("cannot write a record of a test");
+        }
         mrl_cdb_free_ex(db(), kwh, kwl);
     }
     bool has(int kwh, int kwl) const
@@ -66,8 +68,9 @@ class ProjectFile
         wish.designCode = designCode;
         wish.withDefaultActions = withDefaultActions;
         const QString reason = workbench::createProject(wish);
-        if (!reason.isEmpty())
+        if (!reason.isEmpty()) {
             throw std::runtime_error(reason.toStdString());
+        }
     }
 
     QString path(const QString& name = QStringLiteral("tower.cdb")) const { return m_folder.filePath(name); }

@@ -24,10 +24,12 @@ int run(const QStringList& arguments, QString* said = nullptr, QString* told = n
     QProcess program;
     program.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mrl-workbench"), arguments);
     const bool ended = program.waitForFinished(60000);
-    if (said)
+    if (said) {
         *said = QString::fromUtf8(program.readAllStandardError());
-    if (told)
+    }
+    if (told) {
         *told = QString::fromUtf8(program.readAllStandardOutput());
+    }
     return ended && program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
 }
 

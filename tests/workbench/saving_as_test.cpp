@@ -31,13 +31,15 @@ class Nobody
     Nobody()
     {
         // The saved id stays, so that there is a way back.
-        if (geteuid() == 0)
+        if (geteuid() == 0) {
             m_changed = setresuid(65534, 65534, 0) == 0;
+        }
     }
     ~Nobody()
     {
-        if (m_changed && setresuid(0, 0, 0) != 0)
+        if (m_changed && setresuid(0, 0, 0) != 0) {
             ADD_FAILURE() << "the rights do not come back";
+        }
     }
     Nobody(const Nobody&) = delete;
     Nobody& operator=(const Nobody&) = delete;
@@ -122,8 +124,9 @@ TEST_F(SavingAsTest, TheMenuOfRecentProjectsOpensThem)
     auto* fileMenu = window.menuBar()->actions().first()->menu();
     emit fileMenu->aboutToShow();
     QMenu* recent = nullptr;
-    for (QAction* entry : fileMenu->actions())
+    for (QAction* entry : fileMenu->actions()) {
         recent = entry->menu() ? entry->menu() : recent;
+    }
     ASSERT_NE(recent, nullptr);
     ASSERT_GE(recent->actions().size(), 2);
     EXPECT_EQ(recent->actions().at(0)->text(), QStringLiteral("bridge.cdb"));

@@ -35,8 +35,9 @@ TEST_F(SettingsDialogTest, StoresWhatWasChosen)
 
     workbench::SettingsDialog again(nullptr);
     again.findChild<MRL_QT4_ComboBox*>(QStringLiteral("combo_language"))->setCurrentId(settings::English);
-    for (auto* box : again.findChildren<QCheckBox*>())
+    for (auto* box : again.findChildren<QCheckBox*>()) {
         box->setChecked(false);
+    }
     again.accept();
     EXPECT_EQ(settings::language(), settings::English);
     EXPECT_FALSE(MRL_QT_ApplicationInterface::experimentalOn());

@@ -41,8 +41,9 @@ class StartPageTest : public ::testing::Test
     {
         QApplication::processEvents(); // what is new on the page shows up
         for (auto* label : window.findChildren<QLabel*>()) {
-            if (label->isVisible() && label->text().contains(file))
+            if (label->isVisible() && label->text().contains(file)) {
                 return label;
+            }
         }
         return nullptr;
     }

@@ -31,8 +31,9 @@ class SummaryTest : public ProjectTest
     QStringList headers(const QAbstractItemModel& model) const
     {
         QStringList texts;
-        for (int column = 0; column < model.columnCount(); ++column)
+        for (int column = 0; column < model.columnCount(); ++column) {
             texts << model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        }
         return texts;
     }
 };
@@ -180,8 +181,9 @@ TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
     project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
     const ProjectSummary summary = summarise(db);
     QStringList where;
-    for (const auto& finding : summary.findings)
+    for (const auto& finding : summary.findings) {
         where << finding.where;
+    }
     EXPECT_TRUE(where.contains(QStringLiteral("Action G")));
     EXPECT_TRUE(where.contains(QStringLiteral("Load case 12")));
 }

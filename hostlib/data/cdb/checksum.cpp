@@ -18,8 +18,9 @@ constexpr std::array<std::uint32_t, 256> makeTable()
     std::array<std::uint32_t, 256> table{};
     for (std::uint32_t i = 0; i < 256; ++i) {
         std::uint32_t crc = i;
-        for (int bit = 0; bit < 8; ++bit)
+        for (int bit = 0; bit < 8; ++bit) {
             crc = (crc >> 1) ^ ((crc & 1U) != 0 ? polynomial : 0U);
+        }
         table[i] = crc;
     }
     return table;
@@ -47,8 +48,9 @@ MRL_SSE42 std::uint64_t continueByInstruction(std::uint64_t state, const void* d
         size -= 4;
         p += 4;
     }
-    for (; size > 0; --size, ++p)
+    for (; size > 0; --size, ++p) {
         rest = _mm_crc32_u8(rest, *p);
+    }
     return rest;
 }
 
@@ -70,8 +72,9 @@ const bool hasInstruction = [] {
 void putWord(unsigned char* at, int value)
 {
     const auto bits = static_cast<std::uint32_t>(value);
-    for (unsigned i = 0; i < 4; ++i)
+    for (unsigned i = 0; i < 4; ++i) {
         at[i] = static_cast<unsigned char>(bits >> (8 * i));
+    }
 }
 
 } // namespace
@@ -80,16 +83,18 @@ std::uint32_t crc32cByTable(std::uint32_t crc, const void* data, std::size_t siz
 {
     const auto* p = static_cast<const unsigned char*>(data);
     crc = ~crc;
-    for (; size > 0; --size, ++p)
+    for (; size > 0; --size, ++p) {
         crc = (crc >> 8) ^ table[(crc ^ *p) & 0xFFU];
+    }
     return ~crc;
 }
 
 std::uint32_t crc32c(std::uint32_t crc, const void* data, std::size_t size)
 {
 #if defined(__x86_64__)
-    if (hasInstruction)
+    if (hasInstruction) {
         return ~static_cast<std::uint32_t>(continueByInstruction(~crc, data, size));
+    }
 #endif
     return crc32cByTable(crc, data, size);
 }
@@ -97,8 +102,9 @@ std::uint32_t crc32c(std::uint32_t crc, const void* data, std::size_t size)
 std::uint32_t recordChecksum(int kwh, int kwl, int position, const void* data, std::size_t size)
 {
 #if defined(__x86_64__)
-    if (hasInstruction)
+    if (hasInstruction) {
         return recordByInstruction(kwh, kwl, position, data, size);
+    }
 #endif
     std::array<unsigned char, 12> key{};
     putWord(key.data(), kwh);

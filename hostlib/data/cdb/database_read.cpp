@@ -15,8 +15,9 @@ constexpr int beforeFirst = -1; // positions count from 0
 
 Result Database::readFailed(Result error)
 {
-    if (sticky)
+    if (sticky) {
         sticky = error;
+    }
     return error;
 }
 
@@ -32,8 +33,9 @@ int Database::step(int* kwh, int* kwl, int direction)
         *kwl = key.kwl;
         return 0;
     }
-    if (status != SQLITE_DONE)
+    if (status != SQLITE_DONE) {
         static_cast<void>(readFailed(status));
+    }
     const int extreme = up ? INT_MAX : INT_MIN;
     // A walk over the outermost group itself has to see another one, too.
     *kwh = *kwh != extreme ? extreme : (up ? INT_MIN : INT_MAX);
@@ -43,18 +45,20 @@ int Database::step(int* kwh, int* kwl, int direction)
 
 int Database::behindOf(const Key& key) const
 {
-    if (readAt.empty())
+    if (readAt.empty()) {
         return 0;
+    }
     const auto found = readAt.find(key);
     return found != readAt.end() ? found->second : 0;
 }
 
 void Database::noteRead(const Key& key, int position)
 {
-    if (position > 0)
+    if (position > 0) {
         readAt[key] = position;
-    else if (!readAt.empty())
+    } else if (!readAt.empty()) {
         readAt.erase(key);
+    }
 }
 
 cd_error_t Database::get(const Key& key, void* buffer, int* length, int position)
@@ -76,8 +80,9 @@ cd_error_t Database::read(const Key& key, int behind, void* buffer, int* length)
 {
     Run run(next, db.get());
     const int status = run.bind(1, key.kwh).bind(2, key.kwl).bind(3, behind).step();
-    if (status == SQLITE_DONE)
+    if (status == SQLITE_DONE) {
         return behind == beforeFirst ? CD_NONE : absent(key);
+    }
     if (status != SQLITE_ROW) {
         static_cast<void>(readFailed(status));
         return CD_NONE;
@@ -94,10 +99,12 @@ cd_error_t Database::absent(const Key& key)
 {
     Run run(exists, db.get());
     const int status = run.bind(1, key.kwh).bind(2, key.kwl).step();
-    if (status == SQLITE_ROW)
+    if (status == SQLITE_ROW) {
         return CD_END;
-    if (status != SQLITE_DONE)
+    }
+    if (status != SQLITE_DONE) {
         static_cast<void>(readFailed(status));
+    }
     return CD_NONE;
 }
 
@@ -113,10 +120,12 @@ cd_error_t Database::deliver(const Key& key, const Walk::Found& record, void* bu
     noteRead(key, record.position);
     const auto room = static_cast<std::size_t>(*length);
     const auto taken = size < room ? size : room;
-    if (taken > 0)
+    if (taken > 0) {
         std::memcpy(buffer, record.bytes, taken);
-    if (room > taken)
+    }
+    if (room > taken) {
         std::memset(static_cast<char*>(buffer) + taken, 0, room - taken);
+    }
     *length = static_cast<int>(taken);
     return size > room ? CD_CUT : CD_OK;
 }
@@ -127,11 +136,14 @@ int Database::listElements(int kwh, std::list<int>& out)
     run.bind(1, kwh);
     int status = SQLITE_OK;
     // A key with several records comes once for each.
-    while ((status = run.step()) == SQLITE_ROW)
-        if (const int element = run.integer(0); out.empty() || out.back() != element)
+    while ((status = run.step()) == SQLITE_ROW) {
+        if (const int element = run.integer(0); out.empty() || out.back() != element) {
             out.push_back(element);
-    if (status != SQLITE_DONE)
+        }
+    }
+    if (status != SQLITE_DONE) {
         static_cast<void>(readFailed(status));
+    }
     return status;
 }
 
@@ -142,12 +154,14 @@ std::string Database::fact(const std::string& name)
         factsMark = walk.mark;
         factsMark.take();
     }
-    if (const auto known = knownFacts.find(name); known != knownFacts.end())
+    if (const auto known = knownFacts.find(name); known != knownFacts.end()) {
         return known->second;
+    }
     Run run(selectFact, db.get());
     const int status = run.bind(1, name).step();
-    if (status == SQLITE_DONE)
+    if (status == SQLITE_DONE) {
         return knownFacts[name] = {};
+    }
     if (status != SQLITE_ROW) {
         static_cast<void>(readFailed(status));
         return {};
@@ -162,8 +176,9 @@ Result Database::facts(std::map<std::string, std::string>& out)
     int status = SQLITE_OK;
     while ((status = run.step()) == SQLITE_ROW) {
         const std::string name = run.text(2);
-        if (Result sound = checkFact(run, name); !sound)
+        if (Result sound = checkFact(run, name); !sound) {
             return sound;
+        }
         out[name] = run.text(1);
     }
     return status == SQLITE_DONE ? Result{} : readFailed(status);
@@ -172,8 +187,9 @@ Result Database::facts(std::map<std::string, std::string>& out)
 /// @param row its checksum and its value
 Result Database::checkFact(const Run& row, const std::string& name)
 {
-    if (row.wide(0) == static_cast<std::int32_t>(factChecksum(name, row.text(1))))
+    if (row.wide(0) == static_cast<std::int32_t>(factChecksum(name, row.text(1)))) {
         return {};
+    }
     return readFailed(failure(Code::Checksum, path, "the fact \"" + name + "\" does not fit its checksum"));
 }
 

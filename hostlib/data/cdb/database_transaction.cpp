@@ -15,8 +15,9 @@ int Database::execute(const char* sql) { return sqlite3_exec(db.get(), sql, null
 
 void Database::fail(Result error)
 {
-    if (failed)
+    if (failed) {
         failed = std::move(error);
+    }
 }
 
 Result Database::begin(Pausable wish)
@@ -28,18 +29,22 @@ Result Database::begin(Pausable wish)
         change = {};
     }
     levels.push_back({change, journal.size()});
-    if (paused)
+    if (paused) {
         fail(failure(Code::Locked, path, "a message is waiting for its answer"));
-    if (!failed)
+    }
+    if (!failed) {
         return failed;
+    }
     int status = SQLITE_OK;
-    if (!outermost)
+    if (!outermost) {
         status = execute("SAVEPOINT level");
-    else
+    } else {
         // On a read-only file the lock would be granted as well, and only the first write would tell.
         status = isReadOnly() ? execute("BEGIN") : beginWriting();
-    if (status != SQLITE_OK)
+    }
+    if (status != SQLITE_OK) {
         fail(failureOf(status, db.get(), path));
+    }
     return failed;
 }
 
@@ -47,49 +52,58 @@ int Database::beginWriting()
 {
     // What is written to a file that was deleted or replaced meanwhile would be lost without a word.
     int moved = 0;
-    if (access == Access::ReadWrite)
+    if (access == Access::ReadWrite) {
         sqlite3_file_control(db.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    }
     return moved != 0 ? SQLITE_READONLY_DBMOVED : execute("BEGIN IMMEDIATE");
 }
 
 Result Database::commit()
 {
-    if (paused)
+    if (paused) {
         fail(failure(Code::Locked, path, "a message is waiting for its answer"));
+    }
     if (failed && levels.size() > 1) {
         const int status = execute("RELEASE level");
-        if (status != SQLITE_OK)
+        if (status != SQLITE_OK) {
             fail(failureOf(status, db.get(), path));
+        }
     } else if (failed) {
         int status = writeSummary();
-        if (status == SQLITE_OK)
+        if (status == SQLITE_OK) {
             status = execute("COMMIT");
-        if (status != SQLITE_OK)
+        }
+        if (status != SQLITE_OK) {
             fail(failureOf(status, db.get(), path));
+        }
     }
     if (!failed) {
         Result reason = failed;
-        if (sticky)
+        if (sticky) {
             sticky = reason;
+        }
         rollback();
         return reason;
     }
     endLevel(true);
-    if (levels.empty() && logPages >= checkpointPages)
+    if (levels.empty() && logPages >= checkpointPages) {
         checkpoint();
+    }
     return {};
 }
 
 void Database::rollback()
 {
-    if (levels.empty())
+    if (levels.empty()) {
         return;
+    }
     // SQLite may have taken the whole transaction back by itself: then there is nothing left to undo.
     const bool open = sqlite3_get_autocommit(db.get()) == 0;
-    if (open && levels.size() > 1)
+    if (open && levels.size() > 1) {
         execute("ROLLBACK TO level;RELEASE level");
-    else if (open)
+    } else if (open) {
         execute("ROLLBACK");
+    }
     endLevel(false);
     forgetRead();
     removals.drop();
@@ -108,14 +122,16 @@ void Database::endLevel(bool keepWrites)
         journal.resize(levels.back().journalSize);
     }
     levels.pop_back();
-    if (!levels.empty())
+    if (!levels.empty()) {
         return;
+    }
     removals.drop();
     journal.clear();
     journal.shrink_to_fit();
     // Reading is quickest from SQLite's own two megabytes, which fit the processor's cache.
-    if (writes >= longTransaction)
+    if (writes >= longTransaction) {
         execute("PRAGMA cache_size=-2000");
+    }
     writes = 0;
     failed = {};
     paused = false;
@@ -124,14 +140,16 @@ void Database::endLevel(bool keepWrites)
 
 void Database::countWrite()
 {
-    if (++writes == longTransaction)
+    if (++writes == longTransaction) {
         execute("PRAGMA cache_size=-65536");
+    }
 }
 
 int Database::writeSummary()
 {
-    if (change.records == 0 && change.recordMix == 0 && change.facts == 0 && change.factMix == 0)
+    if (change.records == 0 && change.recordMix == 0 && change.facts == 0 && change.factMix == 0) {
         return SQLITE_OK;
+    }
     Run run(summary, db.get());
     run.bind(1, change.records).bind(2, change.recordMix).bind(3, change.facts).bind(4, change.factMix);
     const int status = run.step();
@@ -140,31 +158,38 @@ int Database::writeSummary()
 
 void Database::pause()
 {
-    if (levels.empty() || !pausable || paused)
+    if (levels.empty() || !pausable || paused) {
         return;
+    }
     paused = true;
-    if (sqlite3_get_autocommit(db.get()) == 0)
+    if (sqlite3_get_autocommit(db.get()) == 0) {
         execute("ROLLBACK");
+    }
     forgetRead();
     removals.drop();
 }
 
 void Database::resume()
 {
-    if (!paused)
+    if (!paused) {
         return;
+    }
     paused = false;
-    if (!failed)
+    if (!failed) {
         return;
+    }
     const int status = replay();
     forgetRead();
-    if (status == SQLITE_OK && failed)
+    if (status == SQLITE_OK && failed) {
         return;
+    }
     fail(failureOf(status, db.get(), path));
-    if (sticky)
+    if (sticky) {
         sticky = failed;
-    if (sqlite3_get_autocommit(db.get()) == 0)
+    }
+    if (sqlite3_get_autocommit(db.get()) == 0) {
         execute("ROLLBACK");
+    }
 }
 
 int Database::replay()
@@ -185,8 +210,9 @@ int Database::replay()
         const Outcome outcome = apply(write, write.bytes.data(), static_cast<int>(write.bytes.size()));
         // Who deleted in the meantime what this deletes too, did no harm; a record to overwrite must be
         // there.
-        if (outcome == Outcome::Missing && write.kind == Write::Kind::Overwrite)
+        if (outcome == Outcome::Missing && write.kind == Write::Kind::Overwrite) {
             fail(failure(Code::Locked, path, "another program deleted a record that is being changed"));
+        }
     }
     openLevels(journal.size());
     replaying = false;
@@ -204,8 +230,9 @@ void Database::checkpoint()
     // Two connections that write and checkpoint at the same moment can, rarely, lose the log in the versions
     // of SQLite that are about. So the log is copied only while nobody can write: a connection beside this
     // one holds the write lock. What fails here is tried again after the next commit; nothing is lost.
-    if (access != Access::ReadWrite)
+    if (access != Access::ReadWrite) {
         return;
+    }
     if (!guard) {
         sqlite3* made = nullptr;
         const int status = sqlite3_open_v2(sqlite3_db_filename(db.get(), "main"), &made,
@@ -217,8 +244,9 @@ void Database::checkpoint()
         }
         sqlite3_wal_autocheckpoint(guard.get(), 0);
     }
-    if (sqlite3_exec(guard.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(guard.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) {
         return;
+    }
     sqlite3_wal_checkpoint_v2(db.get(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
     sqlite3_exec(guard.get(), "ROLLBACK", nullptr, nullptr, nullptr);
     logPages = 0;

@@ -29,10 +29,12 @@ void Database::gone(sqlite3_context* context, int, sqlite3_value** values)
 Outcome Database::writeFailed(Result error)
 {
     lastError = error;
-    if (sticky)
+    if (sticky) {
         sticky = error;
-    if (!levels.empty())
+    }
+    if (!levels.empty()) {
         fail(std::move(error));
+    }
     return Outcome::Failed;
 }
 
@@ -45,25 +47,28 @@ Outcome Database::refuse(const std::string& reason)
 
 bool Database::mayWrite()
 {
-    if (isReadOnly())
+    if (isReadOnly()) {
         writeFailed(failure(Code::ReadOnly, path, "the project is open for reading only"));
-    else if (paused)
+    } else if (paused) {
         writeFailed(failure(Code::Locked, path, "a message is waiting for its answer"));
-    else if (!levels.empty() && sqlite3_get_autocommit(db.get()) != 0)
+    } else if (!levels.empty() && sqlite3_get_autocommit(db.get()) != 0) {
         // The transaction is over already (its beginning failed, or SQLite took it back whole). What is
         // written now would stand alone in the file.
         writeFailed(failed ? failure(Code::InputOutput, path, "the transaction was rolled back") : failed);
-    else
+    } else {
         return true;
+    }
     return false;
 }
 
 Outcome Database::write(const Write& what, const void* data, int size)
 {
-    if (size > longestRecord)
+    if (size > longestRecord) {
         return refuse("a record of " + std::to_string(size) + " bytes is too long");
-    if (!mayWrite())
+    }
+    if (!mayWrite()) {
         return Outcome::Failed;
+    }
     if (levels.empty()) {
         const Result begun = begin(Pausable::No);
         const Outcome outcome = begun ? apply(what, data, size) : writeFailed(begun);
@@ -84,12 +89,14 @@ Outcome Database::write(const Write& what, const void* data, int size)
 
 Outcome Database::apply(const Write& what, const void* data, int size)
 {
-    if (what.kind == Write::Kind::SetFact)
+    if (what.kind == Write::Kind::SetFact) {
         return replaceFact(what.name, {static_cast<const char*>(data), static_cast<std::size_t>(size)});
+    }
     countWrite();
     walk.written(what.key);
-    if (what.kind != Write::Kind::Delete)
+    if (what.kind != Write::Kind::Delete) {
         removals.written(what.key);
+    }
     switch (what.kind) {
     case Write::Kind::Put:
         return insertWhole(what.key, data, size);
@@ -126,8 +133,9 @@ Outcome Database::remove(const Key& key) { return write({Write::Kind::Delete, ke
 
 Outcome Database::setFact(const std::string& name, const std::string& value)
 {
-    if (name.empty())
+    if (name.empty()) {
         return refuse("a fact needs a name");
+    }
     return write({Write::Kind::SetFact, {}, 0, name, {}}, value.data(), static_cast<int>(value.size()));
 }
 
@@ -140,15 +148,17 @@ Outcome Database::insertWhole(const Key& key, const void* data, int size)
         Run run(insert, db.get());
         run.bind(1, key.kwh).bind(2, key.kwl).bind(3, 0).bind(4, stored(sum)).bind(5, data, size);
         const int status = run.step();
-        if (status != SQLITE_DONE)
+        if (status != SQLITE_DONE) {
             return writeFailed(status);
+        }
         if (sqlite3_changes(db.get()) > 0) {
             ++change.records;
             change.recordMix ^= sum;
             return Outcome::Done;
         }
-        if (deleteRows(key) == Outcome::Failed)
+        if (deleteRows(key) == Outcome::Failed) {
             return Outcome::Failed;
+        }
     }
     return writeFailed(SQLITE_CORRUPT);
 }
@@ -159,17 +169,19 @@ Outcome Database::insertBehind(const Key& key, const void* data, int size)
     {
         Run run(last, db.get());
         const int status = run.bind(1, key.kwh).bind(2, key.kwl).step();
-        if (status == SQLITE_ROW)
+        if (status == SQLITE_ROW) {
             position = run.integer(0) + 1;
-        else if (status != SQLITE_DONE)
+        } else if (status != SQLITE_DONE) {
             return writeFailed(status);
+        }
     }
     const auto sum = checksumOf(key, position, data, size);
     Run run(insert, db.get());
     run.bind(1, key.kwh).bind(2, key.kwl).bind(3, position).bind(4, stored(sum)).bind(5, data, size);
     const int status = run.step();
-    if (status != SQLITE_DONE || sqlite3_changes(db.get()) == 0)
+    if (status != SQLITE_DONE || sqlite3_changes(db.get()) == 0) {
         return writeFailed(status == SQLITE_DONE ? SQLITE_CORRUPT : status);
+    }
     ++change.records;
     change.recordMix ^= sum;
     return Outcome::Done;
@@ -182,10 +194,12 @@ Outcome Database::replaceAt(const Key& key, int position, const void* data, int 
     Run run(update, db.get());
     run.bind(1, key.kwh).bind(2, key.kwl).bind(3, position).bind(4, stored(sum)).bind(5, data, size);
     const int status = run.step();
-    if (status != SQLITE_DONE)
+    if (status != SQLITE_DONE) {
         return writeFailed(status);
-    if (sqlite3_changes(db.get()) == 0)
+    }
+    if (sqlite3_changes(db.get()) == 0) {
         return Outcome::Missing;
+    }
     change.recordMix ^= removed.mix ^ sum;
     return Outcome::Done;
 }
@@ -197,13 +211,16 @@ Outcome Database::deleteRows(const Key& key)
     removed = {};
     Run run(known ? eraseKnown : erase, db.get());
     const int status = run.bind(1, key.kwh).bind(2, key.kwl).step();
-    if (status != SQLITE_DONE)
+    if (status != SQLITE_DONE) {
         return writeFailed(status);
-    if (known && sqlite3_changes(db.get()) != expected.records)
+    }
+    if (known && sqlite3_changes(db.get()) != expected.records) {
         return writeFailed(SQLITE_CORRUPT);
+    }
     const Removed& taken = known ? expected : removed;
-    if (!readAt.empty())
+    if (!readAt.empty()) {
         readAt.erase(key);
+    }
     change.records -= taken.records;
     change.recordMix ^= taken.mix;
     return taken.records > 0 ? Outcome::Done : Outcome::Missing;
@@ -216,18 +233,21 @@ Outcome Database::replaceFact(const std::string& name, const std::string& value)
     {
         Run run(eraseFact, db.get());
         const int status = run.bind(1, name).step();
-        if (status != SQLITE_DONE)
+        if (status != SQLITE_DONE) {
             return writeFailed(status);
+        }
     }
     change.facts -= removed.records;
     change.factMix ^= removed.mix;
-    if (value.empty())
+    if (value.empty()) {
         return Outcome::Done;
+    }
     const auto sum = factChecksum(name, value);
     Run run(insertFact, db.get());
     const int status = run.bind(1, name).bind(2, stored(sum)).bind(3, value).step();
-    if (status != SQLITE_DONE)
+    if (status != SQLITE_DONE) {
         return writeFailed(status);
+    }
     ++change.facts;
     change.factMix ^= sum;
     return Outcome::Done;

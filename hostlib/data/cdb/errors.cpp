@@ -38,8 +38,9 @@ int systemError(sqlite3* connection)
     for (const int which : {SQLITE_FCNTL_FILE_POINTER, SQLITE_FCNTL_JOURNAL_POINTER}) {
         sqlite3_file* file = nullptr;
         if (number == 0 && sqlite3_file_control(connection, "main", which, &file) == SQLITE_OK &&
-            file != nullptr && file->pMethods != nullptr)
+            file != nullptr && file->pMethods != nullptr) {
             file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &number);
+        }
     }
     return number;
 }
@@ -87,10 +88,11 @@ Result failureOf(int status, sqlite3* connection, const std::string& file)
     const int number = connection != nullptr && outside ? systemError(connection) : 0;
     const auto wording = wordingOf(status, number);
     std::string reason = wording.text;
-    if (wording.code == Code::InputOutput && number != 0)
+    if (wording.code == Code::InputOutput && number != 0) {
         reason += std::string(" (") + std::strerror(number) + ")";
-    else if (wording.code == Code::Corrupt && connection != nullptr)
+    } else if (wording.code == Code::Corrupt && connection != nullptr) {
         reason += std::string(" (") + sqlite3_errmsg(connection) + ")";
+    }
     return failure(wording.code, file, reason);
 }
 

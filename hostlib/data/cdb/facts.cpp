@@ -14,8 +14,9 @@ using Facts = std::map<std::string, std::string>;
 Result setFacts(Database& database, const Facts& facts)
 {
     for (const auto& [name, value] : facts) {
-        if (database.setFact(name, value) == Outcome::Failed)
+        if (database.setFact(name, value) == Outcome::Failed) {
             return database.lastFailure();
+        }
     }
     return {};
 }
@@ -37,21 +38,27 @@ Result setFact(int db, const std::string& name, const std::string& value)
 Result replaceFacts(int from, int to)
 {
     const Both both(from, to);
-    if (!both.found)
+    if (!both.found) {
         return both.found;
+    }
     Transaction transaction(to);
-    if (Result state = transaction.state(); !state)
+    if (Result state = transaction.state(); !state) {
         return state;
+    }
     Facts wanted;
     Facts present;
-    if (Result read = both.first->facts(wanted); !read)
+    if (Result read = both.first->facts(wanted); !read) {
         return read;
-    if (Result read = both.second->facts(present); !read)
+    }
+    if (Result read = both.second->facts(present); !read) {
         return read;
-    for (const auto& [name, value] : present)
+    }
+    for (const auto& [name, value] : present) {
         wanted.emplace(name, std::string());
-    if (Result set = setFacts(*both.second, wanted); !set)
+    }
+    if (Result set = setFacts(*both.second, wanted); !set) {
         return set;
+    }
     return transaction.commit();
 }
 

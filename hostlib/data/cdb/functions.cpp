@@ -15,18 +15,21 @@ int mrl_cdb_status(int) { return mrl::cdb::Registry::instance().current(); }
 
 int mrl_cdb_use(int db, int)
 {
-    if (find(db) == nullptr)
+    if (find(db) == nullptr) {
         return -1;
+    }
     mrl::cdb::Registry::instance().setCurrent(db);
     return 0;
 }
 
 int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction)
 {
-    if (kwh == nullptr || kwl == nullptr)
+    if (kwh == nullptr || kwl == nullptr) {
         return 1;
-    if (auto* database = find(db))
+    }
+    if (auto* database = find(db)) {
         return database->step(kwh, kwl, direction);
+    }
     // A caller's walk over a database that is not open ends at once.
     const int extreme = direction >= 0 ? INT_MAX : INT_MIN;
     *kwh = *kwh != extreme ? extreme : (direction >= 0 ? INT_MIN : INT_MAX);
@@ -37,21 +40,26 @@ int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction)
 cd_error_t mrl_cdb_get(int db, int kwh, int kwl, void* buffer, int* length, int position)
 {
     auto* database = find(db);
-    if (database == nullptr || length == nullptr || *length < 0 || (buffer == nullptr && *length > 0))
+    if (database == nullptr || length == nullptr || *length < 0 || (buffer == nullptr && *length > 0)) {
         return CD_NONE;
+    }
     return database->get({kwh, kwl}, buffer, length, position);
 }
 
 cd_error_t mrl_cdb_put(int db, int kwh, int kwl, const void* data, const int* length, int position)
 {
     auto* database = find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return CD_NONE;
-    if (length == nullptr || *length < 0 || (data == nullptr && *length > 0) || position > 0 || position < -1)
+    }
+    if (length == nullptr || *length < 0 || (data == nullptr && *length > 0) || position > 0 ||
+        position < -1) {
         return asError(database->refuse("a put without a record or a place for it"));
+    }
     const mrl::cdb::Key key{kwh, kwl};
-    if (*length == 0)
+    if (*length == 0) {
         return asError(database->remove(key));
+    }
     return asError(position == 0 ? database->putWhole(key, data, *length)
                                  : database->overwriteLastRead(key, data, *length));
 }
@@ -72,11 +80,13 @@ int mrl_cdb_free_ex(int, int, int)
 int mrl::dbo::getKwls(int db, int kwh, int, int, std::list<int>* out, int*)
 {
     auto* database = find(db);
-    if (database == nullptr || out == nullptr)
+    if (database == nullptr || out == nullptr) {
         return -1;
+    }
     std::list<int> found;
-    if (database->listElements(kwh, found) != SQLITE_DONE)
+    if (database->listElements(kwh, found) != SQLITE_DONE) {
         return -1;
+    }
     const auto count = static_cast<int>(found.size());
     out->splice(out->end(), found);
     return count;

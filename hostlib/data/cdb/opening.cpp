@@ -46,8 +46,9 @@ std::string asUri(const std::string& path)
 std::string folderOf(const std::string& path)
 {
     const auto slash = path.rfind('/');
-    if (slash == std::string::npos)
+    if (slash == std::string::npos) {
         return ".";
+    }
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
@@ -63,8 +64,9 @@ int connect(const std::string& name, int flags, Connection& out)
     // One thread comes here, so the connection needs no mutex of its own.
     const int status = sqlite3_open_v2(name.c_str(), &made, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     out.reset(made);
-    if (status != SQLITE_OK)
+    if (status != SQLITE_OK) {
         return status;
+    }
     sqlite3_extended_result_codes(made, 1);
     sqlite3_busy_timeout(made, lockWait);
     sqlite3_limit(made, SQLITE_LIMIT_LENGTH, longestCell);
@@ -109,11 +111,13 @@ Result reserve(const std::string& path)
 
 Result mayBeWritten(const std::string& path)
 {
-    if (access(path.c_str(), W_OK) != 0)
+    if (access(path.c_str(), W_OK) != 0) {
         return failure(Code::ReadOnly, path, "the file is read-only");
+    }
     // The log stands beside the file.
-    if (access(folderOf(path).c_str(), W_OK) != 0)
+    if (access(folderOf(path).c_str(), W_OK) != 0) {
         return failure(Code::ReadOnly, path, "its folder is read-only");
+    }
     return {};
 }
 
@@ -127,12 +131,15 @@ int connectForReading(const std::string& path, Connection& out)
         return status == SQLITE_OK ? run(out.get(), "PRAGMA query_only=ON") : status;
     }
     int status = connect(plainName(path), SQLITE_OPEN_READONLY, out);
-    if (status == SQLITE_OK)
+    if (status == SQLITE_OK) {
         status = run(out.get(), "SELECT 1 FROM sqlite_schema");
-    if ((status & 0xFF) != SQLITE_CANTOPEN && (status & 0xFF) != SQLITE_READONLY)
+    }
+    if ((status & 0xFF) != SQLITE_CANTOPEN && (status & 0xFF) != SQLITE_READONLY) {
         return status;
-    if (sizeOf(path + "-wal") > 0)
+    }
+    if (sizeOf(path + "-wal") > 0) {
         return status;
+    }
     return connect(asUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, out);
 }
 
@@ -140,19 +147,24 @@ int connectForReading(const std::string& path, Connection& out)
 
 OpenedDatabase createFile(const std::string& path)
 {
-    if (path.empty())
+    if (path.empty()) {
         return {failure(Code::NoFile, "\"\"", "a file needs a name"), nullptr};
-    if (Result reserved = reserve(path); !reserved)
+    }
+    if (Result reserved = reserve(path); !reserved) {
         return {std::move(reserved), nullptr};
+    }
     Connection connection;
     int status = connect(plainName(path), SQLITE_OPEN_READWRITE, connection);
     // The tables come ahead of the log, so that the file itself tells from its first moment what it is.
-    if (status == SQLITE_OK)
+    if (status == SQLITE_OK) {
         status = makeTables(connection.get());
-    if (status == SQLITE_OK)
+    }
+    if (status == SQLITE_OK) {
         status = startLog(connection.get());
-    if (status == SQLITE_OK)
+    }
+    if (status == SQLITE_OK) {
         status = run(connection.get(), "SELECT 1 FROM summary"); // attaches the log
+    }
     if (status != SQLITE_OK) {
         Result error = failureOf(status, connection.get(), path);
         connection.reset();
@@ -165,36 +177,45 @@ OpenedDatabase createFile(const std::string& path)
 void removeFile(const std::string& path)
 {
     // SQLite leaves its own files when it could not finish them, or fold the log in on a full disk.
-    for (const char* ending : {"", "-journal", "-wal", "-shm"})
+    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
         ::unlink((path + ending).c_str());
+    }
 }
 
 OpenedDatabase openFile(const std::string& path, bool readOnly)
 {
-    if (Result looked = probe(path); !looked)
+    if (Result looked = probe(path); !looked) {
         return {std::move(looked), nullptr};
-    if (Result allowed = readOnly ? Result{} : mayBeWritten(path); !allowed)
+    }
+    if (Result allowed = readOnly ? Result{} : mayBeWritten(path); !allowed) {
         return {std::move(allowed), nullptr};
+    }
     const bool leftoverLog = sizeOf(path + "-wal") > 0;
     Connection connection;
     int status = readOnly ? connectForReading(path, connection)
                           : connect(plainName(path), SQLITE_OPEN_READWRITE, connection);
-    if (status != SQLITE_OK)
+    if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), path), nullptr};
+    }
     // Until the file is known to be sound, and for reading only for good, not even the log of a crashed
     // program is copied into it.
-    if (leftoverLog)
+    if (leftoverLog) {
         sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    if (Result content = checkContent(connection.get(), path, Depth::Quick); !content)
+    }
+    if (Result content = checkContent(connection.get(), path, Depth::Quick); !content) {
         return {std::move(content), nullptr};
-    if (readOnly)
+    }
+    if (readOnly) {
         return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadOnly)};
+    }
     sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     status = startLog(connection.get());
-    if (status == SQLITE_OK)
+    if (status == SQLITE_OK) {
         status = run(connection.get(), "SELECT 1 FROM summary");
-    if (status != SQLITE_OK)
+    }
+    if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), path), nullptr};
+    }
     return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadWrite)};
 }
 
@@ -214,29 +235,35 @@ OpenedDatabase makePrivate(Storage where)
 {
     Connection connection;
     int status = connectPrivate(where, connection);
-    if (status == SQLITE_OK)
+    if (status == SQLITE_OK) {
         status = makeTables(connection.get());
-    if (status != SQLITE_OK)
+    }
+    if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), {}), nullptr};
+    }
     return {{}, std::make_unique<Database>(std::move(connection), std::string(), Database::Access::Private)};
 }
 
 OpenedDatabase copyPrivate(const Database& from, Storage where)
 {
-    if (from.depth() > 0)
+    if (from.depth() > 0) {
         return {failure(Code::Locked, from.file(), "a transaction is open"), nullptr};
+    }
     Connection connection;
     int status = connectPrivate(where, connection);
     if (status == SQLITE_OK) {
         sqlite3_backup* backup = sqlite3_backup_init(connection.get(), "main", from.connection(), "main");
-        if (backup != nullptr)
+        if (backup != nullptr) {
             sqlite3_backup_step(backup, -1);
+        }
         status = backup != nullptr ? sqlite3_backup_finish(backup) : sqlite3_errcode(connection.get());
     }
-    if (status == SQLITE_OK)
+    if (status == SQLITE_OK) {
         status = run(connection.get(), "SELECT 1 FROM summary");
-    if (status != SQLITE_OK)
+    }
+    if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), from.file()), nullptr};
+    }
     return {{}, std::make_unique<Database>(std::move(connection), from.file(), Database::Access::Private)};
 }
 

@@ -13,8 +13,9 @@ Database* find(int db) { return Registry::instance().find(db); }
 
 Opened enter(OpenedDatabase opened)
 {
-    if (!opened.result)
+    if (!opened.result) {
         return {std::move(opened.result), -1};
+    }
     return {{}, Registry::instance().add(std::move(opened.database))};
 }
 
@@ -57,17 +58,20 @@ bool isReadOnly(int db)
 
 void setLockWait(int db, int milliseconds)
 {
-    if (const auto* database = find(db))
+    if (const auto* database = find(db)) {
         sqlite3_busy_timeout(database->connection(), milliseconds);
+    }
 }
 
 Result append(int db, int kwh, int kwl, const void* data, int length)
 {
     auto* database = find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return notOpen(db);
-    if (data == nullptr || length < 1)
+    }
+    if (data == nullptr || length < 1) {
         return resultOf(*database, database->refuse("a record without bytes"));
+    }
     return resultOf(*database, database->append({kwh, kwl}, data, length));
 }
 
@@ -79,18 +83,21 @@ Result stickyError(int db)
 
 void clearStickyError(int db)
 {
-    if (auto* database = find(db))
+    if (auto* database = find(db)) {
         database->clearStickyError();
+    }
 }
 
 Result integrityCheck(int db)
 {
     const auto* database = find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return notOpen(db);
+    }
     // The summary is brought up to date with the commit.
-    if (database->depth() > 0)
+    if (database->depth() > 0) {
         return failure(Code::Locked, database->file(), "a transaction is open");
+    }
     return checkContent(database->connection(), database->file(), Depth::Full);
 }
 

@@ -29,10 +29,12 @@ class RangeReader
     {
         // Stepping over a few records costs less than a new search.
         constexpr int near = 8;
-        for (int steps = 0; !over && kwl() < key && steps < near; ++steps)
+        for (int steps = 0; !over && kwl() < key && steps < near; ++steps) {
             next();
-        if (over || kwl() >= key)
+        }
+        if (over || kwl() >= key) {
             return !over;
+        }
         from(key);
         return next();
     }
@@ -41,11 +43,13 @@ class RangeReader
     bool next()
     {
         const int status = run->step();
-        if (status == SQLITE_ROW)
+        if (status == SQLITE_ROW) {
             return check();
+        }
         over = true;
-        if (status != SQLITE_DONE)
+        if (status != SQLITE_DONE) {
             error = db.readFailed(status);
+        }
         return false;
     }
     const Result& result() const { return error; }
@@ -70,8 +74,9 @@ class RangeReader
     bool check()
     {
         const auto sum = recordChecksum(kwh, kwl(), position(), bytes(), static_cast<std::size_t>(size()));
-        if (sum == static_cast<std::uint32_t>(run->integer(2)))
+        if (sum == static_cast<std::uint32_t>(run->integer(2))) {
             return true;
+        }
         over = true;
         const auto name = std::to_string(kwh) + "/" + std::to_string(kwl());
         error = db.readFailed(
@@ -119,10 +124,12 @@ Result compare(Database& a, Database& b, const KeyRange& range, Differs differs)
             hereRight = hereRight && right.next() && right.kwl() == key;
             single = single && !hereLeft && !hereRight;
         }
-        if (!left.result() || !right.result())
+        if (!left.result() || !right.result()) {
             break;
-        if (!same && !differs(Difference{key, single}))
+        }
+        if (!same && !differs(Difference{key, single})) {
             break;
+        }
     }
     return left.result() ? right.result() : left.result();
 }
@@ -131,8 +138,9 @@ Result compare(Database& a, Database& b, const KeyRange& range, Differs differs)
 Outcome copyRecords(RangeReader& reader, Database& to, const Key& key)
 {
     do {
-        if (to.append(key, reader.bytes(), reader.size()) != Outcome::Done)
+        if (to.append(key, reader.bytes(), reader.size()) != Outcome::Done) {
             return Outcome::Failed;
+        }
     } while (reader.next() && reader.kwl() == key.kwl);
     return Outcome::Done;
 }
@@ -140,22 +148,26 @@ Outcome copyRecords(RangeReader& reader, Database& to, const Key& key)
 /// Makes keys equal to those of another database. @param differing in ascending order
 Result copyKeys(Database& from, Database& to, const KeyRange& range, const std::vector<Difference>& differing)
 {
-    if (differing.empty())
+    if (differing.empty()) {
         return {};
+    }
     RangeReader reader(from, {range.kwh, differing.front().kwl, range.last});
     reader.next();
     for (const auto& difference : differing) {
         const Key key{range.kwh, difference.kwl};
         const bool present = reader.seek(key.kwl) && reader.kwl() == key.kwl;
-        if (!reader.result())
+        if (!reader.result()) {
             return reader.result();
+        }
         Outcome outcome = Outcome::Done;
-        if (present && difference.overwrites)
+        if (present && difference.overwrites) {
             outcome = to.overwriteFirst(key, reader.bytes(), reader.size());
-        else if (outcome = to.remove(key); present && outcome != Outcome::Failed)
+        } else if (outcome = to.remove(key); present && outcome != Outcome::Failed) {
             outcome = copyRecords(reader, to, key);
-        if (outcome == Outcome::Failed)
+        }
+        if (outcome == Outcome::Failed) {
             return to.lastFailure();
+        }
     }
     return reader.result();
 }
@@ -167,8 +179,9 @@ Result collectKeys(Database& database, Run& run, std::vector<Key>& out)
     bool first = true;
     while ((status = run.step()) == SQLITE_ROW) {
         const Key key{run.integer(0), run.integer(1)};
-        if (first || out.back() != key)
+        if (first || out.back() != key) {
             out.push_back(key);
+        }
         first = false;
     }
     return status == SQLITE_DONE ? Result{} : database.readFailed(status);
@@ -179,8 +192,9 @@ Result collectKeys(Database& database, Run& run, std::vector<Key>& out)
 Result keys(int db, const KeyRange& range, std::vector<Key>& out)
 {
     auto* database = Registry::instance().find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return notOpen(db);
+    }
     Statement text("SELECT kwh,kwl FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 ORDER BY kwh,kwl");
     Run run(text, database->connection());
     return collectKeys(*database, run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last), out);
@@ -189,8 +203,9 @@ Result keys(int db, const KeyRange& range, std::vector<Key>& out)
 Result keys(int db, std::vector<Key>& out)
 {
     auto* database = Registry::instance().find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return notOpen(db);
+    }
     Statement text("SELECT kwh,kwl FROM record ORDER BY kwh,kwl");
     Run run(text, database->connection());
     return collectKeys(*database, run, out);
@@ -199,13 +214,15 @@ Result keys(int db, std::vector<Key>& out)
 Result groups(int db, std::set<int>& out)
 {
     auto* database = Registry::instance().find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return notOpen(db);
+    }
     Statement text("SELECT DISTINCT kwh FROM record");
     Run run(text, database->connection());
     int status = SQLITE_OK;
-    while ((status = run.step()) == SQLITE_ROW)
+    while ((status = run.step()) == SQLITE_ROW) {
         out.insert(run.integer(0));
+    }
     return status == SQLITE_DONE ? Result{} : database->readFailed(status);
 }
 
@@ -213,8 +230,9 @@ Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
 {
     out = {};
     auto* database = Registry::instance().find(db);
-    if (database == nullptr)
+    if (database == nullptr) {
         return notOpen(db);
+    }
     Statement text("SELECT crc FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3");
     Run run(text, database->connection());
     run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
@@ -226,8 +244,9 @@ Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
         sum.mix ^= checksum;
         sum.sum += checksum;
     }
-    if (status != SQLITE_DONE)
+    if (status != SQLITE_DONE) {
         return database->readFailed(status);
+    }
     out = sum;
     return {};
 }
@@ -236,8 +255,9 @@ Result rangesEqual(int a, int b, const KeyRange& range, bool& equal)
 {
     equal = false;
     const Both both(a, b);
-    if (!both.found)
+    if (!both.found) {
         return both.found;
+    }
     bool differs = false;
     Result result = compare(*both.first, *both.second, range, [&](const Difference&) {
         differs = true;
@@ -249,26 +269,32 @@ Result rangesEqual(int a, int b, const KeyRange& range, bool& equal)
 
 Result replaceRange(int from, int to, const KeyRange& range, int* changed)
 {
-    if (changed != nullptr)
+    if (changed != nullptr) {
         *changed = 0;
+    }
     const Both both(from, to);
-    if (!both.found)
+    if (!both.found) {
         return both.found;
+    }
     // The lock comes ahead of the comparison: what is compared must still be there when it is written.
     Transaction transaction(to);
-    if (Result state = transaction.state(); !state)
+    if (Result state = transaction.state(); !state) {
         return state;
+    }
     std::vector<Difference> differing;
     Result result = compare(*both.first, *both.second, range, [&](const Difference& difference) {
         differing.push_back(difference);
         return true;
     });
-    if (result)
+    if (result) {
         result = copyKeys(*both.first, *both.second, range, differing);
-    if (!result)
+    }
+    if (!result) {
         return result;
-    if (changed != nullptr)
+    }
+    if (changed != nullptr) {
         *changed = static_cast<int>(differing.size());
+    }
     return transaction.commit();
 }
 

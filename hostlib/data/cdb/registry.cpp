@@ -18,35 +18,44 @@ int Registry::add(std::unique_ptr<Database> database)
 
 void Registry::close(int db)
 {
-    if (find(db) == nullptr)
+    if (find(db) == nullptr) {
         return;
+    }
     databases[static_cast<std::size_t>(db) - 1].reset();
-    if (currentIndex == db)
+    if (currentIndex == db) {
         currentIndex = -1;
+    }
 }
 
 void Registry::pauseAll()
 {
-    if (pauses++ > 0)
+    if (pauses++ > 0) {
         return;
-    for (const auto& database : databases)
-        if (database)
+    }
+    for (const auto& database : databases) {
+        if (database) {
             database->pause();
+        }
+    }
 }
 
 void Registry::resumeAll()
 {
-    if (--pauses > 0)
+    if (--pauses > 0) {
         return;
-    for (const auto& database : databases)
-        if (database)
+    }
+    for (const auto& database : databases) {
+        if (database) {
             database->resume();
+        }
+    }
 }
 
 Both::Both(int a, int b) : first(Registry::instance().find(a)), second(Registry::instance().find(b))
 {
-    if (first == nullptr || second == nullptr)
+    if (first == nullptr || second == nullptr) {
         found = notOpen(first == nullptr ? a : b);
+    }
 }
 
 } // namespace mrl::cdb

@@ -23,20 +23,24 @@ bool RemovalAhead::find(sqlite3* connection, const Key& key, Removed& out)
         ahead = fewest;
         return false;
     }
-    if (known(key, out))
+    if (known(key, out)) {
         return true;
-    if (streak < longEnough || at < rows.size())
+    }
+    if (streak < longEnough || at < rows.size()) {
         return false; // no run of deletions, or the key does not exist
+    }
     fetch(connection, key);
     return known(key, out);
 }
 
 bool RemovalAhead::known(const Key& key, Removed& out)
 {
-    while (at < rows.size() && rows[at].kwl < key.kwl)
+    while (at < rows.size() && rows[at].kwl < key.kwl) {
         ++at;
-    if (at == rows.size() || rows[at].kwl != key.kwl)
+    }
+    if (at == rows.size() || rows[at].kwl != key.kwl) {
         return false;
+    }
     out = rows[at++].removed;
     return true;
 }
@@ -51,20 +55,23 @@ void RemovalAhead::fetch(sqlite3* connection, const Key& from)
     while (run.row()) {
         ++taken;
         const int kwl = run.integer(0);
-        if (rows.empty() || rows.back().kwl != kwl)
+        if (rows.empty() || rows.back().kwl != kwl) {
             rows.push_back({kwl, {}});
+        }
         ++rows.back().removed.records;
         rows.back().removed.mix ^= static_cast<std::uint32_t>(run.integer(1));
     }
-    if (taken >= ahead)
+    if (taken >= ahead) {
         rows.pop_back(); // it may have more records than were read
+    }
     ahead = std::min(ahead * 4, most);
 }
 
 void RemovalAhead::written(const Key& key)
 {
-    if (at < rows.size() && key.kwh == last.kwh && key.kwl >= rows[at].kwl && key.kwl <= rows.back().kwl)
+    if (at < rows.size() && key.kwh == last.kwh && key.kwl >= rows[at].kwl && key.kwl <= rows.back().kwl) {
         drop();
+    }
 }
 
 void RemovalAhead::drop()

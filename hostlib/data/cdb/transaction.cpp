@@ -18,8 +18,9 @@ struct Transaction::Private
     /// Ends what was begun inside this one and not ended: it cannot outlive it.
     static void endInner(Database& database, std::size_t level)
     {
-        while (database.depth() > level)
+        while (database.depth() > level) {
             database.rollback();
+        }
     }
 };
 
@@ -35,16 +36,18 @@ Transaction::~Transaction() { rollback(); }
 
 Result Transaction::state() const
 {
-    if (const auto* database = d->database())
+    if (const auto* database = d->database()) {
         return database->transactionState();
+    }
     return {Code::NoTransaction, "database " + std::to_string(d->db) + ": the transaction has ended"};
 }
 
 Result Transaction::commit()
 {
     auto* database = d->database();
-    if (database == nullptr)
+    if (database == nullptr) {
         return state();
+    }
     Private::endInner(*database, d->level);
     d->level = 0;
     return database->commit();

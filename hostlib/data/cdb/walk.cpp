@@ -21,10 +21,12 @@ bool before(const Key& a, const Key& b, bool up)
 int Walk::step(sqlite3* connection, Key& key, bool up)
 {
     const bool goesOn = standsOn(key) && up == upward && mark.unchanged();
-    if (goesOn && next(key))
+    if (goesOn && next(key)) {
         return SQLITE_ROW;
-    if (goesOn && complete)
+    }
+    if (goesOn && complete) {
         return SQLITE_DONE;
+    }
     // A start, or a walk that somebody's commit has overtaken: small again, or a writer in a walk would fetch
     // a whole block for each step.
     ahead = goesOn ? std::min(ahead * growth, mostAhead) : fewestAhead;
@@ -35,17 +37,20 @@ int Walk::step(sqlite3* connection, Key& key, bool up)
         drop();
         return status;
     }
-    if (next(key))
+    if (next(key)) {
         return SQLITE_ROW;
+    }
     return SQLITE_DONE;
 }
 
 bool Walk::next(Key& key)
 {
-    while (at < rows.size() && valid && rows[at].key == current)
+    while (at < rows.size() && valid && rows[at].key == current) {
         ++at;
-    if (at >= rows.size())
+    }
+    if (at >= rows.size()) {
         return false;
+    }
     begin = at;
     current = key = rows[at].key;
     currentGone = false;
@@ -67,8 +72,9 @@ int Walk::fill(sqlite3* connection, const Key& from, bool up)
     taken = 0;
     mark.take();
     int status = takeRest(connection, from, up);
-    if (status == SQLITE_DONE && !full())
+    if (status == SQLITE_DONE && !full()) {
         status = takeBeyond(connection, from, up);
+    }
     complete = status == SQLITE_DONE && !full();
     return status == SQLITE_ROW || status == SQLITE_DONE ? SQLITE_OK : status;
 }
@@ -78,9 +84,11 @@ int Walk::takeRest(sqlite3* connection, const Key& from, bool up)
     Run run(withBytes ? restRecords : (up ? restUp : restDown), connection);
     run.bind(1, from.kwh).bind(2, from.kwl).bind(3, ahead);
     int status = SQLITE_OK;
-    while (!full() && (status = run.step()) == SQLITE_ROW)
-        if (!add(run, from.kwh, up))
+    while (!full() && (status = run.step()) == SQLITE_ROW) {
+        if (!add(run, from.kwh, up)) {
             return SQLITE_CORRUPT;
+        }
+    }
     return status;
 }
 
@@ -89,9 +97,11 @@ int Walk::takeBeyond(sqlite3* connection, const Key& from, bool up)
     Run run(withBytes ? beyondRecords : (up ? beyondUp : beyondDown), connection);
     run.bind(1, from.kwh).bind(2, ahead - taken);
     int status = SQLITE_OK;
-    while (!full() && (status = run.step()) == SQLITE_ROW)
-        if (!add(run, run.integer(withBytes ? 3 : 1), up))
+    while (!full() && (status = run.step()) == SQLITE_ROW) {
+        if (!add(run, run.integer(withBytes ? 3 : 1), up)) {
             return SQLITE_CORRUPT;
+        }
+    }
     return status;
 }
 
@@ -100,10 +110,12 @@ bool Walk::add(const Run& run, int kwh, bool up)
     ++taken;
     Row row{{kwh, run.integer(0)}, 0, 0, 0, 0};
     const bool sameKey = !rows.empty() && rows.back().key == row.key;
-    if (sameKey && !withBytes)
+    if (sameKey && !withBytes) {
         return true;
-    if (!sameKey && !before(rows.empty() ? current : rows.back().key, row.key, up))
+    }
+    if (!sameKey && !before(rows.empty() ? current : rows.back().key, row.key, up)) {
         return false;
+    }
     if (withBytes) {
         // The positions of a key count up from 0 without a gap; the checksum, which covers the position,
         // tells when they do not.
@@ -120,11 +132,13 @@ bool Walk::add(const Run& run, int kwh, bool up)
 
 Walk::Serve Walk::find(const Key& key, int behind, Found& out)
 {
-    if (!standsOn(key))
+    if (!standsOn(key)) {
         return Serve::NotHere;
+    }
     wantsBytes = true;
-    if (currentGone || !upward || !mark.unchanged())
+    if (currentGone || !upward || !mark.unchanged()) {
         return Serve::NotHere;
+    }
     if (!withBytes) {
         // A lister has become a reader: the next step shall fetch a block with bytes.
         const auto beyond = std::find_if(rows.begin() + static_cast<std::ptrdiff_t>(begin), rows.end(),
@@ -137,23 +151,27 @@ Walk::Serve Walk::find(const Key& key, int behind, Found& out)
     }
     // A block begins with the first record of a key.
     const std::size_t i = begin + static_cast<std::size_t>(behind + 1);
-    if (i >= rows.size() && !complete)
+    if (i >= rows.size() && !complete) {
         return Serve::NotHere;
-    if (i >= rows.size() || rows[i].key != key)
+    }
+    if (i >= rows.size() || rows[i].key != key) {
         return Serve::EndOfKey;
+    }
     out = {rows[i].position, rows[i].checksum, arena.data() + rows[i].offset, rows[i].size};
     return Serve::FromBlock;
 }
 
 void Walk::written(const Key& key)
 {
-    if (!valid)
+    if (!valid) {
         return;
-    if (key == current)
+    }
+    if (key == current) {
         currentGone = true;
-    else if (before(current, key, upward) &&
-             (complete || (!rows.empty() && !before(rows.back().key, key, upward))))
+    } else if (before(current, key, upward) &&
+               (complete || (!rows.empty() && !before(rows.back().key, key, upward)))) {
         drop();
+    }
 }
 
 void Walk::drop()

@@ -32,8 +32,9 @@ int languageOfDesktop()
 {
     QString locale;
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (locale.isEmpty())
+        if (locale.isEmpty()) {
             locale = qEnvironmentVariable(name);
+        }
     }
     const bool none = locale.isEmpty() || locale.startsWith(QLatin1String("C.")) ||
                       locale == QLatin1String("C") || locale == QLatin1String("POSIX");

@@ -63,8 +63,9 @@ int MRL_H_Dialog::initDialog()
     auto* layout = new MRL_QT_VBoxLayout(this); // owned by this
     const int result = createContents(layout);
     layout->addLayout(makeButtons());
-    if (d->place.x() >= 0 && d->place.y() >= 0)
+    if (d->place.x() >= 0 && d->place.y() >= 0) {
         setGeometry(d->place);
+    }
     initContents();
     return result;
 }
@@ -101,11 +102,13 @@ QLayout* MRL_H_Dialog::makeButtons()
 void MRL_H_Dialog::accept()
 {
     // A second Enter must not save again, neither while a message of the first one waits nor after it.
-    if (d->accepting || d->accepted)
+    if (d->accepting || d->accepted) {
         return;
+    }
     const QScopedValueRollback<bool> guard(d->accepting, true);
-    if (!checkContents() || !saveInOneTransaction())
+    if (!checkContents() || !saveInOneTransaction()) {
         return;
+    }
     d->accepted = true;
     done(Accepted);
 }
@@ -113,8 +116,9 @@ void MRL_H_Dialog::accept()
 bool MRL_H_Dialog::saveInOneTransaction()
 {
     const int db = d->database();
-    if (d->loadFailure)
+    if (d->loadFailure) {
         d->loadFailure = cdb::stickyError(db);
+    }
     if (!d->loadFailure) {
         tellNotSaved(tr("A part of the project could not be read, and saving would delete it."),
                      mrl::ui::failureText(d->loadFailure));
@@ -122,17 +126,21 @@ bool MRL_H_Dialog::saveInOneTransaction()
     }
     const auto failure = [&]() -> cdb::Result {
         cdb::Transaction transaction(db, cdb::Pausable::Yes);
-        if (auto result = transaction.state(); !result)
+        if (auto result = transaction.state(); !result) {
             return result;
-        if (auto result = guarded([this] { saveContents(); }); !result)
+        }
+        if (auto result = guarded([this] { saveContents(); }); !result) {
             return result;
+        }
         // Whatever could not be read meanwhile is missing in what was written.
-        if (auto result = cdb::stickyError(db); !result)
+        if (auto result = cdb::stickyError(db); !result) {
             return result;
+        }
         return transaction.commit();
     }();
-    if (failure)
+    if (failure) {
         return true;
+    }
     // This one has been rolled back; the next attempt is judged by itself.
     cdb::clearStickyError(db);
     tellNotSaved(tr("Saving failed."), mrl::ui::failureText(failure));
@@ -148,8 +156,9 @@ void MRL_H_Dialog::tellNotSaved(const QString& what, const QString& reason)
 
 void MRL_H_Dialog::reject()
 {
-    if (d->accepting)
+    if (d->accepting) {
         return;
+    }
     noOpHook();
     done(Rejected);
 }

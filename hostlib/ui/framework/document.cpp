@@ -27,8 +27,9 @@ FileId fileId(const QString& path)
     struct stat info
     {
     };
-    if (::stat(QFile::encodeName(path).constData(), &info) != 0)
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0) {
         return {};
+    }
     return {info.st_dev, info.st_ino};
 }
 
@@ -44,11 +45,13 @@ class Unclaimed
     Unclaimed(int db, QString newFile) : m_db(db), m_newFile(std::move(newFile)) {}
     ~Unclaimed()
     {
-        if (m_db < 0)
+        if (m_db < 0) {
             return;
+        }
         cdb::close(m_db);
-        if (!m_newFile.isEmpty())
+        if (!m_newFile.isEmpty()) {
             cdb::removeFile(utf8(m_newFile));
+        }
     }
     Unclaimed(const Unclaimed&) = delete;
     Unclaimed& operator=(const Unclaimed&) = delete;
@@ -62,13 +65,16 @@ class Unclaimed
 cdb::Result replaceAll(int from, int to)
 {
     std::set<int> groups;
-    if (auto result = cdb::groups(from, groups); !result)
+    if (auto result = cdb::groups(from, groups); !result) {
         return result;
-    if (auto result = cdb::groups(to, groups); !result)
+    }
+    if (auto result = cdb::groups(to, groups); !result) {
         return result;
+    }
     for (const int kwh : groups) {
-        if (auto result = cdb::replaceRange(from, to, {kwh}); !result)
+        if (auto result = cdb::replaceRange(from, to, {kwh}); !result) {
             return result;
+        }
     }
     return cdb::replaceFacts(from, to);
 }
@@ -82,19 +88,23 @@ MRL_H_ShadowDatabase::Private::~Private() { close(); }
 cdb::Result MRL_H_ShadowDatabase::Private::open(const QString& path)
 {
     auto file = cdb::open(utf8(path));
-    if (file.result.code == cdb::Code::ReadOnly)
+    if (file.result.code == cdb::Code::ReadOnly) {
         file = cdb::openReadOnly(utf8(path));
-    if (!file)
+    }
+    if (!file) {
         return file.result;
+    }
     Unclaimed fileGuard(file.db, QString());
     const auto copy = cdb::copyOf(file.db);
-    if (!copy)
+    if (!copy) {
         return copy.result;
+    }
     Unclaimed copyGuard(copy.db, QString());
     // Of the copy and not of the file, which another program may have changed since.
     mrl::ui::SyncState state;
-    if (auto result = state.reset(copy.db); !result)
+    if (auto result = state.reset(copy.db); !result) {
         return result;
+    }
     copyGuard.claim();
     fileGuard.claim();
     adopt(file.db, copy.db, path, std::move(state));
@@ -104,8 +114,9 @@ cdb::Result MRL_H_ShadowDatabase::Private::open(const QString& path)
 cdb::Result MRL_H_ShadowDatabase::Private::create()
 {
     const auto copy = cdb::openMemory();
-    if (copy)
+    if (copy) {
         adopt(-1, copy.db, QString(), {});
+    }
     return copy.result;
 }
 
@@ -125,11 +136,13 @@ void MRL_H_ShadowDatabase::Private::adopt(int file, int copy, const QString& pat
 
 void MRL_H_ShadowDatabase::Private::close()
 {
-    if (m_copy >= 0 && m_document.index() == m_copy)
+    if (m_copy >= 0 && m_document.index() == m_copy) {
         m_document.attach(-1);
+    }
     for (int* db : {&m_copy, &m_file}) {
-        if (*db >= 0)
+        if (*db >= 0) {
             cdb::close(*db);
+        }
         *db = -1;
     }
     m_path.clear();
@@ -141,8 +154,9 @@ bool MRL_H_ShadowDatabase::Private::isReadOnly() const { return m_file >= 0 && c
 
 bool MRL_H_ShadowDatabase::Private::hasChanges() const
 {
-    if (m_copy < 0)
+    if (m_copy < 0) {
         return false;
+    }
     bool different = true;
     return !m_state.differs(m_copy, different) || different;
 }
@@ -151,32 +165,40 @@ void MRL_H_ShadowDatabase::Private::mark(const cdb::KeyRange& range)
 {
     const bool known = std::any_of(m_marks.begin(), m_marks.end(),
                                    [&](const cdb::KeyRange& other) { return sameRange(other, range); });
-    if (!known)
+    if (!known) {
         m_marks.push_back(range);
+    }
 }
 
 void MRL_H_ShadowDatabase::Private::refresh(const cdb::KeyRange& range, bool keep)
 {
-    if (m_file < 0)
+    if (m_file < 0) {
         return;
+    }
     const auto refreshed = refreshNow(range, keep);
-    if (!refreshed && m_refreshFailure)
+    if (!refreshed && m_refreshFailure) {
         m_refreshFailure = refreshed;
+    }
 }
 
 cdb::Result MRL_H_ShadowDatabase::Private::refreshNow(const cdb::KeyRange& range, bool keep)
 {
-    if (auto result = followFile(); !result)
+    if (auto result = followFile(); !result) {
         return result;
-    if (auto result = m_state.cut(range, m_copy, m_file); !result)
+    }
+    if (auto result = m_state.cut(range, m_copy, m_file); !result) {
         return result;
+    }
     bool edited = false;
-    if (auto result = m_state.differs(m_copy, range, edited); !result)
+    if (auto result = m_state.differs(m_copy, range, edited); !result) {
         return result;
-    if (keep && edited)
+    }
+    if (keep && edited) {
         return {};
-    if (auto result = cdb::replaceRange(m_file, m_copy, range); !result)
+    }
+    if (auto result = cdb::replaceRange(m_file, m_copy, range); !result) {
         return result;
+    }
     return m_state.note(m_copy, range);
 }
 
@@ -184,11 +206,13 @@ cdb::Result MRL_H_ShadowDatabase::Private::refreshNow(const cdb::KeyRange& range
 cdb::Result MRL_H_ShadowDatabase::Private::followFile()
 {
     const auto now = fileId(m_path);
-    if (now == FileId{m_device, m_inode})
+    if (now == FileId{m_device, m_inode}) {
         return {};
+    }
     auto file = cdb::open(utf8(m_path));
-    if (!file)
+    if (!file) {
         return file.result;
+    }
     cdb::close(m_file);
     m_file = file.db;
     m_device = now.device;
@@ -199,13 +223,16 @@ cdb::Result MRL_H_ShadowDatabase::Private::followFile()
 cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::KeyRange>& changed)
 {
     for (const auto& range : m_marks) {
-        if (auto result = m_state.cut(range, m_copy, m_file); !result)
+        if (auto result = m_state.cut(range, m_copy, m_file); !result) {
             return result;
+        }
         bool different = false;
-        if (auto result = m_state.differs(m_file, range, different); !result)
+        if (auto result = m_state.differs(m_file, range, different); !result) {
             return result;
-        if (different)
+        }
+        if (different) {
             changed.push_back(range);
+        }
     }
     return {};
 }
@@ -213,8 +240,9 @@ cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::Ke
 cdb::Result MRL_H_ShadowDatabase::Private::writeMarks()
 {
     for (const auto& range : m_marks) {
-        if (auto result = cdb::replaceRange(m_copy, m_file, range); !result)
+        if (auto result = cdb::replaceRange(m_copy, m_file, range); !result) {
             return result;
+        }
     }
     return {};
 }
@@ -222,51 +250,65 @@ cdb::Result MRL_H_ShadowDatabase::Private::writeMarks()
 mrl::ui::SaveResult MRL_H_ShadowDatabase::Private::save(mrl::ui::OnConflict onConflict)
 {
     using mrl::ui::SaveOutcome;
-    if (m_file < 0)
+    if (m_file < 0) {
         return {SaveOutcome::Failed, {cdb::Code::NoFile, "The project has no file yet."}, {}};
-    if (auto result = followFile(); !result)
+    }
+    if (auto result = followFile(); !result) {
         return {SaveOutcome::Failed, result, {}};
+    }
     // The lock comes first, so that nobody changes the file between the comparison and the writing.
     cdb::Transaction transaction(m_file);
-    if (auto result = transaction.state(); !result)
+    if (auto result = transaction.state(); !result) {
         return {SaveOutcome::Failed, result, {}};
+    }
     std::vector<cdb::KeyRange> changed;
-    if (auto result = checkForConflicts(changed); !result)
+    if (auto result = checkForConflicts(changed); !result) {
         return {SaveOutcome::Failed, result, {}};
-    if (!changed.empty() && onConflict == mrl::ui::OnConflict::Report)
+    }
+    if (!changed.empty() && onConflict == mrl::ui::OnConflict::Report) {
         return {SaveOutcome::Conflict, {}, changed};
-    if (auto result = writeMarks(); !result)
+    }
+    if (auto result = writeMarks(); !result) {
         return {SaveOutcome::Failed, result, {}};
-    if (auto result = transaction.commit(); !result)
+    }
+    if (auto result = transaction.commit(); !result) {
         return {SaveOutcome::Failed, result, {}};
+    }
     // The project is saved. Should this fail, the document only counts as changed still.
-    for (const auto& range : m_marks)
+    for (const auto& range : m_marks) {
         (void)m_state.note(m_copy, range);
+    }
     return {};
 }
 
 cdb::Result MRL_H_ShadowDatabase::Private::saveAs(const QString& path)
 {
-    if (m_copy < 0)
+    if (m_copy < 0) {
         return {cdb::Code::NotOpen, "There is no project to save."};
+    }
     const auto there = fileId(path);
     const bool isNew = there == FileId{};
     auto file = isNew ? cdb::create(utf8(path)) : cdb::open(utf8(path));
-    if (!file)
+    if (!file) {
         return file.result;
+    }
     Unclaimed fileGuard(file.db, isNew ? path : QString());
     {
         cdb::Transaction transaction(file.db);
-        if (auto result = transaction.state(); !result)
+        if (auto result = transaction.state(); !result) {
             return result;
-        if (auto result = replaceAll(m_copy, file.db); !result)
+        }
+        if (auto result = replaceAll(m_copy, file.db); !result) {
             return result;
-        if (auto result = transaction.commit(); !result)
+        }
+        if (auto result = transaction.commit(); !result) {
             return result;
+        }
     }
     mrl::ui::SyncState state;
-    if (auto result = state.reset(m_copy); !result)
+    if (auto result = state.reset(m_copy); !result) {
         return result;
+    }
     fileGuard.claim();
     auto marks = std::move(m_marks);
     adopt(file.db, std::exchange(m_copy, -1), path, std::move(state));

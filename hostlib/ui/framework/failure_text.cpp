@@ -35,8 +35,9 @@ QString failureText(const cdb::Result& failure)
 {
     const QString text = QString::fromStdString(failure.text);
     for (const Wording& wording : WORDINGS) {
-        if (wording.code != failure.code)
+        if (wording.code != failure.code) {
             continue;
+        }
         // The file stands ahead of the reason, and a reason that repeats the sentence holds no colon.
         const int reason = text.lastIndexOf(QLatin1String(": "));
         const QString below = wording.sayingAll && reason > 0 ? text.left(reason) : text;

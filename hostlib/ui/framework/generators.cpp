@@ -29,11 +29,13 @@ QString mrl_h_generatePROG(MRL_H_PluginParameter*, const QString& module, const 
                            const QString& title, int setting, int)
 {
     QString block = QStringLiteral("MODULE ") + module;
-    if (!text.isEmpty())
+    if (!text.isEmpty()) {
         block += QLatin1Char(' ') + quoted(text);
+    }
     block += QLatin1Char('\n');
-    if (!(setting & kCompact) && !title.isEmpty())
+    if (!(setting & kCompact) && !title.isEmpty()) {
         block += QStringLiteral("TITLE ") + quoted(title) + QLatin1Char('\n');
+    }
     return block;
 }
 

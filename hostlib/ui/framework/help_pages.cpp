@@ -11,8 +11,9 @@ QStringList helpFolders()
 {
     QStringList folders;
     const QString wanted = qEnvironmentVariable("MRL_HELP_PATH");
-    if (!wanted.isEmpty())
+    if (!wanted.isEmpty()) {
         folders << wanted.split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    }
     const QString beside = libraryFolder();
     // Installed, with and without a folder for the machine's architecture between; then the build tree.
     folders << beside + QStringLiteral("/../share/mrl/help")
@@ -23,15 +24,17 @@ QStringList helpFolders()
 QString helpPage(const QString& book, const QString& topic)
 {
     QStringList languages;
-    if (!translationLanguage().isEmpty())
+    if (!translationLanguage().isEmpty()) {
         languages << translationLanguage();
+    }
     languages << QStringLiteral("en");
     const auto folders = helpFolders();
     for (const QString& language : qAsConst(languages)) {
         for (const QString& folder : folders) {
             const QFileInfo page(QStringLiteral("%1/%2/%3/%4.html").arg(folder, language, book, topic));
-            if (page.isFile())
+            if (page.isFile()) {
                 return page.canonicalFilePath();
+            }
         }
     }
     return QString();

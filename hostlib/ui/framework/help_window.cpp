@@ -40,10 +40,11 @@ HelpWindow::HelpWindow(QWidget* owner)
 
 void HelpWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Cancel))
+    if (event->matches(QKeySequence::Cancel)) {
         close();
-    else
+    } else {
         QWidget::keyPressEvent(event);
+    }
 }
 
 HelpWindow* HelpWindow::of(QWidget* owner)
@@ -52,8 +53,9 @@ HelpWindow* HelpWindow::of(QWidget* owner)
     const auto windows = window ? window->findChildren<HelpWindow*>(QString(), Qt::FindDirectChildrenOnly)
                                 : QList<HelpWindow*>();
     for (HelpWindow* known : windows) {
-        if (known->isVisible())
+        if (known->isVisible()) {
             return known;
+        }
     }
     return new HelpWindow(window); // deletes itself on closing
 }
@@ -61,10 +63,11 @@ HelpWindow* HelpWindow::of(QWidget* owner)
 void HelpWindow::showPage(const QString& book, const QString& topic)
 {
     const QString page = helpPage(book, topic);
-    if (page.isEmpty())
+    if (page.isEmpty()) {
         m_browser->setPlainText(tr("There is no help on \"%1\" in the book \"%2\".").arg(topic, book));
-    else
+    } else {
         m_browser->setSource(QUrl::fromLocalFile(page));
+    }
     followTitle();
     show();
     raise();
@@ -103,8 +106,9 @@ QLayout* HelpWindow::makeBar()
 // From the cursor on, and once more from the top.
 void HelpWindow::find()
 {
-    if (m_search->text().isEmpty() || m_browser->find(m_search->text()))
+    if (m_search->text().isEmpty() || m_browser->find(m_search->text())) {
         return;
+    }
     m_browser->moveCursor(QTextCursor::Start);
     m_browser->find(m_search->text());
 }

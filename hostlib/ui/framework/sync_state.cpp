@@ -26,8 +26,9 @@ SyncState::Pieces& SyncState::piecesOf(int kwh)
 {
     auto& pieces = m_groups[kwh];
     // A group that the project didn't have is empty on both sides.
-    if (pieces.empty())
+    if (pieces.empty()) {
         pieces.push_back({{kwh}, {}, true});
+    }
     return pieces;
 }
 
@@ -35,11 +36,13 @@ cdb::Result SyncState::reset(int db)
 {
     m_groups.clear();
     std::set<int> groups;
-    if (auto result = cdb::groups(db, groups); !result)
+    if (auto result = cdb::groups(db, groups); !result) {
         return result;
+    }
     for (const int kwh : groups) {
-        if (auto result = note(db, {kwh}); !result)
+        if (auto result = note(db, {kwh}); !result) {
             return result;
+        }
     }
     return {};
 }
@@ -47,10 +50,12 @@ cdb::Result SyncState::reset(int db)
 cdb::Result SyncState::cut(const cdb::KeyRange& range, int document, int file)
 {
     auto& pieces = piecesOf(range.kwh);
-    if (auto result = cutBefore(pieces, range.first, document, file); !result)
+    if (auto result = cutBefore(pieces, range.first, document, file); !result) {
         return result;
-    if (range.last == INT32_MAX)
+    }
+    if (range.last == INT32_MAX) {
         return {};
+    }
     return cutBefore(pieces, range.last + 1, document, file);
 }
 
@@ -59,18 +64,22 @@ cdb::Result SyncState::cutBefore(Pieces& pieces, int kwl, int document, int file
     const auto found = std::find_if(pieces.begin(), pieces.end(), [kwl](const Piece& piece) {
         return piece.range.first < kwl && kwl <= piece.range.last;
     });
-    if (found == pieces.end())
+    if (found == pieces.end()) {
         return {};
+    }
     const Piece whole = *found;
     Piece lower{{whole.range.kwh, whole.range.first, kwl - 1}, {}, false};
     Piece upper{{whole.range.kwh, kwl, whole.range.last}, {}, false};
     for (const int db : {document, file}) {
-        if (!whole.known || lower.known || db < 0)
+        if (!whole.known || lower.known || db < 0) {
             continue;
-        if (auto result = cdb::fingerprint(db, lower.range, lower.common); !result)
+        }
+        if (auto result = cdb::fingerprint(db, lower.range, lower.common); !result) {
             return result;
-        if (auto result = cdb::fingerprint(db, upper.range, upper.common); !result)
+        }
+        if (auto result = cdb::fingerprint(db, upper.range, upper.common); !result) {
             return result;
+        }
         lower.known = upper.known = together(lower.common, upper.common) == whole.common;
     }
     *found = upper;
@@ -81,8 +90,9 @@ cdb::Result SyncState::cutBefore(Pieces& pieces, int kwl, int document, int file
 cdb::Result SyncState::pieceDiffers(int db, const Piece& piece, bool& different)
 {
     different = true;
-    if (!piece.known)
+    if (!piece.known) {
         return {};
+    }
     cdb::Fingerprint now;
     auto result = cdb::fingerprint(db, piece.range, now);
     different = !result || now != piece.common;
@@ -93,13 +103,16 @@ cdb::Result SyncState::differs(int db, const cdb::KeyRange& range, bool& differe
 {
     different = false;
     const auto group = m_groups.find(range.kwh);
-    if (group == m_groups.end())
+    if (group == m_groups.end()) {
         return pieceDiffers(db, {range, {}, true}, different);
+    }
     for (const Piece& piece : group->second) {
-        if (!overlap(piece.range, range))
+        if (!overlap(piece.range, range)) {
             continue;
-        if (auto result = pieceDiffers(db, piece, different); !result || different)
+        }
+        if (auto result = pieceDiffers(db, piece, different); !result || different) {
             return result;
+        }
     }
     return {};
 }
@@ -108,14 +121,17 @@ cdb::Result SyncState::differs(int db, bool& different) const
 {
     different = true;
     std::set<int> groups;
-    if (auto result = cdb::groups(db, groups); !result)
+    if (auto result = cdb::groups(db, groups); !result) {
         return result;
-    for (const auto& group : m_groups)
+    }
+    for (const auto& group : m_groups) {
         groups.insert(group.first);
+    }
     different = false;
     for (const int kwh : groups) {
-        if (auto result = differs(db, {kwh}, different); !result || different)
+        if (auto result = differs(db, {kwh}, different); !result || different) {
             return result;
+        }
     }
     return {};
 }
@@ -123,12 +139,14 @@ cdb::Result SyncState::differs(int db, bool& different) const
 cdb::Result SyncState::note(int db, const cdb::KeyRange& range)
 {
     for (Piece& piece : piecesOf(range.kwh)) {
-        if (!overlap(piece.range, range))
+        if (!overlap(piece.range, range)) {
             continue;
+        }
         auto result = cdb::fingerprint(db, piece.range, piece.common);
         piece.known = static_cast<bool>(result);
-        if (!result)
+        if (!result) {
             return result;
+        }
     }
     return {};
 }

@@ -21,8 +21,9 @@ void MRL_T_Liste::Append(const QString& text)
     // A line feed ends a line; the last one needs none.
     const QString ended = text.endsWith(QLatin1Char('\n')) ? text.chopped(1) : text;
     const auto lines = ended.split(QLatin1Char('\n'));
-    for (const QString& line : lines)
+    for (const QString& line : lines) {
         d->lines << (line.endsWith(QLatin1Char('\r')) ? line.chopped(1) : line);
+    }
 }
 
 void MRL_T_Liste::Append(const char* text) { Append(QString::fromUtf8(text)); }
@@ -31,8 +32,9 @@ MRL_T_Liste::Line MRL_T_Liste::GetLast() const { return count() - 1; }
 
 void MRL_T_Liste::Delete(Line line)
 {
-    if (line >= 0 && line < count())
+    if (line >= 0 && line < count()) {
         d->lines.removeAt(line);
+    }
 }
 
 const MRL_T_String& MRL_T_Liste::name() const { return d->name; }

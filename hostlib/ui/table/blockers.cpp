@@ -11,26 +11,30 @@ void MRL_QT_SignalBlocker::unblock()
 {
     QObject* object = m_object;
     m_object = nullptr;
-    if (object == nullptr || m_before)
+    if (object == nullptr || m_before) {
         return;
+    }
     object->blockSignals(false);
-    if (auto* table = qobject_cast<MRL_H_TableWidget*>(object))
+    if (auto* table = qobject_cast<MRL_H_TableWidget*>(object)) {
         MRL_H_TableWidget::Private::of(*table).catchUp();
+    }
 }
 
 MRL_QT_UpdateBlocker::MRL_QT_UpdateBlocker(MRL_QT_TableWidget* table)
     : m_table(table), m_before(table != nullptr && !table->updatesEnabled())
 {
-    if (m_table != nullptr && !m_before)
+    if (m_table != nullptr && !m_before) {
         m_table->setUpdatesEnabled(false);
+    }
 }
 
 MRL_QT_UpdateBlocker::~MRL_QT_UpdateBlocker() { unblock(); }
 
 void MRL_QT_UpdateBlocker::unblock()
 {
-    if (m_table != nullptr && !m_before)
+    if (m_table != nullptr && !m_before) {
         m_table->setUpdatesEnabled(true);
+    }
     m_table = nullptr;
 }
 

@@ -23,8 +23,9 @@ mrl::table::CellPool& poolFor(std::size_t size)
 {
     static auto* const pools = [] {
         auto* made = new std::array<std::unique_ptr<mrl::table::CellPool>, largestCell / alignment + 1>;
-        for (std::size_t i = 0; i < made->size(); ++i)
+        for (std::size_t i = 0; i < made->size(); ++i) {
             (*made)[i] = std::make_unique<mrl::table::CellPool>(i * alignment);
+        }
         return made; // never deleted, see above
     }();
     return *(*pools)[(size + alignment - 1) / alignment];
@@ -74,8 +75,9 @@ void* MRL_H_TwItem::operator new(std::size_t size)
 
 void MRL_H_TwItem::operator delete(void* cell, std::size_t size)
 {
-    if (!pooled || size > largestCell)
+    if (!pooled || size > largestCell) {
         ::operator delete(cell);
-    else if (cell != nullptr)
+    } else if (cell != nullptr) {
         poolFor(size).giveBack(cell);
+    }
 }

@@ -58,8 +58,9 @@ MRL_QT_TableWidgetItem::MRL_QT_TableWidgetItem(int type) : QTableWidgetItem(type
 
 void MRL_QT_TableWidgetItem::setEnabled(bool enabled)
 {
-    if (enabled != MRL_QT_TableWidgetItem::isEnabled())
+    if (enabled != MRL_QT_TableWidgetItem::isEnabled()) {
         setFlags(enabled ? flags() | Qt::ItemIsEditable : flags() & ~Qt::ItemIsEditable);
+    }
 }
 
 bool MRL_QT_TableWidgetItem::isEnabled() const { return (flags() & Qt::ItemIsEditable) != 0; }
@@ -69,14 +70,16 @@ MRL_H_TwItem::MRL_H_TwItem(int type) : MRL_H_TwItem(type, nullptr) {}
 MRL_H_TwItem::MRL_H_TwItem(int type, MRL_H_TwColumn* column)
     : MRL_QT_TableWidgetItem(type), m_column(MRL_H_TwColumn::acquire(column))
 {
-    if (column != nullptr && !column->enabled)
+    if (column != nullptr && !column->enabled) {
         assignFlags(*this, false);
+    }
 }
 
 MRL_H_TwItem::~MRL_H_TwItem()
 {
-    if ((m_state & Access::Unsorted) != 0 && m_column != nullptr && m_column->table != nullptr)
+    if ((m_state & Access::Unsorted) != 0 && m_column != nullptr && m_column->table != nullptr) {
         MRL_H_TableWidget::Private::of(*m_column->table).forgetUnsorted(*this);
+    }
     MRL_H_TwColumn::release(m_column);
 }
 
@@ -94,8 +97,9 @@ void MRL_H_TwCellAccess::applyFlags(MRL_H_TwItem& cell) { assignFlags(cell, cell
 
 void MRL_H_TwItem::setEnabled(bool enabled)
 {
-    if (enabled == ((m_state & Access::Disabled) == 0))
+    if (enabled == ((m_state & Access::Disabled) == 0)) {
         return;
+    }
     m_state = static_cast<quint8>(m_state ^ Access::Disabled);
     assignFlags(*this, isEnabled());
     MRL_H_TableWidget::Private::looksChanged(*this);
@@ -113,15 +117,18 @@ QVariant MRL_H_TwItem::data(int role) const
     case Qt::EditRole:
         return value();
     case Qt::ForegroundRole:
-        if ((m_state & Access::TextRed) != 0)
+        if ((m_state & Access::TextRed) != 0) {
             return QBrush(Qt::red);
-        if ((m_state & Access::TextBlack) != 0)
+        }
+        if ((m_state & Access::TextBlack) != 0) {
             return QBrush(Qt::black);
+        }
         break;
     case Qt::TextAlignmentRole:
-        if (m_column != nullptr)
+        if (m_column != nullptr) {
             return static_cast<int>((m_column->isNumber() ? Qt::AlignRight : m_column->alignment) |
                                     Qt::AlignVCenter);
+        }
         break;
     case Qt::ToolTipRole:
         return m_extra ? QVariant(m_extra->toolTip) : QVariant();
@@ -134,10 +141,13 @@ QVariant MRL_H_TwItem::data(int role) const
     default:
         break;
     }
-    if (m_extra)
-        for (const auto& entry : m_extra->roles)
-            if (entry.first == role)
+    if (m_extra) {
+        for (const auto& entry : m_extra->roles) {
+            if (entry.first == role) {
                 return entry.second;
+            }
+        }
+    }
     return role == Qt::BackgroundRole && !isEnabled() ? QVariant(disabledShade()) : QVariant();
 }
 
@@ -150,8 +160,9 @@ void MRL_H_TwItem::setData(int role, const QVariant& value)
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        if (assign(value))
+        if (assign(value)) {
             valueChanged();
+        }
         return;
     case Qt::ForegroundRole:
         setForeground(value.isValid() ? value.value<QBrush>() : QBrush());
@@ -172,39 +183,46 @@ void MRL_H_TwItem::setData(int role, const QVariant& value)
 
 void MRL_H_TwItem::setRole(int role, const QVariant& value)
 {
-    if (!m_extra && !value.isValid())
+    if (!m_extra && !value.isValid()) {
         return;
-    if (!m_extra)
+    }
+    if (!m_extra) {
         m_extra = std::make_unique<Extra>();
+    }
     auto& roles = m_extra->roles;
     const auto found =
         std::find_if(roles.begin(), roles.end(), [role](const auto& r) { return r.first == role; });
-    if (found == roles.end() && value.isValid())
+    if (found == roles.end() && value.isValid()) {
         roles.emplace_back(role, value);
-    else if (found != roles.end() && value.isValid())
+    } else if (found != roles.end() && value.isValid()) {
         found->second = value;
-    else if (found != roles.end())
+    } else if (found != roles.end()) {
         roles.erase(found);
+    }
     dropEmptyExtra();
-    if (role < Qt::UserRole)
+    if (role < Qt::UserRole) {
         MRL_H_TableWidget::Private::looksChanged(*this);
+    }
 }
 
 void MRL_H_TwItem::dropEmptyExtra()
 {
-    if (m_extra && m_extra->roles.empty() && m_extra->toolTip.isEmpty())
+    if (m_extra && m_extra->roles.empty() && m_extra->toolTip.isEmpty()) {
         m_extra.reset();
+    }
 }
 
 void MRL_H_TwItem::setForeground(const QBrush& brush)
 {
     quint8 colour = 0;
-    if (isPlainColour(brush, Qt::red))
+    if (isPlainColour(brush, Qt::red)) {
         colour = Access::TextRed;
-    else if (isPlainColour(brush, Qt::black))
+    } else if (isPlainColour(brush, Qt::black)) {
         colour = Access::TextBlack;
-    if (colour != 0 && (m_state & colour) != 0)
+    }
+    if (colour != 0 && (m_state & colour) != 0) {
         return;
+    }
     m_state = static_cast<quint8>((m_state & ~(Access::TextRed | Access::TextBlack)) | colour);
     setRole(Qt::ForegroundRole, colour != 0 || brush.style() == Qt::NoBrush ? QVariant() : QVariant(brush));
     MRL_H_TableWidget::Private::looksChanged(*this);
@@ -212,10 +230,12 @@ void MRL_H_TwItem::setForeground(const QBrush& brush)
 
 void MRL_H_TwItem::setToolTip(const QString& toolTip)
 {
-    if (m_extra ? m_extra->toolTip == toolTip : toolTip.isEmpty())
+    if (m_extra ? m_extra->toolTip == toolTip : toolTip.isEmpty()) {
         return;
-    if (!m_extra)
+    }
+    if (!m_extra) {
         m_extra = std::make_unique<Extra>();
+    }
     m_extra->toolTip = toolTip;
     dropEmptyExtra();
 }
@@ -233,11 +253,13 @@ void MRL_H_TwItem::valueChanged() { MRL_H_TableWidget::Private::valueChanged(*th
 bool MRL_H_TwItem::operator<(const QTableWidgetItem& other) const
 {
     const MRL_H_TwItem* right = fromItem(&other);
-    if (right == nullptr)
+    if (right == nullptr) {
         return shownText() < other.text();
+    }
     const auto* a = MRL_H_TwSimpleLineEditItem::fromItem(this);
     const auto* b = MRL_H_TwSimpleLineEditItem::fromItem(right);
-    if (a != nullptr && b != nullptr && m_column->isNumber() && right->m_column->isNumber())
+    if (a != nullptr && b != nullptr && m_column->isNumber() && right->m_column->isNumber()) {
         return numberLess(MRL_H_TwCellAccess::number(*a), MRL_H_TwCellAccess::number(*b));
+    }
     return shownText() < right->shownText();
 }

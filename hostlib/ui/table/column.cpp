@@ -10,15 +10,17 @@ void MRL_H_TwColumn::setEntries(const std::list<ComboList>& list)
     entries.assign(list.begin(), list.end());
     entryOfId.clear();
     entryOfId.reserve(static_cast<int>(entries.size()));
-    for (int i = static_cast<int>(entries.size()) - 1; i >= 0; --i)
+    for (int i = static_cast<int>(entries.size()) - 1; i >= 0; --i) {
         entryOfId.insert(entries[static_cast<std::size_t>(i)].id, i);
+    }
 }
 
 QString MRL_H_TwColumn::textOfId(int entryId) const
 {
     const auto found = entryOfId.constFind(entryId);
-    if (found != entryOfId.constEnd())
+    if (found != entryOfId.constEnd()) {
         return entries[static_cast<std::size_t>(*found)].text;
+    }
     return entryId == -1 ? QString() : QString::number(entryId);
 }
 
@@ -26,8 +28,9 @@ QHash<int, QString> MRL_H_TwColumn::textsById() const
 {
     QHash<int, QString> texts;
     texts.reserve(entryOfId.size());
-    for (auto i = entryOfId.constBegin(); i != entryOfId.constEnd(); ++i)
+    for (auto i = entryOfId.constBegin(); i != entryOfId.constEnd(); ++i) {
         texts.insert(i.key(), entries[static_cast<std::size_t>(*i)].text);
+    }
     return texts;
 }
 
@@ -35,12 +38,16 @@ QSet<int> MRL_H_TwColumn::idsOfOtherText(const QHash<int, QString>& before) cons
 {
     const auto numberText = [](int entryId) { return entryId == -1 ? QString() : QString::number(entryId); };
     QSet<int> other;
-    for (auto i = entryOfId.constBegin(); i != entryOfId.constEnd(); ++i)
-        if (before.value(i.key(), numberText(i.key())) != entries[static_cast<std::size_t>(*i)].text)
+    for (auto i = entryOfId.constBegin(); i != entryOfId.constEnd(); ++i) {
+        if (before.value(i.key(), numberText(i.key())) != entries[static_cast<std::size_t>(*i)].text) {
             other.insert(i.key());
-    for (auto i = before.constBegin(); i != before.constEnd(); ++i)
-        if (!entryOfId.contains(i.key()) && *i != numberText(i.key()))
+        }
+    }
+    for (auto i = before.constBegin(); i != before.constEnd(); ++i) {
+        if (!entryOfId.contains(i.key()) && *i != numberText(i.key())) {
             other.insert(i.key());
+        }
+    }
     return other;
 }
 
@@ -48,8 +55,9 @@ const ComboList* MRL_H_TwColumn::entryOfText(const QString& text) const
 {
     const auto exact =
         std::find_if(entries.begin(), entries.end(), [&](const ComboList& e) { return e.text == text; });
-    if (exact != entries.end())
+    if (exact != entries.end()) {
         return &*exact;
+    }
     const QString bare = text.trimmed();
     const auto loose = std::find_if(entries.begin(), entries.end(), [&](const ComboList& e) {
         return e.text.trimmed().compare(bare, Qt::CaseInsensitive) == 0;
@@ -59,10 +67,12 @@ const ComboList* MRL_H_TwColumn::entryOfText(const QString& text) const
 
 QString MRL_H_TwColumn::numberText(double number) const
 {
-    if (kind == Kind::Whole)
+    if (kind == Kind::Whole) {
         return mrl::table::wholeNumberText(number);
-    if (number == description.value && !description.text.isNull())
+    }
+    if (number == description.value && !description.text.isNull()) {
         return description.text;
+    }
     Worded& worded = m_worded[std::hash<double>()(number) % m_worded.size()];
     if (worded.text.isNull() || worded.number != number) {
         worded.number = number;

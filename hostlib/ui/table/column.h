@@ -44,14 +44,16 @@ struct MRL_H_TwColumn
 
     static MRL_H_TwColumn* acquire(MRL_H_TwColumn* column)
     {
-        if (column != nullptr)
+        if (column != nullptr) {
             ++column->references;
+        }
         return column;
     }
     static void release(MRL_H_TwColumn* column)
     {
-        if (column != nullptr && --column->references == 0)
+        if (column != nullptr && --column->references == 0) {
             delete column; // the last of the header and the cells that count themselves in here
+        }
     }
 
   private:

@@ -37,9 +37,11 @@ bool MRL_H_TwSimpleComboBoxItem::assign(const QVariant& v) { return enterText(v.
 bool MRL_H_TwSimpleComboBoxItem::enterText(const QString& text, bool dryRun)
 {
     const ComboList* entry = text == shownText() ? nullptr : column()->entryOfText(text);
-    if (entry == nullptr || entry->id == m_id)
+    if (entry == nullptr || entry->id == m_id) {
         return false;
-    if (!dryRun)
+    }
+    if (!dryRun) {
         m_id = entry->id;
+    }
     return true;
 }

@@ -16,12 +16,14 @@ MRL_H_TwEntry entryFrom(const MRL_H_TwItem& cell)
     constexpr int allDigits = 9; // of a number in single precision
     MRL_H_TwEntry entry;
     entry.text = MRL_H_TwCellAccess::text(cell);
-    if (const auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(&cell))
+    if (const auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(&cell)) {
         entry.id = combo->getCurrentId();
+    }
     const auto* number = MRL_H_TwSimpleLineEditItem::fromItem(&cell);
     const auto kind = MRL_H_TwCellAccess::column(cell)->kind;
-    if (number != nullptr && kind == MRL_H_TwColumn::Kind::Factor && !entry.text.isEmpty())
+    if (number != nullptr && kind == MRL_H_TwColumn::Kind::Factor && !entry.text.isEmpty()) {
         entry.text = QString::number(number->getVal(nullptr), 'g', allDigits);
+    }
     return entry;
 }
 
@@ -29,8 +31,9 @@ MRL_H_TwEntry entryFrom(const MRL_H_TwItem& cell)
 /// into them several times.
 std::vector<int> targets(const std::vector<int>& all, const std::vector<int>& selected, std::size_t size)
 {
-    if (selected.size() > size && selected.size() % size == 0)
+    if (selected.size() > size && selected.size() % size == 0) {
         return selected;
+    }
     const auto first = std::lower_bound(all.begin(), all.end(), selected.front());
     const auto count = std::min(size, static_cast<std::size_t>(all.end() - first));
     return {first, first + static_cast<std::ptrdiff_t>(count)};
@@ -42,11 +45,13 @@ std::vector<int> MRL_H_TableWidget::Private::selectedColumns() const
 {
     std::vector<int> columns;
     const QItemSelection selection = table.selectionModel()->selection();
-    for (const int column : shownColumns())
+    for (const int column : shownColumns()) {
         if (std::any_of(selection.begin(), selection.end(), [column](const QItemSelectionRange& range) {
                 return range.left() <= column && column <= range.right();
-            }))
+            })) {
             columns.push_back(column);
+        }
+    }
     return columns;
 }
 
@@ -54,25 +59,33 @@ void MRL_H_TableWidget::Private::copy(bool withHeaders) const
 {
     const std::vector<int> rows = selectedRows();
     const std::vector<int> columns = selectedColumns();
-    if (rows.empty() || columns.empty())
+    if (rows.empty() || columns.empty()) {
         return;
+    }
     std::vector<QStringList> block(rows.size());
-    for (QStringList& line : block)
-        for (std::size_t i = 0; i < columns.size(); ++i)
+    for (QStringList& line : block) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
             line.append(QString());
+        }
+    }
     for (const QItemSelectionRange& range : table.selectionModel()->selection()) {
         auto line =
             static_cast<std::size_t>(std::lower_bound(rows.begin(), rows.end(), range.top()) - rows.begin());
-        for (int row = range.top(); row <= range.bottom(); ++row, ++line)
-            for (std::size_t i = 0; i < columns.size(); ++i)
-                if (range.left() <= columns[i] && columns[i] <= range.right())
-                    if (const QTableWidgetItem* item = table.item(row, columns[i]))
+        for (int row = range.top(); row <= range.bottom(); ++row, ++line) {
+            for (std::size_t i = 0; i < columns.size(); ++i) {
+                if (range.left() <= columns[i] && columns[i] <= range.right()) {
+                    if (const QTableWidgetItem* item = table.item(row, columns[i])) {
                         block[line][static_cast<int>(i)] = item->text();
+                    }
+                }
+            }
+        }
     }
     if (withHeaders) {
         QStringList captions;
-        for (const int column : columns)
+        for (const int column : columns) {
             captions.append(table.model()->headerData(column, Qt::Horizontal).toString());
+        }
         block.insert(block.begin(), captions);
     }
     QApplication::clipboard()->setText(mrl::table::toTabSeparated(block));
@@ -91,13 +104,16 @@ void MRL_H_TableWidget::pasteClipboard()
         rows = {currentRow()};
         columns = {currentColumn()};
     }
-    if (block.empty() || rows.empty() || columns.empty())
+    if (block.empty() || rows.empty() || columns.empty()) {
         return;
+    }
 
     std::vector<int> allRows;
-    for (int row = rows.front(); row < rowCount(); ++row)
-        if (!isRowHidden(row))
+    for (int row = rows.front(); row < rowCount(); ++row) {
+        if (!isRowHidden(row)) {
             allRows.push_back(row);
+        }
+    }
     std::vector<int> allColumns = d->shownColumns();
     const auto width = static_cast<std::size_t>(
         std::max_element(block.begin(), block.end(), [](const auto& a, const auto& b) {
@@ -108,11 +124,13 @@ void MRL_H_TableWidget::pasteClipboard()
     std::vector<int> selectedPlaces;
     for (std::size_t i = 0; i < allColumns.size(); ++i) {
         shownPlaces[i] = static_cast<int>(i);
-        if (std::find(columns.begin(), columns.end(), allColumns[i]) != columns.end())
+        if (std::find(columns.begin(), columns.end(), allColumns[i]) != columns.end()) {
             selectedPlaces.push_back(static_cast<int>(i));
+        }
     }
-    if (selectedPlaces.empty())
+    if (selectedPlaces.empty()) {
         return;
+    }
     const std::vector<int> toRows = targets(allRows, rows, block.size());
     const std::vector<int> toPlaces = targets(shownPlaces, selectedPlaces, width);
 
@@ -123,8 +141,9 @@ void MRL_H_TableWidget::pasteClipboard()
         for (std::size_t c = 0; c < toPlaces.size(); ++c) {
             const int field = static_cast<int>(c % width);
             const int column = allColumns[static_cast<std::size_t>(toPlaces[c])];
-            if (field < line.size())
+            if (field < line.size()) {
                 entries.push_back({toRows[r], column, line.at(field), std::nullopt});
+            }
         }
     }
     if (toRows != rows || toPlaces != selectedPlaces) {
@@ -142,16 +161,20 @@ void MRL_H_TableWidget::fillDown()
     const std::vector<int> rows = d->selectedRows();
     std::vector<MRL_H_TwEntry> entries;
     std::vector<std::pair<int, MRL_H_TwEntry>> sources;
-    for (const int column : d->selectedColumns())
-        if (!rows.empty())
-            if (const MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item(rows.front(), column)))
+    for (const int column : d->selectedColumns()) {
+        if (!rows.empty()) {
+            if (const MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item(rows.front(), column))) {
                 sources.emplace_back(column, entryFrom(*cell));
-    for (std::size_t r = 1; r < rows.size(); ++r)
+            }
+        }
+    }
+    for (std::size_t r = 1; r < rows.size(); ++r) {
         for (const auto& [column, source] : sources) {
             entries.push_back(source);
             entries.back().row = rows[r];
             entries.back().column = column;
         }
+    }
     d->enter(entries);
 }
 

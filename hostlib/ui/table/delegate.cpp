@@ -27,9 +27,11 @@ MRL_H_TwItem* cellOf(const QModelIndex& index)
 
 MRL_H_TableWidget* tableAround(const QWidget* editor)
 {
-    for (QWidget* widget = editor->parentWidget(); widget != nullptr; widget = widget->parentWidget())
-        if (auto* table = qobject_cast<MRL_H_TableWidget*>(widget))
+    for (QWidget* widget = editor->parentWidget(); widget != nullptr; widget = widget->parentWidget()) {
+        if (auto* table = qobject_cast<MRL_H_TableWidget*>(widget)) {
             return table;
+        }
+    }
     return nullptr;
 }
 
@@ -49,8 +51,9 @@ QColor between(const QColor& a, const QColor& b)
 int widthOfChoices(const QComboBox& combo)
 {
     int text = 0;
-    for (int i = 0; i < combo.count(); ++i)
+    for (int i = 0; i < combo.count(); ++i) {
         text = std::max(text, combo.fontMetrics().horizontalAdvance(combo.itemText(i)));
+    }
     QStyleOptionComboBox option;
     option.initFrom(&combo);
     option.frame = combo.hasFrame();
@@ -94,8 +97,9 @@ QWidget* MRL_H_DelegateItem::createEditor(QWidget* parent, const QStyleOptionVie
                                           const QModelIndex& index) const
 {
     const MRL_H_TwItem* cell = cellOf(index);
-    if (cell == nullptr)
+    if (cell == nullptr) {
         return QStyledItemDelegate::createEditor(parent, option, index);
+    }
     const MRL_H_TwColumn& column = *MRL_H_TwCellAccess::column(*cell);
     const auto lineEdit = [&column](QWidget* owner) {
         auto* edit = new MRL_H_LineEdit(owner, column.description, "cell editor", {}, {}, true);
@@ -104,8 +108,9 @@ QWidget* MRL_H_DelegateItem::createEditor(QWidget* parent, const QStyleOptionVie
     };
     if (cell->type() == MRL_H_TwItem::LineEditCell) {
         QLineEdit* edit = lineEdit(parent);
-        if (!column.isNumber() && column.description.secondBound > 0.0)
+        if (!column.isNumber() && column.description.secondBound > 0.0) {
             edit->setMaxLength(static_cast<int>(column.description.secondBound));
+        }
         edit->setAlignment(column.isNumber() ? Qt::AlignRight | Qt::AlignVCenter : column.alignment);
         return edit;
     }
@@ -119,15 +124,17 @@ QWidget* MRL_H_DelegateItem::createEditor(QWidget* parent, const QStyleOptionVie
         combo->setCompleter(nullptr);
         return combo;
     }
-    for (const ComboList& entry : column.entries)
+    for (const ComboList& entry : column.entries) {
         combo->addItem(entry.text, entry.id);
+    }
     combo->setWidthTextEnabled(true);
     auto* self = const_cast<MRL_H_DelegateItem*>(this); // Qt makes editors through a const delegate
     // The list is a window of its own, where the Delete key must not reach the commands of the page either.
     combo->view()->installEventFilter(self);
     QObject::connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, combo] {
-        if (!combo->property(listOpenProperty).toBool())
+        if (!combo->property(listOpenProperty).toBool()) {
             return; // stepping through the entries with the arrow keys
+        }
         emit self->commitData(combo);
         emit self->closeEditor(combo, NoHint);
     });
@@ -145,17 +152,21 @@ void MRL_H_DelegateItem::setEditorData(QWidget* editor, const QModelIndex& index
     // A repaint of the whole table comes here too. It must not take away what is being typed.
     if (edit != nullptr) {
         const QString text = MRL_H_TwCellAccess::text(*cell);
-        if (editor->property(loadedProperty).toString() == text && editor->property(loadedProperty).isValid())
+        if (editor->property(loadedProperty).toString() == text &&
+            editor->property(loadedProperty).isValid()) {
             return;
+        }
         editor->setProperty(loadedProperty, text);
         edit->setText(text);
     } else if (const auto* choice = MRL_H_TwSimpleComboBoxItem::fromItem(cell)) {
-        if (editor->property(loadedProperty) == QVariant(choice->getCurrentId()))
+        if (editor->property(loadedProperty) == QVariant(choice->getCurrentId())) {
             return;
+        }
         editor->setProperty(loadedProperty, choice->getCurrentId());
         auto* combo = static_cast<MRL_QT4_ComboBox*>(editor);
-        if (!combo->setCurrentId(choice->getCurrentId()))
+        if (!combo->setCurrentId(choice->getCurrentId())) {
             combo->setCurrentIndex(-1);
+        }
     }
 }
 
@@ -171,11 +182,13 @@ void MRL_H_DelegateItem::setModelData(QWidget* editor, QAbstractItemModel* model
     MRL_H_TableWidget::Private& d = MRL_H_TableWidget::Private::of(*table);
     const QVariant loaded = editor->property(loadedProperty);
     if (const QLineEdit* edit = lineEditOf(editor)) {
-        if (edit->text() != loaded.toString())
+        if (edit->text() != loaded.toString()) {
             d.enterFromEditor(index, edit->text(), std::nullopt);
+        }
     } else if (const auto* combo = qobject_cast<MRL_QT4_ComboBox*>(editor)) {
-        if (combo->currentIndex() >= 0 && combo->getCurrentId() != loaded.toInt())
+        if (combo->currentIndex() >= 0 && combo->getCurrentId() != loaded.toInt()) {
             d.enterFromEditor(index, {}, combo->getCurrentId());
+        }
     }
 }
 
@@ -184,13 +197,15 @@ void MRL_H_DelegateItem::updateEditorGeometry(QWidget* editor, const QStyleOptio
 {
     QStyledItemDelegate::updateEditorGeometry(editor, option, index);
     const auto* combo = qobject_cast<QComboBox*>(editor);
-    if (combo == nullptr || combo->isEditable())
+    if (combo == nullptr || combo->isEditable()) {
         return;
+    }
     // A column fits the texts alone; beside them the arrow has no room.
     QRect place = editor->geometry();
     const int missing = widthOfChoices(*combo) - place.width();
-    if (missing <= 0)
+    if (missing <= 0) {
         return;
+    }
     const int roomRight = editor->parentWidget()->width() - 1 - place.right();
     const int toLeft = std::clamp(missing - roomRight, 0, std::max(place.left(), 0));
     editor->setGeometry(place.adjusted(-toLeft, 0, missing - toLeft, 0));
@@ -206,8 +221,9 @@ QString MRL_H_DelegateItem::displayText(const QVariant& value, const QLocale& lo
 QSize MRL_H_DelegateItem::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const MRL_H_TwItem* cell = cellOf(index);
-    if (cell == nullptr)
+    if (cell == nullptr) {
         return QStyledItemDelegate::sizeHint(option, index);
+    }
     return {option.fontMetrics.horizontalAdvance(MRL_H_TwCellAccess::text(*cell)) + 2 * cellTextMargin,
             option.fontMetrics.height() + cellTextMargin};
 }
@@ -216,13 +232,15 @@ void MRL_H_DelegateItem::initStyleOption(QStyleOptionViewItem* option, const QMo
 {
     QStyledItemDelegate::initStyleOption(option, index);
     const MRL_H_TwItem* cell = cellOf(index);
-    if (cell == nullptr)
+    if (cell == nullptr) {
         return;
+    }
     const quint8 state = MRL_H_TwCellAccess::state(*cell);
     const QPalette normal = option->widget != nullptr ? option->widget->palette() : option->palette;
     // Black is what the rules call normal; on a dark desktop that is another colour.
-    if ((state & MRL_H_TwCellAccess::TextBlack) != 0)
+    if ((state & MRL_H_TwCellAccess::TextBlack) != 0) {
         option->palette.setBrush(QPalette::Text, normal.text());
+    }
     // A wrong value is seen in a selected cell too.
     if ((state & MRL_H_TwCellAccess::TextRed) != 0 && (option->state & QStyle::State_Selected) != 0) {
         option->palette.setColor(QPalette::HighlightedText, Qt::red);
@@ -241,10 +259,11 @@ bool MRL_H_DelegateItem::eventFilter(QObject* object, QEvent* event)
     auto* view = qobject_cast<QAbstractItemView*>(object);
     if (view != nullptr) { // the list of a combo editor
         auto* combo = qobject_cast<QComboBox*>(view->parentWidget()->parentWidget());
-        if (combo != nullptr && event->type() == QEvent::Show)
+        if (combo != nullptr && event->type() == QEvent::Show) {
             combo->setProperty(listOpenProperty, true);
-        else if (combo != nullptr && event->type() == QEvent::Hide)
+        } else if (combo != nullptr && event->type() == QEvent::Hide) {
             QTimer::singleShot(0, combo, [combo] { combo->setProperty(listOpenProperty, false); });
+        }
         return false;
     }
     auto* editor = qobject_cast<QWidget*>(object);
@@ -255,8 +274,9 @@ bool MRL_H_DelegateItem::eventFilter(QObject* object, QEvent* event)
             MRL_H_TableWidget::Private::of(*table).leaveEditor(step->rows, step->columns,
                                                                [this, guarded = QPointer<QWidget>(editor)] {
                                                                    emit commitData(guarded);
-                                                                   if (guarded != nullptr)
+                                                                   if (guarded != nullptr) {
                                                                        emit closeEditor(guarded, NoHint);
+                                                                   }
                                                                });
             return true;
         }

@@ -8,8 +8,9 @@ constexpr int textFormat = -15;
 
 MRL_H_TwColumn::Kind kindOfFormat(int format)
 {
-    if (format == textFormat)
+    if (format == textFormat) {
         return MRL_H_TwColumn::Kind::Text;
+    }
     return format == wholeNumberFormat ? MRL_H_TwColumn::Kind::Whole : MRL_H_TwColumn::Kind::Factor;
 }
 
@@ -36,11 +37,13 @@ int MRL_H_TwHeaderItem::id() const { return m_column->id; }
 
 void MRL_H_TwHeaderItem::setColumnEnabled(bool enabled)
 {
-    if (m_column->enabled == enabled)
+    if (m_column->enabled == enabled) {
         return;
+    }
     m_column->enabled = enabled;
-    if (m_column->table != nullptr)
+    if (m_column->table != nullptr) {
         MRL_H_TableWidget::Private::of(*m_column->table).applyColumnFlags(*m_column);
+    }
 }
 
 bool MRL_H_TwHeaderItem::isColumnEnabled() const { return m_column->enabled; }
@@ -96,6 +99,7 @@ void MRL_H_TwHeaderComboBoxItem::setComboEntries(const std::list<ComboList>& ent
     const QHash<int, QString> before = column()->textsById();
     column()->setEntries(entries);
     const QSet<int> changed = column()->idsOfOtherText(before);
-    if (!changed.isEmpty() && column()->table != nullptr)
+    if (!changed.isEmpty() && column()->table != nullptr) {
         MRL_H_TableWidget::Private::of(*column()->table).comboTextsChanged(*column(), changed);
+    }
 }

@@ -11,15 +11,17 @@ constexpr int defaultMaxLength = 32767; ///< QLineEdit's own
 
 QString textOf(const StrLineEdit& description, double value)
 {
-    if (value == description.value && !description.text.isNull())
+    if (value == description.value && !description.text.isNull()) {
         return description.text;
+    }
     return mrl_h_getDimStringFromVal(value, description.format, description.precision);
 }
 
 bool allows(const StrLineEdit& description, double value)
 {
-    if (description.format == wholeNumberFormat && value != std::floor(value))
+    if (description.format == wholeNumberFormat && value != std::floor(value)) {
         return false;
+    }
     return description.firstBound >= description.secondBound ||
            (value >= description.firstBound && value <= description.secondBound);
 }
@@ -45,8 +47,9 @@ MRL_H_LineEdit::MRL_H_LineEdit(QWidget* parent, const StructLineEdit& descriptio
     connect(this, &QLineEdit::editingFinished, this, [this] {
         bool ok = false;
         const double value = getVal(&ok);
-        if (!ok && d->description.format != textFormat)
+        if (!ok && d->description.format != textFormat) {
             setText(textOf(d->description, value));
+        }
     });
 }
 
@@ -59,10 +62,11 @@ void MRL_H_LineEdit::updateVal(const StrLineEdit& description)
     d->description = description;
     const bool limited = description.format == textFormat && description.secondBound > 0.0;
     setMaxLength(limited ? static_cast<int>(description.secondBound) : defaultMaxLength);
-    if (description.format == textFormat)
+    if (description.format == textFormat) {
         setText(description.text);
-    else
+    } else {
         setVal(description.value);
+    }
 }
 
 double MRL_H_LineEdit::getVal(bool* ok) const
@@ -70,10 +74,12 @@ double MRL_H_LineEdit::getVal(bool* ok) const
     const bool named = !d->description.text.isNull() && text() == d->description.text;
     const auto number = named ? std::optional<double>(d->description.value) : mrl::table::parseNumber(text());
     const bool valid = number.has_value() && (named || allows(d->description, *number));
-    if (ok != nullptr)
+    if (ok != nullptr) {
         *ok = valid;
-    if (valid)
+    }
+    if (valid) {
         d->last = *number;
+    }
     return d->last;
 }
 

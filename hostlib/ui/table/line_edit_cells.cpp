@@ -40,8 +40,9 @@ const MRL_H_TwSimpleLineEditItem* MRL_H_TwSimpleLineEditItem::fromItem(const QTa
 
 void MRL_H_TwSimpleLineEditItem::setText(const QString& text)
 {
-    if (assignText(text))
+    if (assignText(text)) {
         valueChanged();
+    }
 }
 
 void MRL_H_TwSimpleLineEditItem::setVal(float number)
@@ -49,15 +50,17 @@ void MRL_H_TwSimpleLineEditItem::setVal(float number)
     const bool changed = column()->isNumber()
                              ? assignNumber(static_cast<double>(number))
                              : assignText(mrl_h_getDimStringFromVal(static_cast<double>(number), -3, -1));
-    if (changed)
+    if (changed) {
         valueChanged();
+    }
 }
 
 double MRL_H_TwSimpleLineEditItem::getVal(bool* ok) const
 {
     const auto parsed = column()->isNumber() ? std::optional<double>(m_number) : parseNumber(m_text);
-    if (ok != nullptr)
+    if (ok != nullptr) {
         *ok = parsed.has_value();
+    }
     return parsed.value_or(0.0);
 }
 
@@ -79,8 +82,9 @@ bool MRL_H_TwSimpleLineEditItem::assignText(const QString& text)
         const auto number = text.isEmpty() ? std::optional<double>(undefinedValue) : parseNumber(text);
         return number.has_value() && assignNumber(*number);
     }
-    if (m_text == text)
+    if (m_text == text) {
         return false;
+    }
     m_text = text;
     return true;
 }
@@ -88,8 +92,9 @@ bool MRL_H_TwSimpleLineEditItem::assignText(const QString& text)
 bool MRL_H_TwSimpleLineEditItem::assignNumber(double number)
 {
     const double kept = column()->kept(number);
-    if (sameNumber(m_number, kept))
+    if (sameNumber(m_number, kept)) {
         return false;
+    }
     m_number = kept;
     return true;
 }
@@ -102,20 +107,24 @@ bool MRL_H_TwSimpleLineEditItem::assign(const QVariant& v)
 
 bool MRL_H_TwSimpleLineEditItem::enterText(const QString& text, bool dryRun)
 {
-    if (text == shownText())
+    if (text == shownText()) {
         return false;
+    }
     if (!column()->isNumber()) {
         const int most = static_cast<int>(column()->description.secondBound);
         const QString taken = most > 0 ? text.left(most) : text;
         return dryRun ? taken != m_text : assignText(taken);
     }
     const auto number = parseNumber(text);
-    if (!number.has_value() || !column()->allows(*number))
+    if (!number.has_value() || !column()->allows(*number)) {
         return false;
-    if (column()->kind == MRL_H_TwColumn::Kind::Whole && *number != std::floor(*number))
+    }
+    if (column()->kind == MRL_H_TwColumn::Kind::Whole && *number != std::floor(*number)) {
         return false;
-    if (!std::isfinite(column()->kept(*number)))
+    }
+    if (!std::isfinite(column()->kept(*number))) {
         return false;
+    }
     return dryRun ? !sameNumber(m_number, column()->kept(*number)) : assignNumber(*number);
 }
 
@@ -138,8 +147,9 @@ const MRL_H_TwEditableComboBoxItem* MRL_H_TwEditableComboBoxItem::fromItem(const
 
 bool MRL_H_TwEditableComboBoxItem::setCurrentId(int id)
 {
-    if (id != -1 && id != 0)
+    if (id != -1 && id != 0) {
         return false;
+    }
     const bool own = id == 0;
     m_showNext = !own;
     if (m_own != own) {
@@ -167,8 +177,9 @@ bool MRL_H_TwEditableComboBoxItem::enterText(const QString& text, bool dryRun)
 {
     if (!text.isEmpty() && !parseNumber(text).has_value()) {
         const bool had = m_own;
-        if (!dryRun)
+        if (!dryRun) {
             assign(text);
+        }
         return had;
     }
     return MRL_H_TwSimpleLineEditItem::enterText(text, dryRun);

@@ -31,10 +31,12 @@ QString withDecimalPoint(QString text)
 {
     const int commas = text.count(QLatin1Char(','));
     const int points = text.count(QLatin1Char('.'));
-    if (commas == 0 && points <= 1)
+    if (commas == 0 && points <= 1) {
         return text;
-    if (points == 0 && commas == 1)
+    }
+    if (points == 0 && commas == 1) {
         return text.replace(QLatin1Char(','), QLatin1Char('.'));
+    }
 
     const bool commaIsDecimal =
         commas == 1 && text.lastIndexOf(QLatin1Char(',')) > text.lastIndexOf(QLatin1Char('.'));
@@ -42,12 +44,14 @@ QString withDecimalPoint(QString text)
         points == 1 && text.lastIndexOf(QLatin1Char('.')) > text.lastIndexOf(QLatin1Char(','));
     const QChar decimal = commaIsDecimal ? QLatin1Char(',') : pointIsDecimal ? QLatin1Char('.') : QChar();
     const QChar grouping = commas > (commaIsDecimal ? 1 : 0) ? QLatin1Char(',') : QLatin1Char('.');
-    if (decimal.isNull() && commas > 0 && points > 0)
+    if (decimal.isNull() && commas > 0 && points > 0) {
         return {};
+    }
     const int end = decimal.isNull() ? text.size() : text.indexOf(decimal);
     QString whole = text.left(end);
-    if (!isGrouped(whole, grouping))
+    if (!isGrouped(whole, grouping)) {
         return {};
+    }
     const QString fraction = decimal.isNull() ? QString() : QLatin1Char('.') + text.mid(end + 1);
     return whole.remove(grouping) + fraction;
 }
@@ -59,8 +63,9 @@ int decimalsNeeded(double value)
     const int e = digits.indexOf('e');
     const int exponent = digits.mid(e + 1).toInt();
     int last = e - 1;
-    while (digits.at(last) == '0')
+    while (digits.at(last) == '0') {
         --last;
+    }
     const int fraction = digits.at(last) == '.' ? 0 : last - digits.indexOf('.');
     return std::max(0, fraction - exponent);
 }
@@ -68,13 +73,16 @@ int decimalsNeeded(double value)
 QString factorText(double value, int precision)
 {
     const double shown = static_cast<double>(static_cast<float>(value));
-    if (!std::isfinite(shown))
+    if (!std::isfinite(shown)) {
         return QString::number(shown);
-    if (shown == 0.0)
+    }
+    if (shown == 0.0) {
         return QString::number(0.0, 'f', std::max(0, precision));
+    }
     const int needed = decimalsNeeded(shown);
-    if (needed > longestFraction || std::fabs(shown) >= std::pow(10.0, longestInteger))
+    if (needed > longestFraction || std::fabs(shown) >= std::pow(10.0, longestInteger)) {
         return QString::number(shown, 'g', significantDigits);
+    }
     return QString::number(shown, 'f', std::max(needed, precision));
 }
 
@@ -87,18 +95,21 @@ std::optional<double> parseNumber(const QString& text)
     const QString plain = withDecimalPoint(text.trimmed());
     bool ok = false;
     const double value = plain.toDouble(&ok);
-    if (!ok || !std::isfinite(value))
+    if (!ok || !std::isfinite(value)) {
         return std::nullopt;
+    }
     return value;
 }
 
 QString wholeNumberText(double value)
 {
-    if (value == undefinedValue)
+    if (value == undefinedValue) {
         return {};
+    }
     constexpr double largestExact = 9007199254740992.0; // 2^53
-    if (std::fabs(value) <= largestExact && std::trunc(value) == value)
+    if (std::fabs(value) <= largestExact && std::trunc(value) == value) {
         return QString::number(static_cast<qint64>(value));
+    }
     return QString::number(value, 'f', 0);
 }
 
@@ -106,7 +117,8 @@ QString wholeNumberText(double value)
 
 QString mrl_h_getDimStringFromVal(double value, int format, int precision)
 {
-    if (value == mrl::table::undefinedValue)
+    if (value == mrl::table::undefinedValue) {
         return {};
+    }
     return format == wholeNumberFormat ? mrl::table::wholeNumberText(value) : factorText(value, precision);
 }

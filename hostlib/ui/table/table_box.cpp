@@ -6,6 +6,7 @@ MRL_H_TableWidgetBox::MRL_H_TableWidgetBox(MRL_H_TableWidget* table, QWidget* pa
     setObjectName(QString::fromLatin1(name));
     setFrameShape(QFrame::NoFrame);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    if (table != nullptr)
+    if (table != nullptr) {
         table->setParent(this);
+    }
 }

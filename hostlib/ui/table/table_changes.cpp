@@ -21,8 +21,9 @@ MRL_H_TableWidget::Private::Private(MRL_H_TableWidget& owner) : table(owner)
     QObject::connect(model, &QAbstractItemModel::dataChanged, &context,
                      [this](const QModelIndex& from, const QModelIndex& to) { modelChanged(from, to); });
     QObject::connect(model, &QAbstractItemModel::rowsInserted, &context, [this] {
-        if (!appending)
+        if (!appending) {
             noteAllUnsorted();
+        }
     });
     QObject::connect(model, &QAbstractItemModel::modelReset, &context, [this] {
         clearUnsorted();
@@ -39,19 +40,21 @@ MRL_H_TableWidget::Private::~Private() = default;
 void MRL_H_TableWidget::Private::valueChanged(MRL_H_TwItem& cell)
 {
     const MRL_H_TwColumn* column = MRL_H_TwCellAccess::column(cell);
-    if (cell.tableWidget() != nullptr && column != nullptr && column->table == cell.tableWidget())
+    if (cell.tableWidget() != nullptr && column != nullptr && column->table == cell.tableWidget()) {
         of(*column->table).noteChange(cell);
-    else if (cell.tableWidget() != nullptr)
+    } else if (cell.tableWidget() != nullptr) {
         cell.tableWidget()->viewport()->update();
+    }
 }
 
 void MRL_H_TableWidget::Private::looksChanged(const MRL_H_TwItem& cell)
 {
     const MRL_H_TwColumn* column = MRL_H_TwCellAccess::column(cell);
-    if (cell.tableWidget() != nullptr && column != nullptr && column->table == cell.tableWidget())
+    if (cell.tableWidget() != nullptr && column != nullptr && column->table == cell.tableWidget()) {
         of(*column->table).noteLooks();
-    else if (cell.tableWidget() != nullptr)
+    } else if (cell.tableWidget() != nullptr) {
         cell.tableWidget()->viewport()->update();
+    }
 }
 
 int MRL_H_TableWidget::Private::rowOf(const MRL_H_TwItem& cell) const
@@ -60,31 +63,37 @@ int MRL_H_TableWidget::Private::rowOf(const MRL_H_TwItem& cell) const
     const int rows = table.rowCount();
     int& seen = MRL_H_TwCellAccess::row(cell);
     for (int distance = 0; seen >= 0 && distance <= nearRows; ++distance) {
-        if (table.item(seen + distance, column) == &cell)
+        if (table.item(seen + distance, column) == &cell) {
             return seen += distance;
-        if (table.item(seen - distance, column) == &cell)
+        }
+        if (table.item(seen - distance, column) == &cell) {
             return seen -= distance;
+        }
     }
     seen = -1;
-    for (int row = 0; row < rows; ++row)
-        if (const MRL_H_TwItem* other = MRL_H_TwItem::fromItem(table.item(row, column)))
+    for (int row = 0; row < rows; ++row) {
+        if (const MRL_H_TwItem* other = MRL_H_TwItem::fromItem(table.item(row, column))) {
             MRL_H_TwCellAccess::row(*other) = row;
+        }
+    }
     return seen;
 }
 
 void MRL_H_TableWidget::Private::noteChange(MRL_H_TwItem& cell)
 {
     const int column = MRL_H_TwCellAccess::column(cell)->position;
-    if (column == sortColumn)
+    if (column == sortColumn) {
         noteUnsorted(cell);
+    }
     if (table.signalsBlocked()) {
         valuesDirty = true;
         noteLooks();
         return;
     }
     const int row = rowOf(cell);
-    if (row >= 0)
+    if (row >= 0) {
         report(row, column, &cell);
+    }
 }
 
 void MRL_H_TableWidget::Private::noteLooks()
@@ -94,8 +103,9 @@ void MRL_H_TableWidget::Private::noteLooks()
         return;
     }
     looksDirty = true;
-    if (catchUpPosted)
+    if (catchUpPosted) {
         return;
+    }
     // Not everybody blocks signals with this library's blocker, which calls catchUp() itself.
     catchUpPosted = true;
     QMetaObject::invokeMethod(
@@ -113,38 +123,46 @@ void MRL_H_TableWidget::Private::report(int row, int column, QTableWidgetItem* i
     const QPointer<MRL_H_TableWidget> alive(&table);
     const QModelIndex index = table.model()->index(row, column);
     emit table.model()->dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
-    if (alive != nullptr)
+    if (alive != nullptr) {
         emit table.itemChanged(item);
-    if (alive != nullptr)
+    }
+    if (alive != nullptr) {
         emit table.cellChanged(row, column);
+    }
 }
 
 void MRL_H_TableWidget::Private::modelChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight)
 {
-    if (topLeft != bottomRight)
+    if (topLeft != bottomRight) {
         return;
+    }
     QTableWidgetItem* item = table.item(topLeft.row(), topLeft.column());
     if (MRL_H_TwItem::fromItem(item) != nullptr) {
         // Put here by setItem, or reported by its table, which knows whether it is out of order.
-        if (topLeft.column() == sortColumn && reports == 0)
+        if (topLeft.column() == sortColumn && reports == 0) {
             noteAllUnsorted();
+        }
         return;
     }
-    if (topLeft.column() == sortColumn)
+    if (topLeft.column() == sortColumn) {
         noteAllUnsorted();
-    if (item == nullptr || table.signalsBlocked())
+    }
+    if (item == nullptr || table.signalsBlocked()) {
         return;
+    }
     const MRL_H_TwReportScope scope(*this); // a plain item: told as QTableWidget tells it
     const QPointer<MRL_H_TableWidget> alive(&table);
     emit table.itemChanged(item);
-    if (alive != nullptr)
+    if (alive != nullptr) {
         emit table.cellChanged(topLeft.row(), topLeft.column());
+    }
 }
 
 void MRL_H_TableWidget::Private::catchUp()
 {
-    if (table.signalsBlocked())
+    if (table.signalsBlocked()) {
         return;
+    }
     if (valuesDirty && table.rowCount() > 0 && table.columnCount() > 0) {
         const QAbstractItemModel* model = table.model();
         emit table.model()->dataChanged(model->index(0, 0),

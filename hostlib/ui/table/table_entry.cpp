@@ -10,11 +10,13 @@ namespace {
 
 bool enterInto(MRL_H_TwItem& cell, const MRL_H_TwEntry& entry, bool dryRun)
 {
-    if (!entry.id.has_value())
+    if (!entry.id.has_value()) {
         return MRL_H_TwCellAccess::enterText(cell, entry.text, dryRun);
+    }
     auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(&cell);
-    if (combo == nullptr || combo->getCurrentId() == *entry.id)
+    if (combo == nullptr || combo->getCurrentId() == *entry.id) {
         return false;
+    }
     return dryRun || MRL_H_TwCellAccess::enterId(*combo, *entry.id);
 }
 
@@ -29,10 +31,12 @@ void MRL_H_TableWidget::Private::enter(const std::vector<MRL_H_TwEntry>& entries
         return cell != nullptr && cell->isEnabled() ? cell : nullptr;
     };
     std::size_t last = entries.size();
-    for (std::size_t i = entries.size(); i-- > 0 && last == entries.size();)
+    for (std::size_t i = entries.size(); i-- > 0 && last == entries.size();) {
         if (MRL_H_TwItem* cell = editableCell(entries[i]);
-            cell != nullptr && enterInto(*cell, entries[i], true))
+            cell != nullptr && enterInto(*cell, entries[i], true)) {
             last = i;
+        }
+    }
 
     // Whoever judges the selected rows at each report judges each row once so, and not all rows each time.
     QItemSelectionModel& selection = *table.selectionModel();
@@ -45,19 +49,22 @@ void MRL_H_TableWidget::Private::enter(const std::vector<MRL_H_TwEntry>& entries
     bool narrowed = false;
     for (std::size_t i = 0; i < entries.size() && alive != nullptr; ++i) {
         MRL_H_TwItem* cell = editableCell(entries[i]);
-        if (cell == nullptr || !enterInto(*cell, entries[i], false))
+        if (cell == nullptr || !enterInto(*cell, entries[i], false)) {
             continue;
+        }
         MRL_H_TwCellAccess::row(*cell) = entries[i].row;
         const QModelIndex index = table.model()->index(entries[i].row, entries[i].column);
-        if (alone && i != last)
+        if (alone && i != last) {
             select(QItemSelection(index, index));
-        else if (narrowed)
+        } else if (narrowed) {
             select(whole);
+        }
         narrowed = alone && i != last;
         noteChange(*cell);
     }
-    if (alive != nullptr && narrowed)
+    if (alive != nullptr && narrowed) {
         select(whole);
+    }
 }
 
 void MRL_H_TableWidget::Private::enterFromEditor(const QModelIndex& index, const QString& text,
@@ -68,8 +75,9 @@ void MRL_H_TableWidget::Private::enterFromEditor(const QModelIndex& index, const
         const std::vector<int> rows = selectedRows();
         if (rows.size() > 1) {
             entries.clear();
-            for (const int row : rows)
+            for (const int row : rows) {
                 entries.push_back({row, index.column(), text, id});
+            }
         }
     }
     keepSelectionOnLeave = entries.size() > 1;
@@ -79,11 +87,14 @@ void MRL_H_TableWidget::Private::enterFromEditor(const QModelIndex& index, const
 std::vector<int> MRL_H_TableWidget::Private::selectedRows() const
 {
     std::vector<int> rows;
-    for (const QItemSelectionRange& range : table.selectionModel()->selection())
-        for (int row = range.top(); row <= range.bottom(); ++row)
+    for (const QItemSelectionRange& range : table.selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
             rows.push_back(row);
-    if (!std::is_sorted(rows.begin(), rows.end()))
+        }
+    }
+    if (!std::is_sorted(rows.begin(), rows.end())) {
         std::sort(rows.begin(), rows.end());
+    }
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     return rows;
 }
@@ -92,8 +103,10 @@ std::vector<int> MRL_H_TableWidget::Private::shownColumns() const
 {
     std::vector<int> columns;
     const QHeaderView* header = table.horizontalHeader();
-    for (int visual = 0; visual < header->count(); ++visual)
-        if (const int column = header->logicalIndex(visual); !header->isSectionHidden(column))
+    for (int visual = 0; visual < header->count(); ++visual) {
+        if (const int column = header->logicalIndex(visual); !header->isSectionHidden(column)) {
             columns.push_back(column);
+        }
+    }
     return columns;
 }

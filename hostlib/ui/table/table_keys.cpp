@@ -22,8 +22,9 @@ bool matches(const QKeyEvent& event, const QKeySequence& key)
 /// A key that starts the editing of a cell.
 bool startsTyping(const QKeyEvent& event)
 {
-    if (event.key() == Qt::Key_F2)
+    if (event.key() == Qt::Key_F2) {
         return true;
+    }
     const bool command =
         (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
     return !command && !event.text().isEmpty() && event.text().at(0).isPrint();
@@ -41,37 +42,43 @@ QModelIndex MRL_H_TableWidget::Private::typingIndex() const
 {
     const QModelIndex current = table.currentIndex();
     if (isEditable(current) || !current.isValid() ||
-        !table.selectionModel()->isRowSelected(current.row(), QModelIndex()))
+        !table.selectionModel()->isRowSelected(current.row(), QModelIndex())) {
         return current;
-    for (const int column : shownColumns())
-        if (const QModelIndex index = current.sibling(current.row(), column); isEditable(index))
+    }
+    for (const int column : shownColumns()) {
+        if (const QModelIndex index = current.sibling(current.row(), column); isEditable(index)) {
             return index;
+        }
+    }
     return current;
 }
 
 QModelIndex MRL_H_TableWidget::Private::neighbour(const QModelIndex& index, int rows, int columns) const
 {
-    if (!index.isValid())
+    if (!index.isValid()) {
         return index;
+    }
     int row = index.row();
     const std::vector<int> shown = shownColumns();
     const auto found = std::find(shown.begin(), shown.end(), index.column());
     int place = static_cast<int>(found - shown.begin()) + columns;
     const int count = static_cast<int>(shown.size());
-    if (count == 0)
+    if (count == 0) {
         return index;
+    }
     if (place >= count || place < 0) {
         rows += place < 0 ? -1 : 1;
         place = place < 0 ? count - 1 : 0;
     }
     const int step = rows < 0 ? -1 : 1;
     if (rows != 0) {
-        do
+        do {
             row += step;
-        while (row >= 0 && row < table.rowCount() && table.isRowHidden(row));
+        } while (row >= 0 && row < table.rowCount() && table.isRowHidden(row));
     }
-    if (row < 0 || row >= table.rowCount())
+    if (row < 0 || row >= table.rowCount()) {
         return index;
+    }
     return index.sibling(row, shown[static_cast<std::size_t>(place)]);
 }
 
@@ -82,12 +89,14 @@ void MRL_H_TableWidget::Private::leaveEditor(int rows, int columns, const std::f
     const QPersistentModelIndex next = neighbour(table.currentIndex(), rows, columns);
     keepSelectionOnLeave = false;
     commit();
-    if (alive == nullptr || !next.isValid())
+    if (alive == nullptr || !next.isValid()) {
         return;
-    if (!keepSelectionOnLeave)
+    }
+    if (!keepSelectionOnLeave) {
         table.setCurrentIndex(next);
-    else if (columns != 0) // the next value for the same rows
+    } else if (columns != 0) { // the next value for the same rows
         table.selectionModel()->setCurrentIndex(next, QItemSelectionModel::NoUpdate);
+    }
 }
 
 void MRL_H_TableWidget::keyPressEvent(QKeyEvent* event)
@@ -98,8 +107,9 @@ void MRL_H_TableWidget::keyPressEvent(QKeyEvent* event)
     }
     const bool back = (event->modifiers() & Qt::ShiftModifier) != 0;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (currentIndex().isValid())
+        if (currentIndex().isValid()) {
             setCurrentIndex(d->neighbour(currentIndex(), back ? -1 : 1, 0));
+        }
     } else if (event->key() == Qt::Key_Escape) {
         // eaten: Esc must not reject the dialog around the table
     } else if (event->matches(QKeySequence::Copy)) {
@@ -111,8 +121,9 @@ void MRL_H_TableWidget::keyPressEvent(QKeyEvent* event)
     } else if (matches(*event, fillDownKey)) {
         fillDown();
     } else {
-        if (startsTyping(*event) && d->typingIndex() != currentIndex())
+        if (startsTyping(*event) && d->typingIndex() != currentIndex()) {
             selectionModel()->setCurrentIndex(d->typingIndex(), QItemSelectionModel::NoUpdate);
+        }
         MRL_QT_TableWidget::keyPressEvent(event);
         return;
     }
@@ -134,8 +145,9 @@ void MRL_H_TableWidget::mousePressEvent(QMouseEvent* event)
 void MRL_H_TableWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->pos());
-    if (index.isValid() && d->pressedIndex == index && event->button() == Qt::LeftButton)
+    if (index.isValid() && d->pressedIndex == index && event->button() == Qt::LeftButton) {
         selectionModel()->select(d->pressedSelection, QItemSelectionModel::ClearAndSelect);
+    }
     MRL_QT_TableWidget::mouseDoubleClickEvent(event);
     d->openListOnRelease = state() == EditingState;
 }
@@ -145,12 +157,15 @@ void MRL_H_TableWidget::mouseReleaseEvent(QMouseEvent* event)
     MRL_QT_TableWidget::mouseReleaseEvent(event);
     const bool open = d->openListOnRelease && state() == EditingState;
     d->openListOnRelease = false;
-    if (!open)
+    if (!open) {
         return;
+    }
     // Editors that have been closed wait for their deletion, hidden.
-    for (auto* combo : viewport()->findChildren<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly))
-        if (combo->isVisible() && !combo->isEditable())
+    for (auto* combo : viewport()->findChildren<MRL_QT4_ComboBox*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (combo->isVisible() && !combo->isEditable()) {
             combo->showPopup();
+        }
+    }
 }
 
 void MRL_H_TableWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
@@ -159,9 +174,11 @@ void MRL_H_TableWidget::selectionChanged(const QItemSelection& selected, const Q
     // A header that emphasises selected rows walks through all pieces of the selection for each row it
     // paints.
     const bool emphasise = selectionModel()->selection().size() <= mostEmphasisedRanges;
-    for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
-        if (header->highlightSections() != emphasise)
+    for (QHeaderView* header : {horizontalHeader(), verticalHeader()}) {
+        if (header->highlightSections() != emphasise) {
             header->setHighlightSections(emphasise);
+        }
+    }
 }
 
 void MRL_H_TableWidget::contextMenuEvent(QContextMenuEvent* event)
@@ -176,8 +193,9 @@ MRL_QT_Menu* MRL_H_TableWidget::getContextMenu()
         d->updateMenu();
         return d->menu;
     }
-    if (d->menu != nullptr)
-        d->menu->deleteLater();                    // it may still be closing
+    if (d->menu != nullptr) {
+        d->menu->deleteLater(); // it may still be closing
+    }
     d->menu = new MRL_QT_Menu(this, "table menu"); // child of this
     const auto add = [this](const QString& text, const QKeySequence& key, const char* name, auto slot) {
         auto* action = new MRL_QT_Action(text, key, d->menu.data(), name); // child of the menu
@@ -212,11 +230,12 @@ void MRL_H_TableWidget::Private::updateMenu()
     for (QAction* action : menu->actions()) {
         const QString name = action->objectName();
         if (name == QLatin1String("table copy") || name == QLatin1String("table copy with headers") ||
-            name == QLatin1String("table delete rows"))
+            name == QLatin1String("table delete rows")) {
             action->setEnabled(selected);
-        else if (name == QLatin1String("table fill down"))
+        } else if (name == QLatin1String("table fill down")) {
             action->setEnabled(selectedRows().size() > 1);
-        else if (name == QLatin1String("table paste"))
+        } else if (name == QLatin1String("table paste")) {
             action->setEnabled(table.currentIndex().isValid());
+        }
     }
 }

@@ -134,8 +134,9 @@ class MRL_H_TwReportScope
     explicit MRL_H_TwReportScope(MRL_H_TableWidget::Private& d) : m_table(&d.table), m_d(d) { ++d.reports; }
     ~MRL_H_TwReportScope()
     {
-        if (m_table.isNull()) // a receiver deleted the table
+        if (m_table.isNull()) { // a receiver deleted the table
             return;
+        }
         --m_d.reports;
         m_d.sortIfDue();
     }

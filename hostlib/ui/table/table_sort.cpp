@@ -22,16 +22,18 @@ void sortByKeys(std::vector<int>& rows, const std::vector<Key>& keys, Qt::SortOr
         const Key& right = keys[static_cast<std::size_t>(b)];
         return order == Qt::AscendingOrder ? less(left, right) : less(right, left);
     };
-    if (!std::is_sorted(rows.begin(), rows.end(), before))
+    if (!std::is_sorted(rows.begin(), rows.end(), before)) {
         std::stable_sort(rows.begin(), rows.end(), before);
+    }
 }
 
 /// The first row that an order moves, the number of rows for none.
 int firstMoved(const std::vector<int>& order)
 {
     int row = 0;
-    while (row < static_cast<int>(order.size()) && order[static_cast<std::size_t>(row)] == row)
+    while (row < static_cast<int>(order.size()) && order[static_cast<std::size_t>(row)] == row) {
         ++row;
+    }
     return row;
 }
 
@@ -40,8 +42,9 @@ int lastUnmoved(const std::vector<int>& order)
 {
     int count = 0;
     for (int row = static_cast<int>(order.size()) - 1;
-         row >= 0 && order[static_cast<std::size_t>(row)] == row; --row)
+         row >= 0 && order[static_cast<std::size_t>(row)] == row; --row) {
         ++count;
+    }
     return count;
 }
 
@@ -57,8 +60,9 @@ bool itemLess(const QTableWidgetItem* a, const QTableWidgetItem* b)
 
 void MRL_H_TableWidget::Private::setSorting(bool on)
 {
-    if (on == sorting)
+    if (on == sorting) {
         return;
+    }
     sorting = on;
     QHeaderView* header = table.horizontalHeader();
     header->setSortIndicatorShown(on);
@@ -85,21 +89,24 @@ void MRL_H_TableWidget::Private::sortBy(int column, Qt::SortOrder order)
         table.horizontalHeader()->setSortIndicator(column, order);
     }
     table.horizontalHeader()->viewport()->update();
-    if (column != sortColumn || order != sortOrder)
+    if (column != sortColumn || order != sortOrder) {
         noteAllUnsorted();
+    }
     sortColumn = column;
     sortOrder = order;
-    if (allUnsorted)
+    if (allUnsorted) {
         sortAll();
-    else if (!unsorted.empty())
+    } else if (!unsorted.empty()) {
         sortFew();
+    }
 }
 
 void MRL_H_TableWidget::Private::noteUnsorted(MRL_H_TwItem& cell)
 {
     quint8& state = MRL_H_TwCellAccess::state(cell);
-    if (allUnsorted || (state & MRL_H_TwCellAccess::Unsorted) != 0)
+    if (allUnsorted || (state & MRL_H_TwCellAccess::Unsorted) != 0) {
         return;
+    }
     if (unsorted.size() >= fewRows) {
         noteAllUnsorted();
         return;
@@ -130,12 +137,14 @@ void MRL_H_TableWidget::Private::noteAllUnsorted()
 
 void MRL_H_TableWidget::Private::sortIfDue()
 {
-    if (!sorting || reports > 0 || table.signalsBlocked())
+    if (!sorting || reports > 0 || table.signalsBlocked()) {
         return;
-    if (allUnsorted)
+    }
+    if (allUnsorted) {
         sortAll();
-    else if (!unsorted.empty())
+    } else if (!unsorted.empty()) {
         sortFew();
+    }
 }
 
 void MRL_H_TableWidget::Private::sortAll()
@@ -143,8 +152,9 @@ void MRL_H_TableWidget::Private::sortAll()
     clearUnsorted();
     allUnsorted = false;
     const int rows = table.rowCount();
-    if (sortColumn < 0 || sortColumn >= table.columnCount() || rows < 2)
+    if (sortColumn < 0 || sortColumn >= table.columnCount() || rows < 2) {
         return;
+    }
     std::vector<int> order(static_cast<std::size_t>(rows));
     std::iota(order.begin(), order.end(), 0);
     std::vector<const QTableWidgetItem*> cells(order.size());
@@ -179,8 +189,9 @@ void MRL_H_TableWidget::Private::sortAll()
         sortByKeys(filled, cells, sortOrder, itemLess);
         std::copy(filled.begin(), filled.end(), order.begin());
     }
-    if (!isIdentity(order))
+    if (!isIdentity(order)) {
         permuteRows(order);
+    }
 }
 
 void MRL_H_TableWidget::Private::movePersistent(const std::vector<int>& target)
@@ -189,10 +200,11 @@ void MRL_H_TableWidget::Private::movePersistent(const std::vector<int>& target)
     const QModelIndexList from = MRL_H_TwModelAccess::persistent(model);
     QModelIndexList to;
     to.reserve(from.size());
-    for (const QModelIndex& index : from)
+    for (const QModelIndex& index : from) {
         to.append(index.row() < static_cast<int>(target.size())
                       ? model.index(target[static_cast<std::size_t>(index.row())], index.column())
                       : index);
+    }
     MRL_H_TwModelAccess::changePersistent(model, from, to);
 }
 
@@ -204,25 +216,30 @@ void MRL_H_TableWidget::Private::permuteRows(const std::vector<int>& order)
     {
         const QSignalBlocker quiet(&model);
         std::vector<int> target(order.size());
-        for (std::size_t i = 0; i < order.size(); ++i)
+        for (std::size_t i = 0; i < order.size(); ++i) {
             target[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
+        }
         // All out and all in again, row by row: along the cycles of the permutation each row would be met at
         // a place far from the last, and the walk through memory cost more than all the rest.
         const int first = firstMoved(order);
         const int end = static_cast<int>(order.size()) - lastUnmoved(order);
         std::vector<QTableWidgetItem*> cells;
         cells.reserve(static_cast<std::size_t>(end - first) * static_cast<std::size_t>(columns));
-        for (int row = first; row < end; ++row)
-            for (int column = 0; column < columns; ++column)
+        for (int row = first; row < end; ++row) {
+            for (int column = 0; column < columns; ++column) {
                 cells.push_back(table.takeItem(row, column));
+            }
+        }
         for (int row = first; row < end; ++row) {
             const auto from = static_cast<std::size_t>(order[static_cast<std::size_t>(row)] - first);
             QTableWidgetItem* const* moved = &cells[from * static_cast<std::size_t>(columns)];
             for (int column = 0; column < columns; ++column, ++moved) {
-                if (*moved != nullptr)
+                if (*moved != nullptr) {
                     table.setItem(row, column, *moved);
-                if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(*moved))
+                }
+                if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(*moved)) {
                     MRL_H_TwCellAccess::row(*cell) = row;
+                }
             }
         }
 
@@ -234,9 +251,11 @@ void MRL_H_TableWidget::Private::permuteRows(const std::vector<int>& order)
 void MRL_H_TableWidget::Private::sortFew()
 {
     std::vector<std::pair<int, QTableWidgetItem*>> wrong; // row and cell, in the order of the rows
-    for (MRL_H_TwItem* cell : unsorted)
-        if (const int row = rowOf(*cell); row >= 0)
+    for (MRL_H_TwItem* cell : unsorted) {
+        if (const int row = rowOf(*cell); row >= 0) {
             wrong.emplace_back(row, cell);
+        }
+    }
     clearUnsorted();
     std::sort(wrong.begin(), wrong.end());
     const auto before = [this](const QTableWidgetItem* a, const QTableWidgetItem* b) {
@@ -246,8 +265,9 @@ void MRL_H_TableWidget::Private::sortFew()
     // Where each belongs among the rows that stand right. Equal ones keep the order in which they stand.
     const int right = table.rowCount() - static_cast<int>(wrong.size());
     const auto rowOfRight = [&wrong](int place) {
-        for (const auto& entry : wrong)
+        for (const auto& entry : wrong) {
             place += entry.first <= place ? 1 : 0;
+        }
         return place;
     };
     struct Move
@@ -278,10 +298,12 @@ void MRL_H_TableWidget::Private::sortFew()
         return a.place != b.place ? a.place < b.place : before(a.cell, b.cell);
     });
     bool stands = true;
-    for (std::size_t i = 0; i < moves.size(); ++i)
+    for (std::size_t i = 0; i < moves.size(); ++i) {
         stands = stands && moves[i].row == moves[i].place + static_cast<int>(i);
-    if (stands)
+    }
+    if (stands) {
         return;
+    }
 
     QAbstractItemModel& model = *table.model();
     emit model.layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
@@ -289,11 +311,13 @@ void MRL_H_TableWidget::Private::sortFew()
         // Rows that have not been moved yet still stand anywhere between.
         int to = moves[i].place + static_cast<int>(i);
         std::vector<int> waiting;
-        for (std::size_t j = i + 1; j < moves.size(); ++j)
+        for (std::size_t j = i + 1; j < moves.size(); ++j) {
             waiting.push_back(moves[j].row - (moves[j].row > moves[i].row ? 1 : 0));
+        }
         std::sort(waiting.begin(), waiting.end());
-        for (const int row : waiting)
+        for (const int row : waiting) {
             to += row < to ? 1 : 0;
+        }
         const int from = moves[i].row;
         moveRow(from, to);
         for (std::size_t j = i + 1; j < moves.size(); ++j) {
@@ -307,8 +331,9 @@ void MRL_H_TableWidget::Private::sortFew()
 
 void MRL_H_TableWidget::Private::moveRow(int from, int to)
 {
-    if (from == to)
+    if (from == to) {
         return;
+    }
     QAbstractItemModel& model = *table.model();
     const QSignalBlocker quiet(&model);
     const int inserted = to > from ? to + 1 : to;
@@ -316,18 +341,21 @@ void MRL_H_TableWidget::Private::moveRow(int from, int to)
     const int source = from + (inserted <= from ? 1 : 0);
     for (int c = 0; c < table.columnCount(); ++c) {
         QTableWidgetItem* item = table.takeItem(source, c);
-        if (item != nullptr)
+        if (item != nullptr) {
             table.setItem(inserted, c, item);
-        if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item))
+        }
+        if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item)) {
             MRL_H_TwCellAccess::row(*cell) = to;
+        }
     }
     QModelIndexList old;
     QModelIndexList fresh;
-    for (const QModelIndex& index : MRL_H_TwModelAccess::persistent(model))
+    for (const QModelIndex& index : MRL_H_TwModelAccess::persistent(model)) {
         if (index.row() == source) {
             old.append(index);
             fresh.append(model.index(inserted, index.column()));
         }
+    }
     MRL_H_TwModelAccess::changePersistent(model, old, fresh);
     model.removeRows(source, 1);
 }
@@ -342,17 +370,20 @@ void MRL_H_TableWidget::Private::dropRows(const std::vector<int>& kept, const st
         std::vector<int> target(kept.size() + gone.size());
         for (std::size_t i = 0; i < gone.size(); ++i) {
             target[static_cast<std::size_t>(gone[i])] = static_cast<int>(kept.size() + i);
-            for (int c = 0; c < columns; ++c)
+            for (int c = 0; c < columns; ++c) {
                 delete table.takeItem(gone[i], c);
+            }
         }
         for (std::size_t i = 0; i < kept.size(); ++i) {
             target[static_cast<std::size_t>(kept[i])] = static_cast<int>(i);
             for (int c = 0; c < columns && kept[i] != static_cast<int>(i); ++c) {
                 QTableWidgetItem* moved = table.takeItem(kept[i], c);
-                if (moved != nullptr)
+                if (moved != nullptr) {
                     table.setItem(static_cast<int>(i), c, moved);
-                if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(moved))
+                }
+                if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(moved)) {
                     MRL_H_TwCellAccess::row(*cell) = static_cast<int>(i);
+                }
             }
         }
         movePersistent(target);
@@ -365,10 +396,12 @@ void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
     std::vector<int> kept;
     kept.reserve(static_cast<std::size_t>(rowCount()));
     std::vector<int> gone;
-    for (int row = 0; row < rowCount(); ++row)
+    for (int row = 0; row < rowCount(); ++row) {
         (rows.count(row) != 0 ? gone : kept).push_back(row);
-    if (gone.empty())
+    }
+    if (gone.empty()) {
         return;
+    }
     // A selection that goes with its rows is not worth moving: every second row makes a range of its own.
     const std::vector<int> selected = d->selectedRows();
     const bool selectionGoes =
@@ -379,9 +412,11 @@ void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
         selectionModel()->clearSelection();
     }
     // The rows that stay close up over those that go, which then are the last ones and empty.
-    if (!kept.empty() && kept.back() > gone.front())
+    if (!kept.empty() && kept.back() > gone.front()) {
         d->dropRows(kept, gone);
+    }
     model()->removeRows(static_cast<int>(kept.size()), static_cast<int>(gone.size()));
-    if (selectionGoes)
+    if (selectionGoes) {
         emit selectionModel()->selectionChanged({}, {});
+    }
 }

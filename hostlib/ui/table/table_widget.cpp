@@ -38,8 +38,9 @@ void MRL_QT_TableWidget::setResetContextMenuOnCreation(bool on) { m_resetMenu = 
 
 void MRL_QT_TableWidget::keyboardSearch(const QString& search)
 {
-    if (m_search)
+    if (m_search) {
         QTableWidget::keyboardSearch(search);
+    }
 }
 
 MRL_H_TableWidget::MRL_H_TableWidget(QWidget* parent, const char* name)
@@ -56,16 +57,19 @@ MRL_H_TableWidget::MRL_H_TableWidget(int rows, int columns, QWidget* parent, con
 MRL_H_TableWidget::~MRL_H_TableWidget()
 {
     // The cells go with the model, after this; they must not look for the private half then.
-    for (int column = 0; column < columnCount(); ++column)
-        if (MRL_H_TwHeaderItem* item = d->header(column))
+    for (int column = 0; column < columnCount(); ++column) {
+        if (MRL_H_TwHeaderItem* item = d->header(column)) {
             item->column()->table = nullptr;
+        }
+    }
 }
 
 void MRL_H_TableWidget::setHorizontalHeaderItem(int column, QTableWidgetItem* item)
 {
     QTableWidget::setHorizontalHeaderItem(column, item);
-    if (auto* headerItem = dynamic_cast<MRL_H_TwHeaderItem*>(item))
+    if (auto* headerItem = dynamic_cast<MRL_H_TwHeaderItem*>(item)) {
         headerItem->column()->table = this;
+    }
     d->renumberColumns();
 }
 
@@ -83,8 +87,9 @@ QTableWidgetItem* MRL_H_TableWidget::horizontalHeaderItemOnColId(int id) const
 
 int MRL_H_TableWidget::getColumnNumber(int id) const
 {
-    if (id < d->firstId)
+    if (id < d->firstId) {
         return -1;
+    }
     const auto place = static_cast<std::size_t>(id) - static_cast<std::size_t>(d->firstId);
     return place < d->positionOfId.size() ? d->positionOfId[place] : -1;
 }
@@ -98,40 +103,47 @@ int MRL_H_TableWidget::getColumnId(int column) const
 
 void MRL_H_TableWidget::appendNewRows(int count, CreateType type)
 {
-    if (count <= 0)
+    if (count <= 0) {
         return;
+    }
     const int first = rowCount();
     {
         const QScopedValueRollback<bool> appending(d->appending, type == CreateCells);
         setRowCount(first + count);
     }
-    if (type == CreateNone)
+    if (type == CreateNone) {
         return;
+    }
     // The cells are new and the rows stand empty so far: nobody needs to be told of each one.
     const QSignalBlocker quiet(model());
     std::vector<MRL_H_TwHeaderItem*> makers;
-    for (int column = 0; column < columnCount(); ++column)
+    for (int column = 0; column < columnCount(); ++column) {
         makers.push_back(d->header(column));
+    }
     // Row by row, as they are filled, moved and removed later: the cells of a row lie together in memory.
-    for (int row = first; row < first + count; ++row)
+    for (int row = first; row < first + count; ++row) {
         for (int column = 0; column < static_cast<int>(makers.size()); ++column) {
             MRL_H_TwHeaderItem* maker = makers[static_cast<std::size_t>(column)];
-            if (maker == nullptr)
+            if (maker == nullptr) {
                 continue;
+            }
             MRL_H_TwItem* cell = maker->createEmptyItem();
             MRL_H_TwCellAccess::row(*cell) = row;
             setItem(row, column, cell);
-            if (column == d->sortColumn)
+            if (column == d->sortColumn) {
                 d->noteUnsorted(*cell);
+            }
         }
+    }
     viewport()->update();
 }
 
 int MRL_H_TableWidget::rowOf(const QTableWidgetItem* item) const
 {
     const MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item);
-    if (item == nullptr || item->tableWidget() != this)
+    if (item == nullptr || item->tableWidget() != this) {
         return -1;
+    }
     const MRL_H_TwColumn* column = cell != nullptr ? MRL_H_TwCellAccess::column(*cell) : nullptr;
     return column != nullptr && column->table == this ? d->rowOf(*cell) : row(item);
 }
@@ -165,8 +177,9 @@ void MRL_H_TableWidget::Private::renumberColumns()
     int highest = -1;
     for (int column = 0; column < table.columnCount(); ++column) {
         const MRL_H_TwHeaderItem* item = header(column);
-        if (item == nullptr)
+        if (item == nullptr) {
             continue;
+        }
         item->column()->position = column;
         columnIds[static_cast<std::size_t>(column)] = item->id();
         lowest = highest < lowest ? item->id() : std::min(lowest, item->id());
@@ -174,19 +187,24 @@ void MRL_H_TableWidget::Private::renumberColumns()
     }
     Q_ASSERT(highest - lowest < longestIdRange);
     firstId = lowest;
-    if (highest >= lowest)
+    if (highest >= lowest) {
         positionOfId.assign(static_cast<std::size_t>(highest - lowest) + 1, -1);
-    for (int column = table.columnCount() - 1; column >= 0; --column)
-        if (header(column) != nullptr)
+    }
+    for (int column = table.columnCount() - 1; column >= 0; --column) {
+        if (header(column) != nullptr) {
             positionOfId[static_cast<std::size_t>(columnIds[static_cast<std::size_t>(column)] - firstId)] =
                 column;
+        }
+    }
 }
 
 void MRL_H_TableWidget::Private::applyColumnFlags(const MRL_H_TwColumn& column)
 {
-    for (int row = 0; row < table.rowCount(); ++row)
-        if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(table.item(row, column.position)))
+    for (int row = 0; row < table.rowCount(); ++row) {
+        if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(table.item(row, column.position))) {
             MRL_H_TwCellAccess::applyFlags(*cell);
+        }
+    }
     noteLooks();
 }
 
@@ -197,8 +215,9 @@ void MRL_H_TableWidget::Private::comboTextsChanged(const MRL_H_TwColumn& column,
     for (int row = 0; alive != nullptr && row < table.rowCount(); ++row) {
         auto* cell = MRL_H_TwSimpleComboBoxItem::fromItem(table.item(row, column.position));
         if (cell == nullptr || MRL_H_TwCellAccess::column(*cell) != &column ||
-            !ids.contains(cell->getCurrentId()))
+            !ids.contains(cell->getCurrentId())) {
             continue;
+        }
         MRL_H_TwCellAccess::row(*cell) = row;
         noteChange(*cell);
     }

@@ -11,11 +11,13 @@ int TextWidths::of(const QString& text)
 {
     qreal width = 0.0;
     for (const QChar character : text) {
-        if (character.unicode() >= simpleCharacters)
+        if (character.unicode() >= simpleCharacters) {
             return static_cast<int>(std::ceil(m_metrics.horizontalAdvance(text)));
+        }
         qreal& advance = m_advances[character.unicode()];
-        if (advance < 0.0)
+        if (advance < 0.0) {
             advance = m_metrics.horizontalAdvance(character);
+        }
         width += advance;
     }
     return static_cast<int>(std::ceil(width));

@@ -10,8 +10,9 @@ RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent)
 
 QSize RowHeader::sizeHint() const
 {
-    if (count() == 0)
+    if (count() == 0) {
         return QHeaderView::sizeHint();
+    }
     const int digits = QString::number(count()).size();
     if (digits != m_digits) {
         m_digits = digits;
@@ -44,12 +45,14 @@ QSize ColumnHeader::sizeHint() const
 
 void ColumnHeader::setModel(QAbstractItemModel* newModel)
 {
-    if (model() != nullptr)
+    if (model() != nullptr) {
         disconnect(model(), &QAbstractItemModel::headerDataChanged, this, nullptr);
+    }
     m_hint = QSize();
     // Before the base connects itself: it may ask for the height while it handles the change.
-    if (newModel != nullptr)
+    if (newModel != nullptr) {
         connect(newModel, &QAbstractItemModel::headerDataChanged, this, [this] { m_hint = QSize(); });
+    }
     QHeaderView::setModel(newModel);
 }
 
@@ -62,7 +65,8 @@ void ColumnHeader::changeEvent(QEvent* event)
 std::vector<bool> ColumnHeader::shownSections() const
 {
     std::vector<bool> shown(static_cast<std::size_t>(count()));
-    for (int section = 0; section < count(); ++section)
+    for (int section = 0; section < count(); ++section) {
         shown[static_cast<std::size_t>(section)] = !isSectionHidden(section);
+    }
     return shown;
 }

@@ -28,8 +28,9 @@ struct MRL_QT_AdvancedSlider::Private
 int MRL_QT_AdvancedSlider::Private::nextFree(int from, int direction) const
 {
     int number = from;
-    while (number >= input->minimum() && number <= input->maximum() && !isFree(number))
+    while (number >= input->minimum() && number <= input->maximum() && !isFree(number)) {
         number += direction;
+    }
     return number;
 }
 
@@ -37,8 +38,9 @@ int MRL_QT_AdvancedSlider::Private::corrected(int wanted) const
 {
     const int inRange = std::clamp(wanted, input->minimum(), input->maximum());
     const int above = nextFree(inRange, 1);
-    if (above <= input->maximum())
+    if (above <= input->maximum()) {
         return above;
+    }
     const int below = nextFree(inRange, -1);
     return below >= input->minimum() ? below : inRange;
 }
@@ -63,8 +65,9 @@ void MRL_QT_AdvancedSlider::Private::show(int number)
 
 void MRL_QT_AdvancedSlider::Private::take(int wanted)
 {
-    if (telling)
+    if (telling) {
         return;
+    }
     telling = true;
     emit q->valueAboutToChange(wanted);
     telling = false;
@@ -76,8 +79,9 @@ void MRL_QT_AdvancedSlider::Private::sliderMoved(int action)
 {
     const int wanted = slider->sliderPosition();
     const bool dragged = action == QAbstractSlider::SliderMove;
-    if (dragged || wanted == value)
+    if (dragged || wanted == value) {
         return;
+    }
     const int direction = wanted < value ? -1 : 1;
     const int found = nextFree(wanted, direction);
     slider->setSliderPosition(found >= slider->minimum() && found <= slider->maximum() ? found : value);
@@ -132,17 +136,19 @@ void MRL_QT_AdvancedSlider::setDisplayValue(double value)
 {
     const int number = std::clamp(static_cast<int>(std::clamp(value, -2147483648.0, 2147483647.0)),
                                   d->input->minimum(), d->input->maximum());
-    if (signalsBlocked())
+    if (signalsBlocked()) {
         d->show(number);
-    else
+    } else {
         d->take(number);
+    }
 }
 
 double MRL_QT_AdvancedSlider::getDisplayValue() const
 {
     // A number that was typed and not yet left counts too; while it is being told it is still the old one.
-    if (!d->telling)
+    if (!d->telling) {
         d->input->interpretText();
+    }
     return d->value;
 }
 

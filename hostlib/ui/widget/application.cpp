@@ -9,8 +9,9 @@ namespace {
 // Programs that name no organisation of their own share one file.
 QSettings openSettings()
 {
-    if (QCoreApplication::organizationName().isEmpty())
+    if (QCoreApplication::organizationName().isEmpty()) {
         return QSettings(QStringLiteral("marlavon"), QStringLiteral("marlavon"));
+    }
     return QSettings(QCoreApplication::organizationName(), QCoreApplication::applicationName());
 }
 
@@ -33,8 +34,9 @@ MRL_QT_ApplicationInterface::~MRL_QT_ApplicationInterface() = default;
 bool MRL_QT_ApplicationInterface::experimentalOn()
 {
     const QByteArray wish = qgetenv("MRL_EXPERIMENTAL");
-    if (!wish.isEmpty())
+    if (!wish.isEmpty()) {
         return wish != "0";
+    }
     return openSettings().value(kExperimental, false).toBool();
 }
 

@@ -14,18 +14,21 @@ class PaintedLater : public QObject
   public:
     explicit PaintedLater(QWidget* window) : m_window(window)
     {
-        if (m_window)
+        if (m_window) {
             m_window->installEventFilter(this);
+        }
     }
     ~PaintedLater() override
     {
-        if (m_window && m_asked)
+        if (m_window && m_asked) {
             QCoreApplication::postEvent(m_window, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
+        }
     }
     bool eventFilter(QObject* object, QEvent* event) override
     {
-        if (object != m_window || event->type() != QEvent::UpdateRequest)
+        if (object != m_window || event->type() != QEvent::UpdateRequest) {
             return false;
+        }
         m_asked = true;
         return true;
     }
@@ -53,15 +56,17 @@ MRL_QT_BusyDialog::MRL_QT_BusyDialog(const QString& text, QWidget* parent, const
 void MRL_QT_BusyDialog::setText(const QString& text)
 {
     m_label->setText(text);
-    if (isVisible())
+    if (isVisible()) {
         repaint();
+    }
 }
 
 void MRL_QT_BusyDialog::setVisible(bool visible)
 {
     QDialog::setVisible(visible);
-    if (!visible)
+    if (!visible) {
         return;
+    }
     // The work that follows runs no event loop, so the window must be there before it begins. The window
     // system needs a moment to map it; what the user types or clicks meanwhile stays in the queue.
     constexpr qint64 patienceMs = 300;

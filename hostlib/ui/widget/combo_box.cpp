@@ -21,8 +21,9 @@ int MRL_QT4_ComboBox::getCurrentId() const
 bool MRL_QT4_ComboBox::setCurrentId(int id)
 {
     const int index = findData(id);
-    if (index < 0)
+    if (index < 0) {
         return false;
+    }
     setCurrentIndex(index);
     return true;
 }

@@ -28,15 +28,19 @@ QString describe(const QObject* object, const char* text)
 /// @return what is wrong with the connection, an empty text if nothing is
 QString connectionFault(const QObject* sender, const char* signal, const QObject* receiver, const char* slot)
 {
-    if (!sender || !receiver || !signal || !slot)
+    if (!sender || !receiver || !signal || !slot) {
         return QStringLiteral("null sender, receiver or signature");
-    if (signal[0] != kSignalCode || methodIndex(sender, signal) < 0)
+    }
+    if (signal[0] != kSignalCode || methodIndex(sender, signal) < 0) {
         return QStringLiteral("no signal ") + describe(sender, signal);
-    if (!isReceiving(slot) || methodIndex(receiver, slot) < 0)
+    }
+    if (!isReceiving(slot) || methodIndex(receiver, slot) < 0) {
         return QStringLiteral("no slot ") + describe(receiver, slot);
-    if (!QMetaObject::checkConnectArgs(signature(signal), signature(slot)))
+    }
+    if (!QMetaObject::checkConnectArgs(signature(signal), signature(slot))) {
         return QStringLiteral("the arguments of %1 do not fit %2")
             .arg(describe(sender, signal), describe(receiver, slot));
+    }
     return QString();
 }
 

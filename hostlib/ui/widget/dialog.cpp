@@ -43,6 +43,7 @@ void MRL_QT_Dialog::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     // A spontaneous event is the window manager's minimising.
-    if (m_keepGeometry && !event->spontaneous())
+    if (m_keepGeometry && !event->spontaneous()) {
         mrl::ui::storeGeometry(m_geometryGroup, geometryName(), saveGeometry());
+    }
 }

@@ -35,12 +35,14 @@ void limitHeight(QMessageBox& box)
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     const QScreen* screen = QGuiApplication::primaryScreen();
-    if (!label || !grid || !screen)
+    if (!label || !grid || !screen) {
         return;
+    }
     const QSize room = screen->availableSize();
     const int highest = room.height() / 2;
-    if (label->sizeHint().height() <= highest)
+    if (label->sizeHint().height() <= highest) {
         return;
+    }
     int row = 0;
     int column = 0;
     int rows = 0;
@@ -77,15 +79,17 @@ int runBox(QWidget* parent, QMessageBox::Icon icon, const QString& title, const 
     QAbstractButton* buttons[3] = {nullptr, nullptr, nullptr};
     int count = 0;
     for (int i = 0; i < 3; ++i) {
-        if (choice.texts[i].isEmpty())
+        if (choice.texts[i].isEmpty()) {
             continue;
+        }
         // One role for all: the order stays as given on every desktop, and no role makes a button the
         // escape button by itself.
         auto* button = box.addButton(choice.texts[i], QMessageBox::ActionRole);
         buttons[i] = button;
         ++count;
-        if (i == choice.defaultButton)
+        if (i == choice.defaultButton) {
             box.setDefaultButton(button);
+        }
     }
     if (count == 0) {
         buttons[0] = box.addButton(QMessageBox::Ok);
@@ -95,8 +99,9 @@ int runBox(QWidget* parent, QMessageBox::Icon icon, const QString& title, const 
     }
     runModal(box);
     for (int i = 0; i < 3; ++i) {
-        if (buttons[i] && box.clickedButton() == buttons[i])
+        if (buttons[i] && box.clickedButton() == buttons[i]) {
             return i;
+        }
     }
     return -1;
 }
@@ -134,8 +139,9 @@ int MRL_QT_MessageBox::question(QWidget* parent, const QString& title, const QSt
     prepare(box, title, text);
     box.setIcon(QMessageBox::Question);
     for (const int button : {button0, button1, button2}) {
-        if (button != 0)
+        if (button != 0) {
             box.addButton(static_cast<QMessageBox::StandardButton>(button));
+        }
     }
     return runModal(box);
 }

@@ -11,8 +11,9 @@ QAbstractItemView* editedView()
     QWidget* focus = QApplication::focusWidget();
     for (QWidget* widget = focus ? focus->parentWidget() : nullptr; widget; widget = widget->parentWidget()) {
         auto* view = qobject_cast<QAbstractItemView*>(widget);
-        if (view && focus != view && focus != view->viewport() && view->viewport()->isAncestorOf(focus))
+        if (view && focus != view && focus != view->viewport() && view->viewport()->isAncestorOf(focus)) {
             return view;
+        }
     }
     return nullptr;
 }
@@ -20,8 +21,9 @@ QAbstractItemView* editedView()
 // An editor gives its value to its cell when it loses the focus, so the focus goes back to the view.
 void commitOpenEditor()
 {
-    if (auto* view = editedView())
+    if (auto* view = editedView()) {
         view->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 } // namespace
@@ -34,15 +36,17 @@ MRL_QT_PushButton::MRL_QT_PushButton(const QString& text, QWidget* parent, const
 
 bool MRL_QT_PushButton::event(QEvent* event)
 {
-    if (event->type() == QEvent::Shortcut)
+    if (event->type() == QEvent::Shortcut) {
         commitOpenEditor();
+    }
     return QPushButton::event(event);
 }
 
 void MRL_QT_PushButton::mousePressEvent(QMouseEvent* event)
 {
-    if (isEnabled())
+    if (isEnabled()) {
         commitOpenEditor();
+    }
     QPushButton::mousePressEvent(event);
 }
 

@@ -27,8 +27,9 @@ QString translationLanguage()
 QString libraryFolder()
 {
     Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&libraryFolder), &info) == 0 || !info.dli_fname)
+    if (dladdr(reinterpret_cast<const void*>(&libraryFolder), &info) == 0 || !info.dli_fname) {
         return QString();
+    }
     return QFileInfo(QString::fromLocal8Bit(info.dli_fname)).canonicalPath();
 }
 
@@ -36,8 +37,9 @@ QStringList translationFolders()
 {
     QStringList folders;
     const QString wanted = qEnvironmentVariable("MRL_TRANSLATION_PATH");
-    if (!wanted.isEmpty())
+    if (!wanted.isEmpty()) {
         folders << wanted.split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    }
     const QString beside = libraryFolder();
     // Installed, with and without a folder for the machine's architecture between; then the build tree.
     folders << beside + QStringLiteral("/../share/mrl/translations")
@@ -68,8 +70,9 @@ std::vector<MRL_QT_InitTranslator::Private*>& wishes()
 
 void installAll()
 {
-    for (auto* wish : wishes())
+    for (auto* wish : wishes()) {
         wish->install();
+    }
 }
 
 void installWithEachApplication()
@@ -83,15 +86,17 @@ void installWithEachApplication()
 void MRL_QT_InitTranslator::Private::install()
 {
     const QString language = mrl::ui::translationLanguage();
-    if (language.isEmpty())
+    if (language.isEmpty()) {
         return;
+    }
     auto candidate = std::make_unique<QTranslator>();
     const QString file = context + QLatin1Char('_') + language;
     const auto folders = mrl::ui::translationFolders();
     const bool found = std::any_of(folders.begin(), folders.end(),
                                    [&](const QString& folder) { return candidate->load(file, folder); });
-    if (!found)
+    if (!found) {
         return;
+    }
     translator = std::move(candidate);
     QCoreApplication::installTranslator(translator.get());
 }
@@ -101,8 +106,9 @@ MRL_QT_InitTranslator::MRL_QT_InitTranslator(const char* context) : d(std::make_
     d->context = QString::fromLatin1(context);
     wishes().push_back(d.get());
     installWithEachApplication();
-    if (QCoreApplication::instance() && !d->translator)
+    if (QCoreApplication::instance() && !d->translator) {
         d->install();
+    }
 }
 
 MRL_QT_InitTranslator::~MRL_QT_InitTranslator()

@@ -31,18 +31,21 @@ QSize fittingSize(const QSize& wish, const QWidget& window)
 void keepOnScreen(QWidget& window)
 {
     const QScreen* screen = screenOf(window);
-    if (!screen || window.isMaximized() || window.isFullScreen())
+    if (!screen || window.isMaximized() || window.isFullScreen()) {
         return;
+    }
     const QRect room = screen->availableGeometry();
     const QSize size = window.size().boundedTo(room.size() - FRAME);
     const QPoint furthest = room.topLeft() + QPoint(room.width(), room.height()) -
                             QPoint(size.width() + FRAME.width(), size.height() + FRAME.height());
     const QPoint place(std::clamp(window.x(), room.left(), furthest.x()),
                        std::clamp(window.y(), room.top(), furthest.y()));
-    if (size != window.size())
+    if (size != window.size()) {
         window.resize(size);
-    if (place != window.pos())
+    }
+    if (place != window.pos()) {
         window.move(place);
+    }
 }
 
 } // namespace mrl::ui

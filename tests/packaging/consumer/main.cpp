@@ -7,8 +7,9 @@
 
 int main(int argc, char** argv)
 {
-    if (argc != 2)
+    if (argc != 2) {
         return 2;
+    }
     const auto project = mrl::cdb::create(argv[1]);
     if (!project.result) {
         std::fprintf(stderr, "%s\n", project.result.text.c_str());

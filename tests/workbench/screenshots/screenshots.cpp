@@ -41,8 +41,9 @@ class Photographer
         window->ensurePolished();
         QApplication::processEvents();
         const QString file = m_folder + QLatin1Char('/') + QLatin1String(name) + QStringLiteral(".png");
-        if (!window->grab().save(file))
+        if (!window->grab().save(file)) {
             std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+        }
     }
 
     /// Calls `open`, which runs a modal window, and in that window `then`.
@@ -51,8 +52,9 @@ class Photographer
         QTimer waiting;
         QObject::connect(&waiting, &QTimer::timeout, &waiting, [&] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (!dialog || dialog == m_inside)
+            if (!dialog || dialog == m_inside) {
                 return;
+            }
             waiting.stop();
             QDialog* const outer = m_inside;
             m_inside = dialog;
@@ -78,8 +80,9 @@ QDialog* Photographer::m_inside = nullptr;
 MRL_H_TableWidget* tableWith(QWidget* window, int columnId)
 {
     for (auto* table : window->findChildren<MRL_H_TableWidget*>()) {
-        if (table->isVisible() && table->getColumnNumber(columnId) >= 0)
+        if (table->isVisible() && table->getColumnNumber(columnId) >= 0) {
             return table;
+        }
     }
     return nullptr;
 }
@@ -91,11 +94,13 @@ void type(MRL_H_TableWidget* table, int row, int columnId, const QString& text)
     QTest::keyClick(table, Qt::Key_F2);
     QLineEdit* editor = nullptr;
     for (auto* candidate : table->viewport()->findChildren<QLineEdit*>()) {
-        if (candidate->isVisible())
+        if (candidate->isVisible()) {
             editor = candidate;
+        }
     }
-    if (!editor)
+    if (!editor) {
         return;
+    }
     QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
@@ -122,8 +127,9 @@ void managers(MainWindow& window, Photographer& camera)
                               dialog->resize(MANAGER);
                               camera.take(dialog, "action-manager");
                               camera.modal("new-action", [&] { press(dialog, "button_new"); });
-                              if (auto* table = tableWith(dialog, ACT_COL_GAMF))
+                              if (auto* table = tableWith(dialog, ACT_COL_GAMF)) {
                                   type(table, 0, ACT_COL_GAMF, QStringLiteral("9"));
+                              }
                               camera.take(dialog, "action-manager-wrong-value");
                               camera.modal("invalid-input", [&] { press(dialog, "button_ok"); });
                           });
@@ -167,8 +173,9 @@ int main(int argc, char** argv)
     create.show();
     camera.take(&create, "new-project");
     create.hide();
-    if (!window.openProject(QString::fromLocal8Bit(argv[2])))
+    if (!window.openProject(QString::fromLocal8Bit(argv[2]))) {
         return 1;
+    }
     camera.take(&window, "workbench");
     auto* summaryTabs = window.findChild<QWidget*>(QStringLiteral("summary"))->findChild<QTabWidget*>();
     summaryTabs->setCurrentIndex(1);
@@ -184,8 +191,9 @@ int main(int argc, char** argv)
     window.slot_help();
     QApplication::processEvents();
     for (QWidget* help : QApplication::topLevelWidgets()) {
-        if (help->isVisible() && help != &window && !qobject_cast<QMenu*>(help))
+        if (help->isVisible() && help != &window && !qobject_cast<QMenu*>(help)) {
             camera.take(help, "help");
+        }
     }
     return 0;
 }
