@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "actions/tab_interface.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 class LCM_LoadcaseTab;
 class LCM_RowCells;

@@ -13,7 +13,7 @@
 #include "actions/row_cells.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "lcdata/action_code.h"
+#include "lcdata/values/action_code.h"
 #include "model/data_class.h"
 
 void LCM_ActionsWidget::slot_newClicked()

@@ -13,10 +13,10 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
-#include "lcdata/action_code.h"
+#include "lcdata/values/action_code.h"
 #include "model/data_class.h"
-#include "model/rules/action_row.h"
-#include "model/rules/action_rules.h"
+#include "rules/action_row.h"
+#include "rules/action_rules.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <Qt>
 
-#include "model/rules/action_columns.h"
+#include "rules/action_columns.h"
 
 /// Item data of a row's cell of column id 100, in the tables of both tabs.
 enum LCM_RowRole : int {

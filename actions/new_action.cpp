@@ -1,9 +1,9 @@
 #include "actions/new_action.h"
 
-#include "lcdata/action_code.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/packed_text.h"
 #include "model/data_class.h"
-#include "model/rules/action_row.h"
+#include "rules/action_row.h"
 
 namespace {
 

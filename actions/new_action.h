@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 class LCM_DataClass;
 

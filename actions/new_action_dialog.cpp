@@ -8,11 +8,11 @@
 
 #include "actions/new_action_fields.h"
 #include "host/mrl_table.h"
-#include "lcdata/action_code.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/packed_text.h"
 #include "model/data_class.h"
-#include "model/rules/action_names.h"
-#include "model/rules/action_row.h"
+#include "rules/action_names.h"
+#include "rules/action_row.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <unordered_set>
 
 #include "actions/columns.h"
-#include "model/rules/action_row.h"
+#include "rules/action_row.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "host/mrl_table.h"
-#include "lcdata/records.h"
-#include "model/rules/findings.h"
+#include "lcdata/values/records.h"
+#include "rules/findings.h"
 
 /// The cells of a row, taken all at once. A table that sorts may move a row as soon as one of its cells is
 /// written; what is written through the taken cells reaches the same row all the same. Good until the row is

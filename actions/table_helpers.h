@@ -7,7 +7,7 @@
 #include <set>
 
 #include "host/mrl_table.h"
-#include "model/rules/findings.h"
+#include "rules/findings.h"
 
 /// Makes the header of a line-edit column and installs it.
 /// @return the header, owned by the table

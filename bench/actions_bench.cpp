@@ -12,8 +12,8 @@
 #include "bench/figure.h"
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
-#include "lcdata/action_code.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/packed_text.h"
 
 namespace {
 

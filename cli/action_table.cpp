@@ -1,8 +1,8 @@
 #include "cli/action_table.h"
 
 #include "cli/words.h"
-#include "lcdata/packed_text.h"
-#include "model/rules/action_row.h"
+#include "lcdata/values/packed_text.h"
+#include "rules/action_row.h"
 
 namespace mrl::cli {
 

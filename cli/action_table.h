@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/output.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::cli {
 

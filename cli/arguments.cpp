@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "cli/raw_records.h"
-#include "lcdata/action_code.h"
-#include "model/rules/loadcase_numbers.h"
+#include "lcdata/values/action_code.h"
+#include "rules/loadcase_numbers.h"
 
 namespace mrl::cli {
 

@@ -2,9 +2,9 @@
 
 #include "cli/stored_load_cases.h"
 #include "cli/words.h"
-#include "lcdata/packed_text.h"
-#include "model/rules/action_columns.h"
-#include "model/rules/loadcase_row.h"
+#include "lcdata/values/packed_text.h"
+#include "rules/action_columns.h"
+#include "rules/loadcase_row.h"
 
 namespace mrl::cli {
 

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "cli/failure.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::cli {
 

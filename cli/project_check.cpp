@@ -1,9 +1,9 @@
 #include "cli/project_check.h"
 
+#include "check/project_check.h"
 #include "cli/words.h"
 #include "hostlib/data/designcode/designcode.h"
-#include "model/check/project_check.h"
-#include "model/rules/action_columns.h"
+#include "rules/action_columns.h"
 
 namespace mrl::cli {
 

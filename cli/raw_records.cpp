@@ -7,7 +7,7 @@
 #include "cli/words.h"
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/keys.h"
 
 namespace mrl::cli {
 

@@ -3,9 +3,9 @@
 #include "cli/arguments.h"
 #include "cli/raw_records.h"
 #include "host/mrl_cdb.h"
-#include "lcdata/action_code.h"
 #include "lcdata/guards.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
 
 namespace mrl::cli {
 

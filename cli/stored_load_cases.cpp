@@ -1,7 +1,7 @@
 #include "cli/stored_load_cases.h"
 
-#include "lcdata/keys.h"
 #include "lcdata/load_case_rules.h"
+#include "lcdata/values/keys.h"
 
 namespace mrl::cli {
 

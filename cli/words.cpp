@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "cli/output.h"
-#include "lcdata/action_code.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
 
 namespace mrl::cli {
 

@@ -2,10 +2,10 @@
 
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
-#include "lcdata/action_code.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/guards.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "lcdata/export.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// Whether the design code has any of the factors `Gamu`, `Gamf`, `Psi0`, `Psi1`, `Psi2`, `Psi1s`.
 MRL_LC_API bool mrl_lc_code_has_actions(int db);

@@ -2,8 +2,8 @@
 
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
-#include "lcdata/keys.h"
 #include "lcdata/load_cases.h"
+#include "lcdata/values/keys.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 /// The enumeration of a design code's default actions.
 
 #include "host/mrl_dlib.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// Old action numbers that stand for the plain dead and the plain live action; the fall-back everywhere.
 constexpr int LC_OLD_DEAD_ACTION = 2;

@@ -3,7 +3,7 @@
 /// A walk over the keys of one group of the project database, upward.
 
 #include "host/mrl_cdb.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/keys.h"
 
 /// Use: `LCM_KeyWalk walk(db, LC_KWH_CASES); while (walk.next()) use(walk.kwl());`
 /// The walk holds nothing of the database, and the key that it stands on may be deleted.

@@ -3,14 +3,14 @@
 
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
-#include "lcdata/action_code.h"
 #include "lcdata/actions.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/guards.h"
-#include "lcdata/keys.h"
 #include "lcdata/load_case_rules.h"
 #include "lcdata/load_cases.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/packed_text.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "lcdata/load_case_rules.h"
 
 #include "host/mrl_dlib.h"
-#include "lcdata/action_code.h"
-#include "lcdata/keys.h"
-#include "lcdata/packing.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/packing.h"
 
 namespace {
 

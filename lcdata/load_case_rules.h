@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <unordered_map>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// Copies the factors of an action into a load case, the two pairs packed, and sets its action word.
 /// @param word the action word when it is 0 or 70; for any other word the action's code is set

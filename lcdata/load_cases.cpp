@@ -3,8 +3,8 @@
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
-#include "lcdata/keys.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/packed_text.h"
 
 int mrl_lc_count(int db)
 {

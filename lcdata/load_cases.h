@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "lcdata/export.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// The number of load cases, those of other modules included.
 MRL_LC_API int mrl_lc_count(int db);

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 struct LCM_StoredAction
 {

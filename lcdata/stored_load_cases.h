@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "lcdata/key_walk.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// Whether a record of the group is this system's.
 constexpr bool lcm_is_own_kind(int kind) { return kind == 0 || kind == 1; }

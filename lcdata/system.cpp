@@ -4,7 +4,7 @@
 
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/keys.h"
 
 namespace {
 

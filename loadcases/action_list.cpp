@@ -1,8 +1,8 @@
 #include "loadcases/action_list.h"
 
-#include "lcdata/action_code.h"
-#include "lcdata/keys.h"
-#include "model/rules/loadcase_row.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
+#include "rules/loadcase_row.h"
 
 LCM_ActionList::LCM_ActionList(const QString& none, const QString& imperfection,
                                const std::vector<tagCDB_LC_ACT>& actions)

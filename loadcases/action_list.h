@@ -7,7 +7,7 @@
 #include <QString>
 
 #include "host/mrl_table.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// What the action column offers: none, the imperfection, the project's actions, and markers of actions that
 /// load cases name and the project lacks. An id is looked up in constant time; the first entry of an id

@@ -1,7 +1,7 @@
 #include "loadcases/cell.h"
 
 #include "host/mrl_table.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 #include "loadcases/columns.h"
 
 float lcm_cell_value(const QTableWidgetItem* cell)

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-#include "model/rules/loadcase_row.h"
+#include "rules/loadcase_row.h"
 
 class MRL_H_TableWidget;
 class QTableWidgetItem;

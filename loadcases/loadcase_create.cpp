@@ -8,7 +8,7 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/actions.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/packed_text.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
 #include "loadcases/loadcase_cells.h"
@@ -17,7 +17,7 @@
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
 #include "model/data_class.h"
-#include "model/rules/loadcase_numbers.h"
+#include "rules/loadcase_numbers.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "lcdata/action_code.h"
+#include "lcdata/values/action_code.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
 #include "loadcases/loadcase_widget.h"

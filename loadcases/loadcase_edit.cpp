@@ -10,7 +10,7 @@
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
 #include "model/data_class.h"
-#include "model/rules/loadcase_rules.h"
+#include "rules/loadcase_rules.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "actions/columns.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/keys.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
 #include "loadcases/loadcase_cells.h"

@@ -8,11 +8,11 @@
 
 #include "actions/loadcase_tab.h"
 #include "actions/tab_interface.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 #include "loadcases/action_list.h"
 #include "loadcases/loadcase_copy.h"
-#include "model/rules/loadcase_numbers.h"
-#include "model/rules/loadcase_row.h"
+#include "rules/loadcase_numbers.h"
+#include "rules/loadcase_row.h"
 
 class LCM_ActionsWidget;
 class LCM_LoadcaseCells;

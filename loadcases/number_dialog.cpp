@@ -1,9 +1,9 @@
 #include "loadcases/number_dialog.h"
 
 #include "host/mrl_table.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 #include "loadcases/my_slider.h"
-#include "model/rules/loadcase_numbers.h"
+#include "rules/loadcase_numbers.h"
 
 LCM_LoadcaseNumberDialog::LCM_LoadcaseNumberDialog(QWidget* parent, const std::set<int>& taken,
                                                    bool asksFactor, const LCM_LoadcaseCopy& info)

@@ -2,8 +2,8 @@
 
 #include <unordered_map>
 
-#include "lcdata/records.h"
-#include "model/rules/loadcase_row.h"
+#include "lcdata/values/records.h"
+#include "rules/loadcase_row.h"
 
 class LCM_ActionsWidget;
 class LCM_DataClass;

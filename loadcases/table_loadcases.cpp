@@ -2,7 +2,7 @@
 
 #include <QCursor>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
 #include "loadcases/loadcase_widget.h"

@@ -1,8 +1,8 @@
 #include "model/data_class.h"
 
 #include "host/mrl_dlib.h"
-#include "lcdata/action_code.h"
 #include "lcdata/system.h"
+#include "lcdata/values/action_code.h"
 #include "model/action_tree.h"
 
 LCM_DataClass::LCM_DataClass(int database) : db(database)

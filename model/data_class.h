@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "lcdata/actions.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 /// What an entry of the action tree is to the project.
 enum LCM_ActionState : int {

@@ -4,10 +4,10 @@
 #include <unordered_set>
 
 #include "host/mrl_dlib.h"
-#include "lcdata/action_code.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/record_walk.h"
+#include "lcdata/values/action_code.h"
 #include "model/action_tree.h"
 #include "model/data_class.h"
 

@@ -1,10 +1,10 @@
 // How the model replaces the project's actions and load cases. Other modules' keys in the same groups stay.
 #include "host/mrl_cdb.h"
-#include "lcdata/action_code.h"
-#include "lcdata/gama.h"
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/stored_load_cases.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/gama.h"
 #include "model/action_tree.h"
 #include "model/data_class.h"
 

@@ -1,8 +1,8 @@
 #include "workbench/actions_model.h"
 
-#include "lcdata/action_code.h"
-#include "lcdata/packed_text.h"
-#include "model/rules/action_row.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/packed_text.h"
+#include "rules/action_row.h"
 
 namespace mrl::workbench {
 

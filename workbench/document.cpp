@@ -4,7 +4,7 @@
 
 #include "hostlib/ui/framework/document.h"
 #include "hostlib/ui/framework/failure_text.h"
-#include "lcdata/keys.h"
+#include "lcdata/values/keys.h"
 #include "workbench/design_code_failure.h"
 #include "workbench/managers.h"
 

@@ -4,11 +4,11 @@
 #include <QFont>
 #include <QPalette>
 
-#include "lcdata/action_code.h"
-#include "lcdata/keys.h"
-#include "lcdata/packed_text.h"
-#include "model/rules/action_row.h"
-#include "model/rules/loadcase_row.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/packed_text.h"
+#include "rules/action_row.h"
+#include "rules/loadcase_row.h"
 
 namespace mrl::workbench {
 

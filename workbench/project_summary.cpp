@@ -3,18 +3,18 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "check/project_check.h"
 #include "host/mrl_alib.h"
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
 #include "hostlib/data/designcode/designcode.h"
-#include "lcdata/action_code.h"
 #include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/system.h"
-#include "model/check/project_check.h"
-#include "model/rules/action_columns.h"
-#include "model/rules/design_code_label.h"
+#include "lcdata/values/action_code.h"
+#include "rules/action_columns.h"
+#include "rules/design_code_label.h"
 #include "workbench/design_code_failure.h"
 
 namespace mrl::workbench {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "lcdata/packed_text.h"
+#include "lcdata/values/packed_text.h"
 
 // An input is a size (one byte), a title field of 68 bytes as any module may have filled it, and a text.
 

@@ -10,12 +10,12 @@
 
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
-#include "lcdata/action_code.h"
 #include "lcdata/actions.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/load_cases.h"
-#include "lcdata/packing.h"
 #include "lcdata/system.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/packing.h"
 #include "model/data_class.h"
 
 // An input is a row of records as any module may have left them: which group (one byte), the element (four),

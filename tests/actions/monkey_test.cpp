@@ -7,7 +7,7 @@
 #include <random>
 
 #include "host/mrl_dlib.h"
-#include "model/rules/action_rules.h"
+#include "rules/action_rules.h"
 
 using mrl::test::action;
 using mrl::test::ActionsTab;

@@ -4,7 +4,7 @@
 #include <random>
 
 #include "hostlib/data/designcode/designcode.h"
-#include "model/rules/action_row.h"
+#include "rules/action_row.h"
 
 using mrl::test::action;
 using mrl::test::ActionBuilder;

@@ -1,10 +1,10 @@
-#include "lcdata/action_code.h"
+#include "lcdata/values/action_code.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 
-#include "lcdata/keys.h"
+#include "lcdata/values/keys.h"
 #include "tests/support/action_builder.h"
 
 namespace {

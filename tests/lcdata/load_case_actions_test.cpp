@@ -3,7 +3,7 @@
 #include "lcdata/actions.h"
 #include "lcdata/load_case_rules.h"
 #include "lcdata/load_cases.h"
-#include "lcdata/packing.h"
+#include "lcdata/values/packing.h"
 #include "tests/support/project_fixture.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "lcdata/packed_text.h"
+#include "lcdata/values/packed_text.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "lcdata/packing.h"
+#include "lcdata/values/packing.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <limits>
 #include <random>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "lcdata/packing.h"
+#include "lcdata/values/packing.h"
 #include "support/loadcase_project.h"
 
 namespace {

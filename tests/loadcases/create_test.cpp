@@ -4,7 +4,7 @@
 #include <QLineEdit>
 
 #include "host/mrl_widgets.h"
-#include "lcdata/packed_text.h"
+#include "lcdata/values/packed_text.h"
 #include "loadcases/numbered_cases.h"
 #include "support/modal_answers.h"
 

@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-#include "lcdata/packed_text.h"
+#include "lcdata/values/packed_text.h"
 #include "support/loadcase_project.h"
 #include "support/modal_answers.h"
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "host/mrl_widgets.h"
-#include "lcdata/packing.h"
+#include "lcdata/values/packing.h"
 #include "support/loadcase_project.h"
 #include "support/modal_answers.h"
 

@@ -10,7 +10,7 @@
 #include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/system.h"
-#include "model/rules/action_row.h"
+#include "rules/action_row.h"
 #include "support/loadcase_project.h"
 
 namespace {

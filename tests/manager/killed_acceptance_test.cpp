@@ -5,7 +5,7 @@
 #include <random>
 #include <thread>
 
-#include "lcdata/packed_text.h"
+#include "lcdata/values/packed_text.h"
 #include "tests/support/project_fixture.h"
 
 namespace mrl::test {

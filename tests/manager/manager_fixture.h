@@ -14,8 +14,8 @@
 #include "manager/control_struct.h"
 #include "manager/entry_points.h"
 #include "manager/loadcase_manager.h"
-#include "model/rules/action_columns.h"
-#include "model/rules/loadcase_columns.h"
+#include "rules/action_columns.h"
+#include "rules/loadcase_columns.h"
 #include "tests/support/modal_answers.h"
 #include "tests/support/project_fixture.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "model/rules/action_names.h"
+#include "rules/action_names.h"
 
 namespace {
 

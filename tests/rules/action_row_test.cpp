@@ -5,8 +5,8 @@
 #include <limits>
 #include <random>
 
-#include "lcdata/action_code.h"
-#include "model/rules/action_row.h"
+#include "lcdata/values/action_code.h"
+#include "rules/action_row.h"
 #include "tests/support/action_builder.h"
 
 using mrl::test::action;

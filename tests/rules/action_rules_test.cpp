@@ -3,8 +3,8 @@
 #include <cstring>
 #include <limits>
 
-#include "model/rules/action_columns.h"
-#include "model/rules/action_rules.h"
+#include "rules/action_columns.h"
+#include "rules/action_rules.h"
 #include "tests/support/action_builder.h"
 
 using mrl::test::action;

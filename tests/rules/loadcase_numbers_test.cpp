@@ -1,4 +1,4 @@
-#include "model/rules/loadcase_numbers.h"
+#include "rules/loadcase_numbers.h"
 
 #include <gmock/gmock.h>
 

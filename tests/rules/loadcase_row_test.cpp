@@ -1,11 +1,11 @@
-#include "model/rules/loadcase_row.h"
+#include "rules/loadcase_row.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
 
-#include "lcdata/packing.h"
-#include "model/rules/action_columns.h"
+#include "lcdata/values/packing.h"
+#include "rules/action_columns.h"
 #include "support/loadcase_builders.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "model/rules/loadcase_rules.h"
+#include "rules/loadcase_rules.h"
 
 #include <gmock/gmock.h>
 
-#include "lcdata/packing.h"
+#include "lcdata/values/packing.h"
 #include "support/loadcase_builders.h"
 
 namespace {

@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "lcdata/packed_text.h"
-#include "lcdata/records.h"
+#include "lcdata/values/packed_text.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::test {
 

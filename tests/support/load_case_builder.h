@@ -4,9 +4,9 @@
 
 #include <QString>
 
-#include "lcdata/action_code.h"
-#include "lcdata/packed_text.h"
-#include "lcdata/records.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/packed_text.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::test {
 

@@ -7,9 +7,9 @@
 
 #include <QString>
 
-#include "lcdata/packed_text.h"
-#include "lcdata/records.h"
-#include "model/rules/loadcase_row.h"
+#include "lcdata/values/packed_text.h"
+#include "lcdata/values/records.h"
+#include "rules/loadcase_row.h"
 
 namespace lctest {
 

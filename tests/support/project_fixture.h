@@ -13,9 +13,9 @@
 
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
-#include "lcdata/action_code.h"
-#include "lcdata/keys.h"
-#include "lcdata/records.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/records.h"
 #include "tests/support/action_builder.h"
 #include "tests/support/design_code_file.h"
 #include "tests/support/load_case_builder.h"

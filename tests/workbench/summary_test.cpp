@@ -6,8 +6,8 @@
 #include <QTableView>
 #include <QTranslator>
 
-#include "lcdata/packed_text.h"
-#include "lcdata/packing.h"
+#include "lcdata/values/packed_text.h"
+#include "lcdata/values/packing.h"
 #include "tests/support/project_fixture.h"
 #include "workbench/actions_model.h"
 #include "workbench/load_cases_model.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::designcode {
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "host/mrl_export.h"
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::designcode {
 

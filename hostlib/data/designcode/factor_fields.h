@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "lcdata/records.h"
+#include "lcdata/values/records.h"
 
 namespace mrl::designcode {
 

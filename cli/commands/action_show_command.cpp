@@ -1,0 +1,50 @@
+#include "cli/action_table.h"
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/project.h"
+#include "cli/stored_actions.h"
+
+namespace mrl::cli {
+
+namespace {
+
+class ActionShowCommand : public Command
+{
+  public:
+    std::string name() const override { return "show"; }
+    std::string description() const override { return "Show one action of a project"; }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    std::string file;
+    std::string action;
+    bool json = false;
+};
+
+void ActionShowCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.positional("NAME", action, "Name of the action, such as Q_A");
+    args.json(json);
+}
+
+ExitCode ActionShowCommand::run()
+{
+    const Project project = Project::openForReading(file);
+    const LCM_StoredAction found = requireAction(project, action);
+    if (json) {
+        printJson(actionJson(found.code, found.record));
+        return ExitCode::Done;
+    }
+    Table table = actionTable();
+    addActionRow(table, found.code, found.record);
+    table.print();
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> actionShowCommand() { return std::make_unique<ActionShowCommand>(); }
+
+} // namespace mrl::cli

@@ -1,0 +1,105 @@
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/output.h"
+#include "cli/project.h"
+#include "cli/stored_actions.h"
+#include "lcdata/load_cases.h"
+#include "lcdata/stored_load_cases.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/packed_text.h"
+#include "rules/loadcase_numbers.h"
+
+namespace mrl::cli {
+
+namespace {
+
+class CaseCreateCommand : public Command
+{
+  public:
+    std::string name() const override { return "create"; }
+    std::string description() const override { return "Create a load case; prints its number"; }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    int chosenNumber(const Project& project) const;
+    void create(const Project& project, int lc) const;
+
+    std::string file;
+    int number = 0;
+    std::optional<std::string> action;
+    std::optional<std::string> title;
+};
+
+void CaseCreateCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.number(number, Arguments::Need::Optional);
+    args.text(
+        "--action", action, Arguments::Need::Optional,
+        "Action of the project; IMP for an imperfection, NONE (the default) for a load case without one");
+    args.title(title);
+}
+
+/// The number given, or the one that the dialog would propose without a selection.
+int CaseCreateCommand::chosenNumber(const Project& project) const
+{
+    if (number != 0) {
+        if (mrl_lc_exists(project.db(), number)) {
+            project.refuse("load case " + std::to_string(number) + " exists already");
+        }
+        return number;
+    }
+    std::vector<int> own;
+    std::set<int> used;
+    for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
+        used.insert(walk.current().number);
+        if (walk.current().isOwn()) {
+            own.push_back(walk.current().number);
+        }
+    }
+    int next = lcm_next_number(own, std::nullopt, used);
+    // Without a load case of its own the dialog proposes 1, taken or not, and leaves the answer to the user.
+    while (used.count(next) > 0) {
+        ++next;
+    }
+    if (next > LC_MAX_NUMBER) {
+        project.refuse("no number up to 999999 is free behind the highest load case");
+    }
+    return next;
+}
+
+void CaseCreateCommand::create(const Project& project, int lc) const
+{
+    const int db = project.db();
+    const int word = action ? typedActionWord(db, *action) : LC_ACTION_NONE;
+    const QString text = title ? qtext(*title) : QStringLiteral("Loadcase %1").arg(lc);
+    if (word != LC_ACTION_NONE && !mrl_lc_create_load_case(db, lc, word, text)) {
+        project.refuse("the project has no action " + *action + "; 'mrl-lc action create' takes one over");
+    }
+    tagCDB_LC_CTRL record{};
+    mrl_lc_get(db, lc, record);
+    lcm_title_pack(text, record.title, LC_TITLE_WORDS);
+    // The function leaves 0, which would switch the load case off.
+    record.factor = 1.0f;
+    mrl_lc_put(db, lc, record);
+}
+
+ExitCode CaseCreateCommand::run()
+{
+    Project project = Project::openForWriting(file);
+    const int lc = chosenNumber(project);
+    create(project, lc);
+    project.throwOnError();
+    project.commit();
+    Output out;
+    out.line(std::to_string(lc));
+    out.finish();
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> caseCreateCommand() { return std::make_unique<CaseCreateCommand>(); }
+
+} // namespace mrl::cli

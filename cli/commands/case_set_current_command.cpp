@@ -1,0 +1,45 @@
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/project.h"
+#include "lcdata/load_cases.h"
+
+namespace mrl::cli {
+
+namespace {
+
+class CaseSetCurrentCommand : public Command
+{
+  public:
+    std::string name() const override { return "set-current"; }
+    std::string description() const override { return "Make a load case current"; }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    std::string file;
+    int number = 0;
+};
+
+void CaseSetCurrentCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.number(number, Arguments::Need::Required);
+}
+
+ExitCode CaseSetCurrentCommand::run()
+{
+    Project project = Project::openForWriting(file);
+    if (!mrl_lc_exists(project.db(), number)) {
+        project.refuse("there is no load case " + std::to_string(number));
+    }
+    mrl_lc_set_current(project.db(), number);
+    project.throwOnError();
+    project.commit();
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> caseSetCurrentCommand() { return std::make_unique<CaseSetCurrentCommand>(); }
+
+} // namespace mrl::cli

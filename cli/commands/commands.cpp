@@ -1,0 +1,34 @@
+#include "cli/commands/commands.h"
+
+namespace mrl::cli {
+
+namespace {
+
+template <class... Commands>
+CommandGroup group(std::string name, std::string description, Commands... commands)
+{
+    CommandGroup result{std::move(name), std::move(description), {}};
+    (result.commands.push_back(std::move(commands)), ...);
+    return result;
+}
+
+} // namespace
+
+std::vector<CommandGroup> allCommands()
+{
+    std::vector<CommandGroup> groups;
+    groups.push_back(group("", "", newCommand(), infoCommand(), checkCommand(), verifyCommand()));
+    groups.push_back(group("action", "List, show, create and change the actions of a project",
+                           actionListCommand(), actionShowCommand(), actionCreateCommand(),
+                           actionCreateAllCommand(), actionSetCommand()));
+    groups.push_back(group("case", "List, show, create, change and remove the load cases of a project",
+                           caseListCommand(), caseShowCommand(), caseCreateCommand(), caseInitCommand(),
+                           caseSetCommand(), caseRemoveCommand(), caseCurrentCommand(),
+                           caseSetCurrentCommand()));
+    groups.push_back(group("", "", codesCommand()));
+    groups.push_back(group("code", "Show a design code", codeShowCommand()));
+    groups.push_back(group("", "", keysCommand(), getCommand(), putCommand(), delCommand()));
+    return groups;
+}
+
+} // namespace mrl::cli

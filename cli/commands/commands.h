@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "cli/commands/command.h"
+
+namespace mrl::cli {
+
+// One maker a command; each command's class lives in the file of the same name.
+std::unique_ptr<Command> codesCommand();
+std::unique_ptr<Command> codeShowCommand();
+std::unique_ptr<Command> newCommand();
+std::unique_ptr<Command> infoCommand();
+std::unique_ptr<Command> actionListCommand();
+std::unique_ptr<Command> actionShowCommand();
+std::unique_ptr<Command> actionCreateCommand();
+std::unique_ptr<Command> actionCreateAllCommand();
+std::unique_ptr<Command> actionSetCommand();
+std::unique_ptr<Command> caseListCommand();
+std::unique_ptr<Command> caseShowCommand();
+std::unique_ptr<Command> caseCreateCommand();
+std::unique_ptr<Command> caseInitCommand();
+std::unique_ptr<Command> caseSetCommand();
+std::unique_ptr<Command> caseRemoveCommand();
+std::unique_ptr<Command> caseCurrentCommand();
+std::unique_ptr<Command> caseSetCurrentCommand();
+std::unique_ptr<Command> getCommand();
+std::unique_ptr<Command> putCommand();
+std::unique_ptr<Command> delCommand();
+std::unique_ptr<Command> keysCommand();
+std::unique_ptr<Command> checkCommand();
+std::unique_ptr<Command> verifyCommand();
+
+} // namespace mrl::cli

@@ -1,0 +1,86 @@
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/output.h"
+#include "cli/project.h"
+#include "cli/raw_records.h"
+
+namespace mrl::cli {
+
+namespace {
+
+constexpr std::size_t WORD_DIGITS = 8;
+
+class GetCommand : public Command
+{
+  public:
+    std::string name() const override { return "get"; }
+    std::string description() const override
+    {
+        return "Print the raw records of a key: position, length, bytes";
+    }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    void printLines(const std::vector<std::string>& records) const;
+
+    std::string file;
+    int kwh = 0;
+    int kwl = 0;
+    bool hex = false;
+    bool json = false;
+};
+
+void GetCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.key(kwh, kwl);
+    args.flag("--hex", hex, "Bytes in one run, as 'put' takes them, instead of word by word");
+    args.json(json);
+}
+
+std::string inWords(const std::string& digits)
+{
+    std::string text;
+    for (std::size_t i = 0; i < digits.size(); i += WORD_DIGITS) {
+        text += (i == 0 ? "" : " ") + digits.substr(i, WORD_DIGITS);
+    }
+    return text;
+}
+
+void GetCommand::printLines(const std::vector<std::string>& records) const
+{
+    Output out;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const std::string digits = toHex(records[i]);
+        out.line(std::to_string(i) + " " + std::to_string(records[i].size()) + " " +
+                 (hex ? digits : inWords(digits)));
+    }
+    out.finish();
+}
+
+ExitCode GetCommand::run()
+{
+    const Project project = Project::openForReading(file);
+    const std::vector<std::string> records = readRecords(project.db(), kwh, kwl);
+    project.throwOnError();
+    if (records.empty()) {
+        project.refuse("there is no key " + keyText(kwh, kwl));
+    }
+    if (!json) {
+        printLines(records);
+        return ExitCode::Done;
+    }
+    Json list = Json::array();
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        list.push_back({{"position", i}, {"length", records[i].size()}, {"bytes", toHex(records[i])}});
+    }
+    printJson(list);
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> getCommand() { return std::make_unique<GetCommand>(); }
+
+} // namespace mrl::cli

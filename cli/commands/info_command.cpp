@@ -1,0 +1,114 @@
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/design_codes.h"
+#include "cli/project.h"
+#include "cli/words.h"
+#include "lcdata/load_cases.h"
+#include "lcdata/stored_actions.h"
+#include "lcdata/stored_load_cases.h"
+#include "lcdata/system.h"
+
+namespace mrl::cli {
+
+namespace {
+
+class InfoCommand : public Command
+{
+  public:
+    std::string name() const override { return "info"; }
+    std::string description() const override
+    {
+        return "Design code, system, gravity, counts and current load case";
+    }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    std::string file;
+    bool json = false;
+};
+
+struct Info
+{
+    designcode::Loaded designCode;
+    std::string designCodeFact;
+    int systemClass = 0;
+    std::string gravity;
+    std::size_t actions = 0;
+    int loadCases = 0;
+    int foreignLoadCases = 0;
+    int currentLoadCase = 0;
+};
+
+void InfoCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.json(json);
+}
+
+Info gather(const Project& project)
+{
+    const int db = project.db();
+    Info info;
+    info.designCode = designcode::ofDatabase(db);
+    info.designCodeFact = cdb::fact(db, "designcode");
+    info.systemClass = lcm_system_class(db);
+    info.gravity = wordOf(gravityAxes(), lcm_gravity_direction(db));
+    info.actions = lcm_stored_actions(db).size();
+    info.currentLoadCase = mrl_lc_current(db);
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
+        ++(walk.current().isOwn() ? info.loadCases : info.foreignLoadCases);
+    }
+    project.throwOnError();
+    return info;
+}
+
+Json infoJson(const Info& info, const std::string& file)
+{
+    Json code = {{"name", info.designCodeFact}, {"problem", info.designCode.reason}};
+    if (info.designCode.code) {
+        code = identityJson(*info.designCode.code);
+        code["problem"] = nullptr;
+    }
+    return {{"file", file},
+            {"designCode", code},
+            {"systemClass", info.systemClass},
+            {"system", systemName(info.systemClass)},
+            {"gravity", info.gravity},
+            {"actions", info.actions},
+            {"loadCases", info.loadCases},
+            {"foreignLoadCases", info.foreignLoadCases},
+            {"currentLoadCase", info.currentLoadCase}};
+}
+
+ExitCode InfoCommand::run()
+{
+    const Project project = Project::openForReading(file);
+    const Info info = gather(project);
+    if (json) {
+        printJson(infoJson(info, file));
+        return ExitCode::Done;
+    }
+    const auto& code = info.designCode.code;
+    const std::string current = info.currentLoadCase == 0 ? "none" : std::to_string(info.currentLoadCase);
+    Output out;
+    out.line("Project:            " + file);
+    out.line("Design code:        " + (code ? code->name + ", " + printable(qtext(code->label))
+                                            : "none active: " + info.designCode.reason));
+    out.line("System:             " + systemName(info.systemClass));
+    out.line("Gravity:            " + info.gravity);
+    out.line("Actions:            " + std::to_string(info.actions));
+    out.line("Load cases:         " + std::to_string(info.loadCases));
+    if (info.foreignLoadCases > 0) {
+        out.line("Of other modules:   " + std::to_string(info.foreignLoadCases));
+    }
+    out.line("Current load case:  " + current);
+    out.finish();
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> infoCommand() { return std::make_unique<InfoCommand>(); }
+
+} // namespace mrl::cli

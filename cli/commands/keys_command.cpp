@@ -1,0 +1,84 @@
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/key_list.h"
+#include "cli/output.h"
+#include "cli/project.h"
+#include "cli/words.h"
+#include "lcdata/values/keys.h"
+
+namespace mrl::cli {
+
+namespace {
+
+class KeysCommand : public Command
+{
+  public:
+    std::string name() const override { return "keys"; }
+    std::string description() const override
+    {
+        return "List the keys in their order; action codes with their name";
+    }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    std::string file;
+    std::optional<int> kwh;
+    bool json = false;
+};
+
+void KeysCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.integer("--kwh", kwh, "Only the keys of one group");
+    args.json(json);
+}
+
+std::string nameOf(int kwh, int kwl)
+{
+    return kwh == LC_KWH_ACTIONS && kwl >= LC_BLANK_WORD ? actionName(kwl) : std::string();
+}
+
+std::string asText(int kwh, int kwl)
+{
+    const std::string name = nameOf(kwh, kwl);
+    return std::to_string(kwh) + " " + std::to_string(kwl) + (name.empty() ? "" : " " + name);
+}
+
+std::string asJson(int kwh, int kwl)
+{
+    const std::string name = nameOf(kwh, kwl);
+    return Json{{"kwh", kwh}, {"kwl", kwl}, {"name", name.empty() ? Json(nullptr) : Json(name)}}.dump();
+}
+
+ExitCode KeysCommand::run()
+{
+    const Project project = Project::openForReading(file);
+    AllKeys keys = kwh ? AllKeys(project.db(), *kwh) : AllKeys(project.db());
+    Output out;
+    const char* separator = "\n";
+    if (json) {
+        out.write("[");
+    }
+    while (keys.next()) {
+        if (json) {
+            out.write(separator);
+            out.write(asJson(keys.kwh(), keys.kwl()));
+            separator = ",\n";
+        } else {
+            out.line(asText(keys.kwh(), keys.kwl()));
+        }
+    }
+    project.throwOnError();
+    if (json) {
+        out.line("\n]");
+    }
+    out.finish();
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> keysCommand() { return std::make_unique<KeysCommand>(); }
+
+} // namespace mrl::cli

@@ -1,0 +1,92 @@
+#include <QDir>
+
+#include "cli/arguments.h"
+#include "cli/commands/commands.h"
+#include "cli/design_codes.h"
+#include "cli/failure.h"
+#include "cli/project.h"
+#include "cli/words.h"
+#include "lcdata/default_actions.h"
+#include "lcdata/system.h"
+
+namespace mrl::cli {
+
+namespace {
+
+class NewCommand : public Command
+{
+  public:
+    std::string name() const override { return "new"; }
+    std::string description() const override { return "Make a new project"; }
+    void declare(Arguments& args) override;
+    ExitCode run() override;
+
+  private:
+    void fill(Project& project) const;
+    std::string codeToStore() const;
+
+    std::string file;
+    std::optional<std::string> code;
+    std::optional<std::string> system;
+    std::optional<std::string> gravity;
+    bool defaultActions = false;
+};
+
+void NewCommand::declare(Arguments& args)
+{
+    args.file(file);
+    args.text("--code", code, Arguments::Need::Required, "Name of a design code, or the path of its file");
+    args.choice("--system", system, rawSystemClasses(), "spatial (the default), plane or plate");
+    args.choice("--gravity", gravity, gravityAxes(),
+                "+X, -X, +Y, -Y, +Z or -Z; -Z unless given, -Y for a plane system");
+    args.flag("--default-actions", defaultActions, "Take over every default action of the design code");
+}
+
+/// A path is stored whole, so that the project finds the file from any folder.
+std::string NewCommand::codeToStore() const
+{
+    if (code->find('/') == std::string::npos) {
+        return *code;
+    }
+    return QDir().absoluteFilePath(qtext(*code)).toStdString();
+}
+
+void NewCommand::fill(Project& project) const
+{
+    const cdb::Result named = cdb::setFact(project.db(), "designcode", codeToStore());
+    if (!named) {
+        throw Failure{ExitCode::File, named.text};
+    }
+    const std::string chosenSystem = system.value_or("spatial");
+    const std::string axis = gravity.value_or(chosenSystem == "plane" ? "-Y" : "-Z");
+    lcm_write_system(project.db(), rawSystemClasses().at(chosenSystem), gravityAxes().at(axis));
+    if (defaultActions) {
+        lcm_store_default_actions(project.db());
+    }
+    project.throwOnError();
+    project.commit();
+}
+
+ExitCode NewCommand::run()
+{
+    readDesignCode(*code);
+    bool created = false;
+    try {
+        Project project = Project::create(file);
+        created = true;
+        fill(project);
+    } catch (const Failure&) {
+        // A project without its facts would only stand in the way of the next attempt.
+        if (created) {
+            cdb::removeFile(file);
+        }
+        throw;
+    }
+    return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> newCommand() { return std::make_unique<NewCommand>(); }
+
+} // namespace mrl::cli

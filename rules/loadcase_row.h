@@ -1,0 +1,104 @@
+#pragma once
+
+#include <array>
+
+#include <QString>
+
+#include "lcdata/values/records.h"
+#include "rules/loadcase_columns.h"
+
+/// What the project and its design code settle for every row of the load-case table.
+struct LCM_LoadcaseSetup
+{
+    std::array<bool, LC_FACTOR_COUNT> factorColumns{}; ///< by column id, from LC_COL_GAMU on
+    int gravity = 1;               ///< signed axis of gravity, plus or minus 1, 2, 3 for X, Y, Z
+    int systemClass = 0;           ///< 0, 1 or 3
+    bool globalDirections = false; ///< the box "Use global deadload directions" is checked
+
+    bool hasColumn(int factorColumn) const
+    {
+        return factorColumns[static_cast<std::size_t>(factorColumn - LC_COL_GAMU)];
+    }
+};
+
+/// The factors that a row shows, by column id. A factor that is not set is LC_UNDEFINED.
+class LCM_LoadcaseFactors
+{
+  public:
+    float& operator[](int factorColumn) { return m_values[index(factorColumn)]; }
+    float operator[](int factorColumn) const { return m_values[index(factorColumn)]; }
+
+  private:
+    static std::size_t index(int column) { return static_cast<std::size_t>(column - LC_COL_GAMU); }
+    std::array<float, LC_FACTOR_COUNT> m_values{};
+};
+
+/// The dead-weight cells of a row.
+struct LCM_LoadcaseDeadWeight
+{
+    float factor = 0.0f; ///< LC_COL_DEADFACTOR, the amount along gravity
+    float dlx = 0.0f;
+    float dly = 0.0f;
+    float dlz = 0.0f;
+};
+
+/// The values of the cells of one row.
+struct LCM_LoadcaseRow
+{
+    int number = 0;
+    QString title;
+    int action = 0; ///< id of the action cell: 0 none, 70 imperfection, else an action code
+    LCM_LoadcaseDeadWeight deadWeight;
+    LCM_LoadcaseFactors factors;
+};
+
+/// Whether a load case with this action word has factors of its own: only "None" has.
+constexpr bool lcm_has_own_factors(int actionWord) { return actionWord == 0; }
+
+/// Which of the components X, Y and Z a system class has.
+std::array<bool, 3> lcm_shown_components(int systemClass);
+
+/// What the dead-weight cells show of a record: the component along gravity as an amount, the others with
+/// their signs; LC_COL_DEADFACTOR the amount along gravity, or `dlz` as it stands when `gravity` is no axis.
+LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int gravity);
+
+/// What the factor cells show of a record: its own factors for "None", else those of the action.
+/// @param action the action of the record's action word; null when there is none, all factors are 0 then
+LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action);
+
+/// The factors that a record holds itself. A factor that follows the action is undefined, of a pair both.
+LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record);
+
+/// The factor of an action that a factor column shows; LC_UNDEFINED for any other column.
+float lcm_action_factor(const tagCDB_LC_ACT& action, int column);
+
+/// The cells of a row that shows a record.
+LCM_LoadcaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                  const LCM_LoadcaseSetup& setup);
+
+/// The dead-weight components of a record that a row's cells mean: the amount along gravity with gravity's
+/// sign, no component that the system class lacks, and only that along gravity unless the global directions
+/// are used. An amount of 0 is stored as plain 0, never as its negative.
+void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_LoadcaseSetup& setup,
+                           tagCDB_LC_CTRL& record);
+
+/// The five factor fields of a record: all undefined when the record's action word is not 0, else the row's
+/// factors, packed in pairs; a factor without a column is 0.
+void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup,
+                       tagCDB_LC_CTRL& record);
+
+/// The record that a row means. It starts from zeros, so reserved words of an earlier record don't survive.
+tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadcaseRow& row, const LCM_LoadcaseSetup& setup);
+
+/// The record after the user chose another action for it: title and dead weight stay, the factors are 0 for
+/// "None" and the imperfection and follow the action otherwise.
+/// @param actionWord id of the newly chosen entry
+tagCDB_LC_CTRL lcm_record_with_action(const tagCDB_LC_CTRL& record, int actionWord);
+
+/// The text of the marker of an action that the project lacks; it names the code's bytes up to the first
+/// zero, trailing blanks included. Not translated.
+QString lcm_missing_action_text(int code);
+
+/// The code with its letters in lower or upper case, blank-padded; 0x20202020 for a code without bytes.
+int lcm_lower_code(int code);
+int lcm_upper_code(int code);
