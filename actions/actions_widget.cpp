@@ -6,7 +6,7 @@
 
 #include "actions/actions_table.h"
 #include "actions/columns.h"
-#include "actions/loadcase_tab.h"
+#include "actions/load_case_tab.h"
 #include "actions/row_cells.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-LCM_DataClass* shareModel(const LCM_LoadcaseTab& tab)
+LCM_DataClass* shareModel(const LCM_LoadCaseTab& tab)
 {
     LCM_DataClass* shared = tab.workingModel();
     shared->addReference();
@@ -23,12 +23,12 @@ LCM_DataClass* shareModel(const LCM_LoadcaseTab& tab)
 
 } // namespace
 
-LCM_ActionsWidget::LCM_ActionsWidget(LCM_LoadcaseTab* loadcaseTab, int database, int dialogOption,
+LCM_ActionsWidget::LCM_ActionsWidget(LCM_LoadCaseTab* loadCaseTab, int database, int dialogOption,
                                      QWidget* parent, const char* name)
-    : LCM_TabInterface(database, parent, name), m_dialogOption(dialogOption), m_loadcaseTab(loadcaseTab)
+    : LCM_TabInterface(database, parent, name), m_dialogOption(dialogOption), m_loadCaseTab(loadCaseTab)
 {
     // Counted: the last tab that releases the model destroys it.
-    model = loadcaseTab != nullptr ? shareModel(*loadcaseTab) : new LCM_DataClass(database);
+    model = loadCaseTab != nullptr ? shareModel(*loadCaseTab) : new LCM_DataClass(database);
     LCM_ActionsWidget::createWidgets();
 }
 

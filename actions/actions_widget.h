@@ -9,7 +9,7 @@
 #include "actions/tab_interface.h"
 #include "lcdata/values/records.h"
 
-class LCM_LoadcaseTab;
+class LCM_LoadCaseTab;
 class LCM_RowCells;
 class MRL_LC_ActionsTable;
 class MRL_QT_Action;
@@ -22,9 +22,9 @@ class LCM_ActionsWidget : public LCM_TabInterface
 {
     Q_OBJECT
   public:
-    /// @param loadcaseTab the load-case tab, whose model is shared; null: this tab makes a model of its own
+    /// @param loadCaseTab the load-case tab, whose model is shared; null: this tab makes a model of its own
     /// @param dialogOption handed to the new-action dialog; bit 0 leaves its user-defined half out
-    LCM_ActionsWidget(LCM_LoadcaseTab* loadcaseTab, int database, int dialogOption, QWidget* parent,
+    LCM_ActionsWidget(LCM_LoadCaseTab* loadCaseTab, int database, int dialogOption, QWidget* parent,
                       const char* name);
     ~LCM_ActionsWidget() override;
 
@@ -103,7 +103,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
 
     int m_dialogOption;
     MRL_LC_ActionsTable* m_actionsTable = nullptr;   ///< the base's table with its full type
-    LCM_LoadcaseTab* m_loadcaseTab;                  ///< not owned; null in a dialog of the actions alone
+    LCM_LoadCaseTab* m_loadCaseTab;                  ///< not owned; null in a dialog of the actions alone
     MRL_QT_Action* m_reinitAllAction = nullptr;      ///< child of this
     MRL_QT_Action* m_reinitSelectedAction = nullptr; ///< child of this
     std::map<int, tagCDB_LC_ACT> rowCache;           ///< the records of all rows as of its last making

@@ -7,7 +7,7 @@
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
 #include "actions/columns.h"
-#include "actions/loadcase_tab.h"
+#include "actions/load_case_tab.h"
 #include "actions/new_action.h"
 #include "actions/new_action_dialog.h"
 #include "actions/row_cells.h"
@@ -80,11 +80,11 @@ LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
     std::unordered_set<int> used; // the same codes as the list, to be found fast
     for (const int row : rowsInSelectionOrder()) {
         const int code = LCM_RowCells(table, row).actionCode();
-        if (m_loadcaseTab != nullptr) {
+        if (m_loadCaseTab != nullptr) {
             if (deletion.codes.count(code) != 0 || used.count(code) != 0) {
                 continue;
             }
-            if (m_loadcaseTab->isActionUsed(actionOf(code))) {
+            if (m_loadCaseTab->isActionUsed(actionOf(code))) {
                 used.insert(code);
                 deletion.used.push_back(code);
                 continue;
@@ -134,7 +134,7 @@ void LCM_ActionsWidget::addUsed(Deletion& deletion)
     for (const int code : deletion.used) {
         actions.push_back(actionOf(code));
     }
-    m_loadcaseTab->removeLoadcasesOf(actions);
+    m_loadCaseTab->removeLoadCasesOf(actions);
     for (const int code : deletion.used) {
         deletion.codes.insert(code);
         const auto row = rowOfCode.find(code);

@@ -9,15 +9,15 @@
 #include "lcdata/actions.h"
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/system.h"
 #include "lcdata/values/action_code.h"
 #include "rules/action_row.h"
 #include "rules/action_rules.h"
 #include "rules/design_code_label.h"
-#include "rules/loadcase_numbers.h"
-#include "rules/loadcase_rules.h"
+#include "rules/load_case_numbers.h"
+#include "rules/load_case_rules.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ class Check
     int db;
     tagCDB_LC_ACT limits{};
     LCM_DesignCodeIdentity identity;
-    LCM_LoadcaseSetup setup;
+    LCM_LoadCaseSetup setup;
     std::map<int, tagCDB_LC_ACT> actions; ///< as their rows show them, by code
     LCM_ActionWords words;
     std::vector<LCM_ProjectFinding> findings;
@@ -152,8 +152,8 @@ void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
     }
     tagCDB_LC_CTRL record = loadCase.stored.record;
     record.action = words.resolved(record.action);
-    const LCM_LoadcaseVerdict verdict =
-        lcm_judge_stored_loadcase(number, record, findAction(record.action), setup, limits);
+    const LCM_LoadCaseVerdict verdict =
+        lcm_judge_stored_load_case(number, record, findAction(record.action), setup, limits);
     if (verdict.actionMissing) {
         add(Subject::LoadCase, number, tr("the project has no action %1").arg(lcm_word_name(record.action)));
     }

@@ -7,7 +7,7 @@
 
 #include "cli/raw_records.h"
 #include "lcdata/values/action_code.h"
-#include "rules/loadcase_numbers.h"
+#include "rules/load_case_numbers.h"
 
 namespace mrl::cli {
 

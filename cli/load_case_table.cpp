@@ -4,7 +4,7 @@
 #include "cli/words.h"
 #include "lcdata/values/packed_text.h"
 #include "rules/action_columns.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 namespace mrl::cli {
 
@@ -29,7 +29,7 @@ std::vector<Value> valuesOf(const tagCDB_LC_CTRL& record)
                               {"DLY", record.dly, false},
                               {"DLZ", record.dlz, false},
                               {"factor", record.factor, false}};
-    const LCM_LoadcaseFactors factors = lcm_stored_factors(record);
+    const LCM_LoadCaseFactors factors = lcm_stored_factors(record);
     for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
         values.push_back({factor.key, factors[factor.column], true});
     }

@@ -1,6 +1,6 @@
 #include "cli/stored_load_cases.h"
 
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/values/keys.h"
 
 namespace mrl::cli {

@@ -6,7 +6,7 @@
 #include "lcdata/actions.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/guards.h"
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"

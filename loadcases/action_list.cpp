@@ -2,7 +2,7 @@
 
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 LCM_ActionList::LCM_ActionList(const QString& none, const QString& imperfection,
                                const std::vector<tagCDB_LC_ACT>& actions)

@@ -8,7 +8,7 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "loadcases/columns.h"
-#include "loadcases/loadcase_cells.h"
+#include "loadcases/load_case_cells.h"
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
 #include "model/data_class.h"
@@ -122,7 +122,7 @@ void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
     std::set<int> missing = numbers;
     std::map<int, int> rows; // the first row of each number
     for (int row = 0; row < loadcaseTable->rowCount() && !missing.empty(); ++row) {
-        const int number = LCM_LoadcaseCells(*loadcaseTable, row).number();
+        const int number = LCM_LoadCaseCells(*loadcaseTable, row).number();
         if (missing.erase(number) != 0) {
             rows.emplace(number, row);
         }
@@ -156,7 +156,7 @@ void LCM_LoadcaseWidget::getSelectedLoadcases(std::set<int>& numbers)
 {
     numbers.clear();
     for (const int row : getSelectedRows(loadcaseTable)) {
-        numbers.insert(LCM_LoadcaseCells(*loadcaseTable, row).number());
+        numbers.insert(LCM_LoadCaseCells(*loadcaseTable, row).number());
     }
 }
 
@@ -168,7 +168,7 @@ void LCM_LoadcaseWidget::save(bool writeToDatabase)
     const LCM_RowContext context = rowContext();
     std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(loadcaseTable->rowCount()));
     for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
-        readCells(LCM_LoadcaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
+        readCells(LCM_LoadCaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
     }
     model->loadcases = std::move(entries);
     notifyModification();

@@ -6,16 +6,16 @@
 #include <unordered_set>
 #include <vector>
 
-#include "actions/loadcase_tab.h"
+#include "actions/load_case_tab.h"
 #include "actions/tab_interface.h"
 #include "lcdata/values/records.h"
 #include "loadcases/action_list.h"
 #include "loadcases/loadcase_copy.h"
-#include "rules/loadcase_numbers.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_numbers.h"
+#include "rules/load_case_row.h"
 
 class LCM_ActionsWidget;
-class LCM_LoadcaseCells;
+class LCM_LoadCaseCells;
 class MRL_QT_CheckBox;
 class QBoxLayout;
 class TableLoadCases;
@@ -27,7 +27,7 @@ struct LCM_RowContext;
 ///
 /// A load case with an action has no factors of its own. Its row shows the action's present factors in
 /// disabled cells, and its record holds the undefined value.
-class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
+class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
 {
     Q_OBJECT
   public:
@@ -51,7 +51,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     LCM_DataClass* workingModel() const override { return model; }
     bool isActionUsed(const tagCDB_LC_ACT& action) override;
     void removeActionLoadcases(const tagCDB_LC_ACT& action) override;
-    void removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions) override;
+    void removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions) override;
 
     /// Shows an entry in a row.
     void fillRow(int row, const LCM_LoadcaseEntry& entry);
@@ -116,31 +116,31 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadcaseTab
     int numberOfRow(int row) const;
     std::vector<int> rowNumbers() const;
 
-    void fillCells(LCM_LoadcaseCells& cells, const LCM_LoadcaseEntry& entry, LCM_RowContext& context);
+    void fillCells(LCM_LoadCaseCells& cells, const LCM_LoadcaseEntry& entry, LCM_RowContext& context);
     /// The action that the row shows, null for none, the imperfection and a missing one.
-    const tagCDB_LC_ACT* shownAction(const LCM_LoadcaseCells& cells, LCM_RowContext& context);
-    void readCells(const LCM_LoadcaseCells& cells, LCM_LoadcaseEntry& entry, const LCM_RowContext& context);
+    const tagCDB_LC_ACT* shownAction(const LCM_LoadCaseCells& cells, LCM_RowContext& context);
+    void readCells(const LCM_LoadCaseCells& cells, LCM_LoadcaseEntry& entry, const LCM_RowContext& context);
     /// The row as it is after reading and filling it again: what follows from its action, its dead weight as
     /// it will be stored.
-    void refreshCells(LCM_LoadcaseCells& cells, LCM_RowContext& context);
+    void refreshCells(LCM_LoadCaseCells& cells, LCM_RowContext& context);
     /// Lets the row follow its newly chosen action; factors of its own are dropped.
-    void followAction(LCM_LoadcaseCells& cells, LCM_RowContext& context);
-    bool judge(int row, const LCM_LoadcaseCells& cells, LCM_RowContext& context);
+    void followAction(LCM_LoadCaseCells& cells, LCM_RowContext& context);
+    bool judge(int row, const LCM_LoadCaseCells& cells, LCM_RowContext& context);
     void judgeRows(const std::set<int>& rows, LCM_RowContext& context);
     /// @param word what a row keeps whose action is missing
-    void bindAction(LCM_LoadcaseCells& cells, int code, int word);
+    void bindAction(LCM_LoadCaseCells& cells, int code, int word);
     /// The action word that the row stands for.
-    int actionWord(const LCM_LoadcaseCells& cells) const;
-    int keptWordFor(const LCM_LoadcaseCells& cells, int markerId) const;
+    int actionWord(const LCM_LoadCaseCells& cells) const;
+    int keptWordFor(const LCM_LoadCaseCells& cells, int markerId) const;
     /// Gives the column the list when entries were appended to it.
     void showActionList();
     void setActionEntries();
     /// Moves a row to another entry of the new list. @param former the list before
-    void rebind(LCM_LoadcaseCells& cells, int newId, const LCM_ActionList& former);
+    void rebind(LCM_LoadCaseCells& cells, int newId, const LCM_ActionList& former);
     std::vector<tagCDB_LC_ACT> presentActions() const;
     /// The entries of the new list in which the ids of all rows end up.
     std::unordered_map<int, int> bindAllIds();
-    bool showReinitialised(LCM_LoadcaseCells& cells, const tagCDB_LC_ACT& action);
+    bool showReinitialised(LCM_LoadCaseCells& cells, const tagCDB_LC_ACT& action);
 
     bool createFromSelection(bool copy, const std::set<int>& selected, LCM_LoadcaseEntry& entry,
                              std::set<int>& newRows, LCM_LoadcaseCopy& info);

@@ -3,7 +3,7 @@
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
 #include "loadcases/my_slider.h"
-#include "rules/loadcase_numbers.h"
+#include "rules/load_case_numbers.h"
 
 LCM_LoadcaseNumberDialog::LCM_LoadcaseNumberDialog(QWidget* parent, const std::set<int>& taken,
                                                    bool asksFactor, const LCM_LoadcaseCopy& info)

@@ -3,7 +3,7 @@
 #include <unordered_map>
 
 #include "lcdata/values/records.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 class LCM_ActionsWidget;
 class LCM_DataClass;
@@ -33,6 +33,6 @@ class LCM_ActionLookup
 /// What an operation on rows needs to know beside the rows, asked once for all of them.
 struct LCM_RowContext
 {
-    LCM_LoadcaseSetup setup;
+    LCM_LoadCaseSetup setup;
     LCM_ActionLookup actions;
 };

@@ -67,8 +67,8 @@ int LoadcaseManager::createContents(QBoxLayout* layout)
     mrl_cdb_use(m_db, 0);
     mrl_dlib_ini_switch(m_db);
     addInfoLine(layout);
-    if (m_control->mode == WANTED_LOADCASES && m_loadcases) {
-        m_tabs->setCurrentWidget(m_loadcases);
+    if (m_control->mode == WANTED_LOADCASES && m_loadCases) {
+        m_tabs->setCurrentWidget(m_loadCases);
     } else if (m_control->mode == WANTED_ACTIONS && m_actions) {
         m_tabs->setCurrentWidget(m_actions);
     }
@@ -78,8 +78,8 @@ int LoadcaseManager::createContents(QBoxLayout* layout)
 void LoadcaseManager::createTabs()
 {
     if (m_control->singleTab && m_control->mode == WANTED_LOADCASES) {
-        createLoadcaseTab();
-        m_tabs->addTab(m_loadcases, tr("Loadcases"));
+        createLoadCaseTab();
+        m_tabs->addTab(m_loadCases, tr("Loadcases"));
         return;
     }
     if (m_control->singleTab && m_control->mode == WANTED_ACTIONS) {
@@ -89,24 +89,24 @@ void LoadcaseManager::createTabs()
         return;
     }
     // The load-case tab makes the working model, which the actions tab then shares.
-    createLoadcaseTab();
+    createLoadCaseTab();
     createActionsTab();
     m_tabs->addTab(m_actions, tr("Actions"));
-    m_tabs->addTab(m_loadcases, tr("Loadcases"));
+    m_tabs->addTab(m_loadCases, tr("Loadcases"));
     setCaption(tr("Marlavon: Action and Loadcase Manager"));
-    m_loadcases->setActionsWidget(m_actions);
+    m_loadCases->setActionsWidget(m_actions);
 }
 
-void LoadcaseManager::createLoadcaseTab()
+void LoadcaseManager::createLoadCaseTab()
 {
-    m_loadcases = new LCM_LoadcaseWidget(m_db, this, "loadcasewidget");
-    mrl_connect(m_loadcases, "2signal_deleteUnusedLoadcases()", this, "1slot_deleteUnusedLoadcases()",
+    m_loadCases = new LCM_LoadcaseWidget(m_db, this, "loadcasewidget");
+    mrl_connect(m_loadCases, "2signal_deleteUnusedLoadcases()", this, "1slot_deleteUnusedLoadcases()",
                 Qt::AutoConnection);
 }
 
 void LoadcaseManager::createActionsTab()
 {
-    m_actions = new LCM_ActionsWidget(m_loadcases, m_db, m_control->actionOptions, this, "actionswidget");
+    m_actions = new LCM_ActionsWidget(m_loadCases, m_db, m_control->actionOptions, this, "actionswidget");
 }
 
 QString LoadcaseManager::infoText() const
@@ -132,17 +132,17 @@ void LoadcaseManager::initContents()
     if (m_actions) {
         m_actions->fillTable();
     }
-    if (m_loadcases) {
-        m_loadcases->fillTable();
-        m_loadcases->selectLoadcases(m_control->loadCases);
+    if (m_loadCases) {
+        m_loadCases->fillTable();
+        m_loadCases->selectLoadcases(m_control->loadCases);
     }
     if (!m_actions || m_actions->hasFactorColumns()) {
         return;
     }
     // The page goes, the widget stays: it is still checked and saved.
     m_tabs->removeTab(m_tabs->indexOf(m_actions));
-    if (m_loadcases) {
-        m_tabs->setCurrentWidget(m_loadcases);
+    if (m_loadCases) {
+        m_tabs->setCurrentWidget(m_loadCases);
     }
 }
 
@@ -158,10 +158,10 @@ bool LoadcaseManager::refuseInvalid(LCM_TabInterface* tab)
     return false;
 }
 
-bool LoadcaseManager::takeSelectedLoadcases()
+bool LoadcaseManager::takeSelectedLoadCases()
 {
     std::set<int> selected;
-    m_loadcases->getSelectedLoadcases(selected);
+    m_loadCases->getSelectedLoadcases(selected);
     if ((m_control->options & EXACTLY_ONE_LOADCASE) == 0 || selected.size() == 1) {
         m_control->loadCases = std::move(selected);
         return true;
@@ -175,10 +175,10 @@ bool LoadcaseManager::checkContents()
     if (m_actions && !m_actions->isValid()) {
         return refuseInvalid(m_actions);
     }
-    if (m_loadcases && !m_loadcases->isValid()) {
-        return refuseInvalid(m_loadcases);
+    if (m_loadCases && !m_loadCases->isValid()) {
+        return refuseInvalid(m_loadCases);
     }
-    const bool mayClose = !m_loadcases || takeSelectedLoadcases();
+    const bool mayClose = !m_loadCases || takeSelectedLoadCases();
     if (m_actions) {
         m_actions->getSelectedActionCodes(m_control->actions);
     }
@@ -190,9 +190,9 @@ void LoadcaseManager::saveContents()
     if (m_actions) {
         m_actions->save(true);
     }
-    if (m_loadcases) {
-        m_loadcases->save(true);
-        m_control->copies = m_loadcases->getCopies();
+    if (m_loadCases) {
+        m_loadCases->save(true);
+        m_control->copies = m_loadCases->getCopies();
     }
     m_control->mode = m_actions && m_tabs->currentWidget() == m_actions ? WANTED_ACTIONS : WANTED_LOADCASES;
 }

@@ -39,15 +39,15 @@ class LoadcaseManager : public MRL_H_Dialog
   private:
     void createTabs();
     void createActionsTab();
-    void createLoadcaseTab();
+    void createLoadCaseTab();
     void addInfoLine(QBoxLayout* layout);
     QString infoText() const;
     bool refuseInvalid(LCM_TabInterface* tab);
-    bool takeSelectedLoadcases();
+    bool takeSelectedLoadCases();
 
     QTabWidget* m_tabs = nullptr;              ///< child of this
     LCM_ActionsWidget* m_actions = nullptr;    ///< child of this; null without an actions tab
-    LCM_LoadcaseWidget* m_loadcases = nullptr; ///< child of this; null without a load-case tab
+    LCM_LoadcaseWidget* m_loadCases = nullptr; ///< child of this; null without a load-case tab
     MRL_LC_CtrlStruct* m_control;
     int m_db;
 };

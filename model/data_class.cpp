@@ -14,8 +14,8 @@ LCM_DataClass::LCM_DataClass(int database) : db(database)
     if (loadActionsFromDatabase(db) == 0) {
         activateDefaultActions();
     }
-    readLoadcaseNumbers();
-    loadLoadcases();
+    readLoadCaseNumbers();
+    loadLoadCases();
 }
 
 LCM_DataClass::~LCM_DataClass() = default;

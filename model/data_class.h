@@ -95,7 +95,7 @@ class LCM_DataClass : public QObject
     /// none.
     std::set<int> getUsedLoadcaseNumbers();
     /// The same without the copy; good until the next call that changes the model.
-    const std::set<int>& knownLoadcaseNumbers();
+    const std::set<int>& knownLoadCaseNumbers();
     void removeUsedLoadcaseNumber(int number);
 
     /// The design code's marks; its factor fields also are the limits of the cell checks. Zero when the
@@ -153,8 +153,8 @@ class LCM_DataClass : public QObject
   private:
     LCM_SubAction* newSubAction(const tagCDB_LC_ACT& record);
     void addTableEntry(std::vector<LCM_ActionEntry*>& tree, const tagCDB_LC_ACT& record);
-    void loadLoadcases();
-    void readLoadcaseNumbers();
+    void loadLoadCases();
+    void readLoadCaseNumbers();
     std::set<int>& usedNumbers();
     int hasLabelled(bool known, const QString& key);
 

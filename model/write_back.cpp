@@ -35,7 +35,7 @@ void deleteActions(int db)
     }
 }
 
-void deleteOwnLoadcases(int db)
+void deleteOwnLoadCases(int db)
 {
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
         if (walk.current().isOwn()) {
@@ -115,7 +115,7 @@ void LCM_DataClass::writeActions(int database)
 
 void LCM_DataClass::writeLoadcases(int database)
 {
-    deleteOwnLoadcases(database);
+    deleteOwnLoadCases(database);
     for (const LCM_LoadcaseEntry& entry : loadcases) {
         put(database, LC_KWH_CASES, entry.number, entry.record);
     }

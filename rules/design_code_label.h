@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "lcdata/actions.h"
-#include "rules/loadcase_columns.h"
+#include "rules/load_case_columns.h"
 
 /// The design-code file of a database; nothing when the database names none.
 std::optional<QString> lcm_design_code_file(int db);

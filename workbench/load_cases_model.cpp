@@ -8,7 +8,7 @@
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
 #include "rules/action_row.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 namespace mrl::workbench {
 

@@ -7,7 +7,7 @@
 #include "lcdata/stored_load_cases.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
-#include "rules/loadcase_numbers.h"
+#include "rules/load_case_numbers.h"
 
 namespace mrl::cli {
 

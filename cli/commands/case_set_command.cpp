@@ -9,7 +9,7 @@
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/packing.h"
 #include "rules/action_row.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 namespace mrl::cli {
 

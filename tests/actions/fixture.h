@@ -21,7 +21,7 @@
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
 #include "actions/columns.h"
-#include "actions/loadcase_tab.h"
+#include "actions/load_case_tab.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
@@ -198,7 +198,7 @@ class Project : public MemoryProject
 };
 
 /// A load-case tab that knows which actions are used and notes what it is asked.
-class FakeLoadcaseTab : public LCM_LoadcaseTab
+class FakeLoadcaseTab : public LCM_LoadCaseTab
 {
   public:
     explicit FakeLoadcaseTab(int db) : m_model(new LCM_DataClass(db)) {}
@@ -229,7 +229,7 @@ inline int codeOf(const QString& name) { return lcm_pack_word(name); }
 class ActionsTab
 {
   public:
-    explicit ActionsTab(const Project& project, LCM_LoadcaseTab* loadcases = nullptr, int dialogOption = 0,
+    explicit ActionsTab(const Project& project, LCM_LoadCaseTab* loadcases = nullptr, int dialogOption = 0,
                         bool fill = true)
         : widget(loadcases, project.db(), dialogOption, nullptr, "actionswidget"),
           table(*widget.actionsTable())

@@ -108,7 +108,7 @@ class Monkey
 {
   public:
     Monkey(ActionsTab& tab, FakeLoadcaseTab& loadcases, std::mt19937& random)
-        : m_tab(tab), m_loadcases(loadcases), m_random(random), m_follower(tab.widget)
+        : m_tab(tab), m_loadCases(loadcases), m_random(random), m_follower(tab.widget)
     {
     }
 
@@ -230,10 +230,10 @@ class Monkey
         if (m_tab.table.rowCount() < 4) {
             return m_tab.widget.slot_addAllClicked();
         }
-        m_loadcases.used.clear();
+        m_loadCases.used.clear();
         for (int row = 0; row < m_tab.table.rowCount(); ++row) {
             if (m_random() % 3 == 0) {
-                m_loadcases.used.insert(m_tab.cell(row, ACT_COL_ACTION)->data(ROLE_ACTION_CODE).toInt());
+                m_loadCases.used.insert(m_tab.cell(row, ACT_COL_ACTION)->data(ROLE_ACTION_CODE).toInt());
             }
         }
         if (m_random() % 2) {
@@ -256,7 +256,7 @@ class Monkey
     }
 
     ActionsTab& m_tab;
-    FakeLoadcaseTab& m_loadcases;
+    FakeLoadcaseTab& m_loadCases;
     std::mt19937& m_random;
     Follower m_follower;
 };

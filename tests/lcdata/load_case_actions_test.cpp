@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "lcdata/actions.h"
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/packing.h"
 #include "tests/support/project_fixture.h"

@@ -285,7 +285,7 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
     const auto afterBoth = [&](bool together, const tagCDB_LC_ACT& first, const tagCDB_LC_ACT& second) {
         const Tabs tabs(project);
         if (together) {
-            tabs.lc->removeLoadcasesOf({first, second});
+            tabs.lc->removeLoadCasesOf({first, second});
         } else {
             tabs.lc->removeActionLoadcases(first);
             tabs.lc->removeActionLoadcases(second);

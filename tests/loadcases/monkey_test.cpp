@@ -76,11 +76,11 @@ class Monkey
         }
     }
 
-    const std::map<int, LCM_LoadcaseRow>& rows() const { return m_rows; }
+    const std::map<int, LCM_LoadCaseRow>& rows() const { return m_rows; }
     tagCDB_LC_CTRL recordOf(int number) const { return lcm_record_of_row(m_rows.at(number), setup()); }
 
   private:
-    void checkRow(int r, const LCM_LoadcaseRow& row)
+    void checkRow(int r, const LCM_LoadCaseRow& row)
     {
         EXPECT_EQ(m_tabs.table->itemOnColId(r, LC_COL_TITLE)->text(), row.title);
         EXPECT_EQ(lcm_cell_id(m_tabs.table->itemOnColId(r, LC_COL_ACTION)), row.action);
@@ -209,7 +209,7 @@ class Monkey
             if (m_tabs.row(number) < 0) {
                 break; // given up in the dialog
             }
-            LCM_LoadcaseRow made = m_rows.at(source);
+            LCM_LoadCaseRow made = m_rows.at(source);
             made.number = number;
             // A new row is filled from a record, so its own factors went through the packing.
             const tagCDB_LC_CTRL record = lcm_record_of_row(made, setup());
@@ -311,7 +311,7 @@ class Monkey
     Tabs& m_tabs;
     std::mt19937& m_random;
     QTimer m_timer;
-    std::map<int, LCM_LoadcaseRow> m_rows; ///< what the rows have to be, by number
+    std::map<int, LCM_LoadCaseRow> m_rows; ///< what the rows have to be, by number
     bool m_agree = true;
 };
 
@@ -348,7 +348,7 @@ TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
         EXPECT_TRUE(sameBytes(project.loadcase(number), record)) << number;
         tagCDB_LC_ACT action{};
         const bool follows = reopened.actions->findAction(record.action, action);
-        const LCM_LoadcaseFactors shown = lcm_shown_factors(record, follows ? &action : nullptr);
+        const LCM_LoadCaseFactors shown = lcm_shown_factors(record, follows ? &action : nullptr);
         for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
             EXPECT_EQ(reopened.value(number, column), shown[column]) << number << ' ' << column;
         }

@@ -13,7 +13,7 @@
 #include "loadcases/loadcase_widget.h"
 #include "manager/control_struct.h"
 #include "manager/entry_points.h"
-#include "rules/loadcase_columns.h"
+#include "rules/load_case_columns.h"
 
 namespace {
 

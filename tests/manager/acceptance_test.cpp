@@ -25,7 +25,7 @@ TEST_F(ManagerTest, RejectionWritesNothingAndGivesEverythingBackAsItWas)
     control.actions = {4711};
     control.copies = {aCopy()};
     const int result = run(control, [](QWidget* dialog) {
-        selectRows(loadcaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"1", "3"});
+        selectRows(loadCaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"1", "3"});
         tabsOf(dialog)->setCurrentIndex(0);
         auto* table = actionsTab(dialog)->tableWidget();
         typeInto(table, rowOf(table, ACT_COL_ACTION, "Q"), ACT_COL_GAMU, "1.4");
@@ -48,7 +48,7 @@ TEST_F(ManagerTest, AcceptanceWritesBothTabsAndReportsTheSelections)
         typeInto(actions, rowOf(actions, ACT_COL_ACTION, "Q"), ACT_COL_GAMU, "1.4");
         selectRows(actions, ACT_COL_ACTION, {"Q"});
         tabsOf(dialog)->setCurrentIndex(1);
-        auto* loadcases = loadcaseTab(dialog)->tableWidget();
+        auto* loadcases = loadCaseTab(dialog)->tableWidget();
         typeInto(loadcases, rowOf(loadcases, LC_COL_NUMBER, "2"), LC_COL_TITLE, "Storage");
         selectRows(loadcases, LC_COL_NUMBER, {"1", "3"});
         pressOk(dialog);
@@ -119,7 +119,7 @@ TEST_P(ExactlyOne, SelectedLoadCaseIsAskedForAndTheDialogStaysOpen)
     control.loadCases = {2};
     const int result = run(control, [&](QWidget* dialog) {
         selectRows(actionsTab(dialog)->tableWidget(), ACT_COL_ACTION, {"G"});
-        selectRows(loadcaseTab(dialog)->tableWidget(), LC_COL_NUMBER, GetParam());
+        selectRows(loadCaseTab(dialog)->tableWidget(), LC_COL_NUMBER, GetParam());
         answers.click("OK");
         pressOk(dialog);
         EXPECT_TRUE(dialog->isVisible());
@@ -142,7 +142,7 @@ TEST_F(ManagerTest, ExactlyOneSelectedLoadCaseIsAccepted)
     MRL_LC_CtrlStruct control;
     control.options = 1;
     const int result = run(control, [](QWidget* dialog) {
-        selectRows(loadcaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"3"});
+        selectRows(loadCaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"3"});
         pressOk(dialog);
     });
     EXPECT_EQ(result, 1);
@@ -154,7 +154,7 @@ TEST_F(ManagerTest, OtherBitsOfTheOptionsAskForNothing)
     MRL_LC_CtrlStruct control;
     control.options = ~1;
     const int result = run(control, [](QWidget* dialog) {
-        selectRows(loadcaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"1", "2"});
+        selectRows(loadCaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"1", "2"});
         pressOk(dialog);
     });
     EXPECT_EQ(result, 1);
@@ -194,7 +194,7 @@ TEST_F(ManagerTest, InvalidLoadCaseKeepsTheDialogOpenOnItsTab)
     const int result = run(control, [this](QWidget* dialog) {
         answers.click("OK");
         pressOk(dialog);
-        EXPECT_EQ(tabsOf(dialog)->currentWidget(), loadcaseTab(dialog));
+        EXPECT_EQ(tabsOf(dialog)->currentWidget(), loadCaseTab(dialog));
         pressCancel(dialog);
     });
     EXPECT_EQ(result, 0);
@@ -211,7 +211,7 @@ TEST_F(ManagerTest, InvalidRowFarDownIsSelectedAndInSight)
     MRL_LC_CtrlStruct control;
     control.mode = 0;
     run(control, [this](QWidget* dialog) {
-        auto* table = loadcaseTab(dialog)->tableWidget();
+        auto* table = loadCaseTab(dialog)->tableWidget();
         const int row = rowOf(table, LC_COL_NUMBER, "222");
         EXPECT_FALSE(table->viewport()->rect().intersects(table->visualItemRect(table->item(row, 0))));
         answers.click("OK");
@@ -282,7 +282,7 @@ TEST_F(ManagerTest, DeletingUnusedLoadCasesEndsTheDialogWithoutCheckOrSave)
     const int result = run(control, [](QWidget* dialog) {
         auto* table = actionsTab(dialog)->tableWidget();
         typeInto(table, rowOf(table, ACT_COL_ACTION, "Q"), ACT_COL_GAMF, "9");
-        emit loadcaseTab(dialog)->signal_deleteUnusedLoadcases();
+        emit loadCaseTab(dialog)->signal_deleteUnusedLoadcases();
     });
     EXPECT_EQ(result, 40021);
     EXPECT_EQ(result, MRL_LC_DELETE_UNUSED);

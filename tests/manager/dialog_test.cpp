@@ -66,9 +66,9 @@ TEST_F(ManagerTest, TabsAndDialogCarryTheirNames)
     run(control, [](QWidget* dialog) {
         EXPECT_EQ(dialog->objectName(), QStringLiteral("new loadcase manager"));
         EXPECT_EQ(actionsTab(dialog)->objectName(), QStringLiteral("actionswidget"));
-        EXPECT_EQ(loadcaseTab(dialog)->objectName(), QStringLiteral("loadcasewidget"));
+        EXPECT_EQ(loadCaseTab(dialog)->objectName(), QStringLiteral("loadcasewidget"));
         EXPECT_EQ(actionsTab(dialog)->workingModel(),
-                  static_cast<LCM_TabInterface*>(loadcaseTab(dialog))->workingModel());
+                  static_cast<LCM_TabInterface*>(loadCaseTab(dialog))->workingModel());
         pressCancel(dialog);
     });
 }
@@ -80,7 +80,7 @@ TEST_F(ManagerTest, WantedLoadCasesAreSelected)
     control.loadCases = {1, 3, 99};
     run(control, [](QWidget* dialog) {
         std::set<int> selected;
-        loadcaseTab(dialog)->getSelectedLoadcases(selected);
+        loadCaseTab(dialog)->getSelectedLoadcases(selected);
         EXPECT_EQ(selected, (std::set<int>{1, 3}));
         pressCancel(dialog);
     });

@@ -15,7 +15,7 @@
 #include "manager/entry_points.h"
 #include "manager/loadcase_manager.h"
 #include "rules/action_columns.h"
-#include "rules/loadcase_columns.h"
+#include "rules/load_case_columns.h"
 #include "tests/support/modal_answers.h"
 #include "tests/support/project_fixture.h"
 
@@ -36,7 +36,7 @@ inline QStringList tabTexts(QWidget* dialog)
 }
 
 inline LCM_ActionsWidget* actionsTab(QWidget* dialog) { return dialog->findChild<LCM_ActionsWidget*>(); }
-inline LCM_LoadcaseWidget* loadcaseTab(QWidget* dialog) { return dialog->findChild<LCM_LoadcaseWidget*>(); }
+inline LCM_LoadcaseWidget* loadCaseTab(QWidget* dialog) { return dialog->findChild<LCM_LoadcaseWidget*>(); }
 
 inline void press(QWidget* window, const QString& button)
 {

@@ -166,7 +166,7 @@ TEST_F(PluginTest, ActionManagerOpensTheActionsAlone)
 {
     open("actionmanager", [](QWidget* dialog) {
         EXPECT_EQ(tabTexts(dialog), QStringList{QStringLiteral("Actions")});
-        EXPECT_EQ(loadcaseTab(dialog), nullptr);
+        EXPECT_EQ(loadCaseTab(dialog), nullptr);
         pressCancel(dialog);
     });
 }

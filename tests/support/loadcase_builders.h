@@ -9,7 +9,7 @@
 
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/records.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 namespace lctest {
 
@@ -69,9 +69,9 @@ inline ActionBuilder action(const std::string& name = "G", const QString& title 
 inline ActionBuilder limits() { return ActionBuilder(std::string()); }
 
 /// A set-up with all factor columns.
-inline LCM_LoadcaseSetup setup(int gravity = -3, int systemClass = 0, bool globalDirections = false)
+inline LCM_LoadCaseSetup setup(int gravity = -3, int systemClass = 0, bool globalDirections = false)
 {
-    LCM_LoadcaseSetup result;
+    LCM_LoadCaseSetup result;
     result.factorColumns.fill(true);
     result.gravity = gravity;
     result.systemClass = systemClass;

@@ -17,7 +17,7 @@
 #include "host/mrl_textlist.h"
 #include "hostlib/data/settings/settings.h"
 #include "rules/action_columns.h"
-#include "rules/loadcase_columns.h"
+#include "rules/load_case_columns.h"
 #include "workbench/main_window.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/resources.h"

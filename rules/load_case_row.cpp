@@ -1,10 +1,10 @@
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <utility>
 
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/gama.h"
 #include "lcdata/values/keys.h"
@@ -42,9 +42,9 @@ float alongGravity(float value, int gravity)
     return gravity < 0 && amount != 0.0f ? -amount : amount;
 }
 
-LCM_LoadcaseFactors ownFactors(const tagCDB_LC_CTRL& record)
+LCM_LoadCaseFactors ownFactors(const tagCDB_LC_CTRL& record)
 {
-    LCM_LoadcaseFactors factors;
+    LCM_LoadCaseFactors factors;
     const LCM_FactorPair safety = lcm_unpack_pair(record.gamu);
     const LCM_FactorPair frequent = lcm_unpack_pair(record.psi1);
     factors[LC_COL_GAMU] = safety.main;
@@ -59,7 +59,7 @@ LCM_LoadcaseFactors ownFactors(const tagCDB_LC_CTRL& record)
 
 /// Packs a pair of cells. Unlike the packing of two numbers at hand each cell counts only if its column is
 /// there, and the second one may undo the first: then the whole pair follows the action.
-float packCells(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup, int mainColumn,
+float packCells(const LCM_LoadCaseFactors& cells, const LCM_LoadCaseSetup& setup, int mainColumn,
                 int minorColumn, bool zeroRule)
 {
     float field = 0.0f;
@@ -95,10 +95,10 @@ std::array<bool, 3> lcm_shown_components(int systemClass)
     return {systemClass != 3, systemClass != 3, systemClass != 1};
 }
 
-LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int gravity)
+LCM_LoadCaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int gravity)
 {
     const int axis = axisOf(gravity);
-    LCM_LoadcaseDeadWeight cells{record.dlz, record.dlx, record.dly, record.dlz};
+    LCM_LoadCaseDeadWeight cells{record.dlz, record.dlx, record.dly, record.dlz};
     switch (axis) {
     case 1:
         cells.factor = cells.dlx = std::fabs(record.dlx);
@@ -115,9 +115,9 @@ LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int g
     return cells;
 }
 
-LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record)
+LCM_LoadCaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record)
 {
-    LCM_LoadcaseFactors factors = ownFactors(record);
+    LCM_LoadCaseFactors factors = ownFactors(record);
     for (const auto& [main, minor] : {std::pair{LC_COL_GAMU, LC_COL_GAMA}, {LC_COL_PSI1, LC_COL_PSI1S}}) {
         if (factors[main] == LC_UNDEFINED) {
             factors[minor] = LC_UNDEFINED;
@@ -126,12 +126,12 @@ LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record)
     return factors;
 }
 
-LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action)
+LCM_LoadCaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action)
 {
     if (lcm_has_own_factors(record.action)) {
         return ownFactors(record);
     }
-    LCM_LoadcaseFactors factors;
+    LCM_LoadCaseFactors factors;
     if (!action || record.action == LC_ACTION_IMPERFECTION) {
         return factors;
     }
@@ -147,14 +147,14 @@ float lcm_action_factor(const tagCDB_LC_ACT& action, int column)
     return factor ? action.*factor->field : LC_UNDEFINED;
 }
 
-LCM_LoadcaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
-                                  const LCM_LoadcaseSetup& setup)
+LCM_LoadCaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                  const LCM_LoadCaseSetup& setup)
 {
     return {number, lcm_title_text(record.title), record.action, lcm_shown_dead_weight(record, setup.gravity),
             lcm_shown_factors(record, action)};
 }
 
-void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_LoadcaseSetup& setup,
+void lcm_store_dead_weight(const LCM_LoadCaseDeadWeight& cells, const LCM_LoadCaseSetup& setup,
                            tagCDB_LC_CTRL& record)
 {
     record.dlx = record.dly = record.dlz = 0.0f;
@@ -178,7 +178,7 @@ void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_Loadca
     }
 }
 
-void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup,
+void lcm_store_factors(const LCM_LoadCaseFactors& cells, const LCM_LoadCaseSetup& setup,
                        tagCDB_LC_CTRL& record)
 {
     if (!lcm_has_own_factors(record.action)) {
@@ -192,7 +192,7 @@ void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup
     record.psi2 = setup.hasColumn(LC_COL_PSI2) ? cells[LC_COL_PSI2] : 0.0f;
 }
 
-tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadcaseRow& row, const LCM_LoadcaseSetup& setup)
+tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadCaseRow& row, const LCM_LoadCaseSetup& setup)
 {
     tagCDB_LC_CTRL record{};
     record.action = row.action;

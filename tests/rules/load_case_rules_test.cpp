@@ -1,4 +1,4 @@
-#include "rules/loadcase_rules.h"
+#include "rules/load_case_rules.h"
 
 #include <gmock/gmock.h>
 
@@ -28,43 +28,45 @@ tagCDB_LC_CTRL withOwn(float gamu, float gamf, float psi0, float psi1, float psi
 TEST(LoadcaseRules, FollowingAGoodActionIsClean)
 {
     const tagCDB_LC_ACT g = action().gamu(1.35f).gamf(1.35f).psi0(0.7f).psi1(0.5f).psi2(0.3f).psi1s(0.9f);
-    EXPECT_THAT(lcm_check_loadcase(following(code("G")), g, ALL_LIMITS), IsEmpty());
+    EXPECT_THAT(lcm_check_load_case(following(code("G")), g, ALL_LIMITS), IsEmpty());
 }
 
 TEST(LoadcaseRules, FavourableFactorAboveUnfavourableOfTheActionIsAFinding)
 {
     const auto findings =
-        lcm_check_loadcase(following(code("G")), action().gamu(1.35f).gamf(1.36f), ALL_LIMITS);
+        lcm_check_load_case(following(code("G")), action().gamu(1.35f).gamf(1.36f), ALL_LIMITS);
     EXPECT_THAT(findings, ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1.35!"))));
 }
 
 TEST(LoadcaseRules, NegativeFavourableFactorShowsTheRange)
 {
     const auto findings =
-        lcm_check_loadcase(following(code("G")), action().gamu(1.35f).gamf(-0.1f), ALL_LIMITS);
+        lcm_check_load_case(following(code("G")), action().gamu(1.35f).gamf(-0.1f), ALL_LIMITS);
     EXPECT_THAT(findings, ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1.35!"))));
 }
 
 TEST(LoadcaseRules, CombinationFactorsOfTheActionAreNotTheLoadCasesBusiness)
 {
     const tagCDB_LC_ACT odd = action().gamu(1.35f).psi0(7.0f).psi1(5.0f).psi2(6.0f).psi1s(-1.0f);
-    EXPECT_THAT(lcm_check_loadcase(following(code("G")), odd, ALL_LIMITS), IsEmpty());
+    EXPECT_THAT(lcm_check_load_case(following(code("G")), odd, ALL_LIMITS), IsEmpty());
 }
 
 TEST(LoadcaseRules, DesignCodeWithoutUnfavourableFactorJudgesNoSafetyFactor)
 {
-    EXPECT_THAT(lcm_check_loadcase(following(code("G")), action().gamu(1.0f).gamf(2.0f), limits().gamf(1.0f)),
-                IsEmpty());
-    EXPECT_THAT(lcm_check_loadcase(following(code("G")), action().gamu(1.0f).gamf(2.0f), limits().gamu(1.0f)),
-                IsEmpty());
+    EXPECT_THAT(
+        lcm_check_load_case(following(code("G")), action().gamu(1.0f).gamf(2.0f), limits().gamf(1.0f)),
+        IsEmpty());
+    EXPECT_THAT(
+        lcm_check_load_case(following(code("G")), action().gamu(1.0f).gamf(2.0f), limits().gamu(1.0f)),
+        IsEmpty());
 }
 
 TEST(LoadcaseRules, NegativeUnfavourableFactorOfItsOwnIsAFinding)
 {
     const auto findings =
-        lcm_check_loadcase(withOwn(-1.0f, -2.0f, 0, 0, 0, 0), action(), limits().gamu(1.0f));
+        lcm_check_load_case(withOwn(-1.0f, -2.0f, 0, 0, 0, 0), action(), limits().gamu(1.0f));
     EXPECT_THAT(findings, ElementsAre(Pair(LC_COL_GAMU, QString("GAMU has to be greater than 0.0!"))));
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0.0f, 0, 0, 0, 0, 0), action(), limits().gamu(1.0f)), IsEmpty());
+    EXPECT_THAT(lcm_check_load_case(withOwn(0.0f, 0, 0, 0, 0, 0), action(), limits().gamu(1.0f)), IsEmpty());
 }
 
 // Limits 1, 0.8, 0.6 and 0.95 for Psi0, Psi1, Psi2 and Psi1s.
@@ -72,19 +74,19 @@ const tagCDB_LC_ACT PSI_LIMITS = limits().psi0(1.0f).psi1(0.8f).psi2(0.6f).psi1s
 
 TEST(LoadcaseRules, CombinationFactorsOfItsOwnHaveTheirRanges)
 {
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.7f, 0.5f, 0.9f, 0.3f), action(), PSI_LIMITS), IsEmpty());
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 1.2f, 0.5f, 0.9f, 0.3f), action(), PSI_LIMITS),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.7f, 0.5f, 0.9f, 0.3f), action(), PSI_LIMITS), IsEmpty());
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 1.2f, 0.5f, 0.9f, 0.3f), action(), PSI_LIMITS),
                 ElementsAre(Pair(LC_COL_PSI0, QString("Psi0 has to be between 0.0 and 1!"))));
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.9f, 0.94f, 0.3f), action(), PSI_LIMITS),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.0f, 0.9f, 0.94f, 0.3f), action(), PSI_LIMITS),
                 ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.3 and 0.8!"))));
     // 0.4 lies below Psi1, which is the lower limit of Psi1s
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.4f, 0.3f), action(), PSI_LIMITS),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.0f, 0.5f, 0.4f, 0.3f), action(), PSI_LIMITS),
                 ElementsAre(Pair(LC_COL_PSI1S, QString("Psi1' has to be between 0.5 and 0.95!"))));
 }
 
 TEST(LoadcaseRules, Psi2AbovePsi1CondemnsBoth)
 {
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.9f, 0.55f), action(), PSI_LIMITS),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.0f, 0.5f, 0.9f, 0.55f), action(), PSI_LIMITS),
                 ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.55 and 0.8!")),
                             Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 0.5!"))));
 }
@@ -92,21 +94,21 @@ TEST(LoadcaseRules, Psi2AbovePsi1CondemnsBoth)
 TEST(LoadcaseRules, UndefinedPsi2IsJudgedByThatOfTheAction)
 {
     EXPECT_THAT(
-        lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.9f, LC_UNDEFINED), action().psi2(0.6f), PSI_LIMITS),
+        lcm_check_load_case(withOwn(0, 0, 0.0f, 0.5f, 0.9f, LC_UNDEFINED), action().psi2(0.6f), PSI_LIMITS),
         ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.6 and 0.8!"))));
 }
 
 TEST(LoadcaseRules, WithoutPsi1InTheDesignCodeNothingIsComparedWithIt)
 {
-    EXPECT_THAT(
-        lcm_check_loadcase(withOwn(0, 0, 0.0f, 0.5f, 0.1f, 0.9f), action(), limits().psi2(0.6f).psi1s(0.95f)),
-        IsEmpty());
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.0f, 0.5f, 0.1f, 0.9f), action(),
+                                    limits().psi2(0.6f).psi1s(0.95f)),
+                IsEmpty());
 }
 
 TEST(LoadcaseRules, FactorsOfItsOwnComeBeforeThoseOfTheAction)
 {
     const tagCDB_LC_ACT g = action().gamu(1.35f).gamf(1.0f);
-    EXPECT_THAT(lcm_check_loadcase(withOwn(1.0f, 1.2f, 0, 0, 0, 0), g, limits().gamu(1.0f).gamf(1.0f)),
+    EXPECT_THAT(lcm_check_load_case(withOwn(1.0f, 1.2f, 0, 0, 0, 0), g, limits().gamu(1.0f).gamf(1.0f)),
                 ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1!"))));
 }
 
@@ -115,23 +117,24 @@ TEST(LoadcaseRules, UndefinedPsi1IsThatOfTheActionForPsi2)
     tagCDB_LC_CTRL record = standalone();
     record.psi1 = LC_UNDEFINED;
     record.psi2 = 0.4f;
-    EXPECT_THAT(lcm_check_loadcase(record, action().psi1(0.3f), PSI_LIMITS),
+    EXPECT_THAT(lcm_check_load_case(record, action().psi1(0.3f), PSI_LIMITS),
                 ElementsAre(Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 0.3!"))));
 }
 
 TEST(LoadcaseRules, FactorThatTheDesignCodeLacksIsNotJudged)
 {
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 5.0f, 0.5f, 5.0f, 5.0f), action(), limits().psi1(0.8f)),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 5.0f, 0.5f, 5.0f, 5.0f), action(), limits().psi1(0.8f)),
                 IsEmpty());
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, -0.5f, 0.9f, 0.3f), action(), limits().psi1(0.8f)),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.0f, -0.5f, 0.9f, 0.3f), action(), limits().psi1(0.8f)),
                 ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 0 and 0.8!"))));
 }
 
 TEST(LoadcaseRules, LimitsThemselvesAreAllowed)
 {
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 1.0f, 0.5f, 0.9f, 0.5f), action(), PSI_LIMITS), IsEmpty());
-    EXPECT_THAT(lcm_check_loadcase(withOwn(1.2f, 1.2f, 0, 0, 0, 0), action(), limits().gamu(1.0f).gamf(1.0f)),
-                IsEmpty());
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 1.0f, 0.5f, 0.9f, 0.5f), action(), PSI_LIMITS), IsEmpty());
+    EXPECT_THAT(
+        lcm_check_load_case(withOwn(1.2f, 1.2f, 0, 0, 0, 0), action(), limits().gamu(1.0f).gamf(1.0f)),
+        IsEmpty());
 }
 
 // Gamu and the limit of Psi1s in up to six digits, the others in three.
@@ -139,13 +142,13 @@ TEST(LoadcaseRules, NumbersOfAMessageHaveTheirDigits)
 {
     const tagCDB_LC_ACT fine =
         limits().gamu(1.0f).gamf(1.0f).psi0(0.87654f).psi1(1.16789f).psi2(1.0f).psi1s(1.98765f);
-    EXPECT_THAT(lcm_check_loadcase(following(code("G")), action().gamu(1.234567f).gamf(2.0f), fine),
+    EXPECT_THAT(lcm_check_load_case(following(code("G")), action().gamu(1.234567f).gamf(2.0f), fine),
                 ElementsAre(Pair(LC_COL_GAMF, QString("GAMF has to be between 0.0 and 1.23457!"))));
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 2.0f, 0.1f, 1.0f, 0.12345f), action(), fine),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 2.0f, 0.1f, 1.0f, 0.12345f), action(), fine),
                 ElementsAre(Pair(LC_COL_PSI0, QString("Psi0 has to be between 0.0 and 0.877!")),
                             Pair(LC_COL_PSI1, QString("Psi1 has to be between 0.123 and 1.17!")),
                             Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 0.1!"))));
-    EXPECT_THAT(lcm_check_loadcase(withOwn(0, 0, 0.0f, 1.126f, 0.9f, 1.2f), action(), fine),
+    EXPECT_THAT(lcm_check_load_case(withOwn(0, 0, 0.0f, 1.126f, 0.9f, 1.2f), action(), fine),
                 ElementsAre(Pair(LC_COL_PSI1, QString("Psi1 has to be between 1.2 and 1.17!")),
                             Pair(LC_COL_PSI2, QString("Psi2 has to be between 0.0 and 1.13!")),
                             Pair(LC_COL_PSI1S, QString("Psi1' has to be between 1.13 and 1.98765!"))));
@@ -153,13 +156,13 @@ TEST(LoadcaseRules, NumbersOfAMessageHaveTheirDigits)
 
 TEST(LoadcaseVerdict, NoneAndImperfectionAreValidUnseen)
 {
-    EXPECT_TRUE(lcm_judge_loadcase(withOwn(-1, -1, -1, -1, -1, -1), nullptr, ALL_LIMITS).valid);
-    EXPECT_TRUE(lcm_judge_loadcase(following(70), nullptr, ALL_LIMITS).valid);
+    EXPECT_TRUE(lcm_judge_load_case(withOwn(-1, -1, -1, -1, -1, -1), nullptr, ALL_LIMITS).valid);
+    EXPECT_TRUE(lcm_judge_load_case(following(70), nullptr, ALL_LIMITS).valid);
 }
 
 TEST(LoadcaseVerdict, MissingActionIsInvalidWithoutAFinding)
 {
-    const LCM_LoadcaseVerdict verdict = lcm_judge_loadcase(following(code("X")), nullptr, ALL_LIMITS);
+    const LCM_LoadCaseVerdict verdict = lcm_judge_load_case(following(code("X")), nullptr, ALL_LIMITS);
     EXPECT_FALSE(verdict.valid);
     EXPECT_TRUE(verdict.actionMissing);
     EXPECT_THAT(verdict.findings, IsEmpty());
@@ -171,11 +174,11 @@ TEST(LoadcaseVerdict, CopiedFactorsOfAStoredRecordDontCondemnIt)
     tagCDB_LC_CTRL record = withOwn(-1.0f, 2.0f, 3.0f, 4.0f, 0.0f, 5.0f);
     record.action = code("G");
     const tagCDB_LC_ACT g = action().gamu(1.35f).gamf(1.0f);
-    EXPECT_FALSE(lcm_judge_loadcase(record, &g, ALL_LIMITS).valid);
-    EXPECT_TRUE(lcm_judge_stored_loadcase(1, record, &g, setup(), ALL_LIMITS).valid);
+    EXPECT_FALSE(lcm_judge_load_case(record, &g, ALL_LIMITS).valid);
+    EXPECT_TRUE(lcm_judge_stored_load_case(1, record, &g, setup(), ALL_LIMITS).valid);
 
     const tagCDB_LC_ACT bad = action().gamu(1.35f).gamf(2.0f);
-    EXPECT_FALSE(lcm_judge_stored_loadcase(1, record, &bad, setup(), ALL_LIMITS).valid);
+    EXPECT_FALSE(lcm_judge_stored_load_case(1, record, &bad, setup(), ALL_LIMITS).valid);
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 #include "lcdata/values/keys.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
-#include "loadcases/loadcase_cells.h"
+#include "loadcases/load_case_cells.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
@@ -71,7 +71,7 @@ void LCM_LoadcaseWidget::slot_actionCountChanged()
     }
     LCM_RowContext context = rowContext();
     for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
-        LCM_LoadcaseCells cells(*loadcaseTable, row);
+        LCM_LoadCaseCells cells(*loadcaseTable, row);
         const int id = cells.actionId();
         if (changed.at(id)) {
             rebind(cells, newIds.at(id), former);
@@ -82,7 +82,7 @@ void LCM_LoadcaseWidget::slot_actionCountChanged()
     }
 }
 
-void LCM_LoadcaseWidget::rebind(LCM_LoadcaseCells& cells, int newId, const LCM_ActionList& former)
+void LCM_LoadcaseWidget::rebind(LCM_LoadCaseCells& cells, int newId, const LCM_ActionList& former)
 {
     const int id = cells.actionId();
     const int word = former.isMarker(id) ? cells.keptWord().value_or(former.codeOf(id)) : id;
@@ -109,7 +109,7 @@ void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
         if (lcm_cell_id(loadcaseTable->itemOnColId(r, LC_COL_ACTION)) != code) {
             continue;
         }
-        LCM_LoadcaseCells cells(*loadcaseTable, r);
+        LCM_LoadCaseCells cells(*loadcaseTable, r);
         refreshCells(cells, context);
     }
 }
@@ -141,7 +141,7 @@ void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
             if (action == actions.end()) {
                 continue;
             }
-            LCM_LoadcaseCells cells(*loadcaseTable, r);
+            LCM_LoadCaseCells cells(*loadcaseTable, r);
             edited = showReinitialised(cells, action->second) || edited;
             // The pass over marked cells leaves out those that hold the action's number themselves.
             refreshCells(cells, context);
@@ -154,7 +154,7 @@ void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
     busy.hide();
 }
 
-bool LCM_LoadcaseWidget::showReinitialised(LCM_LoadcaseCells& cells, const tagCDB_LC_ACT& action)
+bool LCM_LoadcaseWidget::showReinitialised(LCM_LoadCaseCells& cells, const tagCDB_LC_ACT& action)
 {
     bool edited = false;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {

@@ -1,4 +1,4 @@
-#include "rules/loadcase_rules.h"
+#include "rules/load_case_rules.h"
 
 #include <QCoreApplication>
 
@@ -106,8 +106,8 @@ void checkCombination(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
 
 } // namespace
 
-LCM_Findings lcm_check_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
-                                const tagCDB_LC_ACT& limits)
+LCM_Findings lcm_check_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
+                                 const tagCDB_LC_ACT& limits)
 {
     LCM_Findings findings;
     checkSafety(record, action, limits, findings);
@@ -115,12 +115,12 @@ LCM_Findings lcm_check_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_AC
     return findings;
 }
 
-LCM_LoadcaseVerdict lcm_judge_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
-                                       const tagCDB_LC_ACT& limits)
+LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                        const tagCDB_LC_ACT& limits)
 {
-    LCM_LoadcaseVerdict verdict;
+    LCM_LoadCaseVerdict verdict;
     if (action) {
-        verdict.findings = lcm_check_loadcase(record, *action, limits);
+        verdict.findings = lcm_check_load_case(record, *action, limits);
         verdict.valid = verdict.findings.empty();
         return verdict;
     }
@@ -129,10 +129,10 @@ LCM_LoadcaseVerdict lcm_judge_loadcase(const tagCDB_LC_CTRL& record, const tagCD
     return verdict;
 }
 
-LCM_LoadcaseVerdict lcm_judge_stored_loadcase(int number, const tagCDB_LC_CTRL& record,
-                                              const tagCDB_LC_ACT* action, const LCM_LoadcaseSetup& setup,
-                                              const tagCDB_LC_ACT& limits)
+LCM_LoadCaseVerdict lcm_judge_stored_load_case(int number, const tagCDB_LC_CTRL& record,
+                                               const tagCDB_LC_ACT* action, const LCM_LoadCaseSetup& setup,
+                                               const tagCDB_LC_ACT& limits)
 {
-    const LCM_LoadcaseRow row = lcm_row_of_record(number, record, action, setup);
-    return lcm_judge_loadcase(lcm_record_of_row(row, setup), action, limits);
+    const LCM_LoadCaseRow row = lcm_row_of_record(number, record, action, setup);
+    return lcm_judge_load_case(lcm_record_of_row(row, setup), action, limits);
 }

@@ -1,4 +1,4 @@
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 
 #include "host/mrl_dlib.h"
 #include "lcdata/values/action_code.h"

@@ -1,51 +1,51 @@
-#include "loadcases/loadcase_cells.h"
+#include "loadcases/load_case_cells.h"
 
 #include "actions/columns.h"
 #include "host/mrl_table.h"
 #include "loadcases/cell.h"
 
-LCM_LoadcaseCells::LCM_LoadcaseCells(const MRL_H_TableWidget& table, int row)
+LCM_LoadCaseCells::LCM_LoadCaseCells(const MRL_H_TableWidget& table, int row)
 {
     for (int i = 0; i < COLUMNS; ++i) {
         m_cells[static_cast<std::size_t>(i)] = table.itemOnColId(row, LC_COL_NUMBER + i);
     }
 }
 
-QTableWidgetItem* LCM_LoadcaseCells::operator[](int column) const
+QTableWidgetItem* LCM_LoadCaseCells::operator[](int column) const
 {
     const int i = column - LC_COL_NUMBER;
     return i >= 0 && i < COLUMNS ? m_cells[static_cast<std::size_t>(i)] : nullptr;
 }
 
-int LCM_LoadcaseCells::number() const { return lcm_cell_number((*this)[LC_COL_NUMBER]); }
+int LCM_LoadCaseCells::number() const { return lcm_cell_number((*this)[LC_COL_NUMBER]); }
 
-QString LCM_LoadcaseCells::title() const { return lcm_cell_text((*this)[LC_COL_TITLE]); }
+QString LCM_LoadCaseCells::title() const { return lcm_cell_text((*this)[LC_COL_TITLE]); }
 
-int LCM_LoadcaseCells::actionId() const { return lcm_cell_id((*this)[LC_COL_ACTION]); }
+int LCM_LoadCaseCells::actionId() const { return lcm_cell_id((*this)[LC_COL_ACTION]); }
 
-LCM_LoadcaseDeadWeight LCM_LoadcaseCells::deadWeight() const
+LCM_LoadCaseDeadWeight LCM_LoadCaseCells::deadWeight() const
 {
     return {lcm_cell_value((*this)[LC_COL_DEADFACTOR]), lcm_cell_value((*this)[LC_COL_DLX]),
             lcm_cell_value((*this)[LC_COL_DLY]), lcm_cell_value((*this)[LC_COL_DLZ])};
 }
 
-LCM_LoadcaseFactors LCM_LoadcaseCells::factors() const
+LCM_LoadCaseFactors LCM_LoadCaseCells::factors() const
 {
-    LCM_LoadcaseFactors values;
+    LCM_LoadCaseFactors values;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         values[column] = lcm_cell_value((*this)[column]);
     }
     return values;
 }
 
-std::optional<int> LCM_LoadcaseCells::keptWord() const
+std::optional<int> LCM_LoadCaseCells::keptWord() const
 {
     const QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     const QVariant word = cell ? cell->data(ROLE_ACTION_CODE) : QVariant();
     return word.isValid() ? std::optional<int>(word.toInt()) : std::nullopt;
 }
 
-void LCM_LoadcaseCells::keepWord(std::optional<int> actionWord)
+void LCM_LoadCaseCells::keepWord(std::optional<int> actionWord)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     if (cell && keptWord() != actionWord) {
@@ -53,7 +53,7 @@ void LCM_LoadcaseCells::keepWord(std::optional<int> actionWord)
     }
 }
 
-void LCM_LoadcaseCells::showNumber(int number)
+void LCM_LoadCaseCells::showNumber(int number)
 {
     QTableWidgetItem* cell = (*this)[LC_COL_NUMBER];
     if (!cell || lcm_cell_number(cell) == number) {
@@ -63,14 +63,14 @@ void LCM_LoadcaseCells::showNumber(int number)
     cell->setData(Qt::DisplayRole, number);
 }
 
-void LCM_LoadcaseCells::showTitle(const QString& title)
+void LCM_LoadCaseCells::showTitle(const QString& title)
 {
     if (auto* cell = MRL_H_TwSimpleLineEditItem::fromItem((*this)[LC_COL_TITLE])) {
         cell->setText(title);
     }
 }
 
-void LCM_LoadcaseCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
+void LCM_LoadCaseCells::showDeadWeight(const LCM_LoadCaseDeadWeight& values)
 {
     lcm_set_cell_value((*this)[LC_COL_DLX], values.dlx, true, LC_UNDEFINED);
     lcm_set_cell_value((*this)[LC_COL_DLY], values.dly, true, LC_UNDEFINED);
@@ -78,7 +78,7 @@ void LCM_LoadcaseCells::showDeadWeight(const LCM_LoadcaseDeadWeight& values)
     lcm_set_cell_value((*this)[LC_COL_DEADFACTOR], values.factor, true, LC_UNDEFINED);
 }
 
-void LCM_LoadcaseCells::showFactors(const LCM_LoadcaseFactors& values, bool enabled)
+void LCM_LoadCaseCells::showFactors(const LCM_LoadCaseFactors& values, bool enabled)
 {
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         lcm_set_cell_value((*this)[column], values[column], enabled, values[column]);

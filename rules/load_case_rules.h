@@ -4,7 +4,7 @@
 
 #include "lcdata/values/records.h"
 #include "rules/findings.h"
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 /// Judges the record of a load case that has an action of the project.
 ///
@@ -12,11 +12,11 @@
 /// @param action the present values of its action
 /// @param limits availability record of the design code; its factor fields are marks and upper limits
 /// @return the findings by LC_COL_ column; none for a valid load case
-LCM_Findings lcm_check_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
-                                const tagCDB_LC_ACT& limits);
+LCM_Findings lcm_check_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
+                                 const tagCDB_LC_ACT& limits);
 
 /// The verdict on a load case.
-struct LCM_LoadcaseVerdict
+struct LCM_LoadCaseVerdict
 {
     bool valid = true;
     bool actionMissing = false; ///< the action word names no action of the project
@@ -26,11 +26,11 @@ struct LCM_LoadcaseVerdict
 /// Judges a row as the table does: a "None" row and an imperfection are valid as they stand, and a row whose
 /// action the project lacks is invalid without a finding.
 /// @param action the action of the record's action word, null when the project has none
-LCM_LoadcaseVerdict lcm_judge_loadcase(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
-                                       const tagCDB_LC_ACT& limits);
+LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                        const tagCDB_LC_ACT& limits);
 
 /// Judges a stored record as the dialog would when it opens: after showing it in a row and reading it back,
 /// so that factors copied from an action don't count.
-LCM_LoadcaseVerdict lcm_judge_stored_loadcase(int number, const tagCDB_LC_CTRL& record,
-                                              const tagCDB_LC_ACT* action, const LCM_LoadcaseSetup& setup,
-                                              const tagCDB_LC_ACT& limits);
+LCM_LoadCaseVerdict lcm_judge_stored_load_case(int number, const tagCDB_LC_CTRL& record,
+                                               const tagCDB_LC_ACT* action, const LCM_LoadCaseSetup& setup,
+                                               const tagCDB_LC_ACT& limits);

@@ -5,12 +5,12 @@
 #include "host/mrl_widgets.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
-#include "loadcases/loadcase_cells.h"
+#include "loadcases/load_case_cells.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
 #include "model/data_class.h"
-#include "rules/loadcase_rules.h"
+#include "rules/load_case_rules.h"
 
 namespace {
 
@@ -41,7 +41,7 @@ void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
     LCM_RowContext context = rowContext();
     if (column == LC_COL_ACTION) {
         forgetUsedActions();
-        LCM_LoadcaseCells cells(*loadcaseTable, row);
+        LCM_LoadCaseCells cells(*loadcaseTable, row);
         const int word = actionWord(cells);
         cells.keepWord(m_actionList.isMarker(cells.actionId()) ? std::optional<int>(word) : std::nullopt);
         followAction(cells, context);
@@ -52,7 +52,7 @@ void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
     judgeRows(getSelectedRows(loadcaseTable), context);
 }
 
-void LCM_LoadcaseWidget::followAction(LCM_LoadcaseCells& cells, LCM_RowContext& context)
+void LCM_LoadcaseWidget::followAction(LCM_LoadCaseCells& cells, LCM_RowContext& context)
 {
     const int word = actionWord(cells);
     tagCDB_LC_CTRL record{};
@@ -65,7 +65,7 @@ void LCM_LoadcaseWidget::followAction(LCM_LoadcaseCells& cells, LCM_RowContext& 
 
 void LCM_LoadcaseWidget::updateCoupledItem(int row, int colId)
 {
-    const LCM_LoadcaseCells cells(*loadcaseTable, row);
+    const LCM_LoadCaseCells cells(*loadcaseTable, row);
     const bool enabled = lcm_has_own_factors(cells.actionId());
     const bool wasFromAction = isItemFromAction(row, colId);
     const bool follows = lcm_cell_value(cells[colId]) == LC_UNDEFINED;
@@ -101,7 +101,7 @@ bool LCM_LoadcaseWidget::checkRow(int row)
     const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
-    return judge(row, LCM_LoadcaseCells(*loadcaseTable, row), context);
+    return judge(row, LCM_LoadCaseCells(*loadcaseTable, row), context);
 }
 
 void LCM_LoadcaseWidget::judgeRows(const std::set<int>& rows, LCM_RowContext& context)
@@ -109,11 +109,11 @@ void LCM_LoadcaseWidget::judgeRows(const std::set<int>& rows, LCM_RowContext& co
     const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     for (const int row : rows) {
-        setRowValid(row, judge(row, LCM_LoadcaseCells(*loadcaseTable, row), context));
+        setRowValid(row, judge(row, LCM_LoadCaseCells(*loadcaseTable, row), context));
     }
 }
 
-bool LCM_LoadcaseWidget::judge(int row, const LCM_LoadcaseCells& cells, LCM_RowContext& context)
+bool LCM_LoadcaseWidget::judge(int row, const LCM_LoadCaseCells& cells, LCM_RowContext& context)
 {
     if (!actionsWidget) {
         return true;
@@ -124,7 +124,7 @@ bool LCM_LoadcaseWidget::judge(int row, const LCM_LoadcaseCells& cells, LCM_RowC
     if (action) {
         lcm_store_factors(cells.factors(), context.setup, record);
     }
-    const LCM_LoadcaseVerdict verdict = lcm_judge_loadcase(record, action, *model->availabilityRecord());
+    const LCM_LoadCaseVerdict verdict = lcm_judge_load_case(record, action, *model->availabilityRecord());
     // Without an action nothing was examined, and the colours stay as they were.
     if (action) {
         markRowErrors(loadcaseTable, row, verdict.findings);

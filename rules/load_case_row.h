@@ -5,10 +5,10 @@
 #include <QString>
 
 #include "lcdata/values/records.h"
-#include "rules/loadcase_columns.h"
+#include "rules/load_case_columns.h"
 
 /// What the project and its design code settle for every row of the load-case table.
-struct LCM_LoadcaseSetup
+struct LCM_LoadCaseSetup
 {
     std::array<bool, LC_FACTOR_COUNT> factorColumns{}; ///< by column id, from LC_COL_GAMU on
     int gravity = 1;               ///< signed axis of gravity, plus or minus 1, 2, 3 for X, Y, Z
@@ -22,7 +22,7 @@ struct LCM_LoadcaseSetup
 };
 
 /// The factors that a row shows, by column id. A factor that is not set is LC_UNDEFINED.
-class LCM_LoadcaseFactors
+class LCM_LoadCaseFactors
 {
   public:
     float& operator[](int factorColumn) { return m_values[index(factorColumn)]; }
@@ -34,7 +34,7 @@ class LCM_LoadcaseFactors
 };
 
 /// The dead-weight cells of a row.
-struct LCM_LoadcaseDeadWeight
+struct LCM_LoadCaseDeadWeight
 {
     float factor = 0.0f; ///< LC_COL_DEADFACTOR, the amount along gravity
     float dlx = 0.0f;
@@ -43,13 +43,13 @@ struct LCM_LoadcaseDeadWeight
 };
 
 /// The values of the cells of one row.
-struct LCM_LoadcaseRow
+struct LCM_LoadCaseRow
 {
     int number = 0;
     QString title;
     int action = 0; ///< id of the action cell: 0 none, 70 imperfection, else an action code
-    LCM_LoadcaseDeadWeight deadWeight;
-    LCM_LoadcaseFactors factors;
+    LCM_LoadCaseDeadWeight deadWeight;
+    LCM_LoadCaseFactors factors;
 };
 
 /// Whether a load case with this action word has factors of its own: only "None" has.
@@ -60,35 +60,35 @@ std::array<bool, 3> lcm_shown_components(int systemClass);
 
 /// What the dead-weight cells show of a record: the component along gravity as an amount, the others with
 /// their signs; LC_COL_DEADFACTOR the amount along gravity, or `dlz` as it stands when `gravity` is no axis.
-LCM_LoadcaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int gravity);
+LCM_LoadCaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int gravity);
 
 /// What the factor cells show of a record: its own factors for "None", else those of the action.
 /// @param action the action of the record's action word; null when there is none, all factors are 0 then
-LCM_LoadcaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action);
+LCM_LoadCaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action);
 
 /// The factors that a record holds itself. A factor that follows the action is undefined, of a pair both.
-LCM_LoadcaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record);
+LCM_LoadCaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record);
 
 /// The factor of an action that a factor column shows; LC_UNDEFINED for any other column.
 float lcm_action_factor(const tagCDB_LC_ACT& action, int column);
 
 /// The cells of a row that shows a record.
-LCM_LoadcaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
-                                  const LCM_LoadcaseSetup& setup);
+LCM_LoadCaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                  const LCM_LoadCaseSetup& setup);
 
 /// The dead-weight components of a record that a row's cells mean: the amount along gravity with gravity's
 /// sign, no component that the system class lacks, and only that along gravity unless the global directions
 /// are used. An amount of 0 is stored as plain 0, never as its negative.
-void lcm_store_dead_weight(const LCM_LoadcaseDeadWeight& cells, const LCM_LoadcaseSetup& setup,
+void lcm_store_dead_weight(const LCM_LoadCaseDeadWeight& cells, const LCM_LoadCaseSetup& setup,
                            tagCDB_LC_CTRL& record);
 
 /// The five factor fields of a record: all undefined when the record's action word is not 0, else the row's
 /// factors, packed in pairs; a factor without a column is 0.
-void lcm_store_factors(const LCM_LoadcaseFactors& cells, const LCM_LoadcaseSetup& setup,
+void lcm_store_factors(const LCM_LoadCaseFactors& cells, const LCM_LoadCaseSetup& setup,
                        tagCDB_LC_CTRL& record);
 
 /// The record that a row means. It starts from zeros, so reserved words of an earlier record don't survive.
-tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadcaseRow& row, const LCM_LoadcaseSetup& setup);
+tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadCaseRow& row, const LCM_LoadCaseSetup& setup);
 
 /// The record after the user chose another action for it: title and dead weight stay, the factors are 0 for
 /// "None" and the imperfection and follow the action otherwise.

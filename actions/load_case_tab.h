@@ -8,10 +8,10 @@ class LCM_DataClass;
 
 /// What the actions tab needs of the load-case tab. The load-case tab stands above the actions tab and knows
 /// it; this interface keeps the actions tab from having to know the load-case tab in turn.
-class LCM_LoadcaseTab
+class LCM_LoadCaseTab
 {
   public:
-    virtual ~LCM_LoadcaseTab() = default;
+    virtual ~LCM_LoadCaseTab() = default;
 
     /// The working model, which the actions tab shares.
     virtual LCM_DataClass* workingModel() const = 0;
@@ -20,7 +20,7 @@ class LCM_LoadcaseTab
     /// Removes the load cases of an action, without a question of its own.
     virtual void removeActionLoadcases(const tagCDB_LC_ACT& action) = 0;
     /// The same for several actions in turn; the load-case tab does it in one pass.
-    virtual void removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions)
+    virtual void removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)
     {
         for (const tagCDB_LC_ACT& action : actions) {
             removeActionLoadcases(action);

@@ -3,11 +3,11 @@
 #include <list>
 
 #include "host/mrl_cdb.h"
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/stored_load_cases.h"
 #include "model/data_class.h"
 
-void LCM_DataClass::loadLoadcases()
+void LCM_DataClass::loadLoadCases()
 {
     LCM_ActionWords words;
     loadcases.reserve(readNumbers.size());
@@ -22,7 +22,7 @@ void LCM_DataClass::loadLoadcases()
     }
 }
 
-void LCM_DataClass::readLoadcaseNumbers()
+void LCM_DataClass::readLoadCaseNumbers()
 {
     mrl::dbo::getKwls(db, LC_KWH_CASES, 0, 999, &readNumbers, nullptr);
 }
@@ -36,12 +36,12 @@ std::set<int>& LCM_DataClass::usedNumbers()
     return usedLoadcaseNumbers;
 }
 
-std::set<int> LCM_DataClass::getUsedLoadcaseNumbers() { return knownLoadcaseNumbers(); }
+std::set<int> LCM_DataClass::getUsedLoadcaseNumbers() { return knownLoadCaseNumbers(); }
 
-const std::set<int>& LCM_DataClass::knownLoadcaseNumbers()
+const std::set<int>& LCM_DataClass::knownLoadCaseNumbers()
 {
     if (usedNumbers().empty()) {
-        readLoadcaseNumbers();
+        readLoadCaseNumbers();
     }
     return usedNumbers();
 }

@@ -11,13 +11,13 @@
 #include "lcdata/values/packed_text.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
-#include "loadcases/loadcase_cells.h"
+#include "loadcases/load_case_cells.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/number_dialog.h"
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
 #include "model/data_class.h"
-#include "rules/loadcase_numbers.h"
+#include "rules/load_case_numbers.h"
 
 namespace {
 
@@ -68,7 +68,7 @@ LCM_FreeNumbers LCM_LoadcaseWidget::freeNumbers()
     if (first < loadcaseTable->rowCount()) {
         selected = numberOfRow(first);
     }
-    return LCM_FreeNumbers(rowNumbers(), selected, model->knownLoadcaseNumbers());
+    return LCM_FreeNumbers(rowNumbers(), selected, model->knownLoadCaseNumbers());
 }
 
 int LCM_LoadcaseWidget::nextNumber() { return m_freeNumbers ? m_freeNumbers->next() : freeNumbers().next(); }

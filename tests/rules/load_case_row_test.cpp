@@ -1,4 +1,4 @@
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 #include <gmock/gmock.h>
 
@@ -12,9 +12,9 @@ namespace {
 
 using namespace lctest;
 
-LCM_LoadcaseFactors cells(float gamu, float gama, float psi1 = 0.0f, float psi1s = 0.0f)
+LCM_LoadCaseFactors cells(float gamu, float gama, float psi1 = 0.0f, float psi1s = 0.0f)
 {
-    LCM_LoadcaseFactors result;
+    LCM_LoadCaseFactors result;
     result[LC_COL_GAMU] = gamu;
     result[LC_COL_GAMA] = gama;
     result[LC_COL_PSI1] = psi1;
@@ -22,7 +22,7 @@ LCM_LoadcaseFactors cells(float gamu, float gama, float psi1 = 0.0f, float psi1s
     return result;
 }
 
-tagCDB_LC_CTRL stored(const LCM_LoadcaseFactors& row, const LCM_LoadcaseSetup& columns = setup())
+tagCDB_LC_CTRL stored(const LCM_LoadCaseFactors& row, const LCM_LoadCaseSetup& columns = setup())
 {
     tagCDB_LC_CTRL record{};
     lcm_store_factors(row, columns, record);
@@ -77,15 +77,15 @@ TEST(LoadcasePacking, CombinationPairHasTheBitsWorkedOutByHandAndNoZeroRule)
 
 TEST(LoadcasePacking, FactorWithoutAColumnIsZero)
 {
-    LCM_LoadcaseFactors row;
+    LCM_LoadCaseFactors row;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         row[column] = 0.5f;
     }
-    LCM_LoadcaseSetup none = setup();
+    LCM_LoadCaseSetup none = setup();
     none.factorColumns.fill(false);
     EXPECT_TRUE(sameBytes(stored(row, none), tagCDB_LC_CTRL{}));
 
-    LCM_LoadcaseSetup withoutMain = setup();
+    LCM_LoadCaseSetup withoutMain = setup();
     withoutMain.factorColumns[LC_COL_GAMU - LC_COL_GAMU] = false;
     EXPECT_EQ(bits(stored(row, withoutMain).gamu), bits(0.5e-4f));
 }
@@ -107,7 +107,7 @@ TEST(LoadcaseRow, RecordWithAnActionHoldsUndefinedFactorsOnly)
 TEST(LoadcaseRow, AccidentalFactorOfZeroComesBackAsTwoThousandths)
 {
     const tagCDB_LC_CTRL record = stored(cells(1.35f, 0.0f, 0.7f, 0.0f));
-    const LCM_LoadcaseFactors shown = lcm_shown_factors(record, nullptr);
+    const LCM_LoadCaseFactors shown = lcm_shown_factors(record, nullptr);
     EXPECT_FLOAT_EQ(shown[LC_COL_GAMU], 1.35f);
     EXPECT_FLOAT_EQ(shown[LC_COL_GAMA], 0.002f);
     EXPECT_EQ(shown[LC_COL_PSI1S], 0.0f);
@@ -119,7 +119,7 @@ TEST(StoredFactors, OfAPairThatFollowsTheActionAreBothUndefined)
     record.gamu = LC_UNDEFINED;
     record.psi1 = lcm_pack_pair(0.5f, 0.8f);
     record.gamf = 0.9f;
-    const LCM_LoadcaseFactors factors = lcm_stored_factors(record);
+    const LCM_LoadCaseFactors factors = lcm_stored_factors(record);
     EXPECT_EQ(factors[LC_COL_GAMU], LC_UNDEFINED);
     EXPECT_EQ(factors[LC_COL_GAMA], LC_UNDEFINED);
     EXPECT_EQ(factors[LC_COL_PSI1], 0.5f);
@@ -151,7 +151,7 @@ TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)
     record.gamu = 9.0f;
     const tagCDB_LC_ACT g =
         action("G").gamu(1.35f).gamf(1.0f).gama(1.1f).psi0(0.7f).psi1(0.5f).psi2(0.3f).psi1s(0.9f);
-    const LCM_LoadcaseFactors shown = lcm_shown_factors(record, &g);
+    const LCM_LoadCaseFactors shown = lcm_shown_factors(record, &g);
     EXPECT_EQ(shown[LC_COL_GAMU], 1.35f);
     EXPECT_EQ(shown[LC_COL_GAMF], 1.0f);
     EXPECT_EQ(shown[LC_COL_GAMA], 1.1f);
@@ -176,7 +176,7 @@ TEST(LoadcaseRow, UndefinedFactorsOfALoadCaseWithoutActionSurviveFillAndRead)
 {
     tagCDB_LC_CTRL record = standalone();
     record.gamu = record.gamf = record.psi0 = record.psi1 = record.psi2 = LC_UNDEFINED;
-    const LCM_LoadcaseRow row = lcm_row_of_record(1, record, nullptr, setup());
+    const LCM_LoadCaseRow row = lcm_row_of_record(1, record, nullptr, setup());
     EXPECT_TRUE(sameBytes(lcm_record_of_row(row, setup()), record));
 }
 
@@ -273,7 +273,7 @@ TEST(LoadcaseDeadWeight, SystemClassesOfferTheirComponents)
 
 TEST(LoadcaseRow, RebuiltRecordStartsFromZerosAndHasFactorOne)
 {
-    LCM_LoadcaseRow row;
+    LCM_LoadCaseRow row;
     row.number = 7;
     row.title = "Wind";
     row.action = code("W");

@@ -5,17 +5,17 @@
 
 #include <QString>
 
-#include "rules/loadcase_row.h"
+#include "rules/load_case_row.h"
 
 class MRL_H_TableWidget;
 class QTableWidgetItem;
 
 /// The cells of one row of the load-case table, taken at once. They stay the cells of that load case wherever
 /// sorting moves the row, also in the middle of writing them.
-class LCM_LoadcaseCells
+class LCM_LoadCaseCells
 {
   public:
-    LCM_LoadcaseCells(const MRL_H_TableWidget& table, int row);
+    LCM_LoadCaseCells(const MRL_H_TableWidget& table, int row);
 
     /// The cell of a column, null when there is none.
     QTableWidgetItem* operator[](int column) const;
@@ -24,8 +24,8 @@ class LCM_LoadcaseCells
     QString title() const;
     /// Id of the action cell, -1 when it is no combo cell.
     int actionId() const;
-    LCM_LoadcaseDeadWeight deadWeight() const;
-    LCM_LoadcaseFactors factors() const;
+    LCM_LoadCaseDeadWeight deadWeight() const;
+    LCM_LoadCaseFactors factors() const;
 
     /// The action word that a row with a missing action came with; none for any other row.
     std::optional<int> keptWord() const;
@@ -33,9 +33,9 @@ class LCM_LoadcaseCells
 
     void showNumber(int number);
     void showTitle(const QString& title);
-    void showDeadWeight(const LCM_LoadcaseDeadWeight& values);
+    void showDeadWeight(const LCM_LoadCaseDeadWeight& values);
     /// @param enabled whether the factors are the load case's own
-    void showFactors(const LCM_LoadcaseFactors& values, bool enabled);
+    void showFactors(const LCM_LoadCaseFactors& values, bool enabled);
 
   private:
     static constexpr int COLUMNS = LC_COL_DLZ - LC_COL_NUMBER + 1;

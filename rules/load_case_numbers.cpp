@@ -1,11 +1,11 @@
-#include "rules/loadcase_numbers.h"
+#include "rules/load_case_numbers.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <utility>
 
-#include "lcdata/load_case_rules.h"
+#include "lcdata/load_case_factors.h"
 
 LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected,
                                  const std::set<int>& used)

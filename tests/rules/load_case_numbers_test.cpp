@@ -1,4 +1,4 @@
-#include "rules/loadcase_numbers.h"
+#include "rules/load_case_numbers.h"
 
 #include <gmock/gmock.h>
 

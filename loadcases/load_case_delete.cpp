@@ -52,9 +52,9 @@ bool LCM_LoadcaseWidget::confirmDeletion(std::size_t count)
                                        QMessageBox::No) == QMessageBox::Yes;
 }
 
-void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { removeLoadcasesOf({action}); }
+void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { removeLoadCasesOf({action}); }
 
-void LCM_LoadcaseWidget::removeLoadcasesOf(const std::vector<tagCDB_LC_ACT>& actions)
+void LCM_LoadcaseWidget::removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)
 {
     if (actions.empty()) {
         return;

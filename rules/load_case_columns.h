@@ -2,7 +2,7 @@
 
 /// The columns of the load-case table, by which findings and cells are addressed. The ids are fixed; which
 /// columns a table has and where they stand depends on the design code.
-enum LCM_LoadcaseColumn : int {
+enum LCM_LoadCaseColumn : int {
     LC_COL_NUMBER = 100,
     LC_COL_TITLE = 101,
     LC_COL_ACTION = 102,

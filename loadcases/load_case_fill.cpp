@@ -7,7 +7,7 @@
 #include "lcdata/values/packed_text.h"
 #include "loadcases/cell.h"
 #include "loadcases/columns.h"
-#include "loadcases/loadcase_cells.h"
+#include "loadcases/load_case_cells.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
@@ -21,7 +21,7 @@ void LCM_LoadcaseWidget::readSystem()
 
 LCM_RowContext LCM_LoadcaseWidget::rowContext()
 {
-    LCM_LoadcaseSetup setup;
+    LCM_LoadCaseSetup setup;
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
         setup.factorColumns[static_cast<std::size_t>(column - LC_COL_GAMU)] =
             loadcaseTable->getColumnNumber(column) >= 0;
@@ -49,7 +49,7 @@ void LCM_LoadcaseWidget::fillTable()
         int row = loadcaseTable->rowCount();
         loadcaseTable->appendNewRows(static_cast<int>(entries.size()), MRL_H_TableWidget::CreateCells);
         for (const LCM_LoadcaseEntry& entry : entries) {
-            LCM_LoadcaseCells cells(*loadcaseTable, row);
+            LCM_LoadCaseCells cells(*loadcaseTable, row);
             fillCells(cells, entry, context);
             setRowValid(row, judge(row, cells, context));
             ++row;
@@ -66,11 +66,11 @@ void LCM_LoadcaseWidget::fillRow(int row, const LCM_LoadcaseEntry& entry)
 {
     const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
-    LCM_LoadcaseCells cells(*loadcaseTable, row);
+    LCM_LoadCaseCells cells(*loadcaseTable, row);
     fillCells(cells, entry, context);
 }
 
-void LCM_LoadcaseWidget::fillCells(LCM_LoadcaseCells& cells, const LCM_LoadcaseEntry& entry,
+void LCM_LoadcaseWidget::fillCells(LCM_LoadCaseCells& cells, const LCM_LoadcaseEntry& entry,
                                    LCM_RowContext& context)
 {
     const int word = entry.record.action;
@@ -82,7 +82,7 @@ void LCM_LoadcaseWidget::fillCells(LCM_LoadcaseCells& cells, const LCM_LoadcaseE
                       lcm_has_own_factors(word));
 }
 
-const tagCDB_LC_ACT* LCM_LoadcaseWidget::shownAction(const LCM_LoadcaseCells& cells, LCM_RowContext& context)
+const tagCDB_LC_ACT* LCM_LoadcaseWidget::shownAction(const LCM_LoadCaseCells& cells, LCM_RowContext& context)
 {
     // By the entry that the row shows: it may be the lower-case form of the word that the row came with.
     const int id = cells.actionId();
@@ -91,19 +91,19 @@ const tagCDB_LC_ACT* LCM_LoadcaseWidget::shownAction(const LCM_LoadcaseCells& ce
 
 void LCM_LoadcaseWidget::readRow(int row, LCM_LoadcaseEntry& entry)
 {
-    readCells(LCM_LoadcaseCells(*loadcaseTable, row), entry, rowContext());
+    readCells(LCM_LoadCaseCells(*loadcaseTable, row), entry, rowContext());
 }
 
-void LCM_LoadcaseWidget::readCells(const LCM_LoadcaseCells& cells, LCM_LoadcaseEntry& entry,
+void LCM_LoadcaseWidget::readCells(const LCM_LoadCaseCells& cells, LCM_LoadcaseEntry& entry,
                                    const LCM_RowContext& context)
 {
-    const LCM_LoadcaseRow row{cells.number(), cells.title(), actionWord(cells), cells.deadWeight(),
+    const LCM_LoadCaseRow row{cells.number(), cells.title(), actionWord(cells), cells.deadWeight(),
                               cells.factors()};
     entry.number = row.number;
     entry.record = lcm_record_of_row(row, context.setup);
 }
 
-void LCM_LoadcaseWidget::refreshCells(LCM_LoadcaseCells& cells, LCM_RowContext& context)
+void LCM_LoadcaseWidget::refreshCells(LCM_LoadCaseCells& cells, LCM_RowContext& context)
 {
     tagCDB_LC_CTRL record{};
     record.action = actionWord(cells);
@@ -149,13 +149,13 @@ void LCM_LoadcaseWidget::setActionItem(int row, int colId, int code)
     if (colId != LC_COL_ACTION) {
         return;
     }
-    LCM_LoadcaseCells cells(*loadcaseTable, row);
+    LCM_LoadCaseCells cells(*loadcaseTable, row);
     const int lower = lcm_lower_code(code);
     const auto kept = cells.keptWord();
     bindAction(cells, code, kept && lcm_lower_code(*kept) == lower ? *kept : code);
 }
 
-void LCM_LoadcaseWidget::bindAction(LCM_LoadcaseCells& cells, int code, int word)
+void LCM_LoadcaseWidget::bindAction(LCM_LoadCaseCells& cells, int code, int word)
 {
     auto* combo = MRL_H_TwSimpleComboBoxItem::fromItem(cells[LC_COL_ACTION]);
     if (!combo) {
@@ -170,13 +170,13 @@ void LCM_LoadcaseWidget::bindAction(LCM_LoadcaseCells& cells, int code, int word
     cells.keepWord(binding.marker ? std::optional<int>(word) : std::nullopt);
 }
 
-int LCM_LoadcaseWidget::actionWord(const LCM_LoadcaseCells& cells) const
+int LCM_LoadcaseWidget::actionWord(const LCM_LoadCaseCells& cells) const
 {
     const int id = cells.actionId();
     return m_actionList.isMarker(id) ? keptWordFor(cells, id) : id;
 }
 
-int LCM_LoadcaseWidget::keptWordFor(const LCM_LoadcaseCells& cells, int markerId) const
+int LCM_LoadcaseWidget::keptWordFor(const LCM_LoadCaseCells& cells, int markerId) const
 {
     // A row whose marker the user chose himself came with another word.
     const std::optional<int> kept = cells.keptWord();
