@@ -41,9 +41,9 @@ TEST_F(ActionCommand, ShowTellsEveryField)
     EXPECT_EQ(q["Gamu"], 1.5);
     EXPECT_EQ(q["Gamf"], 0.0);
     EXPECT_EQ(q["Gama"], 1.0);
-    EXPECT_EQ(q["Psi0"], 0.7); // the shortest digits of the float, not 0.699999988079071
-    EXPECT_EQ(q["Psi1"], 0.5);
-    EXPECT_EQ(q["Psi2"], 0.3);
+    EXPECT_EQ(q["Psi0"], 1.0);
+    EXPECT_EQ(q["Psi1"], 0.9); // the shortest digits of the float, not 0.899999976158142
+    EXPECT_EQ(q["Psi2"], 0.8);
     EXPECT_EQ(q["Psi1s"], 0.0);
 }
 

@@ -19,7 +19,7 @@ class Codes : public CliTest
 TEST_F(Codes, ListTellsTheShippedCodesWithoutAWarning)
 {
     const auto list = done({"codes", "--json"}).json();
-    EXPECT_EQ(list.size(), 7u);
+    EXPECT_EQ(list.size(), 18u);
     for (const auto& code : list) {
         EXPECT_TRUE(code["warnings"].empty()) << code["name"];
         EXPECT_GT(code["actions"], 0) << code["name"];
@@ -77,7 +77,7 @@ TEST_F(Codes, OwnFolderComesFirstAndAMalformedFileHidesNoOther)
     qputenv("MRL_DESIGNCODE_PATH", QByteArray::fromStdString(old));
     EXPECT_EQ(run.code, 3);
     EXPECT_THAT(run.err, HasSubstr("bad.ini:1: the line is neither a section"));
-    EXPECT_EQ(run.json().size(), 7u);
+    EXPECT_EQ(run.json().size(), 18u);
     for (const auto& code : run.json()) {
         EXPECT_EQ(code["label"] == "Own", code["name"] == "en1990");
     }
@@ -90,5 +90,5 @@ TEST_F(Codes, ShippedCodesAreFoundBesideTheProgramWithoutASearchPath)
     const auto run = mrlLc({"codes", "--json"});
     qputenv("MRL_DESIGNCODE_PATH", QByteArray::fromStdString(old));
     EXPECT_EQ(run.code, 0) << run.err;
-    EXPECT_EQ(run.json().size(), 7u);
+    EXPECT_EQ(run.json().size(), 18u);
 }

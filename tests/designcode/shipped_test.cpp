@@ -38,8 +38,16 @@ const mrl::designcode::DefaultAction* byName(const DesignCode& code, const std::
     return it == code.actions.end() ? nullptr : &*it;
 }
 
-constexpr const char* SHIPPED[] = {"asce7-lrfd",          "bs-en1990-na", "din-en1990-na", "ds-en1990-dkna",
-                                   "en1990-road-bridges", "en1990",       "sia260"};
+constexpr const char* SHIPPED[] = {
+    "as-nzs1170-0",  "asce7-22-lrfd",  "asce7-lrfd",    "bs-en1990-na",        "cte-db-se",
+    "din-en1990-na", "ds-en1990-dkna", "en1990",        "en1990-rail-bridges", "en1990-road-bridges",
+    "is456-is875",   "nbn-en1990-anb", "nen-en1990-nb", "nf-en1990-na",        "ns-en1990-na",
+    "ntc2018",       "sans10160-1",    "sia260"};
+
+/// Actions for which no public transcription of the standard states factors. Indian wind is named WL.
+const std::set<std::pair<std::string, std::string>> WITHOUT_PUBLIC_FACTORS{
+    {"as-nzs1170-0", "T"}, {"as-nzs1170-0", "SET"}, {"is456-is875", "W"},
+    {"is456-is875", "T"},  {"sans10160-1", "T"},    {"sans10160-1", "SET"}};
 
 } // namespace
 
@@ -58,8 +66,9 @@ TEST_P(ShippedCode, OffersTheKindsOfActionsThatProjectsNeed)
         families.insert(action.record.partition / 16 % 16);
     }
     EXPECT_EQ(families, (std::set<int>{1, 2, 3, 4, 5})) << "G, P, Q, A and E";
-    for (const char* name : {"W", "T", "SET"}) {
-        EXPECT_NE(byName(shipped, name), nullptr) << name;
+    for (const std::string name : {"W", "T", "SET"}) {
+        const bool expected = WITHOUT_PUBLIC_FACTORS.count({GetParam(), name}) == 0;
+        EXPECT_EQ(byName(shipped, name) != nullptr, expected) << name;
     }
 }
 
@@ -76,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(Designcode, ShippedCode, testing::ValuesIn(SHIPPED), []
     return name;
 });
 
-TEST(ShippedCodes, AreTheSevenThatAreListed)
+TEST(ShippedCodes, AreThoseThatAreListed)
 {
     std::vector<std::string> names;
     for (const Found& found : mrl::designcode::list()) {
@@ -125,6 +134,63 @@ TEST(ShippedCodes, EuropeanDomesticLoadHasItsTabledFactors)
     EXPECT_EQ(action->record.psi0, 0.7f);
     EXPECT_EQ(action->record.psi1, 0.5f);
     EXPECT_EQ(action->record.psi2, 0.3f);
+}
+
+namespace {
+
+/// The action of a shipped code; the test has failed where there is none.
+tagCDB_LC_ACT shippedAction(const char* code, const char* name)
+{
+    const auto result = mrl::designcode::read(*mrl::designcode::find(code));
+    const auto* action = byName(std::get<DesignCode>(result), name);
+    EXPECT_NE(action, nullptr) << code << " " << name;
+    return action ? action->record : tagCDB_LC_ACT{};
+}
+
+} // namespace
+
+TEST(ShippedCodes, DanishPermanentLoadsAloneAreThoseOfExpressionA)
+{
+    // Table A1.2(B+C) DK NA: 6.10a has 1.20 KFI with permanent loads alone; 1.00 would be unsafe by 17 %.
+    EXPECT_EQ(shippedAction("ds-en1990-dkna", "G").gamu, 1.2f);
+    EXPECT_EQ(shippedAction("ds-en1990-dkna", "Q_5").psi0, 0.8f) << "crowded areas, category C5";
+}
+
+TEST(ShippedCodes, VariableLoadsWithoutACategoryTakeTheLeastFavourableOne)
+{
+    for (const char* code : {"en1990", "bs-en1990-na", "sia260"}) {
+        const tagCDB_LC_ACT plain = shippedAction(code, "Q");
+        EXPECT_EQ(plain.psi0, 1.0f) << code; // Table A1.1, category E
+        EXPECT_EQ(plain.psi1, 0.9f) << code;
+        EXPECT_EQ(plain.psi2, 0.8f) << code;
+    }
+    EXPECT_EQ(shippedAction("din-en1990-na", "Q").psi0, 0.8f) << "Table NA.A.1.1 has a row of its own";
+}
+
+TEST(ShippedCodes, FavourableSettlementIsNotTakenIntoAccount)
+{
+    for (const char* code : {"en1990", "bs-en1990-na", "en1990-road-bridges", "ds-en1990-dkna"}) {
+        EXPECT_EQ(shippedAction(code, "SET").gamf, 0.0f) << code;
+    }
+}
+
+TEST(ShippedCodes, SwissEarthPressureIsPermanent)
+{
+    const tagCDB_LC_ACT earth = shippedAction("sia260", "EW");
+    EXPECT_EQ(earth.gamu, 1.35f);
+    EXPECT_EQ(earth.gamf, 0.7f);
+    EXPECT_EQ(earth.partition & 0xF0, 0x10);
+    EXPECT_EQ(shippedAction("sia260", "WP").gamu, 1.2f);
+}
+
+TEST_P(ShippedCode, EarthquakeHasNoSign)
+{
+    for (const auto& action : code().actions) {
+        if ((action.record.partition >> 4 & 0xF) == 5) {
+            EXPECT_EQ(action.record.partition & 0xF, 4)
+                << action.name << ": results of a spectrum have no sign";
+        }
+    }
 }
 
 TEST(FindDesignCode, TakesANameWithEndingAndAPath)
