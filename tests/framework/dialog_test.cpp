@@ -66,11 +66,12 @@ TEST_F(ManagerDialog, OkChecksSavesAndClosesWithOne)
     EXPECT_EQ(dialog.calls, (QStringList{"create", "init", "check", "save"}));
 }
 
-TEST_F(ManagerDialog, EnterIsOk)
+TEST_F(ManagerDialog, EnterSavesAndClosesAsOkDoes)
 {
     SampleDialog dialog(&parameter);
     show(dialog);
     QTest::keyClick(dialog.edit, Qt::Key_Return);
+    EXPECT_TRUE(dialog.calls.contains("save"));
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.result(), 1);
 }

@@ -25,7 +25,7 @@ TEST(PluginParameter, IsEmptyAtFirstAndOwnsItsLines)
     parameter.lines = std::make_unique<MRL_T_Liste>(QString("task"));
 }
 
-TEST(ProjectTask, HasAName)
+TEST(ProjectTask, GivesTheNameThatItWasMadeWith)
 {
     const MRL_H_ProjectTask task("Actions");
     EXPECT_EQ(task.getName(), "Actions");

@@ -169,13 +169,13 @@ TEST_F(Commands, FillDownRepeatsTheFirstSelectedRow)
     EXPECT_EQ(table.selectedItems().size(), 6);
 }
 
-TEST_F(Commands, SelectAllSelectsAll)
+TEST_F(Commands, SelectAllSelectsEveryCell)
 {
     key(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(table.selectedItems().size(), 4 * ColumnCount);
 }
 
-TEST_F(Commands, StandInTheContextMenu)
+TEST_F(Commands, ContextMenuListsTheCommandsInOrderWithNewAndDeleteWhereEnabled)
 {
     select(0, Title, 1, Title);
     table.setContextmenueEnabled_new_del(false);
@@ -190,7 +190,7 @@ TEST_F(Commands, StandInTheContextMenu)
     EXPECT_EQ(table.getContextMenu()->actions().size(), 9); // with a separator, new and delete
 }
 
-TEST_F(Commands, OfTheContextMenuWork)
+TEST_F(Commands, EntriesOfTheContextMenuActOnTheSelection)
 {
     table.setResetContextMenuOnCreation(true);
     select(0, Factor, 2, Factor);
@@ -208,7 +208,7 @@ TEST_F(Commands, OfTheContextMenuWork)
     EXPECT_EQ(texts(Title), QStringList({"ice", ""}));
 }
 
-TEST_F(Commands, ThatCannotBeDoneAreGrey)
+TEST_F(Commands, WithoutASelectionCopyAndFillDownAreGrey)
 {
     table.setResetContextMenuOnCreation(true);
     table.clearSelection();
