@@ -9,7 +9,7 @@
 #include "host/mrl_cdb.h"
 #include "host/mrl_framework.h"
 #include "hostlib/data/cdb/project.h"
-#include "hostlib/ui/framework/document.h"
+#include "hostlib/ui/framework/project_document.h"
 
 // The raw side deletes and reinserts each record through prepared statements, in one transaction on a file of
 // its own with the same table but for the checksums. It compares nothing and leaves out whose changes are in

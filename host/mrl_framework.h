@@ -16,6 +16,8 @@
 class QBoxLayout;
 class QLayout;
 class MRL_T_Liste;
+/// The project behind a document, known to the host alone.
+class MRL_H_ProjectDocument;
 
 /// A database as the host's document objects see it.
 class MRL_HOST_API MRL_H_CDBDoc
@@ -36,8 +38,7 @@ class MRL_HOST_API MRL_H_CDBDoc
 };
 
 /// The document: the host's private copy of a project, in which plug-ins work until the host saves it.
-/// Bound by `attach` alone, without a project behind it, it has nothing to refresh from: the calls below then
-/// only note what they are told.
+/// Bound by `attach` alone it has no project file: refreshing then does nothing, and marks are only recorded.
 class MRL_HOST_API MRL_H_ShadowDatabase : public MRL_H_CDBDoc
 {
   public:
@@ -55,13 +56,12 @@ class MRL_HOST_API MRL_H_ShadowDatabase : public MRL_H_CDBDoc
     /// The same for a whole group.
     void addSaveKwh(int kwh);
 
-    struct Private;
     /// The host's own side of the document: which project stands behind it, what is marked, saving.
-    Private& host() { return *d; }
-    const Private& host() const { return *d; }
+    MRL_H_ProjectDocument& host() { return *m_project; }
+    const MRL_H_ProjectDocument& host() const { return *m_project; }
 
   private:
-    std::unique_ptr<Private> d;
+    std::unique_ptr<MRL_H_ProjectDocument> m_project;
 };
 
 /// A task of the project as the host lists it.

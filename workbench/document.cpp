@@ -2,8 +2,8 @@
 
 #include <QGuiApplication>
 
-#include "hostlib/ui/framework/document.h"
 #include "hostlib/ui/framework/failure_text.h"
+#include "hostlib/ui/framework/project_document.h"
 #include "lcdata/values/keys.h"
 #include "workbench/design_code_failure.h"
 #include "workbench/managers.h"

@@ -2,8 +2,8 @@
 
 #include <QCoreApplication>
 
-#include "hostlib/ui/framework/document.h"
 #include "hostlib/ui/framework/failure_text.h"
+#include "hostlib/ui/framework/project_document.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/system.h"
 

@@ -3,7 +3,7 @@
 
 #include "host/mrl_textlist.h"
 #include "hostlib/data/settings/settings.h"
-#include "hostlib/ui/framework/document.h"
+#include "hostlib/ui/framework/project_document.h"
 #include "manager/plugins.h"
 #include "tests/manager/manager_fixture.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The host's own side of the document: where it comes from, whether it holds changes, and its saving.
+/// The project behind the document that plug-ins work in: its file, whether it holds changes, and its saving.
 
 #include <QString>
 
@@ -31,14 +31,16 @@ enum class OnConflict { Report, Overwrite };
 
 } // namespace mrl::ui
 
-/// The document is a private copy of a project in memory. Where it differs from what was read or saved last,
-/// it holds unsaved changes; where the file does, another program has written.
-struct MRL_HOST_API MRL_H_ShadowDatabase::Private
+/// A project that is open: its file, and a private copy of it in memory, the document, which it binds to the
+/// shadow database. Where the copy differs from what was read or saved last, it holds unsaved changes; where
+/// the file does, another program has written.
+class MRL_HOST_API MRL_H_ProjectDocument
 {
-    explicit Private(MRL_H_ShadowDatabase& document);
-    ~Private();
-    Private(const Private&) = delete;
-    Private& operator=(const Private&) = delete;
+  public:
+    explicit MRL_H_ProjectDocument(MRL_H_ShadowDatabase& document);
+    ~MRL_H_ProjectDocument();
+    MRL_H_ProjectDocument(const MRL_H_ProjectDocument&) = delete;
+    MRL_H_ProjectDocument& operator=(const MRL_H_ProjectDocument&) = delete;
 
     /// Opens a project file; the former document is closed only when that has succeeded. A file that can't be
     /// written is opened for reading.

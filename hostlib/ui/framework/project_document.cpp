@@ -1,4 +1,4 @@
-#include "hostlib/ui/framework/document.h"
+#include "hostlib/ui/framework/project_document.h"
 
 #include <QFile>
 
@@ -81,11 +81,11 @@ cdb::Result replaceAll(int from, int to)
 
 } // namespace
 
-MRL_H_ShadowDatabase::Private::Private(MRL_H_ShadowDatabase& document) : m_document(document) {}
+MRL_H_ProjectDocument::MRL_H_ProjectDocument(MRL_H_ShadowDatabase& document) : m_document(document) {}
 
-MRL_H_ShadowDatabase::Private::~Private() { close(); }
+MRL_H_ProjectDocument::~MRL_H_ProjectDocument() { close(); }
 
-cdb::Result MRL_H_ShadowDatabase::Private::open(const QString& path)
+cdb::Result MRL_H_ProjectDocument::open(const QString& path)
 {
     auto file = cdb::open(utf8(path));
     if (file.result.code == cdb::Code::ReadOnly) {
@@ -111,7 +111,7 @@ cdb::Result MRL_H_ShadowDatabase::Private::open(const QString& path)
     return {};
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::create()
+cdb::Result MRL_H_ProjectDocument::create()
 {
     const auto copy = cdb::openMemory();
     if (copy) {
@@ -121,7 +121,7 @@ cdb::Result MRL_H_ShadowDatabase::Private::create()
 }
 
 /// Takes over a file, -1 for none, and its document.
-void MRL_H_ShadowDatabase::Private::adopt(int file, int copy, const QString& path, mrl::ui::SyncState state)
+void MRL_H_ProjectDocument::adopt(int file, int copy, const QString& path, mrl::ui::SyncState state)
 {
     close();
     m_file = file;
@@ -134,7 +134,7 @@ void MRL_H_ShadowDatabase::Private::adopt(int file, int copy, const QString& pat
     m_document.attach(copy);
 }
 
-void MRL_H_ShadowDatabase::Private::close()
+void MRL_H_ProjectDocument::close()
 {
     if (m_copy >= 0 && m_document.index() == m_copy) {
         m_document.attach(-1);
@@ -150,9 +150,9 @@ void MRL_H_ShadowDatabase::Private::close()
     m_refreshFailure = {};
 }
 
-bool MRL_H_ShadowDatabase::Private::isReadOnly() const { return m_file >= 0 && cdb::isReadOnly(m_file); }
+bool MRL_H_ProjectDocument::isReadOnly() const { return m_file >= 0 && cdb::isReadOnly(m_file); }
 
-bool MRL_H_ShadowDatabase::Private::hasChanges() const
+bool MRL_H_ProjectDocument::hasChanges() const
 {
     if (m_copy < 0) {
         return false;
@@ -161,7 +161,7 @@ bool MRL_H_ShadowDatabase::Private::hasChanges() const
     return !m_state.differs(m_copy, different) || different;
 }
 
-void MRL_H_ShadowDatabase::Private::mark(const cdb::KeyRange& range)
+void MRL_H_ProjectDocument::mark(const cdb::KeyRange& range)
 {
     const bool known = std::any_of(m_marks.begin(), m_marks.end(),
                                    [&](const cdb::KeyRange& other) { return sameRange(other, range); });
@@ -170,7 +170,7 @@ void MRL_H_ShadowDatabase::Private::mark(const cdb::KeyRange& range)
     }
 }
 
-void MRL_H_ShadowDatabase::Private::refresh(const cdb::KeyRange& range, bool keep)
+void MRL_H_ProjectDocument::refresh(const cdb::KeyRange& range, bool keep)
 {
     if (m_file < 0) {
         return;
@@ -181,7 +181,7 @@ void MRL_H_ShadowDatabase::Private::refresh(const cdb::KeyRange& range, bool kee
     }
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::refreshNow(const cdb::KeyRange& range, bool keep)
+cdb::Result MRL_H_ProjectDocument::refreshNow(const cdb::KeyRange& range, bool keep)
 {
     if (auto result = followFile(); !result) {
         return result;
@@ -203,7 +203,7 @@ cdb::Result MRL_H_ShadowDatabase::Private::refreshNow(const cdb::KeyRange& range
 }
 
 /// When another file has taken the place of the one that is open, goes over to that.
-cdb::Result MRL_H_ShadowDatabase::Private::followFile()
+cdb::Result MRL_H_ProjectDocument::followFile()
 {
     const auto now = fileId(m_path);
     if (now == FileId{m_device, m_inode}) {
@@ -220,7 +220,7 @@ cdb::Result MRL_H_ShadowDatabase::Private::followFile()
     return {};
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::KeyRange>& changed)
+cdb::Result MRL_H_ProjectDocument::checkForConflicts(std::vector<cdb::KeyRange>& changed)
 {
     for (const auto& range : m_marks) {
         if (auto result = m_state.cut(range, m_copy, m_file); !result) {
@@ -237,7 +237,7 @@ cdb::Result MRL_H_ShadowDatabase::Private::checkForConflicts(std::vector<cdb::Ke
     return {};
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::writeMarks()
+cdb::Result MRL_H_ProjectDocument::writeMarks()
 {
     for (const auto& range : m_marks) {
         if (auto result = cdb::replaceRange(m_copy, m_file, range); !result) {
@@ -247,7 +247,7 @@ cdb::Result MRL_H_ShadowDatabase::Private::writeMarks()
     return {};
 }
 
-mrl::ui::SaveResult MRL_H_ShadowDatabase::Private::save(mrl::ui::OnConflict onConflict)
+mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
 {
     using mrl::ui::SaveOutcome;
     if (m_file < 0) {
@@ -281,7 +281,7 @@ mrl::ui::SaveResult MRL_H_ShadowDatabase::Private::save(mrl::ui::OnConflict onCo
     return {};
 }
 
-cdb::Result MRL_H_ShadowDatabase::Private::saveAs(const QString& path)
+cdb::Result MRL_H_ProjectDocument::saveAs(const QString& path)
 {
     if (m_copy < 0) {
         return {cdb::Code::NotOpen, "There is no project to save."};

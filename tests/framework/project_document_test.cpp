@@ -7,7 +7,7 @@
 #include "host/mrl_cdb.h"
 #include "host/mrl_framework.h"
 #include "hostlib/data/cdb/project.h"
-#include "hostlib/ui/framework/document.h"
+#include "hostlib/ui/framework/project_document.h"
 
 namespace {
 
