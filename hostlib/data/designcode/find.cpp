@@ -1,48 +1,19 @@
-#include <dlfcn.h>
-
 #include <QDir>
 #include <QFileInfo>
 #include <map>
 
 #include "hostlib/data/designcode/designcode.h"
 #include "hostlib/data/designcode/file_stamp.h"
+#include "hostlib/data/install/data_folders.h"
 
 namespace mrl::designcode {
 
 namespace {
 
-QString locateOwnFolder()
-{
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&searchPath), &info) == 0 || info.dli_fname == nullptr) {
-        return {};
-    }
-    // A program may have been started by a relative path; its own link in /proc knows better.
-    QFileInfo binary(QString::fromLocal8Bit(info.dli_fname));
-    if (binary.suffix() != "so" && !binary.fileName().contains(".so.")) {
-        binary.setFile(QStringLiteral("/proc/self/exe"));
-    }
-    return QFileInfo(binary.canonicalFilePath()).path();
-}
-
-/// The folder of the binary that this code is part of: the shared library, or a program that links it
-/// statically. It doesn't move while it runs.
-const QString& ownFolder()
-{
-    static const QString folder = locateOwnFolder();
-    return folder;
-}
-
 /// The folders that may hold design codes, whether they exist or not.
 QStringList candidateFolders()
 {
-    const QString own = QString::fromLocal8Bit(qgetenv("MRL_DESIGNCODE_PATH"));
-    QStringList folders = own.split(':', Qt::SkipEmptyParts);
-    if (!ownFolder().isEmpty()) {
-        // lib/libX.so and bin/X, and lib/TRIPLET/libX.so of a multi-architecture system.
-        folders << ownFolder() + "/../share/mrl/designcodes" << ownFolder() + "/../../share/mrl/designcodes";
-    }
-    return folders;
+    return install::dataFolders("MRL_DESIGNCODE_PATH", QStringLiteral("designcodes"));
 }
 
 bool isFile(const std::string& path) { return FileStamp(path).exists(); }

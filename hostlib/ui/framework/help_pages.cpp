@@ -1,25 +1,12 @@
 #include "hostlib/ui/framework/help_pages.h"
 
-#include <QDir>
 #include <QFileInfo>
+#include <QStringList>
 
+#include "hostlib/data/install/data_folders.h"
 #include "hostlib/ui/widget/translator.h"
 
 namespace mrl::ui {
-
-QStringList helpFolders()
-{
-    QStringList folders;
-    const QString wanted = qEnvironmentVariable("MRL_HELP_PATH");
-    if (!wanted.isEmpty()) {
-        folders << wanted.split(QDir::listSeparator(), Qt::SkipEmptyParts);
-    }
-    const QString beside = libraryFolder();
-    // Installed, with and without a folder for the machine's architecture between; then the build tree.
-    folders << beside + QStringLiteral("/../share/mrl/help")
-            << beside + QStringLiteral("/../../share/mrl/help") << beside + QStringLiteral("/../help");
-    return folders;
-}
 
 QString helpPage(const QString& book, const QString& topic)
 {
@@ -28,7 +15,7 @@ QString helpPage(const QString& book, const QString& topic)
         languages << translationLanguage();
     }
     languages << QStringLiteral("en");
-    const auto folders = helpFolders();
+    const auto folders = install::dataFolders("MRL_HELP_PATH", QStringLiteral("help"));
     for (const QString& language : qAsConst(languages)) {
         for (const QString& folder : folders) {
             const QFileInfo page(QStringLiteral("%1/%2/%3/%4.html").arg(folder, language, book, topic));

@@ -3,14 +3,10 @@
 /// Where the help pages are: <folder>/<language>/<book>/<topic>.html
 
 #include <QString>
-#include <QStringList>
 
 #include "host/mrl_export.h"
 
 namespace mrl::ui {
-
-/// The folders in which help is looked for, first the one of MRL_HELP_PATH.
-MRL_HOST_API QStringList helpFolders();
 
 /// The file of a help page in the user's language, in English where there is none in it.
 /// @return an empty text when there is no such page

@@ -1,52 +1,24 @@
 #include "hostlib/ui/widget/translator.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTranslator>
 
 #include <algorithm>
 #include <vector>
 
-#include <dlfcn.h>
-
 #include "host/mrl_lib.h"
 #include "host/mrl_widgets.h"
+#include "hostlib/data/install/data_folders.h"
 #include "hostlib/data/settings/settings.h"
 
 namespace mrl::ui {
 
 QString translationLanguage()
 {
-    constexpr int languageSetting = 102;
-    static const int language = mrl_lib_setting(languageSetting);
-    return language == settings::German ? QStringLiteral("de") : QString();
-}
-
-QString libraryFolder()
-{
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&libraryFolder), &info) == 0 || !info.dli_fname) {
-        return QString();
-    }
-    return QFileInfo(QString::fromLocal8Bit(info.dli_fname)).canonicalPath();
-}
-
-QStringList translationFolders()
-{
-    QStringList folders;
-    const QString wanted = qEnvironmentVariable("MRL_TRANSLATION_PATH");
-    if (!wanted.isEmpty()) {
-        folders << wanted.split(QDir::listSeparator(), Qt::SkipEmptyParts);
-    }
-    const QString beside = libraryFolder();
-    // Installed, with and without a folder for the machine's architecture between; then the build tree.
-    folders << beside + QStringLiteral("/../share/mrl/translations")
-            << beside + QStringLiteral("/../../share/mrl/translations")
-            << beside + QStringLiteral("/../translations");
-    folders << QLibraryInfo::location(QLibraryInfo::TranslationsPath);
-    return folders;
+    constexpr int LANGUAGE_SETTING = 102;
+    static const int LANGUAGE = mrl_lib_setting(LANGUAGE_SETTING);
+    return LANGUAGE == settings::German ? QStringLiteral("de") : QString();
 }
 
 } // namespace mrl::ui
@@ -61,8 +33,15 @@ struct MRL_QT_InitTranslator::Private
 
 namespace {
 
-// The wishes of this process. Static objects of libraries register here before there is an application.
-std::vector<MRL_QT_InitTranslator::Private*>& wishes()
+/// Our own translation files and Qt's.
+QStringList translationFolders()
+{
+    return mrl::install::dataFolders("MRL_TRANSLATION_PATH", QStringLiteral("translations"))
+           << QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+}
+
+// The translators of this process. Static objects of libraries register here before there is an application.
+std::vector<MRL_QT_InitTranslator::Private*>& translators()
 {
     static std::vector<MRL_QT_InitTranslator::Private*> all;
     return all;
@@ -70,15 +49,15 @@ std::vector<MRL_QT_InitTranslator::Private*>& wishes()
 
 void installAll()
 {
-    for (auto* wish : wishes()) {
-        wish->install();
+    for (auto* translator : translators()) {
+        translator->install();
     }
 }
 
 void installWithEachApplication()
 {
-    static const bool once = (qAddPreRoutine(installAll), true);
-    Q_UNUSED(once)
+    static const bool ONCE = (qAddPreRoutine(installAll), true);
+    Q_UNUSED(ONCE)
 }
 
 } // namespace
@@ -91,7 +70,7 @@ void MRL_QT_InitTranslator::Private::install()
     }
     auto candidate = std::make_unique<QTranslator>();
     const QString file = context + QLatin1Char('_') + language;
-    const auto folders = mrl::ui::translationFolders();
+    const auto folders = translationFolders();
     const bool found = std::any_of(folders.begin(), folders.end(),
                                    [&](const QString& folder) { return candidate->load(file, folder); });
     if (!found) {
@@ -104,7 +83,7 @@ void MRL_QT_InitTranslator::Private::install()
 MRL_QT_InitTranslator::MRL_QT_InitTranslator(const char* context) : d(std::make_unique<Private>())
 {
     d->context = QString::fromLatin1(context);
-    wishes().push_back(d.get());
+    translators().push_back(d.get());
     installWithEachApplication();
     if (QCoreApplication::instance() && !d->translator) {
         d->install();
@@ -113,14 +92,14 @@ MRL_QT_InitTranslator::MRL_QT_InitTranslator(const char* context) : d(std::make_
 
 MRL_QT_InitTranslator::~MRL_QT_InitTranslator()
 {
-    auto& all = wishes();
+    auto& all = translators();
     all.erase(std::remove(all.begin(), all.end(), d.get()), all.end());
 }
 
 namespace {
 
 // This library's own texts, and those of Qt's standard buttons and menus.
-const MRL_QT_InitTranslator ownTexts("mrl_hostui");
-const MRL_QT_InitTranslator standardTexts("qtbase");
+const MRL_QT_InitTranslator OWN_TEXTS("mrl_hostui");
+const MRL_QT_InitTranslator STANDARD_TEXTS("qtbase");
 
 } // namespace
