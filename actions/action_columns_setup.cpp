@@ -3,10 +3,10 @@
 #include <list>
 
 #include "actions/actions_widget.h"
-#include "actions/columns.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_table.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
+#include "rules/action_columns.h"
 
 namespace {
 

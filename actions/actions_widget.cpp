@@ -5,12 +5,11 @@
 #include <utility>
 
 #include "actions/actions_table.h"
-#include "actions/columns.h"
 #include "actions/load_case_tab.h"
 #include "actions/row_cells.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 namespace {
 

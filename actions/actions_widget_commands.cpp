@@ -6,7 +6,6 @@
 
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "actions/columns.h"
 #include "actions/load_case_tab.h"
 #include "actions/new_action.h"
 #include "actions/new_action_dialog.h"
@@ -14,7 +13,8 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/action_code.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
+#include "rules/action_columns.h"
 
 void LCM_ActionsWidget::slot_newClicked()
 {

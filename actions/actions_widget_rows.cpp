@@ -8,15 +8,15 @@
 #include "actions/action_columns_setup.h"
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "actions/columns.h"
 #include "actions/row_cells.h"
 #include "actions/table_helpers.h"
-#include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/action_code.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
+#include "rules/action_columns.h"
 #include "rules/action_row.h"
 #include "rules/action_rules.h"
+#include "rules/project_setup.h"
 
 namespace {
 
@@ -48,12 +48,6 @@ std::vector<Shown> activeRecords(const LCM_DataClass& model)
     std::stable_sort(shown.begin(), shown.end(),
                      [](const Shown& a, const Shown& b) { return a.name < b.name; });
     return shown;
-}
-
-LCM_DesignCodeIdentity activeDesignCode()
-{
-    return {mrl_dlib_cdb_get_ntcode(), mrl_dlib_cdb_get_idcode(), mrl_dlib_cdb_get_dcntry(),
-            mrl_dlib_cdb_get_dcyear()};
 }
 
 } // namespace
@@ -118,7 +112,8 @@ bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
     MRL_QT_SignalBlocker signalBlocker(table);
     tagCDB_LC_ACT action;
     cells.read(action);
-    const LCM_Findings findings = lcm_check_action(action, *model->availabilityRecord(), activeDesignCode());
+    const LCM_Findings findings =
+        lcm_check_action(action, *model->availabilityRecord(), lcm_active_design_code());
     cells.markErrors(findings);
     updateBlocker.unblock();
     signalBlocker.unblock();

@@ -2,7 +2,7 @@
 
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 #include "rules/action_row.h"
 
 namespace {

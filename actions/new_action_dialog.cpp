@@ -10,7 +10,7 @@
 #include "host/mrl_table.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 #include "rules/action_names.h"
 #include "rules/action_row.h"
 

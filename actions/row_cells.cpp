@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "actions/columns.h"
+#include "actions/cell_roles.h"
+#include "rules/action_columns.h"
 #include "rules/action_row.h"
 
 namespace {

@@ -1,7 +1,9 @@
 #include "actions/tab_interface.h"
 
-#include "actions/columns.h"
+#include "actions/cell_roles.h"
+#include "actions/table_helpers.h"
 #include "host/mrl_table.h"
+#include "rules/action_columns.h"
 
 bool modificationNoticePending = true;
 
@@ -39,11 +41,8 @@ void LCM_TabInterface::showInvalidRow()
 
 void LCM_TabInterface::setRowValid(int row, bool valid)
 {
-    if (table == nullptr) {
-        return;
-    }
-    if (MRL_H_TwSimpleLineEditItem* cell = verdictCell(row)) {
-        cell->setData(ROLE_ROW_VALID, valid);
+    if (table != nullptr) {
+        lcm_set_row_valid(table, row, valid);
     }
 }
 

@@ -1,6 +1,8 @@
 #include "actions/table_helpers.h"
 
+#include "actions/cell_roles.h"
 #include "actions/row_cells.h"
+#include "rules/action_columns.h"
 
 MRL_H_TwHeaderLineEditItem* createLineEditHeader(MRL_H_TableWidget* table, int id,
                                                  const StructLineEdit& description, const QString& caption,
@@ -32,17 +34,23 @@ void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_Findings& findin
     LCM_RowCells(table, row).markErrors(findings);
 }
 
+void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid)
+{
+    if (auto* cell = MRL_H_TwSimpleLineEditItem::fromItem(table->itemOnColId(row, ACT_COL_ACTION))) {
+        cell->setData(ROLE_ROW_VALID, valid);
+    }
+}
+
 void removeRows(QTableWidget* table, const std::set<int>& rows)
 {
     const int first = rows.empty() ? 0 : *rows.begin();
-    // The selection gives way to a row at the end anyway; until then each of its cells would be carried
-    // along.
+    // The selection gives way to a row at the end anyway; until then each of its cells would be updated.
     if (!rows.empty() && first >= 0) {
         table->clearSelection();
     }
     if (auto* ownTable = qobject_cast<MRL_H_TableWidget*>(table)) {
-        ownTable->removeRows(
-            rows); // in one pass; the view counts the rows below anew for each single removal
+        // In one pass: the view recounts the rows below for each single removal.
+        ownTable->removeRows(rows);
     } else {
         for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
             table->removeRow(*row);

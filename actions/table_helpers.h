@@ -23,6 +23,9 @@ std::set<int> getSelectedRows(const QTableWidget* table);
 /// not shown. Writes only what changes. The caller blocks the table's signals.
 void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_Findings& findings);
 
+/// Stores the verdict on a row, see ROLE_ROW_VALID; does nothing without a cell for it.
+void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid);
+
 /// Removes rows and selects the row that now stands where the lowest of them stood, or the last row if there
 /// is none. Positions without a row are passed over. One pass over the table, however many rows go.
 /// @param rows positions; of an empty set row 0 is selected

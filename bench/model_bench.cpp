@@ -3,7 +3,7 @@
 
 #include "bench/figure.h"
 #include "bench/load_cases.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 namespace {
 

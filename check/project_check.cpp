@@ -11,13 +11,13 @@
 #include "lcdata/key_walk.h"
 #include "lcdata/load_case_factors.h"
 #include "lcdata/stored_actions.h"
-#include "lcdata/system.h"
 #include "lcdata/values/action_code.h"
 #include "rules/action_row.h"
 #include "rules/action_rules.h"
 #include "rules/design_code_label.h"
 #include "rules/load_case_numbers.h"
 #include "rules/load_case_rules.h"
+#include "rules/project_setup.h"
 
 namespace {
 
@@ -59,11 +59,9 @@ Check::Check(int index, bool globalDirections) : db(index)
     MRL_LC_Action_Info info;
     info.init(db);
     mrl_dlib_lcact_info(0, &limits);
-    identity = {mrl_dlib_cdb_get_ntcode(), mrl_dlib_cdb_get_idcode(), mrl_dlib_cdb_get_dcntry(),
-                mrl_dlib_cdb_get_dcyear()};
+    identity = lcm_active_design_code();
     setup.factorColumns = lcm_factor_columns(info, lcm_design_code_file(db).value_or(QString()));
-    setup.gravity = lcm_gravity_direction(db);
-    setup.systemClass = lcm_system_class(db);
+    lcm_read_system(db, setup);
     setup.globalDirections = globalDirections;
 }
 

@@ -1,8 +1,8 @@
 #include "loadcases/cell.h"
 
+#include "actions/cell_roles.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
-#include "loadcases/columns.h"
 
 float lcm_cell_value(const QTableWidgetItem* cell)
 {
@@ -23,7 +23,7 @@ int lcm_cell_number(const QTableWidgetItem* cell)
     return static_cast<int>(number ? number->getVal(nullptr) : static_cast<double>(LC_UNDEFINED));
 }
 
-void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float actionValue)
+void lcm_set_cell_value(QTableWidgetItem* cell, float value, LCM_CellInput input, float actionValue)
 {
     const bool follows = value == LC_UNDEFINED;
     lcm_set_cell_from_action(cell, follows);
@@ -31,7 +31,7 @@ void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float
     if (!number) {
         return;
     }
-    number->setEnabled(enabled);
+    number->setEnabled(input == LCM_CellInput::Open);
     auto* editable = MRL_H_TwEditableComboBoxItem::fromItem(cell);
     if (editable && follows) {
         editable->setCurrentId(-1);

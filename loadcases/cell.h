@@ -13,9 +13,12 @@ float lcm_cell_value(const QTableWidgetItem* cell);
 /// as an int when the cell has none.
 int lcm_cell_number(const QTableWidgetItem* cell);
 
+/// Whether the user can type into a cell.
+enum class LCM_CellInput { Open, Locked };
+
 /// Writes a number. LC_UNDEFINED: the cell follows the action.
 /// @param actionValue what a cell shows that follows the action and can say so
-void lcm_set_cell_value(QTableWidgetItem* cell, float value, bool enabled, float actionValue);
+void lcm_set_cell_value(QTableWidgetItem* cell, float value, LCM_CellInput input, float actionValue);
 
 /// The text of a line-edit or combo cell, empty for any other.
 QString lcm_cell_text(const QTableWidgetItem* cell);

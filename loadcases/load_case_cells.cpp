@@ -1,8 +1,7 @@
 #include "loadcases/load_case_cells.h"
 
-#include "actions/columns.h"
+#include "actions/cell_roles.h"
 #include "host/mrl_table.h"
-#include "loadcases/cell.h"
 
 LCM_LoadCaseCells::LCM_LoadCaseCells(const MRL_H_TableWidget& table, int row)
 {
@@ -59,7 +58,7 @@ void LCM_LoadCaseCells::showNumber(int number)
     if (!cell || lcm_cell_number(cell) == number) {
         return;
     }
-    lcm_set_cell_value(cell, static_cast<float>(number), true, LC_UNDEFINED);
+    lcm_set_cell_value(cell, static_cast<float>(number), LCM_CellInput::Open, LC_UNDEFINED);
     cell->setData(Qt::DisplayRole, number);
 }
 
@@ -72,15 +71,15 @@ void LCM_LoadCaseCells::showTitle(const QString& title)
 
 void LCM_LoadCaseCells::showDeadWeight(const LCM_LoadCaseDeadWeight& values)
 {
-    lcm_set_cell_value((*this)[LC_COL_DLX], values.dlx, true, LC_UNDEFINED);
-    lcm_set_cell_value((*this)[LC_COL_DLY], values.dly, true, LC_UNDEFINED);
-    lcm_set_cell_value((*this)[LC_COL_DLZ], values.dlz, true, LC_UNDEFINED);
-    lcm_set_cell_value((*this)[LC_COL_DEADFACTOR], values.factor, true, LC_UNDEFINED);
+    lcm_set_cell_value((*this)[LC_COL_DLX], values.dlx, LCM_CellInput::Open, LC_UNDEFINED);
+    lcm_set_cell_value((*this)[LC_COL_DLY], values.dly, LCM_CellInput::Open, LC_UNDEFINED);
+    lcm_set_cell_value((*this)[LC_COL_DLZ], values.dlz, LCM_CellInput::Open, LC_UNDEFINED);
+    lcm_set_cell_value((*this)[LC_COL_DEADFACTOR], values.factor, LCM_CellInput::Open, LC_UNDEFINED);
 }
 
-void LCM_LoadCaseCells::showFactors(const LCM_LoadCaseFactors& values, bool enabled)
+void LCM_LoadCaseCells::showFactors(const LCM_LoadCaseFactors& values, LCM_CellInput input)
 {
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        lcm_set_cell_value((*this)[column], values[column], enabled, values[column]);
+        lcm_set_cell_value((*this)[column], values[column], input, values[column]);
     }
 }

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include "loadcases/cell.h"
 #include "rules/load_case_row.h"
 
 class MRL_H_TableWidget;
@@ -34,8 +35,8 @@ class LCM_LoadCaseCells
     void showNumber(int number);
     void showTitle(const QString& title);
     void showDeadWeight(const LCM_LoadCaseDeadWeight& values);
-    /// @param enabled whether the factors are the load case's own
-    void showFactors(const LCM_LoadCaseFactors& values, bool enabled);
+    /// @param input open if the factors are the load case's own
+    void showFactors(const LCM_LoadCaseFactors& values, LCM_CellInput input);
 
   private:
     static constexpr int COLUMNS = LC_COL_DLZ - LC_COL_NUMBER + 1;

@@ -1,25 +1,24 @@
-// The tab: its making, its settings, its link to the actions tab, and the way of its rows into the model.
-
 #include "loadcases/loadcase_widget.h"
 
-#include <QItemSelectionModel>
+#include <QFontMetrics>
+#include <QHeaderView>
 
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "loadcases/columns.h"
 #include "loadcases/load_case_cells.h"
+#include "loadcases/load_case_columns_setup.h"
+#include "loadcases/load_case_creation.h"
+#include "loadcases/load_case_deletion.h"
+#include "loadcases/load_case_numbering.h"
+#include "loadcases/load_case_reconciliation.h"
+#include "loadcases/load_case_rows.h"
+#include "loadcases/row_actions.h"
 #include "loadcases/row_context.h"
+#include "loadcases/tab_settings.h"
 #include "loadcases/table_loadcases.h"
-#include "model/data_class.h"
-
-namespace {
-
-const auto SETTINGS = QStringLiteral("LF_Manager");
-
-MRL_QT_Application* application() { return qobject_cast<MRL_QT_Application*>(QCoreApplication::instance()); }
-
-} // namespace
+#include "model/working_model.h"
+#include "rules/project_setup.h"
 
 LCM_LoadcaseWidget::LCM_LoadcaseWidget(int database, QWidget* parent, const char* name)
     : LCM_TabInterface(database, parent, name)
@@ -53,6 +52,31 @@ void LCM_LoadcaseWidget::createWidgets()
     mainLayout->addLayout(boxLine);
     createCheckBoxes(boxLine);
     slot_checkDeadloadChanged(checkDeadload->checkState());
+}
+
+void LCM_LoadcaseWidget::setupTable()
+{
+    readSystem();
+    loadcaseTable =
+        new TableLoadCases(LC_FIXED_COLUMNS + model->optionalColumnCount(), this, "loadcase table");
+    table = loadcaseTable;
+    loadcaseTable->activateSearchEnabled(false);
+    loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    QHeaderView* rowHeader = loadcaseTable->verticalHeader();
+    rowHeader->setSectionResizeMode(QHeaderView::Fixed);
+    rowHeader->setDefaultSectionSize(rowHeader->fontMetrics().height() + 8);
+    loadcaseTable->setItemDelegate(new MyDelegate(loadcaseTable, this));
+    loadcaseTable->setContextmenueEnabled_new_del(false);
+    lcm_create_load_case_columns(loadcaseTable, model, m_setup.gravity);
+    mrl_connect(loadcaseTable, "2cellChanged( int, int )", this, "1slot_cellChanged( int, int )",
+                Qt::AutoConnection);
+    loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    loadcaseTable->resizeColumnsToContents();
+    loadcaseTable->setSortingEnabled(true);
+
+    m_actions = std::make_unique<LCM_RowActions>(*loadcaseTable);
+    m_rows = std::make_unique<LCM_LoadCaseRows>(*loadcaseTable, *m_actions, *model->availabilityRecord());
+    m_numbering = std::make_unique<LCM_LoadCaseNumbering>(*this, *loadcaseTable, *model);
 }
 
 void LCM_LoadcaseWidget::createButtons(QBoxLayout* column)
@@ -94,7 +118,7 @@ void LCM_LoadcaseWidget::slot_checkDeadloadChanged(int state)
     };
     const bool components = state == Qt::Checked;
     readSystem();
-    const auto shown = lcm_shown_components(m_systemClass);
+    const auto shown = lcm_shown_components(m_setup.systemClass);
     show(LC_COL_DLX, components && shown[0]);
     show(LC_COL_DLY, components && shown[1]);
     show(LC_COL_DLZ, components && shown[2]);
@@ -113,6 +137,52 @@ void LCM_LoadcaseWidget::setActionsWidget(LCM_ActionsWidget* actions)
     slot_actionCountChanged();
 }
 
+void LCM_LoadcaseWidget::readSystem() { lcm_read_system(db, m_setup); }
+
+LCM_RowContext LCM_LoadcaseWidget::rowContext() const
+{
+    LCM_LoadCaseSetup setup = m_setup;
+    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
+        setup.factorColumns[static_cast<std::size_t>(column - LC_COL_GAMU)] =
+            loadcaseTable->getColumnNumber(column) >= 0;
+    }
+    setup.globalDirections = checkDeadload->isChecked();
+    return {setup, LCM_ActionLookup(actionsWidget, *model)};
+}
+
+void LCM_LoadcaseWidget::fillTable()
+{
+    readSystem();
+    if (!model->loadcases.empty()) {
+        appendRows(model->loadcases);
+    }
+    loadcaseTable->sortByColumn(loadcaseTable->getColumnNumber(LC_COL_NUMBER), Qt::AscendingOrder);
+    LCM_TabSettings settings{checkDeadload->isChecked(), checkIncrease->isChecked()};
+    lcm_read_settings(settings);
+    checkDeadload->setChecked(settings.globalDirections);
+    checkIncrease->setChecked(settings.increment);
+    loadcaseTable->resizeColumnsToContents();
+}
+
+void LCM_LoadcaseWidget::appendRows(const std::vector<LCM_LoadcaseEntry>& entries)
+{
+    MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
+    const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
+    m_actions->offerActionsOf(entries);
+    LCM_RowContext context = rowContext();
+    int row = loadcaseTable->rowCount();
+    loadcaseTable->appendNewRows(static_cast<int>(entries.size()), MRL_H_TableWidget::CreateCells);
+    for (const LCM_LoadcaseEntry& entry : entries) {
+        LCM_LoadCaseCells cells(*loadcaseTable, row);
+        m_rows->fill(cells, entry, context);
+        setRowValid(row, m_rows->judge(row, cells, context));
+        ++row;
+    }
+    m_actions->forgetUsed();
+    sortingBlocker.unblock();
+}
+
 void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
 {
     if (numbers.empty()) {
@@ -120,43 +190,27 @@ void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
     }
     loadcaseTable->setFocus();
     std::set<int> missing = numbers;
-    std::map<int, int> rows; // the first row of each number
+    std::map<int, int> rowByNumber; // the first row of each number
     for (int row = 0; row < loadcaseTable->rowCount() && !missing.empty(); ++row) {
-        const int number = LCM_LoadCaseCells(*loadcaseTable, row).number();
+        const int number = loadcaseTable->numberOfRow(row);
         if (missing.erase(number) != 0) {
-            rows.emplace(number, row);
+            rowByNumber.emplace(number, row);
         }
     }
-    if (rows.empty()) {
-        return;
+    std::set<int> rows;
+    for (const auto& [number, row] : rowByNumber) {
+        rows.insert(row);
     }
-    std::set<int> positions;
-    for (const auto& [number, row] : rows) {
-        positions.insert(row);
+    if (!rows.empty()) {
+        loadcaseTable->selectWholeRows(rows, rowByNumber.rbegin()->second);
     }
-
-    // Rows that follow each other become one range: the cost of a selection goes with its ranges.
-    QItemSelection selection;
-    const QAbstractItemModel* items = loadcaseTable->model();
-    const int lastColumn = loadcaseTable->columnCount() - 1;
-    for (auto first = positions.begin(); first != positions.end();) {
-        auto last = first;
-        for (auto next = std::next(last); next != positions.end() && *next == *last + 1; ++next) {
-            last = next;
-        }
-        selection.append(QItemSelectionRange(items->index(*first, 0), items->index(*last, lastColumn)));
-        first = std::next(last);
-    }
-    const QModelIndex current = items->index(rows.rbegin()->second, 0);
-    loadcaseTable->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-    loadcaseTable->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void LCM_LoadcaseWidget::getSelectedLoadcases(std::set<int>& numbers)
 {
     numbers.clear();
     for (const int row : getSelectedRows(loadcaseTable)) {
-        numbers.insert(LCM_LoadCaseCells(*loadcaseTable, row).number());
+        numbers.insert(loadcaseTable->numberOfRow(row));
     }
 }
 
@@ -168,14 +222,14 @@ void LCM_LoadcaseWidget::save(bool writeToDatabase)
     const LCM_RowContext context = rowContext();
     std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(loadcaseTable->rowCount()));
     for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
-        readCells(LCM_LoadCaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
+        m_rows->read(LCM_LoadCaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
     }
     model->loadcases = std::move(entries);
     notifyModification();
     if (writeToDatabase) {
         model->writeLoadcases(db);
     }
-    storeSettings();
+    lcm_store_settings({checkDeadload->isChecked(), checkIncrease->isChecked()});
 }
 
 void LCM_LoadcaseWidget::notifyModification()
@@ -189,28 +243,4 @@ void LCM_LoadcaseWidget::notifyModification()
                              "Superposition Manager and adapt them if necessary manually or by "
                              "reinitializing."));
     modificationNoticePending = false;
-}
-
-void LCM_LoadcaseWidget::readSettings()
-{
-    MRL_QT_Application* settings = application();
-    if (!settings) {
-        return;
-    }
-    int deadload = 0;
-    int increment = 1;
-    settings->getAppSettings(SETTINGS, QStringLiteral("checkDeadload"), deadload, 0);
-    settings->getAppSettings(SETTINGS, QStringLiteral("checkIncrement"), increment, 1);
-    checkDeadload->setChecked(deadload != 0);
-    checkIncrease->setChecked(increment != 0);
-}
-
-void LCM_LoadcaseWidget::storeSettings()
-{
-    MRL_QT_Application* settings = application();
-    if (!settings) {
-        return;
-    }
-    settings->setAppSettings(SETTINGS, QStringLiteral("checkDeadload"), checkDeadload->isChecked() ? 1 : 0);
-    settings->setAppSettings(SETTINGS, QStringLiteral("checkIncrement"), checkIncrease->isChecked() ? 1 : 0);
 }

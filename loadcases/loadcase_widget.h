@@ -1,21 +1,20 @@
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <set>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "actions/load_case_tab.h"
 #include "actions/tab_interface.h"
 #include "lcdata/values/records.h"
-#include "loadcases/action_list.h"
 #include "loadcases/loadcase_copy.h"
-#include "rules/load_case_numbers.h"
 #include "rules/load_case_row.h"
 
+class LCM_RowActions;
 class LCM_ActionsWidget;
-class LCM_LoadCaseCells;
+class LCM_LoadCaseNumbering;
+class LCM_LoadCaseReconciliation;
+class LCM_LoadCaseRows;
 class MRL_QT_CheckBox;
 class QBoxLayout;
 class TableLoadCases;
@@ -27,6 +26,9 @@ struct LCM_RowContext;
 ///
 /// A load case with an action has no factors of its own. Its row shows the action's present factors in
 /// disabled cells, and its record holds the undefined value.
+///
+/// This class is what others call; its parts (the rows, their actions, the numbering, and a part for each
+/// kind of command) do the work on the table.
 class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
 {
     Q_OBJECT
@@ -73,6 +75,8 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     void updateCoupledItem(int row, int colId);
     /// The value that the row's action has for a factor column, LC_UNDEFINED when there is none.
     float getActionVal(int row, int colId);
+    /// What an operation on rows needs to know beside the rows. Good for one operation.
+    LCM_RowContext rowContext() const;
 
     void createLoadcases(bool copy);
     bool addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows, LCM_LoadcaseCopy& info);
@@ -101,67 +105,24 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     void setItemVal(int row, int colId, float val, bool enabled);
 
   private:
+    void setupTable();
     void createButtons(QBoxLayout* column);
     void createCheckBoxes(QBoxLayout* line);
-    void setupTable();
-    void setupColumns();
-    void setupFactorColumns(int position);
-    void readSettings();
-    void storeSettings();
+    void appendRows(const std::vector<LCM_LoadcaseEntry>& entries);
     void notifyModification();
-
     /// Asks the project for its system: ahead of each pass over all rows, and not for each row.
     void readSystem();
-    LCM_RowContext rowContext();
-    int numberOfRow(int row) const;
-    std::vector<int> rowNumbers() const;
+    LCM_LoadCaseReconciliation reconciliation();
 
-    void fillCells(LCM_LoadCaseCells& cells, const LCM_LoadcaseEntry& entry, LCM_RowContext& context);
-    /// The action that the row shows, null for none, the imperfection and a missing one.
-    const tagCDB_LC_ACT* shownAction(const LCM_LoadCaseCells& cells, LCM_RowContext& context);
-    void readCells(const LCM_LoadCaseCells& cells, LCM_LoadcaseEntry& entry, const LCM_RowContext& context);
-    /// The row as it is after reading and filling it again: what follows from its action, its dead weight as
-    /// it will be stored.
-    void refreshCells(LCM_LoadCaseCells& cells, LCM_RowContext& context);
-    /// Lets the row follow its newly chosen action; factors of its own are dropped.
-    void followAction(LCM_LoadCaseCells& cells, LCM_RowContext& context);
-    bool judge(int row, const LCM_LoadCaseCells& cells, LCM_RowContext& context);
-    void judgeRows(const std::set<int>& rows, LCM_RowContext& context);
-    /// @param word what a row keeps whose action is missing
-    void bindAction(LCM_LoadCaseCells& cells, int code, int word);
-    /// The action word that the row stands for.
-    int actionWord(const LCM_LoadCaseCells& cells) const;
-    int keptWordFor(const LCM_LoadCaseCells& cells, int markerId) const;
-    /// Gives the column the list when entries were appended to it.
-    void showActionList();
-    void setActionEntries();
-    /// Moves a row to another entry of the new list. @param former the list before
-    void rebind(LCM_LoadCaseCells& cells, int newId, const LCM_ActionList& former);
-    std::vector<tagCDB_LC_ACT> presentActions() const;
-    /// The entries of the new list in which the ids of all rows end up.
-    std::unordered_map<int, int> bindAllIds();
-    bool showReinitialised(LCM_LoadCaseCells& cells, const tagCDB_LC_ACT& action);
-
-    bool createFromSelection(bool copy, const std::set<int>& selected, LCM_LoadcaseEntry& entry,
-                             std::set<int>& newRows, LCM_LoadcaseCopy& info);
-    bool createWithoutSelection(LCM_LoadcaseEntry& entry, std::set<int>& newRows, LCM_LoadcaseCopy& info);
-    void bindDefaultAction(bool dead, LCM_LoadcaseEntry& entry);
-    /// @param number of a load case whose row is selected
-    void scrollToSelected(int number);
-    bool confirmDeletion(std::size_t count);
-    LCM_FreeNumbers freeNumbers();
-    void forgetUsedActions() { m_usedActions.reset(); }
-
-    TableLoadCases* loadcaseTable = nullptr;    ///< child of this
+    TableLoadCases* loadcaseTable = nullptr;    ///< the base's table with its full type
     LCM_ActionsWidget* actionsWidget = nullptr; ///< the actions tab, not owned; null without one
-    MRL_QT_CheckBox* checkDeadload = nullptr;   ///< child of this
-    MRL_QT_CheckBox* checkIncrease = nullptr;   ///< child of this
+    MRL_QT_CheckBox* checkDeadload = nullptr;
+    MRL_QT_CheckBox* checkIncrease = nullptr;
     std::vector<LCM_LoadcaseCopy> copies;
-    int m_gravity = 1;     ///< signed axis of gravity
-    int m_systemClass = 0; ///< 0, 1 or 3
 
-    LCM_ActionList m_actionList; ///< what the action column offers
-    /// Ids that the action cells hold, while they are known; saves a walk over all rows for each question.
-    std::optional<std::unordered_set<int>> m_usedActions;
-    std::optional<LCM_FreeNumbers> m_freeNumbers; ///< only while load cases are created
+    LCM_LoadCaseSetup m_setup; ///< the system as it was read last
+    // They work on the table and live as long as it.
+    std::unique_ptr<LCM_RowActions> m_actions;
+    std::unique_ptr<LCM_LoadCaseRows> m_rows;
+    std::unique_ptr<LCM_LoadCaseNumbering> m_numbering;
 };

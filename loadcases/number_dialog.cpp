@@ -2,7 +2,7 @@
 
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
-#include "loadcases/my_slider.h"
+#include "loadcases/number_slider.h"
 #include "rules/load_case_numbers.h"
 
 LCM_LoadcaseNumberDialog::LCM_LoadcaseNumberDialog(QWidget* parent, const std::set<int>& taken,

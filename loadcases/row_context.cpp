@@ -1,7 +1,7 @@
 #include "loadcases/row_context.h"
 
 #include "actions/actions_widget.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 const tagCDB_LC_ACT* LCM_ActionLookup::find(int code)
 {

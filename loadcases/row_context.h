@@ -14,6 +14,8 @@ class LCM_ActionLookup
 {
   public:
     LCM_ActionLookup(LCM_ActionsWidget* tab, const LCM_DataClass& model) : m_tab(tab), m_model(model) {}
+    /// Whether there is an actions tab.
+    bool hasTab() const { return m_tab != nullptr; }
     /// @return null when there is no such action
     const tagCDB_LC_ACT* find(int code);
 

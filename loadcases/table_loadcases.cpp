@@ -1,11 +1,13 @@
 #include "loadcases/table_loadcases.h"
 
 #include <QCursor>
+#include <QItemSelectionModel>
 
+#include "actions/table_helpers.h"
 #include "lcdata/values/records.h"
 #include "loadcases/cell.h"
-#include "loadcases/columns.h"
 #include "loadcases/loadcase_widget.h"
+#include "rules/load_case_row.h"
 
 TableLoadCases::TableLoadCases(int columns, LCM_LoadcaseWidget* tab, const char* name)
     : MRL_H_TableWidget(0, columns, tab, name), widget(tab)
@@ -26,6 +28,39 @@ void TableLoadCases::contextMenuEvent(QContextMenuEvent*)
     menu->addAction(deleteUnusedAction);
     menu->exec(QCursor::pos(), nullptr);
 }
+
+int TableLoadCases::numberOfRow(int row) const { return lcm_cell_number(itemOnColId(row, LC_COL_NUMBER)); }
+
+std::vector<int> TableLoadCases::numbers() const
+{
+    const int column = getColumnNumber(LC_COL_NUMBER);
+    std::vector<int> numbers(static_cast<std::size_t>(rowCount()));
+    int row = 0;
+    for (int& number : numbers) {
+        number = lcm_cell_number(item(row++, column));
+    }
+    return numbers;
+}
+
+void TableLoadCases::selectWholeRows(const std::set<int>& rows, int current)
+{
+    // Rows that follow each other become one range: the cost of a selection goes with its ranges.
+    QItemSelection selection;
+    const QAbstractItemModel* items = model();
+    const int lastColumn = columnCount() - 1;
+    for (auto first = rows.begin(); first != rows.end();) {
+        auto last = first;
+        for (auto next = std::next(last); next != rows.end() && *next == *last + 1; ++next) {
+            last = next;
+        }
+        selection.append(QItemSelectionRange(items->index(*first, 0), items->index(*last, lastColumn)));
+        first = std::next(last);
+    }
+    selectionModel()->setCurrentIndex(items->index(current, 0), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void removeSelectedRows(TableLoadCases* table) { removeRows(table, getSelectedRows(table)); }
 
 MyDelegate::MyDelegate(TableLoadCases* loadcases, LCM_LoadcaseWidget* tab)
     : MRL_H_DelegateItem(loadcases), table(loadcases), widget(tab)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <set>
+#include <vector>
+
 #include "host/mrl_table.h"
 
 class LCM_LoadcaseWidget;
@@ -11,6 +14,12 @@ class TableLoadCases : public MRL_H_TableWidget
   public:
     TableLoadCases(int columns, LCM_LoadcaseWidget* tab, const char* name);
     ~TableLoadCases() override;
+
+    int numberOfRow(int row) const;
+    /// The numbers of all rows, in their order.
+    std::vector<int> numbers() const;
+    /// Selects whole rows, in one step however many there are. @param current the row of the current cell
+    void selectWholeRows(const std::set<int>& rows, int current);
 
     MRL_QT_Action* deleteUnusedAction; ///< child of this
 
@@ -39,3 +48,6 @@ class MyDelegate : public MRL_H_DelegateItem
     TableLoadCases* table;      ///< parent of this
     LCM_LoadcaseWidget* widget; ///< the tab that owns the table
 };
+
+/// Removes the selected rows and selects the row that followed them, or the new last one.
+void removeSelectedRows(TableLoadCases* table);

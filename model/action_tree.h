@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 /// The entry with a code: a parent ahead of its children, an earlier parent ahead of a later one.
 /// @return null when there is none

@@ -1,6 +1,6 @@
 // The design code's symbols for the factors, and which factors it has.
 #include "host/mrl_widgets.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 #include "rules/design_code_label.h"
 
 QString LCM_DataClass::designCodeText(const QString& key)

@@ -9,7 +9,7 @@
 #include "lcdata/record_walk.h"
 #include "lcdata/values/action_code.h"
 #include "model/action_tree.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 namespace {
 

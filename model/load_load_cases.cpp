@@ -5,7 +5,7 @@
 #include "host/mrl_cdb.h"
 #include "lcdata/load_case_factors.h"
 #include "lcdata/stored_load_cases.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 void LCM_DataClass::loadLoadCases()
 {

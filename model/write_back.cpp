@@ -6,7 +6,7 @@
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/gama.h"
 #include "model/action_tree.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 namespace {
 

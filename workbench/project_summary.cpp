@@ -15,6 +15,7 @@
 #include "lcdata/values/action_code.h"
 #include "rules/action_columns.h"
 #include "rules/design_code_label.h"
+#include "rules/dialog_settings.h"
 #include "workbench/design_code_failure.h"
 
 namespace mrl::workbench {
@@ -80,7 +81,7 @@ bool usesGlobalDirections()
 {
     int on = 0;
     if (auto* application = dynamic_cast<MRL_QT_Application*>(QCoreApplication::instance())) {
-        application->getAppSettings(QStringLiteral("LF_Manager"), QStringLiteral("checkDeadload"), on, 0);
+        application->getAppSettings(LCM_SETTINGS_GROUP, LCM_SETTING_GLOBAL_DIRECTIONS, on, 0);
     }
     return on != 0;
 }

@@ -16,7 +16,7 @@
 #include "lcdata/system.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packing.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 // An input is a row of records as any module may have left them: which group (one byte), the element (four),
 // the length (one) and the bytes. All functions run over them, the model loads and writes back, and what

@@ -24,7 +24,7 @@ TEST(LoadcaseCell, OfAForeignClassHasNoValueNoTextAndNoId)
         EXPECT_FALSE(lcm_cell_from_action(cell));
         lcm_set_cell_from_action(cell, true);
         EXPECT_FALSE(lcm_cell_from_action(cell));
-        lcm_set_cell_value(cell, 2.0f, false, 0.0f);
+        lcm_set_cell_value(cell, 2.0f, LCM_CellInput::Locked, 0.0f);
     }
     EXPECT_EQ(foreign.text(), "1.5");
     EXPECT_FALSE(foreign.data(ROLE_FROM_ACTION).isValid());

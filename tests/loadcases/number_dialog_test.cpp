@@ -12,7 +12,7 @@
 #include <QTest>
 
 #include "host/mrl_table.h"
-#include "loadcases/my_slider.h"
+#include "loadcases/number_slider.h"
 #include "support/modal_answers.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "loadcases/my_slider.h"
+#include "loadcases/number_slider.h"
 #include "support/loadcase_project.h"
 
 namespace lctest {

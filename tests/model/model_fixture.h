@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "model/data_class.h"
+#include "model/working_model.h"
 #include "tests/support/project_fixture.h"
 
 namespace mrl::test {

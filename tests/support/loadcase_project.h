@@ -16,7 +16,7 @@
 
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "actions/columns.h"
+#include "actions/cell_roles.h"
 #include "host/mrl_cdb.h"
 #include "host/mrl_table.h"
 #include "hostlib/data/cdb/project.h"
@@ -24,9 +24,10 @@
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 #include "loadcases/cell.h"
-#include "loadcases/columns.h"
 #include "loadcases/loadcase_widget.h"
-#include "model/data_class.h"
+#include "model/working_model.h"
+#include "rules/action_columns.h"
+#include "rules/load_case_columns.h"
 #include "support/loadcase_builders.h"
 
 namespace lctest {

@@ -1,4 +1,4 @@
-#include "model/data_class.h"
+#include "model/working_model.h"
 
 #include "host/mrl_dlib.h"
 #include "lcdata/system.h"

@@ -1,4 +1,4 @@
-#include "loadcases/my_slider.h"
+#include "loadcases/number_slider.h"
 
 MySlider::MySlider(QWidget* parent, const char* name, const std::set<int>& excluded)
     : MRL_QT_AdvancedSlider(parent, 1, name, excluded)

@@ -1,0 +1,70 @@
+// The commands of the tab: new, copied and deleted load cases.
+
+#include "actions/table_helpers.h"
+#include "host/mrl_widgets.h"
+#include "lcdata/values/action_code.h"
+#include "loadcases/row_actions.h"
+#include "loadcases/load_case_creation.h"
+#include "loadcases/load_case_deletion.h"
+#include "loadcases/load_case_numbering.h"
+#include "loadcases/loadcase_widget.h"
+#include "loadcases/table_loadcases.h"
+
+void LCM_LoadcaseWidget::slot_newClicked() { createLoadcases(false); }
+
+void LCM_LoadcaseWidget::slot_copyClicked()
+{
+    if (getSelectedRows(loadcaseTable).empty()) {
+        MRL_QT_MessageBox::critical(this, tr("Loadcase selection"), tr("Please select a loadcase to copy!"));
+    } else {
+        createLoadcases(true);
+    }
+}
+
+void LCM_LoadcaseWidget::createLoadcases(bool copy)
+{
+    modified = true;
+    LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).run(copy);
+}
+
+bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows,
+                                     LCM_LoadcaseCopy& info)
+{
+    return LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).add(copy, entry, rows, info);
+}
+
+int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
+{
+    const bool automatic = !copy && checkIncrease->checkState() == Qt::Checked;
+    return automatic ? nextNumber() : m_numbering->ask(copy, info);
+}
+
+int LCM_LoadcaseWidget::nextNumber() { return m_numbering->next(); }
+
+void LCM_LoadcaseWidget::getAllLoadcases(std::set<int>& out)
+{
+    for (const int number : loadcaseTable->numbers()) {
+        out.insert(out.end(), number);
+    }
+}
+
+void LCM_LoadcaseWidget::slot_deleteClicked()
+{
+    modified = true;
+    const std::size_t count = getSelectedRows(loadcaseTable).size();
+    if (count > 0 && LCM_LoadCaseDeletion::confirmed(this, count)) {
+        LCM_LoadCaseDeletion(*loadcaseTable, *model, *m_actions).removeSelected(copies);
+    }
+}
+
+void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { removeLoadCasesOf({action}); }
+
+void LCM_LoadcaseWidget::removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)
+{
+    LCM_LoadCaseDeletion(*loadcaseTable, *model, *m_actions).removeLoadCasesOf(actions);
+}
+
+bool LCM_LoadcaseWidget::isActionUsed(const tagCDB_LC_ACT& action)
+{
+    return m_actions->isUsed(lcm_action_code(action));
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+/// Settings of the dialog that other programs read too. The host's application object keeps them as whole
+/// numbers.
+
+#include <QString>
+
+inline const auto LCM_SETTINGS_GROUP = QStringLiteral("LF_Manager");
+/// 1: dead weight is entered by its global components, 0 (the default): as an amount along gravity.
+inline const auto LCM_SETTING_GLOBAL_DIRECTIONS = QStringLiteral("checkDeadload");

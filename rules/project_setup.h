@@ -1,0 +1,13 @@
+#pragma once
+
+/// What a project and its design code settle for the judgement of all rows.
+
+#include "rules/action_rules.h"
+#include "rules/load_case_row.h"
+
+/// Identity of the active design code.
+LCM_DesignCodeIdentity lcm_active_design_code();
+
+/// The system of a project: axis of gravity and system class.
+/// @param setup its other fields stay
+void lcm_read_system(int db, LCM_LoadCaseSetup& setup);
