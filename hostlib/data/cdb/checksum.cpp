@@ -11,7 +11,7 @@ namespace mrl::cdb {
 
 namespace {
 
-constexpr std::uint32_t polynomial = 0x82F63B78U; // Castagnoli, bits reversed
+constexpr std::uint32_t POLYNOMIAL = 0x82F63B78U; // Castagnoli, bits reversed
 
 constexpr std::array<std::uint32_t, 256> makeTable()
 {
@@ -19,14 +19,14 @@ constexpr std::array<std::uint32_t, 256> makeTable()
     for (std::uint32_t i = 0; i < 256; ++i) {
         std::uint32_t crc = i;
         for (int bit = 0; bit < 8; ++bit) {
-            crc = (crc >> 1) ^ ((crc & 1U) != 0 ? polynomial : 0U);
+            crc = (crc >> 1) ^ ((crc & 1U) != 0 ? POLYNOMIAL : 0U);
         }
         table[i] = crc;
     }
     return table;
 }
 
-constexpr auto table = makeTable();
+constexpr auto TABLE = makeTable();
 
 #if defined(__x86_64__)
 #define MRL_SSE42 __attribute__((target("sse4.2")))
@@ -63,7 +63,7 @@ MRL_SSE42 std::uint32_t recordByInstruction(int kwh, int kwl, int position, cons
     return ~static_cast<std::uint32_t>(continueByInstruction(state, data, size));
 }
 
-const bool hasInstruction = [] {
+const bool HAS_INSTRUCTION = [] {
     __builtin_cpu_init();
     return __builtin_cpu_supports("sse4.2") != 0;
 }();
@@ -84,7 +84,7 @@ std::uint32_t crc32cByTable(std::uint32_t crc, const void* data, std::size_t siz
     const auto* p = static_cast<const unsigned char*>(data);
     crc = ~crc;
     for (; size > 0; --size, ++p) {
-        crc = (crc >> 8) ^ table[(crc ^ *p) & 0xFFU];
+        crc = (crc >> 8) ^ TABLE[(crc ^ *p) & 0xFFU];
     }
     return ~crc;
 }
@@ -92,7 +92,7 @@ std::uint32_t crc32cByTable(std::uint32_t crc, const void* data, std::size_t siz
 std::uint32_t crc32c(std::uint32_t crc, const void* data, std::size_t size)
 {
 #if defined(__x86_64__)
-    if (hasInstruction) {
+    if (HAS_INSTRUCTION) {
         return ~static_cast<std::uint32_t>(continueByInstruction(~crc, data, size));
     }
 #endif
@@ -102,7 +102,7 @@ std::uint32_t crc32c(std::uint32_t crc, const void* data, std::size_t size)
 std::uint32_t recordChecksum(int kwh, int kwl, int position, const void* data, std::size_t size)
 {
 #if defined(__x86_64__)
-    if (hasInstruction) {
+    if (HAS_INSTRUCTION) {
         return recordByInstruction(kwh, kwl, position, data, size);
     }
 #endif

@@ -1,99 +1,16 @@
 #include "hostlib/data/cdb/errors.h"
 
-#include <cerrno>
-#include <cstring>
-
-#include <sqlite3.h>
-
 namespace mrl::cdb {
-
-namespace {
-
-struct Wording
-{
-    Code code;
-    const char* text;
-};
-
-Wording byOperatingSystem(int number, const Wording& otherwise)
-{
-    switch (number) {
-    case ENOSPC:
-    case EDQUOT:
-        return {Code::DiskFull, "the disk is full"};
-    case EROFS:
-        return {Code::ReadOnly, "the file system is read-only"};
-    case EACCES:
-    case EPERM:
-        return {Code::ReadOnly, "the file or its folder is read-only for this user"};
-    default:
-        return otherwise;
-    }
-}
-
-/// What the operating system said. SQLite does not keep it for what fails in a commit; the files do.
-int systemError(sqlite3* connection)
-{
-    int number = sqlite3_system_errno(connection);
-    for (const int which : {SQLITE_FCNTL_FILE_POINTER, SQLITE_FCNTL_JOURNAL_POINTER}) {
-        sqlite3_file* file = nullptr;
-        if (number == 0 && sqlite3_file_control(connection, "main", which, &file) == SQLITE_OK &&
-            file != nullptr && file->pMethods != nullptr) {
-            file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &number);
-        }
-    }
-    return number;
-}
-
-Wording wordingOf(int status, int number)
-{
-    switch (status & 0xFF) {
-    case SQLITE_FULL:
-        return {Code::DiskFull, "the disk is full"};
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-    case SQLITE_PROTOCOL:
-        return {Code::Locked, "the file is locked by another process"};
-    case SQLITE_READONLY:
-        return status == SQLITE_READONLY_DBMOVED
-                   ? Wording{Code::InputOutput, "the file was moved or deleted while it was open"}
-                   : Wording{Code::ReadOnly, "the file or its folder is read-only"};
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-    case SQLITE_ERROR: // our statements compile on every undamaged project
-    case SQLITE_SCHEMA:
-    case SQLITE_CONSTRAINT:
-        return {Code::Corrupt, "the file is damaged"};
-    case SQLITE_NOMEM:
-        return {Code::OutOfMemory, "there is no memory left"};
-    case SQLITE_TOOBIG:
-        return {Code::Corrupt, "the file holds a record longer than any can be"};
-    case SQLITE_CANTOPEN:
-        return byOperatingSystem(number, {Code::InputOutput, "the file cannot be opened"});
-    default:
-        return byOperatingSystem(number, {Code::InputOutput, "the file could not be read or written"});
-    }
-}
-
-} // namespace
 
 Result failure(Code code, const std::string& file, const std::string& reason)
 {
     return {code, (file.empty() ? std::string("project in memory") : file) + ": " + reason};
 }
 
-Result failureOf(int status, sqlite3* connection, const std::string& file)
+Result checksumFailure(const std::string& file, const Key& key)
 {
-    const bool outside = (status & 0xFF) == SQLITE_IOERR || (status & 0xFF) == SQLITE_CANTOPEN;
-    const int number = connection != nullptr && outside ? systemError(connection) : 0;
-    const auto wording = wordingOf(status, number);
-    std::string reason = wording.text;
-    if (wording.code == Code::InputOutput && number != 0) {
-        reason += std::string(" (") + std::strerror(number) + ")";
-    } else if (wording.code == Code::Corrupt && connection != nullptr) {
-        reason += std::string(" (") + sqlite3_errmsg(connection) + ")";
-    }
-    return failure(wording.code, file, reason);
+    const auto name = std::to_string(key.kwh) + "/" + std::to_string(key.kwl);
+    return failure(Code::Checksum, file, "record " + name + " does not fit its checksum");
 }
 
 Result notOpen(int db) { return {Code::NotOpen, "database " + std::to_string(db) + ": it is not open"}; }

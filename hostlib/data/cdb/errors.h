@@ -4,16 +4,13 @@
 
 #include "hostlib/data/cdb/project.h"
 
-struct sqlite3;
-
 namespace mrl::cdb {
 
 /// A failure, worded "FILE: REASON".
 Result failure(Code code, const std::string& file, const std::string& reason);
 
-/// What SQLite reported last on a connection, in our words.
-/// @param status the code that the call gave back; @param connection may be null
-Result failureOf(int status, sqlite3* connection, const std::string& file);
+/// A record does not fit its checksum.
+Result checksumFailure(const std::string& file, const Key& key);
 
 /// No open database has this index.
 Result notOpen(int db);

@@ -15,7 +15,7 @@ Result setFacts(Database& database, const Facts& facts)
 {
     for (const auto& [name, value] : facts) {
         if (database.setFact(name, value) == Outcome::Failed) {
-            return database.lastFailure();
+            return database.transactions().lastFailure();
         }
     }
     return {};
@@ -26,7 +26,7 @@ Result setFacts(Database& database, const Facts& facts)
 std::string fact(int db, const std::string& name)
 {
     auto* database = Registry::instance().find(db);
-    return database != nullptr ? database->fact(name) : std::string();
+    return database != nullptr ? database->facts().fact(name) : std::string();
 }
 
 Result setFact(int db, const std::string& name, const std::string& value)
@@ -47,10 +47,10 @@ Result replaceFacts(int from, int to)
     }
     Facts wanted;
     Facts present;
-    if (Result read = both.first->facts(wanted); !read) {
+    if (Result read = both.first->facts().facts(wanted); !read) {
         return read;
     }
-    if (Result read = both.second->facts(present); !read) {
+    if (Result read = both.second->facts().facts(present); !read) {
         return read;
     }
     for (const auto& [name, value] : present) {

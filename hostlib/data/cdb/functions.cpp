@@ -28,7 +28,7 @@ int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction)
         return 1;
     }
     if (auto* database = find(db)) {
-        return database->step(kwh, kwl, direction);
+        return database->reader().step(kwh, kwl, direction);
     }
     // A caller's walk over a database that is not open ends at once.
     const int extreme = direction >= 0 ? INT_MAX : INT_MIN;
@@ -43,7 +43,7 @@ cd_error_t mrl_cdb_get(int db, int kwh, int kwl, void* buffer, int* length, int 
     if (database == nullptr || length == nullptr || *length < 0 || (buffer == nullptr && *length > 0)) {
         return CD_NONE;
     }
-    return database->get({kwh, kwl}, buffer, length, position);
+    return database->reader().get({kwh, kwl}, buffer, length, position);
 }
 
 cd_error_t mrl_cdb_put(int db, int kwh, int kwl, const void* data, const int* length, int position)
@@ -54,14 +54,14 @@ cd_error_t mrl_cdb_put(int db, int kwh, int kwl, const void* data, const int* le
     }
     if (length == nullptr || *length < 0 || (data == nullptr && *length > 0) || position > 0 ||
         position < -1) {
-        return asError(database->refuse("a put without a record or a place for it"));
+        return asError(database->transactions().refuse("a put without a record or a place for it"));
     }
     const mrl::cdb::Key key{kwh, kwl};
     if (*length == 0) {
         return asError(database->remove(key));
     }
-    return asError(position == 0 ? database->putWhole(key, data, *length)
-                                 : database->overwriteLastRead(key, data, *length));
+    return asError(position == 0 ? database->put(key, data, *length)
+                                 : database->overwrite(key, database->reader().lastRead(key), data, *length));
 }
 
 cd_error_t mrl_cdb_del(int db, int kwh, int kwl)
@@ -84,7 +84,7 @@ int mrl::dbo::getKwls(int db, int kwh, int, int, std::list<int>* out, int*)
         return -1;
     }
     std::list<int> found;
-    if (database->listElements(kwh, found) != SQLITE_DONE) {
+    if (!database->reader().elements(kwh, found)) {
         return -1;
     }
     const auto count = static_cast<int>(found.size());

@@ -1,8 +1,6 @@
 #include "hostlib/data/cdb/project.h"
 
 #include "hostlib/data/cdb/errors.h"
-#include "hostlib/data/cdb/format.h"
-#include "hostlib/data/cdb/opening.h"
 #include "hostlib/data/cdb/registry.h"
 
 namespace mrl::cdb {
@@ -11,33 +9,34 @@ namespace {
 
 Database* find(int db) { return Registry::instance().find(db); }
 
-Opened enter(OpenedDatabase opened)
+Opened enter(OpenedStore opened)
 {
     if (!opened.result) {
         return {std::move(opened.result), -1};
     }
-    return {{}, Registry::instance().add(std::move(opened.database))};
+    return {{}, Registry::instance().add(std::make_unique<Database>(std::move(opened.store)))};
 }
 
 Result resultOf(const Database& database, Outcome outcome)
 {
-    return outcome == Outcome::Failed ? database.lastFailure() : Result{};
+    return outcome == Outcome::Failed ? database.transactions().lastFailure() : Result{};
 }
 
 } // namespace
 
-Opened create(const std::string& path) { return enter(createFile(path)); }
+Opened create(const std::string& path) { return enter(Store::create(path)); }
 
-Opened open(const std::string& path) { return enter(openFile(path, false)); }
+Opened open(const std::string& path) { return enter(Store::open(path, false)); }
 
-Opened openReadOnly(const std::string& path) { return enter(openFile(path, true)); }
+Opened openReadOnly(const std::string& path) { return enter(Store::open(path, true)); }
 
-Opened openMemory() { return enter(makePrivate(Storage::Memory)); }
+Opened openMemory() { return enter(Store::makePrivate(Storage::Memory, nullptr)); }
 
 Opened copyOf(int db, Storage where)
 {
-    const auto* database = find(db);
-    return database != nullptr ? enter(copyPrivate(*database, where)) : Opened{notOpen(db), -1};
+    auto* database = find(db);
+    return database != nullptr ? enter(Store::makePrivate(where, &database->store()))
+                               : Opened{notOpen(db), -1};
 }
 
 void close(int db) { Registry::instance().close(db); }
@@ -58,8 +57,8 @@ bool isReadOnly(int db)
 
 void setLockWait(int db, int milliseconds)
 {
-    if (const auto* database = find(db)) {
-        sqlite3_busy_timeout(database->connection(), milliseconds);
+    if (auto* database = find(db)) {
+        database->store().setLockWait(milliseconds);
     }
 }
 
@@ -70,35 +69,35 @@ Result append(int db, int kwh, int kwl, const void* data, int length)
         return notOpen(db);
     }
     if (data == nullptr || length < 1) {
-        return resultOf(*database, database->refuse("a record without bytes"));
+        return resultOf(*database, database->transactions().refuse("a record without bytes"));
     }
     return resultOf(*database, database->append({kwh, kwl}, data, length));
 }
 
 Result stickyError(int db)
 {
-    const auto* database = find(db);
-    return database != nullptr ? database->stickyError() : notOpen(db);
+    auto* database = find(db);
+    return database != nullptr ? database->failures().first() : notOpen(db);
 }
 
 void clearStickyError(int db)
 {
     if (auto* database = find(db)) {
-        database->clearStickyError();
+        database->failures().forget();
     }
 }
 
 Result integrityCheck(int db)
 {
-    const auto* database = find(db);
+    auto* database = find(db);
     if (database == nullptr) {
         return notOpen(db);
     }
     // The summary is brought up to date with the commit.
-    if (database->depth() > 0) {
+    if (database->transactions().depth() > 0) {
         return failure(Code::Locked, database->file(), "a transaction is open");
     }
-    return checkContent(database->connection(), database->file(), Depth::Full);
+    return database->store().check(Depth::Full);
 }
 
 } // namespace mrl::cdb

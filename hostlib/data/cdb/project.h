@@ -148,7 +148,7 @@ class MRL_HOST_API Transaction
 };
 
 /// While one lives, no pausable transaction of the process holds the write lock: their writes are taken out
-/// of the file and done again at its end. Whoever shows a message in the middle of a save puts one around it.
+/// of the file and done again at its end. Code that shows a message in the middle of a save puts one around it.
 /// When the writes cannot be done again (another process holds the file), their transaction counts as failed.
 /// A write to a paused database is refused, and makes its transaction fail. Costs nothing when no transaction
 /// is open.
@@ -186,7 +186,7 @@ MRL_HOST_API Result keys(int db, const KeyRange& range, std::vector<Key>& out);
 MRL_HOST_API Result groups(int db, std::set<int>& out);
 
 /// What a key range holds, in a few words: equal content has an equal fingerprint, and different content has
-/// a different one but for a chance of one in four milliards.
+/// a different one except with probability 2^-32.
 struct Fingerprint
 {
     std::int64_t count = 0; ///< records

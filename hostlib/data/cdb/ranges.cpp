@@ -1,5 +1,4 @@
 #include <cstring>
-#include <optional>
 
 #include "hostlib/data/cdb/checksum.h"
 #include "hostlib/data/cdb/errors.h"
@@ -15,12 +14,8 @@ class RangeReader
 {
   public:
     RangeReader(Database& database, const KeyRange& range)
-        : db(database), kwh(range.kwh),
-          text("SELECT kwl,position,crc,bytes FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 "
-               "ORDER BY kwh,kwl,position"),
-          last(range.last)
+        : m_db(database), m_rows(database.store().range(&range, Columns::Records))
     {
-        from(range.first);
     }
 
     /// Goes on to the first record of a key ahead, or of the next one there is.
@@ -28,36 +23,36 @@ class RangeReader
     bool seek(int key)
     {
         // Stepping over a few records costs less than a new search.
-        constexpr int near = 8;
-        for (int steps = 0; !over && kwl() < key && steps < near; ++steps) {
+        constexpr int NEAR = 8;
+        for (int steps = 0; !m_over && kwl() < key && steps < NEAR; ++steps) {
             next();
         }
-        if (over || kwl() >= key) {
-            return !over;
+        if (m_over || kwl() >= key) {
+            return !m_over;
         }
-        from(key);
+        m_rows.restart(key);
         return next();
     }
 
     /// @return is there a record; false also on failure, see result()
     bool next()
     {
-        const int status = run->step();
-        if (status == SQLITE_ROW) {
+        const Status status = m_rows.next();
+        if (status == Status::Ok) {
             return check();
         }
-        over = true;
-        if (status != SQLITE_DONE) {
-            error = db.readFailed(status);
+        m_over = true;
+        if (status == Status::Failed) {
+            m_error = m_db.failures().keep(m_db.store().failure());
         }
         return false;
     }
-    const Result& result() const { return error; }
-    bool atEnd() const { return over; }
-    int kwl() const { return run->integer(0); }
-    int position() const { return run->integer(1); }
-    const void* bytes() const { return run->bytes(3); }
-    int size() const { return run->size(3); }
+    const Result& result() const { return m_error; }
+    bool atEnd() const { return m_over; }
+    int kwl() const { return m_rows.kwl(); }
+    const void* bytes() const { return m_rows.bytes(); }
+    int size() const { return m_rows.size(); }
+    int position() const { return m_rows.position(); }
 
     bool sameRecord(const RangeReader& other) const
     {
@@ -66,31 +61,21 @@ class RangeReader
     }
 
   private:
-    void from(int first)
-    {
-        run.emplace(text, db.connection());
-        run->bind(1, kwh).bind(2, first).bind(3, last);
-    }
     bool check()
     {
-        const auto sum = recordChecksum(kwh, kwl(), position(), bytes(), static_cast<std::size_t>(size()));
-        if (sum == static_cast<std::uint32_t>(run->integer(2))) {
+        const Record record = m_rows.record();
+        if (fitsChecksum(record)) {
             return true;
         }
-        over = true;
-        const auto name = std::to_string(kwh) + "/" + std::to_string(kwl());
-        error = db.readFailed(
-            failure(Code::Checksum, db.file(), "record " + name + " does not fit its checksum"));
+        m_over = true;
+        m_error = m_db.failures().keep(checksumFailure(m_db.file(), record.key));
         return false;
     }
 
-    Database& db;
-    int kwh;
-    Statement text;
-    int last;
-    std::optional<Run> run;
-    bool over = false;
-    Result error;
+    Database& m_db;
+    Rows m_rows;
+    bool m_over = false;
+    Result m_error;
 };
 
 /// A key whose records differ.
@@ -161,30 +146,30 @@ Result copyKeys(Database& from, Database& to, const KeyRange& range, const std::
         }
         Outcome outcome = Outcome::Done;
         if (present && difference.overwrites) {
-            outcome = to.overwriteFirst(key, reader.bytes(), reader.size());
+            outcome = to.overwrite(key, 0, reader.bytes(), reader.size());
         } else if (outcome = to.remove(key); present && outcome != Outcome::Failed) {
             outcome = copyRecords(reader, to, key);
         }
         if (outcome == Outcome::Failed) {
-            return to.lastFailure();
+            return to.transactions().lastFailure();
         }
     }
     return reader.result();
 }
 
-/// @param run gives the group and the element of each record, in order
-Result collectKeys(Database& database, Run& run, std::vector<Key>& out)
+Result collectKeys(Database& database, const KeyRange* range, std::vector<Key>& out)
 {
-    int status = SQLITE_OK;
+    Rows rows = database.store().range(range, Columns::Keys);
+    Status status = Status::Ok;
     bool first = true;
-    while ((status = run.step()) == SQLITE_ROW) {
-        const Key key{run.integer(0), run.integer(1)};
+    while ((status = rows.next()) == Status::Ok) {
+        const Key key = rows.key();
         if (first || out.back() != key) {
             out.push_back(key);
         }
         first = false;
     }
-    return status == SQLITE_DONE ? Result{} : database.readFailed(status);
+    return status == Status::None ? Result{} : database.failures().keep(database.store().failure());
 }
 
 } // namespace
@@ -192,23 +177,13 @@ Result collectKeys(Database& database, Run& run, std::vector<Key>& out)
 Result keys(int db, const KeyRange& range, std::vector<Key>& out)
 {
     auto* database = Registry::instance().find(db);
-    if (database == nullptr) {
-        return notOpen(db);
-    }
-    Statement text("SELECT kwh,kwl FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3 ORDER BY kwh,kwl");
-    Run run(text, database->connection());
-    return collectKeys(*database, run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last), out);
+    return database != nullptr ? collectKeys(*database, &range, out) : notOpen(db);
 }
 
 Result keys(int db, std::vector<Key>& out)
 {
     auto* database = Registry::instance().find(db);
-    if (database == nullptr) {
-        return notOpen(db);
-    }
-    Statement text("SELECT kwh,kwl FROM record ORDER BY kwh,kwl");
-    Run run(text, database->connection());
-    return collectKeys(*database, run, out);
+    return database != nullptr ? collectKeys(*database, nullptr, out) : notOpen(db);
 }
 
 Result groups(int db, std::set<int>& out)
@@ -217,13 +192,12 @@ Result groups(int db, std::set<int>& out)
     if (database == nullptr) {
         return notOpen(db);
     }
-    Statement text("SELECT DISTINCT kwh FROM record");
-    Run run(text, database->connection());
-    int status = SQLITE_OK;
-    while ((status = run.step()) == SQLITE_ROW) {
-        out.insert(run.integer(0));
+    Rows rows = database->store().groups();
+    Status status = Status::Ok;
+    while ((status = rows.next()) == Status::Ok) {
+        out.insert(rows.kwh());
     }
-    return status == SQLITE_DONE ? Result{} : database->readFailed(status);
+    return status == Status::None ? Result{} : database->failures().keep(database->store().failure());
 }
 
 Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
@@ -233,19 +207,17 @@ Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
     if (database == nullptr) {
         return notOpen(db);
     }
-    Statement text("SELECT crc FROM record WHERE kwh=?1 AND kwl BETWEEN ?2 AND ?3");
-    Run run(text, database->connection());
-    run.bind(1, range.kwh).bind(2, range.first).bind(3, range.last);
+    Rows rows = database->store().range(&range, Columns::Checksums);
     Fingerprint sum;
-    int status = SQLITE_OK;
-    while ((status = run.step()) == SQLITE_ROW) {
-        const auto checksum = static_cast<std::uint32_t>(run.integer(0));
+    Status status = Status::Ok;
+    while ((status = rows.next()) == Status::Ok) {
+        const auto checksum = rows.checksum();
         ++sum.count;
         sum.mix ^= checksum;
         sum.sum += checksum;
     }
-    if (status != SQLITE_DONE) {
-        return database->readFailed(status);
+    if (status == Status::Failed) {
+        return database->failures().keep(database->store().failure());
     }
     out = sum;
     return {};

@@ -12,8 +12,8 @@ Registry& Registry::instance()
 
 int Registry::add(std::unique_ptr<Database> database)
 {
-    databases.push_back(std::move(database));
-    return static_cast<int>(databases.size());
+    m_databases.push_back(std::move(database));
+    return static_cast<int>(m_databases.size());
 }
 
 void Registry::close(int db)
@@ -21,32 +21,32 @@ void Registry::close(int db)
     if (find(db) == nullptr) {
         return;
     }
-    databases[static_cast<std::size_t>(db) - 1].reset();
-    if (currentIndex == db) {
-        currentIndex = -1;
+    m_databases[static_cast<std::size_t>(db) - 1].reset();
+    if (m_current == db) {
+        m_current = -1;
     }
 }
 
 void Registry::pauseAll()
 {
-    if (pauses++ > 0) {
+    if (m_pauses++ > 0) {
         return;
     }
-    for (const auto& database : databases) {
+    for (const auto& database : m_databases) {
         if (database) {
-            database->pause();
+            database->transactions().pause();
         }
     }
 }
 
 void Registry::resumeAll()
 {
-    if (--pauses > 0) {
+    if (--m_pauses > 0) {
         return;
     }
-    for (const auto& database : databases) {
+    for (const auto& database : m_databases) {
         if (database) {
-            database->resume();
+            database->transactions().resume();
         }
     }
 }

@@ -18,23 +18,23 @@ class Registry
     Database* find(int db) const
     {
         const auto slot = static_cast<std::size_t>(db) - 1; // 0 and negative ones wrap round to far outside
-        return slot < databases.size() ? databases[slot].get() : nullptr;
+        return slot < m_databases.size() ? m_databases[slot].get() : nullptr;
     }
     void close(int db);
 
-    int current() const { return currentIndex; }
-    void setCurrent(int db) { currentIndex = db; }
+    int current() const { return m_current; }
+    void setCurrent(int db) { m_current = db; }
 
     void pauseAll();
     void resumeAll();
 
   private:
-    std::vector<std::unique_ptr<Database>> databases;
-    int currentIndex = -1;
-    int pauses = 0;
+    std::vector<std::unique_ptr<Database>> m_databases;
+    int m_current = -1;
+    int m_pauses = 0;
 };
 
-/// Two open databases.
+/// Two open m_databases.
 struct Both
 {
     Both(int a, int b);

@@ -6,80 +6,79 @@ namespace mrl::cdb {
 
 namespace {
 
-constexpr int fewest = 16; // rows of the first fetch
-constexpr int most = 1024;
-constexpr int longEnough = 2; // ascending deletions that promise more
+constexpr int FEWEST = 16; // rows of the first fetch
+constexpr int MOST = 1024;
+constexpr int LONG_ENOUGH = 2; // ascending deletions that promise more
 
 } // namespace
 
-bool RemovalAhead::find(sqlite3* connection, const Key& key, Removed& out)
+bool RemovalAhead::find(const Key& key, Tally& out)
 {
-    const bool ascends = key.kwh == last.kwh && key.kwl > last.kwl;
-    streak = ascends ? streak + 1 : 0;
-    last = key;
+    const bool ascends = key.kwh == m_last.kwh && key.kwl > m_last.kwl;
+    m_streak = ascends ? m_streak + 1 : 0;
+    m_last = key;
     if (!ascends) {
-        rows.clear();
-        at = 0;
-        ahead = fewest;
+        m_rows.clear();
+        m_at = 0;
+        m_ahead = FEWEST;
         return false;
     }
     if (known(key, out)) {
         return true;
     }
-    if (streak < longEnough || at < rows.size()) {
+    if (m_streak < LONG_ENOUGH || m_at < m_rows.size()) {
         return false; // no run of deletions, or the key does not exist
     }
-    fetch(connection, key);
+    fetch(key);
     return known(key, out);
 }
 
-bool RemovalAhead::known(const Key& key, Removed& out)
+bool RemovalAhead::known(const Key& key, Tally& out)
 {
-    while (at < rows.size() && rows[at].kwl < key.kwl) {
-        ++at;
+    while (m_at < m_rows.size() && m_rows[m_at].kwl < key.kwl) {
+        ++m_at;
     }
-    if (at == rows.size() || rows[at].kwl != key.kwl) {
+    if (m_at == m_rows.size() || m_rows[m_at].kwl != key.kwl) {
         return false;
     }
-    out = rows[at++].removed;
+    out = m_rows[m_at++].removed;
     return true;
 }
 
-void RemovalAhead::fetch(sqlite3* connection, const Key& from)
+void RemovalAhead::fetch(const Key& from)
 {
-    rows.clear();
-    at = 0;
-    Run run(text, connection);
-    run.bind(1, from.kwh).bind(2, from.kwl).bind(3, ahead);
+    m_rows.clear();
+    m_at = 0;
+    Rows found = m_store.ahead({from.kwh, from.kwl - 1}, {true, false, Columns::Checksums, m_ahead});
     int taken = 0;
-    while (run.row()) {
+    while (found.next() == Status::Ok) {
         ++taken;
-        const int kwl = run.integer(0);
-        if (rows.empty() || rows.back().kwl != kwl) {
-            rows.push_back({kwl, {}});
+        const int kwl = found.kwl();
+        if (m_rows.empty() || m_rows.back().kwl != kwl) {
+            m_rows.push_back({kwl, {}});
         }
-        ++rows.back().removed.records;
-        rows.back().removed.mix ^= static_cast<std::uint32_t>(run.integer(1));
+        m_rows.back().removed.add(found.checksum());
     }
-    if (taken >= ahead) {
-        rows.pop_back(); // it may have more records than were read
+    if (taken >= m_ahead) {
+        m_rows.pop_back(); // it may have more records than were read
     }
-    ahead = std::min(ahead * 4, most);
+    m_ahead = std::min(m_ahead * 4, MOST);
 }
 
 void RemovalAhead::written(const Key& key)
 {
-    if (at < rows.size() && key.kwh == last.kwh && key.kwl >= rows[at].kwl && key.kwl <= rows.back().kwl) {
+    if (m_at < m_rows.size() && key.kwh == m_last.kwh && key.kwl >= m_rows[m_at].kwl &&
+        key.kwl <= m_rows.back().kwl) {
         drop();
     }
 }
 
 void RemovalAhead::drop()
 {
-    rows.clear();
-    at = 0;
-    streak = 0;
-    ahead = fewest;
+    m_rows.clear();
+    m_at = 0;
+    m_streak = 0;
+    m_ahead = FEWEST;
 }
 
 } // namespace mrl::cdb

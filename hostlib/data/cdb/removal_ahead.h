@@ -1,19 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
-#include "hostlib/data/cdb/project.h"
-#include "hostlib/data/cdb/statement.h"
+#include "hostlib/data/cdb/sqlite/store.h"
 
 namespace mrl::cdb {
-
-/// What a key's records take out of the summary.
-struct Removed
-{
-    std::int64_t records = 0;
-    std::uint32_t mix = 0;
-};
 
 /// Knows, while keys of a group are deleted in ascending order, the checksums of those that come next.
 ///
@@ -23,8 +14,11 @@ struct Removed
 class RemovalAhead
 {
   public:
-    /// @return does `out` hold what deleting the key takes away; when not, the caller has to find out himself
-    bool find(sqlite3* connection, const Key& key, Removed& out);
+    explicit RemovalAhead(Store& store) : m_store(store) {}
+
+    /// @param out [out] what deleting the key takes away
+    /// @return false: the caller must determine it
+    bool find(const Key& key, Tally& out);
 
     /// Forgets what is known when a key among it is written.
     void written(const Key& key);
@@ -33,20 +27,20 @@ class RemovalAhead
     void drop();
 
   private:
-    struct Ahead
+    struct Coming
     {
         int kwl;
-        Removed removed;
+        Tally removed;
     };
-    bool known(const Key& key, Removed& out);
-    void fetch(sqlite3* connection, const Key& from);
+    bool known(const Key& key, Tally& out);
+    void fetch(const Key& from);
 
-    Statement text{"SELECT kwl,crc FROM record WHERE kwh=?1 AND kwl>=?2 ORDER BY kwl,position LIMIT ?3"};
-    std::vector<Ahead> rows;
-    std::size_t at = 0;
-    Key last;
-    int streak = 0; // deletions in ascending order
-    int ahead = 0;  // rows to fetch next
+    Store& m_store;
+    std::vector<Coming> m_rows;
+    std::size_t m_at = 0;
+    Key m_last;
+    int m_streak = 0; ///< deletions in ascending order
+    int m_ahead = 0;  ///< rows to fetch next
 };
 
 } // namespace mrl::cdb

@@ -13,13 +13,13 @@ struct Transaction::Private
     Database* database() const
     {
         auto* found = Registry::instance().find(db);
-        return found != nullptr && level > 0 && found->depth() >= level ? found : nullptr;
+        return found != nullptr && level > 0 && found->transactions().depth() >= level ? found : nullptr;
     }
     /// Ends what was begun inside this one and not ended: it cannot outlive it.
     static void endInner(Database& database, std::size_t level)
     {
-        while (database.depth() > level) {
-            database.rollback();
+        while (database.transactions().depth() > level) {
+            database.transactions().rollback();
         }
     }
 };
@@ -27,8 +27,8 @@ struct Transaction::Private
 Transaction::Transaction(int db, Pausable pausable) : d(new Private{db})
 {
     if (auto* database = Registry::instance().find(db)) {
-        static_cast<void>(database->begin(pausable)); // state() tells
-        d->level = database->depth();
+        static_cast<void>(database->transactions().begin(pausable)); // state() tells
+        d->level = database->transactions().depth();
     }
 }
 
@@ -37,7 +37,7 @@ Transaction::~Transaction() { rollback(); }
 Result Transaction::state() const
 {
     if (const auto* database = d->database()) {
-        return database->transactionState();
+        return database->transactions().state();
     }
     return {Code::NoTransaction, "database " + std::to_string(d->db) + ": the transaction has ended"};
 }
@@ -50,14 +50,14 @@ Result Transaction::commit()
     }
     Private::endInner(*database, d->level);
     d->level = 0;
-    return database->commit();
+    return database->transactions().commit();
 }
 
 void Transaction::rollback()
 {
     if (auto* database = d->database()) {
         Private::endInner(*database, d->level);
-        database->rollback();
+        database->transactions().rollback();
     }
     d->level = 0;
 }

@@ -6,9 +6,9 @@ namespace mrl::cdb {
 
 namespace {
 
-constexpr int fewestAhead = 2; // rows
-constexpr int mostAhead = 1024;
-constexpr int growth = 32;
+constexpr int FEWEST_AHEAD = 2; // rows
+constexpr int MOST_AHEAD = 1024;
+constexpr int GROWTH = 32;
 
 bool before(const Key& a, const Key& b, bool up)
 {
@@ -18,168 +18,154 @@ bool before(const Key& a, const Key& b, bool up)
 
 } // namespace
 
-int Walk::step(sqlite3* connection, Key& key, bool up)
+Status Walk::step(Key& key, bool up)
 {
-    const bool goesOn = standsOn(key) && up == upward && mark.unchanged();
+    const bool goesOn = standsOn(key) && up == m_upward && m_mark.unchanged();
     if (goesOn && next(key)) {
-        return SQLITE_ROW;
+        return Status::Ok;
     }
-    if (goesOn && complete) {
-        return SQLITE_DONE;
+    if (goesOn && m_complete) {
+        return Status::None;
     }
-    // A start, or a walk that somebody's commit has overtaken: small again, or a writer in a walk would fetch
+    // A start, or a walk that another commit has overtaken: small again, or a writer in a walk would fetch
     // a whole block for each step.
-    ahead = goesOn ? std::min(ahead * growth, mostAhead) : fewestAhead;
+    m_ahead = goesOn ? std::min(m_ahead * GROWTH, MOST_AHEAD) : FEWEST_AHEAD;
     // The first key is mostly read at once, and the row behind it tells whether it has a second record.
-    withBytes = up && (wantsBytes || !goesOn);
-    const int status = fill(connection, key, up);
-    if (status != SQLITE_OK) {
+    m_withBytes = up && (m_wantsBytes || !goesOn);
+    if (fill(key, up) == Status::Failed) {
         drop();
-        return status;
+        return Status::Failed;
     }
     if (next(key)) {
-        return SQLITE_ROW;
+        return Status::Ok;
     }
-    return SQLITE_DONE;
+    return Status::None;
 }
 
 bool Walk::next(Key& key)
 {
-    while (at < rows.size() && valid && rows[at].key == current) {
-        ++at;
+    while (m_at < m_rows.size() && m_valid && m_rows[m_at].key == m_current) {
+        ++m_at;
     }
-    if (at >= rows.size()) {
+    if (m_at >= m_rows.size()) {
         return false;
     }
-    begin = at;
-    current = key = rows[at].key;
-    currentGone = false;
-    valid = true;
+    m_begin = m_at;
+    m_current = key = m_rows[m_at].key;
+    m_currentGone = false;
+    m_valid = true;
     return true;
 }
 
-int Walk::fill(sqlite3* connection, const Key& from, bool up)
+Status Walk::fill(const Key& from, bool up)
 {
-    rows.clear();
-    arena.clear();
-    at = begin = 0;
-    current = from;
-    valid = true;
-    currentGone = true; // until the walk stands on a row of this block
-    wantsBytes = false;
-    upward = up;
-    complete = false;
-    taken = 0;
-    mark.take();
-    int status = takeRest(connection, from, up);
-    if (status == SQLITE_DONE && !full()) {
-        status = takeBeyond(connection, from, up);
+    m_rows.clear();
+    m_arena.clear();
+    m_at = m_begin = 0;
+    m_current = from;
+    m_valid = true;
+    m_currentGone = true; // until the walk stands on a row of this block
+    m_wantsBytes = false;
+    m_upward = up;
+    m_complete = false;
+    m_taken = 0;
+    m_mark.take();
+    Status status = take(from, up, false);
+    if (status == Status::None && !full()) {
+        status = take(from, up, true);
     }
-    complete = status == SQLITE_DONE && !full();
-    return status == SQLITE_ROW || status == SQLITE_DONE ? SQLITE_OK : status;
+    m_complete = status == Status::None && !full();
+    return status;
 }
 
-int Walk::takeRest(sqlite3* connection, const Key& from, bool up)
+Status Walk::take(const Key& from, bool up, bool otherGroups)
 {
-    Run run(withBytes ? restRecords : (up ? restUp : restDown), connection);
-    run.bind(1, from.kwh).bind(2, from.kwl).bind(3, ahead);
-    int status = SQLITE_OK;
-    while (!full() && (status = run.step()) == SQLITE_ROW) {
-        if (!add(run, from.kwh, up)) {
-            return SQLITE_CORRUPT;
+    const Columns columns = m_withBytes ? Columns::Records : Columns::Keys;
+    Rows found = m_store.ahead(from, {up, otherGroups, columns, m_ahead - m_taken});
+    Status status = Status::Ok;
+    while (!full() && (status = found.next()) == Status::Ok) {
+        if (!add(found, {otherGroups ? found.kwh() : from.kwh, found.kwl()}, up)) {
+            return found.damaged();
         }
     }
     return status;
 }
 
-int Walk::takeBeyond(sqlite3* connection, const Key& from, bool up)
+bool Walk::add(const Rows& found, const Key& key, bool up)
 {
-    Run run(withBytes ? beyondRecords : (up ? beyondUp : beyondDown), connection);
-    run.bind(1, from.kwh).bind(2, ahead - taken);
-    int status = SQLITE_OK;
-    while (!full() && (status = run.step()) == SQLITE_ROW) {
-        if (!add(run, run.integer(withBytes ? 3 : 1), up)) {
-            return SQLITE_CORRUPT;
-        }
-    }
-    return status;
-}
-
-bool Walk::add(const Run& run, int kwh, bool up)
-{
-    ++taken;
-    Row row{{kwh, run.integer(0)}, 0, 0, 0, 0};
-    const bool sameKey = !rows.empty() && rows.back().key == row.key;
-    if (sameKey && !withBytes) {
+    ++m_taken;
+    Row row{key, 0, 0, 0, 0};
+    const bool sameKey = !m_rows.empty() && m_rows.back().key == row.key;
+    if (sameKey && !m_withBytes) {
         return true;
     }
-    if (!sameKey && !before(rows.empty() ? current : rows.back().key, row.key, up)) {
+    if (!sameKey && !before(m_rows.empty() ? m_current : m_rows.back().key, row.key, up)) {
         return false;
     }
-    if (withBytes) {
+    if (m_withBytes) {
         // The positions of a key count up from 0 without a gap; the checksum, which covers the position,
         // tells when they do not.
-        row.position = sameKey ? rows.back().position + 1 : 0;
-        row.checksum = static_cast<std::uint32_t>(run.integer(1));
-        row.offset = static_cast<std::uint32_t>(arena.size());
-        row.size = run.size(2);
-        const auto* bytes = static_cast<const unsigned char*>(run.bytes(2));
-        arena.insert(arena.end(), bytes, bytes + row.size);
+        row.position = sameKey ? m_rows.back().position + 1 : 0;
+        row.checksum = found.checksum();
+        row.offset = static_cast<std::uint32_t>(m_arena.size());
+        row.size = found.size();
+        const auto* bytes = static_cast<const unsigned char*>(found.bytes());
+        m_arena.insert(m_arena.end(), bytes, bytes + row.size);
     }
-    rows.push_back(row);
+    m_rows.push_back(row);
     return true;
 }
 
-Walk::Serve Walk::find(const Key& key, int behind, Found& out)
+Walk::Serve Walk::find(const Key& key, int behind, Record& out)
 {
     if (!standsOn(key)) {
         return Serve::NotHere;
     }
-    wantsBytes = true;
-    if (currentGone || !upward || !mark.unchanged()) {
+    m_wantsBytes = true;
+    if (m_currentGone || !m_upward || !m_mark.unchanged()) {
         return Serve::NotHere;
     }
-    if (!withBytes) {
+    if (!m_withBytes) {
         // A lister has become a reader: the next step shall fetch a block with bytes.
-        const auto beyond = std::find_if(rows.begin() + static_cast<std::ptrdiff_t>(begin), rows.end(),
+        const auto beyond = std::find_if(m_rows.begin() + static_cast<std::ptrdiff_t>(m_begin), m_rows.end(),
                                          [&](const Row& row) { return row.key != key; });
-        if (beyond != rows.end()) {
-            rows.erase(beyond, rows.end());
-            complete = false;
+        if (beyond != m_rows.end()) {
+            m_rows.erase(beyond, m_rows.end());
+            m_complete = false;
         }
         return Serve::NotHere;
     }
     // A block begins with the first record of a key.
-    const std::size_t i = begin + static_cast<std::size_t>(behind + 1);
-    if (i >= rows.size() && !complete) {
+    const std::size_t i = m_begin + static_cast<std::size_t>(behind + 1);
+    if (i >= m_rows.size() && !m_complete) {
         return Serve::NotHere;
     }
-    if (i >= rows.size() || rows[i].key != key) {
+    if (i >= m_rows.size() || m_rows[i].key != key) {
         return Serve::EndOfKey;
     }
-    out = {rows[i].position, rows[i].checksum, arena.data() + rows[i].offset, rows[i].size};
+    out = {key, m_rows[i].position, m_rows[i].checksum, m_arena.data() + m_rows[i].offset, m_rows[i].size};
     return Serve::FromBlock;
 }
 
 void Walk::written(const Key& key)
 {
-    if (!valid) {
+    if (!m_valid) {
         return;
     }
-    if (key == current) {
-        currentGone = true;
-    } else if (before(current, key, upward) &&
-               (complete || (!rows.empty() && !before(rows.back().key, key, upward)))) {
+    if (key == m_current) {
+        m_currentGone = true;
+    } else if (before(m_current, key, m_upward) &&
+               (m_complete || (!m_rows.empty() && !before(m_rows.back().key, key, m_upward)))) {
         drop();
     }
 }
 
 void Walk::drop()
 {
-    valid = false;
-    rows.clear();
-    arena.clear();
-    at = begin = 0;
+    m_valid = false;
+    m_rows.clear();
+    m_arena.clear();
+    m_at = m_begin = 0;
 }
 
 } // namespace mrl::cdb

@@ -33,9 +33,9 @@ class ChangeMark
     };
     Header read() const;
 
-    enum class Watch { Never, Shared, Private } kind = Watch::Never;
-    const volatile std::uint64_t* shared = nullptr; // belongs to the connection, as long as it is open
-    Header noted{};
+    enum class Watch { Never, Shared, Private } m_kind = Watch::Never;
+    const volatile std::uint64_t* m_shared = nullptr; // belongs to the connection, as long as it is open
+    Header m_noted{};
 };
 
 } // namespace mrl::cdb

@@ -1,5 +1,3 @@
-#include "hostlib/data/cdb/opening.h"
-
 #include <cerrno>
 #include <cstring>
 
@@ -8,15 +6,18 @@
 #include <unistd.h>
 
 #include "hostlib/data/cdb/errors.h"
-#include "hostlib/data/cdb/format.h"
+#include "hostlib/data/cdb/sqlite/content_check.h"
+#include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/store.h"
 
 namespace mrl::cdb {
 
 namespace {
 
-constexpr int lockWait = 5000;               // ms
-constexpr int longestCell = 4 * (1 << 20);   // bytes; what is longer in a damaged file must not be allocated
-constexpr int keptLogBytes = 16 * (1 << 20); // of the log, after a large transaction
+constexpr int LOCK_WAIT = 5000;             // ms
+constexpr int LONGEST_CELL = 4 * (1 << 20); // bytes; what is longer in a damaged file must not be allocated
+constexpr int KEPT_LOG_BYTES = 16 * (1 << 20); // of the log, after a large transaction
 
 int run(sqlite3* connection, const char* sql)
 {
@@ -30,12 +31,12 @@ std::string asUri(const std::string& path)
 {
     std::string uri = "file:";
     for (const char c : plainName(path)) {
-        constexpr const char* digits = "0123456789ABCDEF";
+        constexpr const char* DIGITS = "0123456789ABCDEF";
         const auto byte = static_cast<unsigned char>(c);
         if (c == '?' || c == '#' || c == '%') {
             uri += '%';
-            uri += digits[byte >> 4U];
-            uri += digits[byte & 15U];
+            uri += DIGITS[byte >> 4U];
+            uri += DIGITS[byte & 15U];
         } else {
             uri += c;
         }
@@ -68,8 +69,8 @@ int connect(const std::string& name, int flags, Connection& out)
         return status;
     }
     sqlite3_extended_result_codes(made, 1);
-    sqlite3_busy_timeout(made, lockWait);
-    sqlite3_limit(made, SQLITE_LIMIT_LENGTH, longestCell);
+    sqlite3_busy_timeout(made, LOCK_WAIT);
+    sqlite3_limit(made, SQLITE_LIMIT_LENGTH, LONGEST_CELL);
     sqlite3_db_config(made, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_wal_autocheckpoint(made, 0);
     return run(made, "PRAGMA synchronous=NORMAL;PRAGMA cell_size_check=ON;PRAGMA trusted_schema=OFF;"
@@ -79,7 +80,7 @@ int connect(const std::string& name, int flags, Connection& out)
 int startLog(sqlite3* connection)
 {
     const int status = run(connection, "PRAGMA journal_mode=WAL");
-    const std::string limit = "PRAGMA journal_size_limit=" + std::to_string(keptLogBytes);
+    const std::string limit = "PRAGMA journal_size_limit=" + std::to_string(KEPT_LOG_BYTES);
     return status == SQLITE_OK ? run(connection, limit.c_str()) : status;
 }
 
@@ -145,10 +146,10 @@ int connectForReading(const std::string& path, Connection& out)
 
 } // namespace
 
-OpenedDatabase createFile(const std::string& path)
+OpenedStore Store::create(const std::string& path)
 {
     if (path.empty()) {
-        return {failure(Code::NoFile, "\"\"", "a file needs a name"), nullptr};
+        return {cdb::failure(Code::NoFile, "\"\"", "a file needs a name"), nullptr};
     }
     if (Result reserved = reserve(path); !reserved) {
         return {std::move(reserved), nullptr};
@@ -171,7 +172,7 @@ OpenedDatabase createFile(const std::string& path)
         removeFile(path);
         return {std::move(error), nullptr};
     }
-    return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadWrite)};
+    return {{}, std::make_unique<Store>(std::move(connection), path, Access::ReadWrite)};
 }
 
 void removeFile(const std::string& path)
@@ -182,7 +183,7 @@ void removeFile(const std::string& path)
     }
 }
 
-OpenedDatabase openFile(const std::string& path, bool readOnly)
+OpenedStore Store::open(const std::string& path, bool readOnly)
 {
     if (Result looked = probe(path); !looked) {
         return {std::move(looked), nullptr};
@@ -206,7 +207,7 @@ OpenedDatabase openFile(const std::string& path, bool readOnly)
         return {std::move(content), nullptr};
     }
     if (readOnly) {
-        return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadOnly)};
+        return {{}, std::make_unique<Store>(std::move(connection), path, Access::ReadOnly)};
     }
     sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     status = startLog(connection.get());
@@ -216,7 +217,7 @@ OpenedDatabase openFile(const std::string& path, bool readOnly)
     if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), path), nullptr};
     }
-    return {{}, std::make_unique<Database>(std::move(connection), path, Database::Access::ReadWrite)};
+    return {{}, std::make_unique<Store>(std::move(connection), path, Access::ReadWrite)};
 }
 
 namespace {
@@ -229,42 +230,35 @@ int connectPrivate(Storage where, Connection& out)
     return status == SQLITE_OK ? run(out.get(), "PRAGMA synchronous=OFF") : status;
 }
 
-} // namespace
-
-OpenedDatabase makePrivate(Storage where)
+int copy(sqlite3* from, sqlite3* to)
 {
-    Connection connection;
-    int status = connectPrivate(where, connection);
-    if (status == SQLITE_OK) {
-        status = makeTables(connection.get());
+    sqlite3_backup* backup = sqlite3_backup_init(to, "main", from, "main");
+    if (backup == nullptr) {
+        return sqlite3_errcode(to);
     }
-    if (status != SQLITE_OK) {
-        return {failureOf(status, connection.get(), {}), nullptr};
-    }
-    return {{}, std::make_unique<Database>(std::move(connection), std::string(), Database::Access::Private)};
+    sqlite3_backup_step(backup, -1);
+    const int status = sqlite3_backup_finish(backup);
+    return status == SQLITE_OK ? run(to, "SELECT 1 FROM summary") : status;
 }
 
-OpenedDatabase copyPrivate(const Database& from, Storage where)
+} // namespace
+
+OpenedStore Store::makePrivate(Storage where, Store* content)
 {
-    if (from.depth() > 0) {
-        return {failure(Code::Locked, from.file(), "a transaction is open"), nullptr};
+    const std::string name = content != nullptr ? content->file() : std::string();
+    if (content != nullptr && content->inTransaction()) {
+        return {cdb::failure(Code::Locked, name, "a transaction is open"), nullptr};
     }
     Connection connection;
     int status = connectPrivate(where, connection);
     if (status == SQLITE_OK) {
-        sqlite3_backup* backup = sqlite3_backup_init(connection.get(), "main", from.connection(), "main");
-        if (backup != nullptr) {
-            sqlite3_backup_step(backup, -1);
-        }
-        status = backup != nullptr ? sqlite3_backup_finish(backup) : sqlite3_errcode(connection.get());
-    }
-    if (status == SQLITE_OK) {
-        status = run(connection.get(), "SELECT 1 FROM summary");
+        status =
+            content != nullptr ? copy(content->m_db.get(), connection.get()) : makeTables(connection.get());
     }
     if (status != SQLITE_OK) {
-        return {failureOf(status, connection.get(), from.file()), nullptr};
+        return {failureOf(status, connection.get(), name), nullptr};
     }
-    return {{}, std::make_unique<Database>(std::move(connection), from.file(), Database::Access::Private)};
+    return {{}, std::make_unique<Store>(std::move(connection), name, Access::Private)};
 }
 
 } // namespace mrl::cdb

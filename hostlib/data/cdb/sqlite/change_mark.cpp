@@ -1,4 +1,4 @@
-#include "hostlib/data/cdb/change_mark.h"
+#include "hostlib/data/cdb/sqlite/change_mark.h"
 
 #include <atomic>
 
@@ -6,22 +6,22 @@
 
 namespace mrl::cdb {
 
-void ChangeMark::watchNothing() { kind = Watch::Private; }
+void ChangeMark::watchNothing() { m_kind = Watch::Private; }
 
 bool ChangeMark::watch(sqlite3* connection)
 {
-    constexpr int regionSize = 32768; // of the shared index, part of the format
+    constexpr int REGION_SIZE = 32768; // of the shared index, part of the format
     sqlite3_file* file = nullptr;
     if (sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
         file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2) {
         return false;
     }
     volatile void* region = nullptr;
-    if (file->pMethods->xShmMap(file, 0, regionSize, 0, &region) != SQLITE_OK || region == nullptr) {
+    if (file->pMethods->xShmMap(file, 0, REGION_SIZE, 0, &region) != SQLITE_OK || region == nullptr) {
         return false;
     }
-    shared = static_cast<const volatile std::uint64_t*>(region);
-    kind = Watch::Shared;
+    m_shared = static_cast<const volatile std::uint64_t*>(region);
+    m_kind = Watch::Shared;
     return true;
 }
 
@@ -29,27 +29,27 @@ ChangeMark::Header ChangeMark::read() const
 {
     // Of the header's 48 bytes: the counter at offset 8 (with two words that never change), the checksum
     // at 40.
-    return {shared[1], shared[5]};
+    return {m_shared[1], m_shared[5]};
 }
 
 void ChangeMark::take()
 {
-    if (kind != Watch::Shared) {
+    if (m_kind != Watch::Shared) {
         return;
     }
-    noted = read();
+    m_noted = read();
     // What is read from the file after this must not be fetched before it.
     std::atomic_thread_fence(std::memory_order_seq_cst);
 }
 
 bool ChangeMark::unchanged() const
 {
-    if (kind != Watch::Shared) {
-        return kind == Watch::Private;
+    if (m_kind != Watch::Shared) {
+        return m_kind == Watch::Private;
     }
     // A header that is torn in the middle of a commit differs from the noted one, which is what counts.
     const Header now = read();
-    return now.counter == noted.counter && now.checksum == noted.checksum;
+    return now.counter == m_noted.counter && now.checksum == m_noted.checksum;
 }
 
 } // namespace mrl::cdb

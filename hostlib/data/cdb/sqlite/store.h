@@ -1,0 +1,137 @@
+#pragma once
+
+/// The one place that speaks SQL: records, facts and the summary in tables, and transactions over them. What a
+/// write means (what a key's first record is, what a failed write does to its transaction) is told above.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hostlib/data/cdb/sqlite/change_mark.h"
+#include "hostlib/data/cdb/sqlite/rows.h"
+#include "hostlib/data/cdb/sqlite/statement.h"
+#include "hostlib/data/cdb/tally.h"
+
+namespace mrl::cdb {
+
+/// Private: no other process and no other connection can reach it.
+enum class Access { ReadWrite, ReadOnly, Private };
+
+/// The outermost transaction takes the file's lock, one inside it is a savepoint.
+enum class Nesting { Outermost, Inner };
+
+/// How closely the pages are looked at; the checksums are compared in any case.
+enum class Depth { Quick, Full };
+
+/// How a walk reads ahead.
+struct Ahead
+{
+    bool up = true;
+    bool otherGroups = false;        ///< beyond the key's group instead of beyond the key in its group
+    Columns columns = Columns::Keys; ///< Checksums only upwards within the group
+    int rows = 1;                    ///< at most
+};
+
+struct Fact
+{
+    std::string name;
+    std::string value;
+    std::uint32_t checksum = 0;
+};
+
+struct OpenedStore;
+
+/// An open database file. After Status::Failed, failure() has the reason in words.
+class Store
+{
+  public:
+    /// Makes a new project file. An existing file is refused and stays as it is.
+    static OpenedStore create(const std::string& path);
+    /// Opens a project file and checks its whole content. A file that fails stays as it was.
+    static OpenedStore open(const std::string& path, bool readOnly);
+    /// Makes a private database. @param content a database to copy; null: an empty one
+    static OpenedStore makePrivate(Storage where, Store* content);
+
+    /// @param handle an open connection whose content has been checked
+    Store(Connection handle, const std::string& file, Access access);
+    ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    /// The first record of a key beyond a position.
+    Rows record(const Key& key, int behind);
+    /// The records that a walk meets next.
+    Rows ahead(const Key& from, const Ahead& how);
+    /// The records of a range. @param range null: all records
+    Rows range(const KeyRange* range, Columns columns);
+    /// One record of each group.
+    Rows groups();
+    /// The position of a key's last record. @return None when the key does not exist
+    Status lastPosition(const Key& key, int& position);
+    /// Appends one fact, or all of them. @param name null: all. @return None when there is none
+    Status facts(const std::string* name, std::vector<Fact>& out);
+
+    /// Adds a record. @return None when its place is taken
+    Status insert(const Record& record);
+    /// Replaces the bytes of a record. @param gone [out] what that takes away. @return None when there is none
+    Status update(const Record& record, Tally& gone);
+    /// Deletes the records of a key. @param known what they add up to, when the caller has read that within
+    /// the transaction; null: not known. @param gone [out] what that takes away
+    Status erase(const Key& key, const Tally* known, Tally& gone);
+    /// Sets a fact; an empty value removes it. @param gone [out] what that takes away
+    Status setFact(const Fact& fact, Tally& gone);
+    /// Adds what a transaction has changed to the summary.
+    Status addToSummary(const Summary& change);
+
+    /// Begins a transaction. The outermost one takes the write lock at once, except on a read-only file.
+    Status begin(Nesting nesting);
+    Status commit(Nesting nesting);
+    /// Takes a transaction back. Harmless when SQLite has taken it back by itself.
+    void rollback(Nesting nesting);
+    /// Is a transaction open? None is when SQLite had to take it back whole.
+    bool inTransaction() const { return sqlite3_get_autocommit(m_db.get()) == 0; }
+
+    /// Tells later whether anybody has committed since.
+    ChangeMark mark() const { return m_mark; }
+    /// How long to wait for other processes. @param milliseconds at first 5000
+    void setLockWait(int milliseconds);
+    /// Checks the whole content: tables, pages, each row against its checksum, order, positions, summary.
+    Result check(Depth depth);
+
+    const Result& failure() const { return m_failure; }
+    const std::string& file() const { return m_file; }
+    Access access() const { return m_access; }
+
+  private:
+    struct Texts;
+
+    Rows::Source source() { return {m_db.get(), m_file, m_failure}; }
+    Status failed(int status);
+    int execute(const char* sql);
+    int finish(Statement& text, const Record& record);
+    void countWrite();
+    void forgetWrites();
+    void checkpoint();
+    static void gone(sqlite3_context* context, int count, sqlite3_value** values);
+    static int committed(void* self, sqlite3* connection, const char* name, int pages);
+
+    std::string m_file; ///< as the caller named it
+    Access m_access;
+    Connection m_db;
+    Connection m_guard; ///< holds the write lock while a checkpoint runs
+    ChangeMark m_mark;
+    std::unique_ptr<Texts> m_texts;
+    Result m_failure;
+    Tally m_gone;       ///< counted by gone() in the statement that runs now
+    int m_writes = 0;   ///< of the open transaction
+    int m_logPages = 0; ///< in the log after the last commit
+};
+
+/// A store that was made or opened, or the reason why not.
+struct OpenedStore
+{
+    Result result;
+    std::unique_ptr<Store> store;
+};
+
+} // namespace mrl::cdb

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "hostlib/data/cdb/fact_reader.h"
+#include "hostlib/data/cdb/reader.h"
+#include "hostlib/data/cdb/removal_ahead.h"
+#include "hostlib/data/cdb/sqlite/store.h"
+#include "hostlib/data/cdb/write.h"
+
+namespace mrl::cdb {
+
+/// Turns writes into changes of the store within the open transaction, and adds up what they change in the
+/// summary.
+class Writer
+{
+  public:
+    Writer(Store& store, Reader& reader, FactReader& facts)
+        : m_store(store), m_reader(reader), m_facts(facts), m_removals(store)
+    {
+    }
+
+    /// @param data the record or the fact's value, in place of what the write itself holds
+    /// @return after Outcome::Failed, failure() has the reason
+    Outcome apply(const Write& what, const void* data, int size);
+    const Result& failure() const { return m_failure; }
+
+    /// What the open transaction has changed in the summary so far.
+    const Summary& change() const { return m_change; }
+    void setChange(const Summary& change) { m_change = change; }
+
+    /// The transaction has ended, or was taken back to an earlier state.
+    void drop() { m_removals.drop(); }
+
+  private:
+    Outcome put(const Key& key, const void* data, int size);
+    Outcome append(const Key& key, const void* data, int size);
+    Outcome overwrite(const Key& key, int position, const void* data, int size);
+    Outcome erase(const Key& key);
+    Outcome setFact(const std::string& name, const std::string& value);
+    Outcome failed(const Result& reason);
+    Outcome damaged();
+
+    Store& m_store;
+    Reader& m_reader;
+    FactReader& m_facts;
+    RemovalAhead m_removals;
+    Summary m_change;
+    Result m_failure;
+};
+
+} // namespace mrl::cdb
