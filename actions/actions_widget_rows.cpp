@@ -15,7 +15,6 @@
 #include "model/working_model.h"
 #include "rules/action_columns.h"
 #include "rules/action_row.h"
-#include "rules/action_rules.h"
 #include "rules/project_setup.h"
 
 namespace {
@@ -114,7 +113,7 @@ bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
     cells.read(action);
     const LCM_Findings findings =
         lcm_check_action(action, *model->availabilityRecord(), lcm_active_design_code());
-    cells.markErrors(findings);
+    cells.markErrors(lcm_error_list(findings));
     updateBlocker.unblock();
     signalBlocker.unblock();
     return findings.empty();

@@ -7,11 +7,11 @@
 #include <algorithm>
 
 #include "actions/new_action_fields.h"
+#include "check/new_action_name.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
 #include "model/working_model.h"
-#include "rules/action_names.h"
 #include "rules/action_row.h"
 
 namespace {

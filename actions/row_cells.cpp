@@ -71,17 +71,17 @@ int LCM_RowCells::position() const
     return m_table->item(m_row, column) == cell ? m_row : cell->row();
 }
 
-void LCM_RowCells::markErrors(const LCM_Findings& findings) const
+void LCM_RowCells::markErrors(const LCM_ErrorList& errors) const
 {
     for (std::size_t column = 0; column < m_cells.size(); ++column) {
         if (m_cells[column] == nullptr) {
             continue;
         }
-        const auto finding = findings.find(m_table->getColumnId(static_cast<int>(column)));
-        if (finding == findings.end()) {
+        const auto error = errors.find(m_table->getColumnId(static_cast<int>(column)));
+        if (error == errors.end()) {
             mark(m_cells[column], normalBrush(), QString());
         } else {
-            mark(m_cells[column], errorBrush(), finding->second);
+            mark(m_cells[column], errorBrush(), error->second);
         }
     }
 }

@@ -3,9 +3,9 @@
 #include <set>
 #include <vector>
 
+#include "check/finding_text.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
-#include "rules/findings.h"
 
 /// The cells of a row, taken all at once. A table that sorts may move a row as soon as one of its cells is
 /// written; what is written through the taken cells reaches the same row all the same. Good until the row is
@@ -28,7 +28,7 @@ class LCM_RowCells
     const QTableWidgetItem* anyCell() const;
 
     /// See markRowErrors.
-    void markErrors(const LCM_Findings& findings) const;
+    void markErrors(const LCM_ErrorList& errors) const;
     /// Stores the verdict on the row, see ROLE_ROW_VALID.
     void setValid(bool valid) const;
     /// The row's action code, -1 without a cell that holds it.

@@ -29,9 +29,9 @@ std::set<int> getSelectedRows(const QTableWidget* table)
     return rows;
 }
 
-void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_Findings& findings)
+void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_ErrorList& errors)
 {
-    LCM_RowCells(table, row).markErrors(findings);
+    LCM_RowCells(table, row).markErrors(errors);
 }
 
 void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid)

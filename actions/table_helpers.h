@@ -6,8 +6,8 @@
 
 #include <set>
 
+#include "check/finding_text.h"
 #include "host/mrl_table.h"
-#include "rules/findings.h"
 
 /// Makes the header of a line-edit column and installs it.
 /// @return the header, owned by the table
@@ -18,10 +18,10 @@ MRL_H_TwHeaderLineEditItem* createLineEditHeader(MRL_H_TableWidget* table, int i
 /// All rows of the selected ranges, each once, in ascending order.
 std::set<int> getSelectedRows(const QTableWidget* table);
 
-/// Shows the findings of a row: the cells of the columns with a finding are red and tell it in their tool
-/// tip, all others are black and without a tool tip. A finding for a column that the table doesn't have is
+/// Shows the errors of a row: the cells of the columns with an error are red and tell it in their tool
+/// tip, all others are black and without a tool tip. An error for a column that the table doesn't have is
 /// not shown. Writes only what changes. The caller blocks the table's signals.
-void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_Findings& findings);
+void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_ErrorList& errors);
 
 /// Stores the verdict on a row, see ROLE_ROW_VALID; does nothing without a cell for it.
 void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid);

@@ -1,9 +1,8 @@
 #include "check/project_check.h"
 
-#include <QCoreApplication>
-
 #include <map>
 
+#include "check/design_code_check.h"
 #include "check/stored_definitions.h"
 #include "host/mrl_dlib.h"
 #include "lcdata/actions.h"
@@ -24,14 +23,11 @@ namespace {
 /// Gathers the findings of one project.
 class Check
 {
-    Q_DECLARE_TR_FUNCTIONS(LCM_ProjectCheck)
   public:
-    Check(int index, bool globalDirections);
-    std::vector<LCM_ProjectFinding> run();
+    Check(int db, bool globalDirections);
+    LCM_Findings run();
 
   private:
-    using Subject = LCM_ProjectFinding::Subject;
-
     void checkActions();
     void checkAction(int key, const tagCDB_LC_ACT& record);
     void addDefaultActions();
@@ -39,36 +35,37 @@ class Check
     void checkLoadCase(const LCM_CheckedLoadCase& loadCase);
     tagCDB_LC_ACT asShown(const tagCDB_LC_ACT& record) const;
     const tagCDB_LC_ACT* findAction(int word) const;
-    void add(Subject subject, int id, const QString& message)
+    void add(LCM_Subject subject, int id, LCM_Rule rule, std::vector<LCM_Argument> arguments = {})
     {
-        findings.push_back({subject, id, 0, message});
+        m_findings.push_back({rule, subject, id, 0, std::move(arguments)});
     }
-    void add(Subject subject, int id, const LCM_Findings& found);
+    void add(int id, LCM_Findings found);
 
-    int db;
-    tagCDB_LC_ACT limits{};
-    LCM_DesignCodeIdentity identity;
-    LCM_LoadCaseSetup setup;
-    std::map<int, tagCDB_LC_ACT> actions; ///< as their rows show them, by code
-    LCM_ActionWords words;
-    std::vector<LCM_ProjectFinding> findings;
+    int m_db;
+    tagCDB_LC_ACT m_limits{};
+    LCM_DesignCodeIdentity m_identity;
+    LCM_LoadCaseSetup m_setup;
+    std::map<int, tagCDB_LC_ACT> m_actions; ///< as their rows show them, by code
+    LCM_ActionWords m_words;
+    LCM_Findings m_findings;
 };
 
-Check::Check(int index, bool globalDirections) : db(index)
+Check::Check(int db, bool globalDirections) : m_db(db)
 {
     MRL_LC_Action_Info info;
-    info.init(db);
-    mrl_dlib_lcact_info(0, &limits);
-    identity = lcm_active_design_code();
-    setup.factorColumns = lcm_factor_columns(info, lcm_design_code_file(db).value_or(QString()));
-    lcm_read_system(db, setup);
-    setup.globalDirections = globalDirections;
+    info.init(m_db);
+    mrl_dlib_lcact_info(0, &m_limits);
+    m_identity = lcm_active_design_code();
+    m_setup.factorColumns = lcm_factor_columns(info, lcm_design_code_file(m_db).value_or(QString()));
+    lcm_read_system(m_db, m_setup);
+    m_setup.globalDirections = globalDirections;
 }
 
-void Check::add(Subject subject, int id, const LCM_Findings& found)
+void Check::add(int id, LCM_Findings found)
 {
-    for (const auto& [column, message] : found) {
-        findings.push_back({subject, id, column, message});
+    for (LCM_Finding& finding : found) {
+        finding.id = id;
+        m_findings.push_back(std::move(finding));
     }
 }
 
@@ -77,7 +74,7 @@ tagCDB_LC_ACT Check::asShown(const tagCDB_LC_ACT& record) const
 {
     LCM_ActionCells cells = lcm_action_cells(record);
     for (std::size_t i = 0; i < cells.factors.size(); ++i) {
-        if (!setup.hasColumn(LCM_ACTION_FACTORS[i].column)) {
+        if (!m_setup.hasColumn(LCM_ACTION_FACTORS[i].column)) {
             cells.factors[i] = 0.0f;
         }
     }
@@ -89,29 +86,27 @@ tagCDB_LC_ACT Check::asShown(const tagCDB_LC_ACT& record) const
 void Check::checkAction(int key, const tagCDB_LC_ACT& record)
 {
     if (lcm_is_reserved_action(key)) {
-        add(Subject::Action, key, tr("names that begin with Y are reserved; the dialog never loads it"));
+        add(LCM_Subject::Action, key, LCM_Rule::ActionNameReserved);
         return;
     }
     if (key == LC_BLANK_WORD) {
-        add(Subject::Action, key, tr("an action without a name; the dialog never loads it"));
+        add(LCM_Subject::Action, key, LCM_Rule::ActionWithoutName);
         return;
     }
     const int code = lcm_action_code(record);
     if (code != key) {
-        add(Subject::Action, key,
-            tr("the record names the action %1 and will move there when the dialog is accepted")
-                .arg(lcm_word_name(code)));
+        add(LCM_Subject::Action, key, LCM_Rule::ActionNameDiffersFromKey, {lcm_word_name(code)});
     }
     const tagCDB_LC_ACT shown = asShown(record);
-    add(Subject::Action, key, lcm_check_action(shown, limits, identity));
-    actions[code] = shown;
+    add(key, lcm_check_action(shown, m_limits, m_identity));
+    m_actions[code] = shown;
 }
 
 void Check::checkActions()
 {
     const std::set<int> known = lcm_design_code_keys();
     bool anyOfTheCode = false;
-    for (const LCM_StoredAction& action : lcm_stored_actions(db)) {
+    for (const LCM_StoredAction& action : lcm_stored_actions(m_db)) {
         checkAction(action.code, action.record);
         anyOfTheCode = anyOfTheCode || known.count(action.code) != 0;
     }
@@ -125,8 +120,8 @@ void Check::addDefaultActions()
 {
     for (const bool dead : {true, false}) {
         tagCDB_LC_ACT record{};
-        const int code = mrl_lc_get_default_action(db, dead, record);
-        actions.emplace(code, asShown(record));
+        const int code = mrl_lc_get_default_action(m_db, dead, record);
+        m_actions.emplace(code, asShown(record));
     }
 }
 
@@ -134,55 +129,52 @@ void Check::addDefaultActions()
 /// load case that names one so isn't taken for that of the upper-case name.
 const tagCDB_LC_ACT* Check::findAction(int word) const
 {
-    for (const int candidate : {word, lcm_lower_code(word)}) {
-        if (const auto it = actions.find(candidate); it != actions.end()) {
-            return &it->second;
-        }
+    auto found = m_actions.find(word);
+    if (found == m_actions.end()) {
+        found = m_actions.find(lcm_lower_code(word));
     }
-    return nullptr;
+    return found == m_actions.end() ? nullptr : &found->second;
 }
 
 void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
 {
     const int number = loadCase.stored.number;
     if (number > LC_MAX_NUMBER) {
-        add(Subject::LoadCase, number, tr("the number is above 999999"));
+        add(LCM_Subject::LoadCase, number, LCM_Rule::LoadCaseNumberAbove999999);
     }
     tagCDB_LC_CTRL record = loadCase.stored.record;
-    record.action = words.resolved(record.action);
-    const LCM_LoadCaseVerdict verdict =
-        lcm_judge_stored_load_case(number, record, findAction(record.action), setup, limits);
+    record.action = m_words.resolved(record.action);
+    LCM_LoadCaseVerdict verdict =
+        lcm_judge_stored_load_case(record, findAction(record.action), m_setup, m_limits);
     if (verdict.actionMissing) {
-        add(Subject::LoadCase, number, tr("the project has no action %1").arg(lcm_word_name(record.action)));
+        add(LCM_Subject::LoadCase, number, LCM_Rule::ActionMissing, {lcm_word_name(record.action)});
     }
-    add(Subject::LoadCase, number, verdict.findings);
+    add(number, std::move(verdict.findings));
     if (loadCase.foreignKind) {
-        add(Subject::LoadCase, number,
-            tr("another module keeps a record of kind %1 under this number; accepting the dialog drops it")
-                .arg(*loadCase.foreignKind));
+        add(LCM_Subject::LoadCase, number, LCM_Rule::LoadCaseNumberSharedWithModule, {*loadCase.foreignKind});
     }
 }
 
 void Check::checkLoadCases()
 {
-    LCM_KeyWalk walk(db, LC_KWH_CASES);
+    LCM_KeyWalk walk(m_db, LC_KWH_CASES);
     while (walk.next()) {
-        if (const auto loadCase = lcm_checked_load_case(db, walk.kwl())) {
+        if (const auto loadCase = lcm_checked_load_case(m_db, walk.kwl())) {
             checkLoadCase(*loadCase);
         }
     }
 }
 
-std::vector<LCM_ProjectFinding> Check::run()
+LCM_Findings Check::run()
 {
     checkActions();
     checkLoadCases();
-    return std::move(findings);
+    return std::move(m_findings);
 }
 
 } // namespace
 
-std::vector<LCM_ProjectFinding> lcm_check_project(int db, bool globalDirections)
+LCM_Findings lcm_check_project(int db, bool globalDirections)
 {
     const LCM_CurrentDatabaseGuard guard;
     return Check(db, globalDirections).run();

@@ -1,10 +1,63 @@
 #include "cli/design_codes.h"
 
+#include <algorithm>
+#include <map>
 #include <variant>
 
+#include "check/design_code_check.h"
+#include "check/finding_text.h"
 #include "cli/failure.h"
 
 namespace mrl::cli {
+
+namespace {
+
+struct Warned
+{
+    int line;
+    const char* rule;
+    std::string text;
+};
+
+/// What the rules of the dialog find. Like all that is wrong inside a file it is told in English.
+/// @param action the action that it is about, null when it is about the file
+Warned worded(const LCM_Finding& finding, const designcode::DefaultAction* action)
+{
+    const char* rule = lcm_rule_id(finding.rule);
+    const std::string text = lcm_finding_english(finding).toStdString();
+    return action == nullptr ? Warned{0, rule, text}
+                             : Warned{action->line, rule, "action " + action->name + ": " + text};
+}
+
+LCM_DesignCodeData dataOf(const designcode::DesignCode& code)
+{
+    LCM_DesignCodeData data{code.availability, {code.ntcode, code.idcode, code.country, code.year}, {}};
+    for (const designcode::DefaultAction& action : code.actions) {
+        data.actions.push_back(action.record);
+    }
+    return data;
+}
+
+std::vector<Warned> warningsOf(const designcode::DesignCode& code)
+{
+    std::vector<Warned> all;
+    for (const designcode::Warning& warning : designcode::warnings(code)) {
+        all.push_back({warning.line, designcode::idOf(warning.rule), warning.text});
+    }
+    std::map<int, const designcode::DefaultAction*> actions;
+    for (const designcode::DefaultAction& action : code.actions) {
+        actions[action.code] = &action;
+    }
+    for (const LCM_Finding& finding : lcm_check_design_code(dataOf(code))) {
+        const auto found = actions.find(finding.id);
+        all.push_back(worded(finding, found == actions.end() ? nullptr : found->second));
+    }
+    std::stable_sort(all.begin(), all.end(),
+                     [](const Warned& a, const Warned& b) { return a.line < b.line; });
+    return all;
+}
+
+} // namespace
 
 designcode::DesignCode readDesignCode(const std::string& name)
 {
@@ -30,8 +83,8 @@ Json identityJson(const designcode::DesignCode& code)
 Json warningsJson(const designcode::DesignCode& code)
 {
     Json list = Json::array();
-    for (const auto& warning : designcode::warnings(code)) {
-        list.push_back({{"line", warning.line}, {"text", warning.text}});
+    for (const Warned& warning : warningsOf(code)) {
+        list.push_back({{"line", warning.line}, {"rule", warning.rule}, {"text", warning.text}});
     }
     return list;
 }
@@ -39,7 +92,7 @@ Json warningsJson(const designcode::DesignCode& code)
 void printWarnings(const designcode::DesignCode& code)
 {
     Output out;
-    for (const auto& warning : designcode::warnings(code)) {
+    for (const Warned& warning : warningsOf(code)) {
         out.line("warning: " + designcode::Error{code.file, warning.line, warning.text}.text());
     }
     out.finish();

@@ -1,42 +1,85 @@
 #include "cli/finding.h"
 
+#include "check/finding_text.h"
 #include "cli/output.h"
+#include "cli/words.h"
+#include "rules/action_columns.h"
 
 namespace mrl::cli {
 
 namespace {
 
-std::string lineOf(const Finding& finding)
+const char* subjectOf(const LCM_Finding& finding)
 {
-    std::string line = finding.subject;
-    for (const std::string& part : {finding.name, finding.field}) {
-        line += part.empty() ? "" : " " + part;
+    switch (finding.subject) {
+    case LCM_Subject::Project:
+        return "project";
+    case LCM_Subject::DesignCode:
+        return "designcode";
+    case LCM_Subject::Action:
+        return "action";
+    case LCM_Subject::LoadCase:
+        return "loadcase";
+    case LCM_Subject::Key:
+        break;
     }
-    return line + ": " + finding.message;
+    return "key";
 }
 
-Json jsonOf(const Finding& finding)
+/// Name of the action, number of the load case, "KWH/KWL" of the key; empty for the whole project.
+std::string nameOf(const LCM_Finding& finding)
+{
+    switch (finding.subject) {
+    case LCM_Subject::Action:
+        return actionName(finding.id);
+    case LCM_Subject::LoadCase:
+        return std::to_string(finding.id);
+    case LCM_Subject::Key:
+        return std::to_string(finding.group) + "/" + std::to_string(finding.id);
+    default:
+        return {};
+    }
+}
+
+/// The factor that a finding is about, such as "Gamf"; empty for the whole.
+std::string fieldOf(const LCM_Finding& finding)
+{
+    const LCM_ActionFactor* factor = lcm_factor_of_column(finding.column);
+    return factor != nullptr ? factor->key : "";
+}
+
+std::string lineOf(const LCM_Finding& finding)
+{
+    std::string line = subjectOf(finding);
+    for (const std::string& part : {nameOf(finding), fieldOf(finding)}) {
+        line += part.empty() ? "" : " " + part;
+    }
+    return line + ": " + lcm_finding_text(finding).toStdString();
+}
+
+Json jsonOf(const LCM_Finding& finding)
 {
     const auto orNull = [](const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); };
-    return {{"subject", finding.subject},
-            {"name", orNull(finding.name)},
-            {"field", orNull(finding.field)},
-            {"message", finding.message}};
+    return {{"subject", subjectOf(finding)},
+            {"name", orNull(nameOf(finding))},
+            {"field", orNull(fieldOf(finding))},
+            {"rule", lcm_rule_id(finding.rule)},
+            {"message", lcm_finding_english(finding).toStdString()}};
 }
 
 } // namespace
 
-ExitCode report(const std::vector<Finding>& findings, const std::string& file, bool json)
+ExitCode report(const LCM_Findings& findings, const std::string& file, bool json)
 {
     Output out;
     if (json) {
         Json list = Json::array();
-        for (const Finding& finding : findings) {
+        for (const LCM_Finding& finding : findings) {
             list.push_back(jsonOf(finding));
         }
         out.line(Json{{"file", file}, {"findings", list}}.dump(2));
     } else {
-        for (const Finding& finding : findings) {
+        for (const LCM_Finding& finding : findings) {
             out.line(lineOf(finding));
         }
         const std::size_t count = findings.size();

@@ -1,6 +1,7 @@
 #include "loadcases/load_case_rows.h"
 
 #include "actions/table_helpers.h"
+#include "check/finding_text.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/packed_text.h"
 #include "loadcases/cell.h"
@@ -82,7 +83,7 @@ bool LCM_LoadCaseRows::judge(int row, const LCM_LoadCaseCells& cells, LCM_RowCon
     const LCM_LoadCaseVerdict verdict = lcm_judge_load_case(record, action, m_limits);
     // Without an action nothing was examined, and the colours stay as they were.
     if (action) {
-        markRowErrors(&m_table, row, verdict.findings);
+        markRowErrors(&m_table, row, lcm_error_list(verdict.findings));
     }
     return verdict.valid;
 }

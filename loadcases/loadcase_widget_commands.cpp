@@ -3,11 +3,11 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/action_code.h"
-#include "loadcases/row_actions.h"
 #include "loadcases/load_case_creation.h"
 #include "loadcases/load_case_deletion.h"
 #include "loadcases/load_case_numbering.h"
 #include "loadcases/loadcase_widget.h"
+#include "loadcases/row_actions.h"
 #include "loadcases/table_loadcases.h"
 
 void LCM_LoadcaseWidget::slot_newClicked() { createLoadcases(false); }

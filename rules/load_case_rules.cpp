@@ -1,41 +1,17 @@
 #include "rules/load_case_rules.h"
 
-#include <QCoreApplication>
-
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packing.h"
 
 namespace {
 
-/// The message patterns, in the language in which the first row was judged.
-const QString& greaterPattern()
-{
-    static const QString pattern =
-        QCoreApplication::translate("LCM_LoadcaseWidget", "%1 has to be greater than 0.0!");
-    return pattern;
-}
-
-const QString& betweenPattern()
-{
-    static const QString pattern =
-        QCoreApplication::translate("LCM_LoadcaseWidget", "%1 has to be between %2 and %3!");
-    return pattern;
-}
-
-QString number(float value, int precision)
-{
-    return QStringLiteral("%1").arg(static_cast<double>(value), 0, 'g', precision);
-}
-
-QString between(const char* factor, const QString& low, const QString& high)
-{
-    return betweenPattern().arg(QLatin1String(factor), low, high);
-}
-
-const QString ZERO = QStringLiteral("0.0");
-
 /// A factor of the load case, or that of its action where the load case has none of its own.
 float ownOr(float own, float ofAction) { return own == LC_UNDEFINED ? ofAction : own; }
+
+void add(LCM_Findings& findings, LCM_Rule rule, int column, float lowest, float highest)
+{
+    findings.push_back({rule, LCM_Subject::LoadCase, 0, column, {lowest, highest}});
+}
 
 void checkSafety(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action, const tagCDB_LC_ACT& limits,
                  LCM_Findings& findings)
@@ -45,14 +21,14 @@ void checkSafety(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action, cons
     }
     const float gamu = ownOr(record.gamu, action.gamu);
     if (record.gamu < 0.0f && record.gamu != LC_UNDEFINED) {
-        findings[LC_COL_GAMU] = greaterPattern().arg(QLatin1String("GAMU"));
+        findings.push_back({LCM_Rule::GamuBelow0, LCM_Subject::LoadCase, 0, LC_COL_GAMU, {}});
     }
     if (!(limits.gamf > 0.0f)) {
         return;
     }
     const float gamf = ownOr(record.gamf, action.gamf);
     if (gamf < 0.0f || gamu < gamf) {
-        findings[LC_COL_GAMF] = between("GAMF", ZERO, number(gamu, -1));
+        add(findings, LCM_Rule::GamfNotBetween0AndGamu, LC_COL_GAMF, 0.0f, gamu);
     }
 }
 
@@ -86,21 +62,21 @@ void checkCombination(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
                       LCM_Findings& findings)
 {
     const Combination values = combinationOf(record, action, limits);
-    const bool hasPsi1 =
-        limits.psi1 != 0.0f; // without it nothing bounds Psi2 from above and Psi1s from below
+    // Without Psi1 nothing bounds Psi2 from above and Psi1s from below.
+    const bool hasPsi1 = limits.psi1 != 0.0f;
     if (limits.psi0 != 0.0f && record.psi0 != LC_UNDEFINED && !within(record.psi0, 0.0f, limits.psi0)) {
-        findings[LC_COL_PSI0] = between("Psi0", ZERO, number(limits.psi0, 3));
+        add(findings, LCM_Rule::Psi0NotBetween0AndLimit, LC_COL_PSI0, 0.0f, limits.psi0);
     }
     if (hasPsi1 && record.psi1 != LC_UNDEFINED && !within(values.psi1, values.psi2, limits.psi1)) {
-        findings[LC_COL_PSI1] = between("Psi1", number(values.psi2, 3), number(limits.psi1, 3));
+        add(findings, LCM_Rule::Psi1NotBetweenPsi2AndLimit, LC_COL_PSI1, values.psi2, limits.psi1);
     }
     if (hasPsi1 && limits.psi2 != 0.0f && record.psi2 != LC_UNDEFINED &&
         !within(values.psi2, 0.0f, values.psi1)) {
-        findings[LC_COL_PSI2] = between("Psi2", ZERO, number(values.psi1, 3));
+        add(findings, LCM_Rule::Psi2NotBetween0AndPsi1, LC_COL_PSI2, 0.0f, values.psi1);
     }
     if (hasPsi1 && limits.psi1s != 0.0f && record.psi1 != LC_UNDEFINED &&
         !within(values.psi1s, values.psi1, limits.psi1s)) {
-        findings[LC_COL_PSI1S] = between("Psi1'", number(values.psi1, 3), number(limits.psi1s, -1));
+        add(findings, LCM_Rule::Psi1sNotBetweenPsi1AndLimit, LC_COL_PSI1S, values.psi1, limits.psi1s);
     }
 }
 
@@ -129,10 +105,12 @@ LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagC
     return verdict;
 }
 
-LCM_LoadCaseVerdict lcm_judge_stored_load_case(int number, const tagCDB_LC_CTRL& record,
-                                               const tagCDB_LC_ACT* action, const LCM_LoadCaseSetup& setup,
-                                               const tagCDB_LC_ACT& limits)
+LCM_LoadCaseVerdict lcm_judge_stored_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                               const LCM_LoadCaseSetup& setup, const tagCDB_LC_ACT& limits)
 {
-    const LCM_LoadCaseRow row = lcm_row_of_record(number, record, action, setup);
-    return lcm_judge_load_case(lcm_record_of_row(row, setup), action, limits);
+    // Of a row the rules look at the action and the factors only.
+    tagCDB_LC_CTRL read{};
+    read.action = record.action;
+    lcm_store_factors(lcm_shown_factors(record, action), setup, read);
+    return lcm_judge_load_case(read, action, limits);
 }

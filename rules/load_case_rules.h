@@ -1,9 +1,7 @@
 #pragma once
 
-#include <optional>
-
 #include "lcdata/values/records.h"
-#include "rules/findings.h"
+#include "rules/finding.h"
 #include "rules/load_case_row.h"
 
 /// Judges the record of a load case that has an action of the project.
@@ -11,7 +9,7 @@
 /// @param record as it is read from a row, factor fields packed
 /// @param action the present values of its action
 /// @param limits availability record of the design code; its factor fields are marks and upper limits
-/// @return the findings by LC_COL_ column; none for a valid load case
+/// @return the findings by column; none for a valid load case
 LCM_Findings lcm_check_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action,
                                  const tagCDB_LC_ACT& limits);
 
@@ -20,7 +18,7 @@ struct LCM_LoadCaseVerdict
 {
     bool valid = true;
     bool actionMissing = false; ///< the action word names no action of the project
-    LCM_Findings findings;      ///< by LC_COL_ column
+    LCM_Findings findings;
 };
 
 /// Judges a row as the table does: a "None" row and an imperfection are valid as they stand, and a row whose
@@ -31,6 +29,5 @@ LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagC
 
 /// Judges a stored record as the dialog would when it opens: after showing it in a row and reading it back,
 /// so that factors copied from an action don't count.
-LCM_LoadCaseVerdict lcm_judge_stored_load_case(int number, const tagCDB_LC_CTRL& record,
-                                               const tagCDB_LC_ACT* action, const LCM_LoadCaseSetup& setup,
-                                               const tagCDB_LC_ACT& limits);
+LCM_LoadCaseVerdict lcm_judge_stored_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
+                                               const LCM_LoadCaseSetup& setup, const tagCDB_LC_ACT& limits);

@@ -5,7 +5,7 @@
 #include "rules/action_rules.h"
 #include "rules/load_case_row.h"
 
-/// Identity of the active design code.
+/// The identity of the active design code; zeros without one.
 LCM_DesignCodeIdentity lcm_active_design_code();
 
 /// The system of a project: axis of gravity and system class.

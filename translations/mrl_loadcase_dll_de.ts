@@ -404,6 +404,42 @@ Die Einwirkungen sind:
         <source>another module keeps a record of kind %1 under this number; accepting the dialog drops it</source>
         <translation>ein anderes Modul führt unter dieser Nummer einen Datensatz der Art %1; mit OK im Dialog geht er verloren</translation>
     </message>
+    <message>
+        <source>Psi1 is marked without Psi2, so that every Psi1 below 1.0 is refused</source>
+        <translation>Psi1 ist ohne Psi2 vermerkt, sodass jedes Psi1 unter 1,0 abgewiesen wird</translation>
+    </message>
+    <message>
+        <source>the name holds lower-case letters and can&apos;t be typed</source>
+        <translation>der Name enthält Kleinbuchstaben und lässt sich nicht eintippen</translation>
+    </message>
+    <message>
+        <source>a suffix of more than one character doesn&apos;t survive editing</source>
+        <translation>ein Zusatz von mehr als einem Zeichen übersteht keine Bearbeitung</translation>
+    </message>
+    <message>
+        <source>the action has %1 bytes instead of %2</source>
+        <translation>die Einwirkung hat %1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>the load case has %1 bytes instead of %2</source>
+        <translation>der Lastfall hat %1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>a load-case number is above 0; no walk meets this key</source>
+        <translation>eine Lastfallnummer liegt über 0; dieser Schlüssel wird nie gelesen</translation>
+    </message>
+    <message>
+        <source>the current-load-case record has %1 bytes instead of %2</source>
+        <translation>der Datensatz des aktuellen Lastfalls hat %1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>the current-load-case record has the kind %1 and counts as absent</source>
+        <translation>der Datensatz des aktuellen Lastfalls hat die Art %1 und gilt als nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>the system record has %1 bytes instead of %2</source>
+        <translation>der Systemdatensatz hat %1 Bytes statt %2</translation>
+    </message>
 </context>
 <context>
     <name>LCM_TabInterface</name>

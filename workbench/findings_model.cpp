@@ -1,10 +1,27 @@
 #include "workbench/findings_model.h"
 
+#include <QCoreApplication>
+
+#include "check/finding_text.h"
+#include "lcdata/values/action_code.h"
+
 namespace mrl::workbench {
+
+namespace {
+
+/// "Action Q_A", "Load case 12".
+QString whereOf(const LCM_Finding& finding)
+{
+    return finding.subject == LCM_Subject::Action
+               ? QCoreApplication::translate("Workbench", "Action %1").arg(lcm_code_name(finding.id))
+               : QCoreApplication::translate("Workbench", "Load case %1").arg(finding.id);
+}
+
+} // namespace
 
 FindingsModel::FindingsModel(QObject* parent) : RowsModel(parent) {}
 
-void FindingsModel::show(std::vector<CheckFinding> findings)
+void FindingsModel::show(LCM_Findings findings)
 {
     beginResetModel();
     setRows(std::move(findings));
@@ -14,7 +31,7 @@ void FindingsModel::show(std::vector<CheckFinding> findings)
 QVariant FindingsModel::data(const QModelIndex& index, int role) const
 {
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
-        return index.column() == 0 ? rowOf(index).where : rowOf(index).text;
+        return index.column() == 0 ? whereOf(rowOf(index)) : lcm_finding_text(rowOf(index));
     }
     return QVariant();
 }

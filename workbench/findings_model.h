@@ -1,17 +1,17 @@
 #pragma once
 
-#include "workbench/project_summary.h"
+#include "rules/finding.h"
 #include "workbench/rows_model.h"
 
 namespace mrl::workbench {
 
-/// What the check of the project found.
-class FindingsModel : public RowsModel<CheckFinding>
+/// What the check of the project found. The texts are made for the rows that are looked at.
+class FindingsModel : public RowsModel<LCM_Finding>
 {
     Q_OBJECT
   public:
     explicit FindingsModel(QObject* parent);
-    void show(std::vector<CheckFinding> findings);
+    void show(LCM_Findings findings);
 
     QVariant data(const QModelIndex& index, int role) const override;
 

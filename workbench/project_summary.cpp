@@ -86,20 +86,6 @@ bool usesGlobalDirections()
     return on != 0;
 }
 
-/// Judged as the managers would when they open.
-std::vector<CheckFinding> findings(int db)
-{
-    std::vector<CheckFinding> worded;
-    for (const LCM_ProjectFinding& finding : lcm_check_project(db, usesGlobalDirections())) {
-        const QString where =
-            finding.subject == LCM_ProjectFinding::Subject::Action
-                ? QCoreApplication::translate("Workbench", "Action %1").arg(lcm_code_name(finding.id))
-                : QCoreApplication::translate("Workbench", "Load case %1").arg(finding.id);
-        worded.push_back({where, finding.message});
-    }
-    return worded;
-}
-
 } // namespace
 
 ProjectSummary summarise(int db)
@@ -119,7 +105,8 @@ ProjectSummary summarise(int db)
     summary.actions = readActions(db);
     readLoadCases(db, summary);
     if (loaded.code) {
-        summary.findings = findings(db);
+        // Judged as the managers would when they open.
+        summary.findings = lcm_check_project(db, usesGlobalDirections());
     }
     return summary;
 }

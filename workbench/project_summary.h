@@ -8,6 +8,7 @@
 
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
+#include "rules/finding.h"
 
 namespace mrl::workbench {
 
@@ -16,13 +17,6 @@ struct FactorColumn
 {
     int column = 0; ///< its id in both tables of the manager
     QString label;
-};
-
-/// One thing that a check of the project found.
-struct CheckFinding
-{
-    QString where; ///< "Action Q_A", "Load case 12"
-    QString text;
 };
 
 struct ProjectSummary
@@ -36,7 +30,7 @@ struct ProjectSummary
     std::vector<LCM_StoredAction> actions;     ///< those that the managers show, by name
     std::vector<LCM_StoredLoadCase> loadCases; ///< this system's own
     int foreignLoadCases = 0;                  ///< those of other modules, which the managers don't show
-    std::vector<CheckFinding> findings;        ///< empty too when the design code can't be loaded
+    LCM_Findings findings;                     ///< empty too when the design code can't be loaded
 };
 
 /// Reads all of it from an open database and makes that database the current one.

@@ -1,8 +1,9 @@
+#include "check/project_check.h"
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/finding.h"
 #include "cli/project.h"
-#include "cli/project_check.h"
+#include "hostlib/data/designcode/designcode.h"
 
 namespace mrl::cli {
 
@@ -20,22 +21,36 @@ class CheckCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    bool json = false;
+    std::string m_file;
+    bool m_json = false;
 };
 
 void CheckCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.json(json);
+    args.file(m_file);
+    args.json(m_json);
+}
+
+/// The findings of the whole project, ahead of them that its design code can't be read.
+LCM_Findings findingsOf(int db)
+{
+    LCM_Findings findings = lcm_check_project(db, false);
+    if (const designcode::Loaded loaded = designcode::ofDatabase(db); !loaded.code) {
+        findings.insert(findings.begin(), {LCM_Rule::DesignCodeUnreadable,
+                                           LCM_Subject::Project,
+                                           0,
+                                           0,
+                                           {QString::fromStdString(loaded.reason)}});
+    }
+    return findings;
 }
 
 ExitCode CheckCommand::run()
 {
-    const Project project = Project::openForReading(file);
-    const std::vector<Finding> findings = checkProject(project.db());
+    const Project project = Project::openForReading(m_file);
+    const LCM_Findings findings = findingsOf(project.db());
     project.throwOnError();
-    return report(findings, file, json);
+    return report(findings, m_file, m_json);
 }
 
 } // namespace

@@ -1,12 +1,10 @@
+#include "check/record_check.h"
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/finding.h"
 #include "cli/key_list.h"
 #include "cli/project.h"
 #include "cli/raw_records.h"
-#include "lcdata/stored_load_cases.h"
-#include "lcdata/values/keys.h"
-#include "lcdata/values/records.h"
 
 namespace mrl::cli {
 
@@ -24,79 +22,24 @@ class VerifyCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    bool json = false;
+    std::string m_file;
+    bool m_json = false;
 };
 
 void VerifyCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.json(json);
+    args.file(m_file);
+    args.json(m_json);
 }
 
-std::string sizeProblem(const char* what, const std::string& record, std::size_t expected)
-{
-    return record.size() == expected ? std::string()
-                                     : std::string(what) + " has " + std::to_string(record.size()) +
-                                           " bytes instead of " + std::to_string(expected);
-}
-
-std::string currentProblem(const std::string& record)
-{
-    const std::string size = sizeProblem("the current-load-case record", record, LC_CURRENT_BYTES);
-    return size.empty() && kindOf(record) != 0 ? "the current-load-case record has the kind " +
-                                                     std::to_string(kindOf(record)) + " and counts as absent"
-                                               : size;
-}
-
-std::string loadCaseProblem(int kwl, const std::string& record)
-{
-    if (kwl <= 0) {
-        return "a load-case number is above 0; no walk meets this key";
-    }
-    return lcm_is_own_kind(kindOf(record)) ? sizeProblem("the load case", record, sizeof(tagCDB_LC_CTRL))
-                                           : std::string();
-}
-
-/// Numeric keys, those that begin with Y and records of other kinds are other modules' business.
-std::string actionProblem(int kwl, const std::string& record)
-{
-    if (kwl < LC_BLANK_WORD || lcm_is_reserved_action(kwl) || kindOf(record) != 1) {
-        return {};
-    }
-    return sizeProblem("the action", record, sizeof(tagCDB_LC_ACT));
-}
-
-/// What is wrong with a record, empty when nothing is or when this system knows nothing of its group.
-/// @param first the first of its key; behind it other modules may keep what they like
-std::string problemOf(int kwh, int kwl, const std::string& record, bool first)
-{
-    if (kwh == LC_KWH_ACTIONS) {
-        return actionProblem(kwl, record);
-    }
-    if (!first) {
-        return {};
-    }
-    if (kwh == LC_KWH_CASES) {
-        return loadCaseProblem(kwl, record);
-    }
-    if (kwh == LC_KWH_CURRENT && kwl == LC_KWL_CURRENT) {
-        return currentProblem(record);
-    }
-    return kwh == LC_KWH_SYSTEM && kwl == 0 ? sizeProblem("the system record", record, LC_SYSTEM_BYTES)
-                                            : std::string();
-}
-
-void verifyRecords(const Project& project, std::vector<Finding>& findings)
+void verifyRecords(const Project& project, LCM_Findings& findings)
 {
     AllKeys keys(project.db());
     while (keys.next()) {
         const std::vector<std::string> records = readRecords(project.db(), keys.kwh(), keys.kwl());
         for (std::size_t i = 0; i < records.size(); ++i) {
-            const std::string problem = problemOf(keys.kwh(), keys.kwl(), records[i], i == 0);
-            if (!problem.empty()) {
-                findings.push_back(
-                    {"key", std::to_string(keys.kwh()) + "/" + std::to_string(keys.kwl()), "", problem});
+            if (auto finding = lcm_check_record({keys.kwh(), keys.kwl(), i == 0, records[i]})) {
+                findings.push_back(std::move(*finding));
             }
         }
     }
@@ -105,13 +48,14 @@ void verifyRecords(const Project& project, std::vector<Finding>& findings)
 
 ExitCode VerifyCommand::run()
 {
-    const Project project = Project::openForReading(file);
-    std::vector<Finding> findings;
+    const Project project = Project::openForReading(m_file);
+    LCM_Findings findings;
     if (const cdb::Result result = cdb::integrityCheck(project.db()); !result) {
-        findings.push_back({"project", "", "", result.text});
+        findings.push_back(
+            {LCM_Rule::FileDamaged, LCM_Subject::Project, 0, 0, {QString::fromStdString(result.text)}});
     }
     verifyRecords(project, findings);
-    return report(findings, file, json);
+    return report(findings, m_file, m_json);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <random>
 
+#include "check/finding_text.h"
 #include "host/mrl_dlib.h"
 #include "rules/action_rules.h"
 
@@ -165,16 +166,15 @@ class Monkey
   private:
     bool checkVerdict(int row, const tagCDB_LC_ACT& record)
     {
-        const LCM_Findings findings =
-            lcm_check_action(record, *m_tab.widget.workingModel()->availabilityRecord(), {1, 2, 49, 2010});
-        EXPECT_EQ(m_tab.cell(row, ACT_COL_ACTION)->data(ROLE_ROW_VALID).toBool(), findings.empty());
+        const LCM_ErrorList errors = lcm_error_list(
+            lcm_check_action(record, *m_tab.widget.workingModel()->availabilityRecord(), {1, 2, 49, 2010}));
+        EXPECT_EQ(m_tab.cell(row, ACT_COL_ACTION)->data(ROLE_ROW_VALID).toBool(), errors.empty());
         for (int id = ACT_COL_ACTION; id <= ACT_COL_PSI1S; ++id) {
-            const auto finding = findings.find(id);
-            EXPECT_EQ(m_tab.isRed(row, id), finding != findings.end());
-            EXPECT_EQ(m_tab.cell(row, id)->toolTip(),
-                      finding == findings.end() ? QString() : finding->second);
+            const auto error = errors.find(id);
+            EXPECT_EQ(m_tab.isRed(row, id), error != errors.end());
+            EXPECT_EQ(m_tab.cell(row, id)->toolTip(), error == errors.end() ? QString() : error->second);
         }
-        return findings.empty();
+        return errors.empty();
     }
     std::set<int> activeCodes() const
     {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "cli/run.h"
 
 using mrl::test::CliTest;
@@ -61,6 +63,42 @@ TEST_F(Check, FavourableFactorAboveUnfavourableCondemnsActionAndItsLoadCases)
     EXPECT_EQ(mrlLc({"check", file}).out,
               "action G Gamf: GAMF has to be between 0.0 and 1.35!\n"
               "loadcase 1 Gamf: GAMF has to be between 0.0 and 1.35!\n2 findings.\n");
+}
+
+TEST_F(Check, JsonGivesTheRuleBesideAnEnglishMessageWhateverTheLanguageIs)
+{
+    done({"action", "set", file, "G", "--gamf", "1.36"});
+    done({"put", file, "12", "2", following("58392020")}); // X9
+    const std::string english = mrlLc({"check", file, "--json"}).out;
+    qputenv("LANGUAGE", "de");
+    qputenv("LC_ALL", "de_DE.UTF-8");
+    const auto run = mrlLc({"check", file, "--json"});
+    qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
+    EXPECT_EQ(run.out, english);
+    const auto found = run.json()["findings"];
+    ASSERT_EQ(found.size(), 3u);
+    EXPECT_EQ(found[0], nlohmann::json::parse(R"({"subject": "action", "name": "G", "field": "Gamf",
+        "rule": "gamf-not-between-0-and-gamu", "message": "GAMF has to be between 0.0 and 1.35!"})"));
+    EXPECT_EQ(found[2], nlohmann::json::parse(R"({"subject": "loadcase", "name": "2", "field": null,
+        "rule": "action-missing", "message": "the project has no action X9"})"));
+}
+
+TEST_F(Check, UnreadableDesignCodeIsAFindingOfTheProject)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own) << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
+    const std::string other = path("b.cdb");
+    done({"new", other, "--code", own});
+    std::ofstream(own) << "[DESIGN CODE\n";
+    const auto run = mrlLc({"check", other, "--json"});
+    EXPECT_EQ(run.code, 1);
+    const auto found = run.json()["findings"];
+    ASSERT_EQ(found.size(), 1u) << run.out;
+    EXPECT_EQ(found[0]["subject"], "project");
+    EXPECT_EQ(found[0]["name"], nullptr);
+    EXPECT_EQ(found[0]["rule"], "design-code-unreadable");
+    EXPECT_EQ(found[0]["message"], own + ":1: the section's name has no closing ']'");
 }
 
 TEST_F(Check, CombinationFactorsAreJudgedByTheLimits)

@@ -6,7 +6,9 @@
 
 using mrl::test::CliTest;
 using mrl::test::mrlLc;
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Pair;
 
 namespace {
 
@@ -53,6 +55,51 @@ TEST_F(Codes, ShowTakesAPathAndPrintsItsWarnings)
     const auto warnings = done({"code", "show", own, "--json"}).json()["warnings"];
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_EQ(warnings[0]["line"], 7);
+    EXPECT_EQ(warnings[0]["rule"], "action-name-lower-case");
+}
+
+TEST_F(Codes, DefaultActionsAreJudgedAsRowsWithTheirLines)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own)
+        << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 2\ncountry = 45\nyear = 2004\n"
+           "[AVAILABILITY]\nGamu = 1\nGamf = 1\nPsi1 = 1\nPsi2 = 1\nPsi1s = 1\n"
+           "[ACTION G]\ncategory = G\nsuperposition = PERM\nold = 2\nGamu = 1.35\nGamf = 1.36\n"
+           "Psi1s = 0.9\n"
+           "[ACTION Q_1]\ncategory = Q\nsuperposition = COND\nPsi0 = 1\nPsi1s = 0.8\nold = 7\n";
+    // In the order of the lines, those of the file's form among those of the rules.
+    const std::string at = "warning: " + own + ":";
+    EXPECT_THAT(done({"code", "show", own}).out,
+                HasSubstr(at + "13: action G: GAMF has to be between 0.0 and 1.35!\n" +      //
+                          at + "20: action Q_1: Psi0 is stated, but not marked as known\n" + //
+                          at +
+                          "20: action Q_1: the plain action of its first part has to stand ahead of it\n" + //
+                          at + "20: action Q_1: GAMU has to be bigger than 0.0!\n" +                        //
+                          at + "20: action Q_1: Psi1' has to be between 0.9 and 1.0!\n"));
+    std::vector<std::string> rules;
+    for (const auto& warning : done({"code", "show", own, "--json"}).json()["warnings"]) {
+        rules.push_back(warning["rule"]);
+    }
+    EXPECT_THAT(rules,
+                ElementsAre("gamf-not-between-0-and-gamu", "factor-not-marked", "plain-action-not-ahead",
+                            "gamu-not-above-0", "psi1s-not-between-national-bound-and-limit"));
+}
+
+TEST_F(Codes, TrapsOfTheWholeFileComeFirst)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own) << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n"
+                          "[AVAILABILITY]\nPsi1 = 1\n"
+                          "[ACTION Y_AB]\ncategory = G\nsuperposition = PERM\nold = 2, 7\nPsi1 = 0.5\n"
+                          "[ACTION Y]\ncategory = G\nsuperposition = PERM\nPsi1 = 1\n";
+    std::vector<std::pair<int, std::string>> found;
+    for (const auto& warning : done({"code", "show", own, "--json"}).json()["warnings"]) {
+        found.emplace_back(warning["line"], warning["rule"]);
+    }
+    EXPECT_THAT(found,
+                ElementsAre(Pair(0, "psi1-without-psi2"), Pair(9, "plain-action-not-ahead"),
+                            Pair(9, "action-suffix-too-long"), Pair(9, "action-name-reserved"),
+                            Pair(9, "psi1-not-between-psi2-and-limit"), Pair(14, "action-name-reserved")));
 }
 
 TEST_F(Codes, ShowOfWhatIsNoneOrMalformedIsAFileError)

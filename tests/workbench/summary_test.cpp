@@ -10,6 +10,7 @@
 #include "lcdata/values/packing.h"
 #include "tests/support/project_fixture.h"
 #include "workbench/actions_model.h"
+#include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
 #include "workbench/summary_page.h"
 
@@ -179,10 +180,11 @@ TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
 {
     project.putAction(action(QStringLiteral("G")).gamu(1.0f).gamf(1.2f));
     project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
-    const ProjectSummary summary = summarise(db);
+    FindingsModel model(nullptr);
+    model.show(summarise(db).findings);
     QStringList where;
-    for (const auto& finding : summary.findings) {
-        where << finding.where;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        where << shown(model, row, 0);
     }
     EXPECT_TRUE(where.contains(QStringLiteral("Action G")));
     EXPECT_TRUE(where.contains(QStringLiteral("Load case 12")));
@@ -196,11 +198,12 @@ TEST_F(SummaryTest, FindingsAreToldInGerman)
     ASSERT_TRUE(german.load(QStringLiteral("mrl_loadcase_dll_de"),
                             QCoreApplication::applicationDirPath() + QStringLiteral("/../translations")));
     QCoreApplication::installTranslator(&german);
-    const ProjectSummary summary = summarise(db);
-    ASSERT_EQ(summary.findings.size(), 2u);
-    EXPECT_EQ(summary.findings[0].text,
+    FindingsModel model(nullptr);
+    model.show(summarise(db).findings);
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(shown(model, 0, 1),
               QStringLiteral("Namen, die mit Y beginnen, sind reserviert; der Dialog lädt sie nie"));
-    EXPECT_EQ(summary.findings[1].text, QStringLiteral("das Projekt hat keine Einwirkung XYZ"));
+    EXPECT_EQ(shown(model, 1, 1), QStringLiteral("das Projekt hat keine Einwirkung XYZ"));
 }
 
 TEST_F(SummaryTest, SoundProjectHasNoFindings)

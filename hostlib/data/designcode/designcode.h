@@ -62,9 +62,25 @@ struct Error
     MRL_HOST_API std::string text() const;
 };
 
+/// What a warning goes by.
+enum class WarningRule : int {
+    GamaWithoutActionsSection,
+    LimitBelow0,
+    LabelTooLong,
+    LabelNoneBesideMark,
+    OldNumberMissing,
+    FactorNotMarked,
+    GamaNotStated,
+    PlainActionNotAhead
+};
+
+/// The stable id of a rule, such as "limit-below-0".
+MRL_HOST_API const char* idOf(WarningRule rule);
+
 /// Something that loads but would trap the user of the design code.
 struct Warning
 {
+    WarningRule rule{};
     int line = 0; ///< 1-based; 0 when it concerns the file as a whole
     std::string text;
 };
@@ -77,7 +93,8 @@ MRL_HOST_API ReadResult read(const std::string& file);
 /// Reads a design code from text. @param file the name that errors carry
 MRL_HOST_API ReadResult parse(std::string_view content, const std::string& file);
 
-/// What would trap the user of a design code; empty for every shipped one.
+/// What would trap the user of a design code, as far as the file alone tells it; empty for every shipped one. The
+/// factors of the default actions are judged above this library.
 MRL_HOST_API std::vector<Warning> warnings(const DesignCode& code);
 
 /// A design-code file that was found on the search path.

@@ -1,5 +1,6 @@
+// What can be told of a design-code file without the rules of the dialog, which stand above this library.
+
 #include <algorithm>
-#include <cctype>
 #include <set>
 
 #include "hostlib/data/designcode/action_name.h"
@@ -13,27 +14,22 @@ namespace {
 using Warnings = std::vector<Warning>;
 constexpr std::size_t LABEL_BYTES = 20; // the callers' buffers for labels
 
-void warn(Warnings& out, const DefaultAction& action, const std::string& text)
-{
-    out.push_back({action.line, "action " + action.name + ": " + text});
-}
+void warn(Warnings& out, WarningRule rule, const std::string& text) { out.push_back({rule, 0, text}); }
 
-bool isTheCodeWithItsOwnBound(const DesignCode& code)
+void warn(Warnings& out, WarningRule rule, const DefaultAction& action, const std::string& text)
 {
-    return code.ntcode == 0 && code.idcode == 2 && code.country == 45 && code.year == 2004;
+    out.push_back({rule, action.line, "action " + action.name + ": " + text});
 }
 
 void checkMarks(const DesignCode& code, Warnings& out)
 {
     if (code.availability.gama > 0.0f && !code.hasActionsSection) {
-        out.push_back({0, "Gama is marked, but without the section ACTIONS it is not offered"});
-    }
-    if (code.availability.psi1 != 0.0f && code.availability.psi2 == 0.0f) {
-        out.push_back({0, "Psi1 is marked without Psi2, so that every Psi1 below 1.0 is refused"});
+        warn(out, WarningRule::GamaWithoutActionsSection,
+             "Gama is marked, but without the section ACTIONS it is not offered");
     }
     for (const FactorField& factor : FACTOR_FIELDS) {
         if (code.availability.*factor.field < 0.0f) {
-            out.push_back({0, std::string("the limit of ") + factor.name + " is below 0"});
+            warn(out, WarningRule::LimitBelow0, std::string("the limit of ") + factor.name + " is below 0");
         }
     }
 }
@@ -42,13 +38,15 @@ void checkLabels(const DesignCode& code, Warnings& out)
 {
     for (const Label& label : code.texts) {
         if (label.text.size() > LABEL_BYTES) {
-            out.push_back({0, "the label of " + label.key + " is longer than 20 bytes and will be cut"});
+            warn(out, WarningRule::LabelTooLong,
+                 "the label of " + label.key + " is longer than 20 bytes and will be cut");
         }
         const auto factor = std::find_if(FACTOR_FIELDS.begin(), FACTOR_FIELDS.end(),
                                          [&](const auto& f) { return label.key == f.labelKey; });
         if (factor != FACTOR_FIELDS.end() && label.text == "none" &&
             code.availability.*(factor->field) != 0.0f) {
-            out.push_back({0, std::string(factor->name) + " is marked, but its label is \"none\""});
+            warn(out, WarningRule::LabelNoneBesideMark,
+                 std::string(factor->name) + " is marked, but its label is \"none\"");
         }
     }
 }
@@ -61,63 +59,10 @@ void checkOldNumbers(const DesignCode& code, Warnings& out)
     }
     for (const int number : {2, 7}) {
         if (!code.actions.empty() && known.count(number) == 0) {
-            out.push_back({0, "no action has the old number " + std::to_string(number) +
-                                  ", which stands for the plain " + (number == 2 ? "dead" : "live") +
-                                  " action"});
+            warn(out, WarningRule::OldNumberMissing,
+                 "no action has the old number " + std::to_string(number) + ", which stands for the plain " +
+                     (number == 2 ? "dead" : "live") + " action");
         }
-    }
-}
-
-void checkName(const DefaultAction& action, Warnings& out)
-{
-    const auto isLower = [](unsigned char c) { return std::islower(c) != 0; };
-    if (std::any_of(action.name.begin(), action.name.end(), isLower)) {
-        warn(out, action, "the name holds lower-case letters and can't be typed");
-    }
-    const auto cut = action.name.find('_');
-    if (cut != std::string::npos && action.name.size() - cut > 2) {
-        warn(out, action, "a suffix of more than one character doesn't survive editing");
-    }
-    if (action.name.front() == 'Y') {
-        warn(out, action, "names that begin with Y are reserved and never loaded from a project");
-    }
-}
-
-/// The rules by which the dialog judges a row, asked of a default action: nobody could accept the dialog with
-/// a default that breaks one.
-void checkSafetyFactors(const tagCDB_LC_ACT& limits, const DefaultAction& action, Warnings& out)
-{
-    const tagCDB_LC_ACT& record = action.record;
-    if (limits.gamu != 0.0f && !(record.gamu > 0.0f)) {
-        warn(out, action, "Gamu has to be above 0");
-    }
-    if (limits.gamu != 0.0f && limits.gamf != 0.0f && !(record.gamf >= 0.0f && record.gamf <= record.gamu)) {
-        warn(out, action, "Gamf has to be between 0 and Gamu");
-    }
-}
-
-void checkCombinationFactors(const DesignCode& code, const DefaultAction& action, Warnings& out)
-{
-    const tagCDB_LC_ACT& limits = code.availability;
-    const tagCDB_LC_ACT& record = action.record;
-    const float psi1 = limits.psi1 != 0.0f ? record.psi1 : 1.0f;
-    const float psi2 = limits.psi2 != 0.0f ? record.psi2 : 1.0f;
-    const bool ownBound = isTheCodeWithItsOwnBound(code);
-    const float leastPsi1s = ownBound ? 0.9f : psi1;
-    if (limits.psi0 != 0.0f && !(record.psi0 >= 0.0f && record.psi0 <= limits.psi0)) {
-        warn(out, action, "Psi0 has to be between 0 and its limit");
-    }
-    if (limits.psi1 != 0.0f && !(record.psi1 >= std::max(0.0f, psi2) && record.psi1 <= limits.psi1)) {
-        warn(out, action, "Psi1 has to be between Psi2 and its limit");
-    }
-    if (limits.psi2 != 0.0f && !(record.psi2 >= 0.0f && record.psi2 <= psi1 && record.psi2 <= limits.psi2)) {
-        warn(out, action, "Psi2 has to be between 0 and Psi1, and at most its limit");
-    }
-    if (limits.psi1s != 0.0f &&
-        !(record.psi1s >= std::max(0.0f, leastPsi1s) && record.psi1s <= limits.psi1s)) {
-        warn(out, action,
-             ownBound ? "Psi1s has to be between 0.9 and its limit"
-                      : "Psi1s has to be between Psi1 and its limit");
     }
 }
 
@@ -125,11 +70,12 @@ void checkUnmarkedFactors(const DesignCode& code, const DefaultAction& action, W
 {
     for (const FactorField& factor : FACTOR_FIELDS) {
         if (!(code.availability.*factor.field > 0.0f) && action.record.*factor.field != 0.0f) {
-            warn(out, action, std::string(factor.name) + " is stated, but not marked as known");
+            warn(out, WarningRule::FactorNotMarked, action,
+                 std::string(factor.name) + " is stated, but not marked as known");
         }
     }
     if (code.availability.gama > 0.0f && action.record.gama == 0.0f) {
-        warn(out, action, "Gama is marked, but not stated");
+        warn(out, WarningRule::GamaNotStated, action, "Gama is marked, but not stated");
     }
 }
 
@@ -142,12 +88,22 @@ void checkOrder(const DesignCode& code, Warnings& out)
         if (action.record.suffix == 0 && action.record.partition < 256) {
             plain.insert(first);
         } else if (plain.count(first) == 0) {
-            warn(out, action, "the plain action of its first part has to stand ahead of it");
+            warn(out, WarningRule::PlainActionNotAhead, action,
+                 "the plain action of its first part has to stand ahead of it");
         }
     }
 }
 
 } // namespace
+
+const char* idOf(WarningRule rule)
+{
+    static constexpr const char* IDS[] = {
+        "gama-without-actions-section", "limit-below-0",     "label-too-long",  "label-none-beside-mark",
+        "old-number-missing",           "factor-not-marked", "gama-not-stated", "plain-action-not-ahead"};
+    static_assert(std::size(IDS) == static_cast<std::size_t>(WarningRule::PlainActionNotAhead) + 1);
+    return IDS[static_cast<std::size_t>(rule)];
+}
 
 std::vector<Warning> warnings(const DesignCode& code)
 {
@@ -156,9 +112,6 @@ std::vector<Warning> warnings(const DesignCode& code)
     checkLabels(code, out);
     checkOldNumbers(code, out);
     for (const DefaultAction& action : code.actions) {
-        checkName(action, out);
-        checkSafetyFactors(code.availability, action, out);
-        checkCombinationFactors(code, action, out);
         checkUnmarkedFactors(code, action, out);
     }
     checkOrder(code, out);

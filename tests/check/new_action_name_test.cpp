@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "rules/action_names.h"
+#include "check/new_action_name.h"
 
 namespace {
 
