@@ -47,6 +47,13 @@ Texts textsOfLoadCase(float psi0, float psi1, float psi1s, float psi2, const tag
     return plain(lcm_error_list(lcm_check_load_case(record, ofAction, limit)));
 }
 
+/// The application that Qt's translators need.
+struct Application
+{
+    int argc = 0;
+    QCoreApplication qt{argc, nullptr};
+};
+
 /// Translates every text of one context into the same word.
 class OneWord : public QTranslator
 {
@@ -168,6 +175,7 @@ TEST(FindingText, NumbersAndNamesStandWhereThePatternWantsThem)
 TEST(FindingText, TranslationIsMadeWhenItIsReadAndEnglishStaysEnglish)
 {
     const LCM_Finding finding{LCM_Rule::ActionMissing, LCM_Subject::LoadCase, 3, 0, {QStringLiteral("X9")}};
+    const Application application;
     const OneWord translator("LCM_ProjectCheck", QStringLiteral("fehlt: %1"));
     EXPECT_EQ(lcm_finding_text(finding), QStringLiteral("fehlt: X9"));
     EXPECT_EQ(lcm_finding_english(finding), QStringLiteral("the project has no action X9"));
@@ -179,6 +187,7 @@ namespace {
 /// has read none before.
 void readRowsInTwoLanguages()
 {
+    const Application application;
     LCM_Finding finding{
         LCM_Rule::GamfNotBetween0AndGamu, LCM_Subject::Action, 0, ACT_COL_GAMF, {0.0f, 1.35f}};
     const auto bothTexts = [&finding] {
