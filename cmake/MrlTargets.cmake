@@ -22,6 +22,7 @@ endif()
 function(mrl_part)
     cmake_parse_arguments(P "QT" "NAME" "SOURCES;DEPENDS" ${ARGN})
     add_library(${P_NAME} STATIC ${P_SOURCES})
+    set_property(GLOBAL APPEND PROPERTY MRL_PARTS ${P_NAME})
     target_include_directories(${P_NAME} PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>)
     target_link_libraries(${P_NAME} PUBLIC ${P_DEPENDS} PRIVATE mrl_warnings)
     if(P_QT)
@@ -29,10 +30,11 @@ function(mrl_part)
     endif()
 endfunction()
 
-# mrl_shared(NAME name PARTS ... DEPENDS ... [PRIVATE_DEPENDS ...])
-# A shared library of the same objects as the parts.
+# mrl_shared(NAME name PARTS ... DEPENDS ... [PRIVATE_DEPENDS ...] [HOST_BY_PROGRAM])
+# A shared library of the same objects as the parts. HOST_BY_PROGRAM: it links no host; the program that links it
+# brings one.
 function(mrl_shared)
-    cmake_parse_arguments(P "" "NAME" "PARTS;DEPENDS;PRIVATE_DEPENDS" ${ARGN})
+    cmake_parse_arguments(P "HOST_BY_PROGRAM" "NAME" "PARTS;DEPENDS;PRIVATE_DEPENDS" ${ARGN})
     add_library(${P_NAME} SHARED)
     foreach(part IN LISTS P_PARTS)
         target_sources(${P_NAME} PRIVATE $<TARGET_OBJECTS:${part}>)
@@ -41,11 +43,40 @@ function(mrl_shared)
     target_include_directories(${P_NAME} INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>)
     # A library that needs what it doesn't link fails here and not where it is loaded. The sanitizers' own symbols come
     # with the program.
-    if(NOT MRL_SANITIZE AND NOT MRL_FUZZ)
+    if(NOT MRL_SANITIZE AND NOT MRL_FUZZ AND NOT P_HOST_BY_PROGRAM)
         target_link_options(${P_NAME} PRIVATE LINKER:--no-undefined)
     endif()
-    set_target_properties(${P_NAME} PROPERTIES LINKER_LANGUAGE CXX
+    set_target_properties(${P_NAME} PROPERTIES LINKER_LANGUAGE CXX INSTALL_RPATH "$ORIGIN"
         SOVERSION ${PROJECT_VERSION_MAJOR} VERSION ${PROJECT_VERSION})
+endfunction()
+
+# mrl_check_layers(ABOVE folder ...)
+# Fails when a part outside of these folders links a target that is made in one of them. Called when all targets are
+# there. Includes are held by packaging/check-includes; this holds what CMake links.
+function(mrl_check_layers)
+    cmake_parse_arguments(P "" "" "ABOVE" ${ARGN})
+    list(JOIN P_ABOVE "|" above)
+    set(above "^${CMAKE_SOURCE_DIR}/(${above})(/|$)")
+    get_property(parts GLOBAL PROPERTY MRL_PARTS)
+    foreach(part IN LISTS parts)
+        get_target_property(home ${part} SOURCE_DIR)
+        get_target_property(links ${part} INTERFACE_LINK_LIBRARIES)
+        if(home MATCHES "${above}" OR NOT links)
+            continue()
+        endif()
+        foreach(link IN LISTS links)
+            string(REGEX REPLACE "^\\$<LINK_ONLY:(.*)>$" "\\1" link "${link}")
+            if(NOT TARGET ${link})
+                continue()
+            endif()
+            get_target_property(imported ${link} IMPORTED)
+            get_target_property(folder ${link} SOURCE_DIR)
+            if(NOT imported AND folder MATCHES "${above}")
+                message(FATAL_ERROR "${part} links ${link}, which belongs to the host or to a program. The system "
+                                    "links host/ alone.")
+            endif()
+        endforeach()
+    endforeach()
 endfunction()
 
 # mrl_test(NAME folder SOURCES ... LINKS ... [WINDOW] [TIMEOUT seconds] [LABELS ...])
