@@ -30,7 +30,8 @@ int currentDatabase = -1;
 
 Database* find(int db)
 {
-    return db >= 0 && db < static_cast<int>(databases.size()) ? &databases[static_cast<std::size_t>(db)] : nullptr;
+    return db >= 0 && db < static_cast<int>(databases.size()) ? &databases[static_cast<std::size_t>(db)]
+                                                              : nullptr;
 }
 
 Element* find(int db, int kwh, int kwl)

@@ -33,10 +33,9 @@ tagCDB_LC_ACT action(char name, int partition, float gamu, float gamf, float psi
 
 const std::array<tagCDB_LC_ACT, 4>& actions()
 {
-    static const std::array<tagCDB_LC_ACT, 4> list{action('G', 1 << 4, 1.35f, 1.0f, 1.0f),
-                                                   action('P', 2 << 4, 1.0f, 1.0f, 1.0f),
-                                                   action('Q', 3 << 4, 1.5f, 0.0f, 0.7f),
-                                                   action('W', 3 << 4, 1.5f, 0.0f, 0.6f)};
+    static const std::array<tagCDB_LC_ACT, 4> list{
+        action('G', 1 << 4, 1.35f, 1.0f, 1.0f), action('P', 2 << 4, 1.0f, 1.0f, 1.0f),
+        action('Q', 3 << 4, 1.5f, 0.0f, 0.7f), action('W', 3 << 4, 1.5f, 0.0f, 0.6f)};
     return list;
 }
 

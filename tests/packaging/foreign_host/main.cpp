@@ -42,7 +42,8 @@ void loadCasesAreCreated(int db)
     expect(mrl_lc_create_load_case(db, 7, LIVE, QStringLiteral("Storage")), "a load case is created by code");
     expect(mrl_lc_create_load_case(db, 9, QStringLiteral("q"), QStringLiteral("Traffic")), "and by name");
     expect(!mrl_lc_create_load_case(db, 9, LIVE, QString()), "a number that is taken is refused");
-    expect(!mrl_lc_create_load_case(db, 10, QStringLiteral("W"), QString()), "an action outside the project, too");
+    expect(!mrl_lc_create_load_case(db, 10, QStringLiteral("W"), QString()),
+           "an action outside the project, too");
 }
 
 void loadCasesAreListedAndRead(int db)
@@ -50,10 +51,12 @@ void loadCasesAreListedAndRead(int db)
     std::vector<int> numbers;
     mrl_lc_list(db, numbers);
     expect(numbers == std::vector<int>({1, 7, 9}), "the numbers are listed in ascending order");
-    expect(mrl_lc_count(db) == 3 && mrl_lc_getmin(db) == 1 && mrl_lc_getmax(db) == 9, "count, lowest, highest");
+    expect(mrl_lc_count(db) == 3 && mrl_lc_getmin(db) == 1 && mrl_lc_getmax(db) == 9,
+           "count, lowest, highest");
     expect(mrl_lc_get_name(db, 7) == QStringLiteral("Storage"), "a title is read");
     expect(mrl_lc_isdeadtype(db, 1) && mrl_lc_islivetype(db, 7), "the kind of loading is known");
-    expect(mrl_lc_get_name(db, 8).isEmpty() && !mrl_lc_exists(db, 8), "a number without a load case is empty");
+    expect(mrl_lc_get_name(db, 8).isEmpty() && !mrl_lc_exists(db, 8),
+           "a number without a load case is empty");
 }
 
 void loadCasesAreChanged(int db)
