@@ -1,0 +1,646 @@
+#include "tests/combine/oracle.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <string>
+
+#include "combine/decimal.h"
+
+namespace oracle {
+
+namespace {
+
+using namespace mrl::combine;
+
+/// What a load case does: '0' nothing, 'u' and 'f' the unfavourable and the favourable factor, 'c' and 'd' the first
+/// and the other component; capitals with the other sign.
+using Selection = std::string;
+
+struct Act
+{
+    std::string name;
+    Category category = Category::Variable;
+    Superposition code = Superposition::Cond;
+    int group = 0;
+    bool isImperfection = false;
+    std::array<double, 7> factors{};
+    std::vector<std::size_t> cases; // in Model::loadCases
+    std::string block;              // variable actions with the same one act as one
+    std::vector<Selection> selections;
+};
+
+std::string first(const std::string& name) { return name.substr(0, name.find('_')); }
+
+std::array<double, 7> decimals(const Factors& factors)
+{
+    std::array<double, 7> result{};
+    for (std::size_t i = 0; i < 7; ++i) {
+        result[i] = shortest(factors[i]);
+    }
+    result[2] = factors[2] == 0 ? 1 : factors[2] == 0.001f ? 0 : result[2];
+    return result;
+}
+
+/// All words of a length over an alphabet.
+std::vector<Selection> words(const std::string& alphabet, std::size_t length)
+{
+    std::vector<Selection> result{""};
+    for (std::size_t i = 0; i < length; ++i) {
+        std::vector<Selection> longer;
+        for (const Selection& word : result) {
+            for (const char c : alphabet) {
+                longer.push_back(word + c);
+            }
+        }
+        result = longer;
+    }
+    return result;
+}
+
+long occurrences(const Selection& word, const std::string& of)
+{
+    return std::count_if(word.begin(), word.end(), [&](char c) { return of.find(c) != std::string::npos; });
+}
+
+std::vector<Selection> selectionsOf(const Act& act, const LCM_Situation& situation)
+{
+    const bool isPermanent = act.category == Category::Permanent || act.category == Category::Prestress;
+    if (act.category == Category::Seismic && situation.firstComponent > 0) {
+        std::vector<Selection> result = words("cCdD", act.cases.size());
+        result.push_back(Selection(act.cases.size(), '0'));
+        result.erase(std::remove_if(result.begin(), result.end(),
+                                    [](const Selection& s) { return s[0] != '0' && occurrences(s, "cC") != 1; }),
+                     result.end());
+        return result;
+    }
+    std::vector<Selection> result;
+    for (const Selection& word : words("0ufUF", act.cases.size())) {
+        const auto n = static_cast<long>(word.size());
+        const long u = occurrences(word, "u");
+        const long f = occurrences(word, "f");
+        const long signs = occurrences(word, "UF");
+        const long acting = n - occurrences(word, "0");
+        bool fits = acting == 0;
+        switch (act.code) {
+        case Superposition::Perm:
+            fits = fits || u == n || f == n;
+            break;
+        case Superposition::Perc:
+            fits = fits || u + f == n;
+            break;
+        case Superposition::Cond:
+            fits = acting == u;
+            break;
+        case Superposition::Excl:
+        case Superposition::Exex:
+            fits = acting <= 1 && signs == 0 && (isPermanent || f == 0);
+            break;
+        case Superposition::Alex:
+            fits = acting <= 1 && signs == 0;
+            break;
+        case Superposition::Unsi:
+            fits = occurrences(word, "fF") == 0 || (isPermanent && occurrences(word, "uU") == 0);
+            break;
+        case Superposition::Usex:
+            fits = acting <= 1 && (isPermanent || occurrences(word, "fF") == 0);
+            break;
+        }
+        if (fits) {
+            result.push_back(word);
+        }
+    }
+    return result;
+}
+
+std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
+{
+    std::vector<Act> acts;
+    for (const Action& action : model.actions) {
+        Act act{action.name, action.category, action.superposition, action.group, false, decimals(action.factors), {}, {}, {}};
+        if (situation.groups == LCM_Groups::Apart || action.category != Category::Variable) {
+            act.group = 0;
+        }
+        acts.push_back(act);
+    }
+    Act imperfections;
+    imperfections.isImperfection = true;
+    imperfections.code = Superposition::Excl;
+    for (std::size_t i = 0; i < model.loadCases.size(); ++i) {
+        const LoadCase& each = model.loadCases[i];
+        if (each.isImperfection) {
+            imperfections.cases.push_back(i);
+        } else if (!each.action.empty()) {
+            std::find_if(acts.begin(), acts.end(), [&](const Act& a) { return a.name == each.action; })->cases.push_back(i);
+        } else if (each.own) {
+            const bool isPermanent = (*each.own)[1] > 0;
+            acts.push_back({"LC " + std::to_string(each.number), isPermanent ? Category::Permanent : Category::Variable,
+                            isPermanent ? Superposition::Perm : Superposition::Cond, 0, false, decimals(*each.own), {i}, {}, {}});
+        }
+    }
+    acts.push_back(imperfections);
+    acts.erase(std::remove_if(acts.begin(), acts.end(), [](const Act& a) { return a.cases.empty(); }), acts.end());
+    for (Act& act : acts) {
+        const bool isPool = act.code == Superposition::Exex;
+        act.block = act.group > 0 ? "group " + std::to_string(act.group) : isPool ? "pool " + first(act.name) : act.name;
+        if (situation.always && act.category == Category::Variable && !act.isImperfection) {
+            act.code = act.code == Superposition::Cond   ? Superposition::Perm
+                       : act.code == Superposition::Excl ? Superposition::Alex
+                       : isPool                          ? Superposition::Alex
+                                                         : act.code;
+        }
+        act.selections = selectionsOf(act, situation);
+    }
+    return acts;
+}
+
+/// Tries one expression.
+class Trial
+{
+  public:
+    Trial(const Model& model, const LCM_Situation& situation, int number, const std::function<void(const Found&)>& tell)
+        : m_model(model), m_situation(situation), m_expression(situation.expressions[static_cast<std::size_t>(number)]),
+          m_acts(actsOf(model, situation)), m_chosen(m_acts.size()), m_roles(m_acts.size()), m_tell(tell)
+    {
+        m_found.expression = number;
+        for (const Action& action : model.actions) { // pools and their blocks, load cases or not
+            if (action.superposition == Superposition::Exex && action.category == Category::Variable) {
+                for (const Act& act : m_acts) {
+                    if (act.name == action.name) {
+                        m_poolBlocks[first(action.name)].insert(act.block);
+                    }
+                }
+            }
+        }
+        choose(0);
+    }
+
+  private:
+    bool acts(std::size_t i) const { return occurrences(m_chosen[i], "0") < static_cast<long>(m_chosen[i].size()); }
+    bool isVariable(std::size_t i) const { return m_acts[i].category == Category::Variable && !m_acts[i].isImperfection; }
+    bool isPool(std::size_t i) const { return m_poolBlocks.count(first(m_acts[i].name)) > 0 && m_poolBlocks.at(first(m_acts[i].name)).count(m_acts[i].block) > 0 && isExex(i); }
+    bool isExex(std::size_t i) const
+    {
+        return std::any_of(m_model.actions.begin(), m_model.actions.end(), [&](const Action& a) {
+            return a.name == m_acts[i].name && a.superposition == Superposition::Exex;
+        });
+    }
+    bool isMust(std::size_t i) const
+    {
+        const Superposition code = m_acts[i].code;
+        const bool isShared = isPool(i) && m_poolBlocks.at(first(m_acts[i].name)).size() > 1;
+        const bool isLoose = m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
+        return !isShared && !isLoose &&
+               (code == Superposition::Perm || code == Superposition::Perc || code == Superposition::Alex);
+    }
+    bool isShort(const std::string& name) const
+    {
+        return std::any_of(m_expression.shortActions.begin(), m_expression.shortActions.end(),
+                           [&](const std::string& each) { return lcm_action_matches(each, name) > 0; });
+    }
+
+    void choose(std::size_t at)
+    {
+        if (at == m_acts.size()) {
+            if (constantPartFits() && exclusionsFit()) {
+                leaders();
+            }
+            return;
+        }
+        for (const Selection& selection : m_acts[at].selections) {
+            m_chosen[at] = selection;
+            choose(at + 1);
+        }
+    }
+
+    const LCM_RoleEntry* entry(LCM_Role role, std::size_t i, const std::vector<std::string>& present) const
+    {
+        const LCM_RoleEntry* found = lcm_role_entry(m_expression, role, m_acts[i].name, present);
+        return found != nullptr && found->unfavourable ? found : nullptr;
+    }
+
+    bool constantPartFits()
+    {
+        int accidents = 0;
+        std::map<std::string, int> pools;
+        m_accident.clear();
+        for (std::size_t i = 0; i < m_acts.size(); ++i) {
+            const Act& act = m_acts[i];
+            if (act.category == Category::Variable && !act.isImperfection) {
+                continue;
+            }
+            const LCM_Role role = act.isImperfection                      ? LCM_Role::Imperfection
+                                  : act.category == Category::Permanent  ? LCM_Role::Permanent
+                                  : act.category == Category::Prestress  ? LCM_Role::Prestress
+                                  : act.category == Category::Accidental ? LCM_Role::Accidental
+                                                                         : LCM_Role::Seismic;
+            const bool isPermanent = role == LCM_Role::Permanent || role == LCM_Role::Prestress;
+            m_roles[i] = entry(role, i, {});
+            if (acts(i) && m_roles[i] == nullptr) {
+                return false;
+            }
+            const bool isMustAct = isPermanent && (act.code == Superposition::Perm || act.code == Superposition::Perc ||
+                                                   act.code == Superposition::Alex);
+            if (isMustAct && m_roles[i] != nullptr && !acts(i)) {
+                return false;
+            }
+            if (isPermanent && act.code == Superposition::Exex && acts(i) &&
+                ++pools[first(act.name) + std::to_string(static_cast<int>(act.category))] > 1) {
+                return false;
+            }
+            if (acts(i) && (act.category == Category::Accidental || act.category == Category::Seismic)) {
+                ++accidents;
+                m_accident = act.name;
+            }
+        }
+        const bool isNeeded = !m_situation.mayBeNone && std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [](const LCM_RoleEntry& e) {
+            return (e.role == LCM_Role::Accidental || e.role == LCM_Role::Seismic) && e.unfavourable;
+        });
+        return accidents <= 1 && (accidents == 1 || !isNeeded);
+    }
+
+    bool exclusionsFit()
+    {
+        std::map<std::string, int> pools;
+        std::set<int> groups;
+        m_acting.clear();
+        for (std::size_t i = 0; i < m_acts.size(); ++i) {
+            if (!isVariable(i) || !acts(i)) {
+                continue;
+            }
+            if (isExex(i) && ++pools[first(m_acts[i].name)] > 1) {
+                return false;
+            }
+            if (m_acts[i].group > 0) {
+                groups.insert(m_acts[i].group);
+            }
+            m_acting.insert(m_acts[i].block);
+        }
+        m_group = groups.empty() ? 0 : *groups.begin();
+        return (m_situation.groups != LCM_Groups::Exclude || groups.size() <= 1) &&
+               (m_situation.atMost == 0 || static_cast<int>(m_acting.size()) <= m_situation.atMost);
+    }
+
+    /// The bracket and the alternative of an action in the sum.
+    std::pair<int, int> place(std::size_t i) const
+    {
+        std::pair<int, int> found{-1, -1};
+        int best = 0;
+        for (std::size_t b = 0; b < m_expression.sum->size(); ++b) {
+            for (std::size_t a = 0; a < (*m_expression.sum)[b].size(); ++a) {
+                const int close = lcm_action_matches((*m_expression.sum)[b][a].action, m_acts[i].name);
+                if (close > best) {
+                    best = close;
+                    found = {static_cast<int>(b), static_cast<int>(a)};
+                }
+            }
+        }
+        return found;
+    }
+
+    bool poolActs(std::size_t i) const
+    {
+        for (std::size_t j = 0; j < m_acts.size(); ++j) {
+            if (isVariable(j) && acts(j) && (j == i || (isExex(i) && isExex(j) && first(m_acts[i].name) == first(m_acts[j].name)))) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    bool sumFits()
+    {
+        std::map<int, std::set<int>> actingIn;
+        std::map<int, std::set<int>> mustIn;
+        for (std::size_t i = 0; i < m_acts.size(); ++i) {
+            if (!isVariable(i)) {
+                continue;
+            }
+            const auto [bracket, alternative] = place(i);
+            if (acts(i) && bracket < 0) {
+                return false;
+            }
+            if (acts(i)) {
+                actingIn[bracket].insert(alternative);
+            }
+        }
+        for (std::size_t i = 0; i < m_acts.size(); ++i) {
+            if (isVariable(i) && place(i).first >= 0) {
+                // A pool acts by any of its actions, so that all of them must.
+                for (std::size_t j = 0; j < m_acts.size(); ++j) {
+                    const bool isSame = j == i || (isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                                                   first(m_acts[i].name) == first(m_acts[j].name));
+                    if (isVariable(j) && isSame && isMust(j)) {
+                        mustIn[place(i).first].insert(place(i).second);
+                    }
+                }
+            }
+        }
+        for (const auto& [bracket, alternatives] : actingIn) {
+            if (alternatives.size() > 1) {
+                return false;
+            }
+        }
+        for (std::size_t i = 0; i < m_acts.size(); ++i) {
+            if (!isVariable(i) || !isMust(i) || place(i).first < 0 || poolActs(i)) {
+                continue;
+            }
+            const auto [bracket, alternative] = place(i);
+            const auto& acting = actingIn[bracket];
+            const std::size_t all = (*m_expression.sum)[static_cast<std::size_t>(bracket)].size();
+            if (acting.empty() ? mustIn[bracket].size() == all : acting.count(alternative) > 0) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    void leaders()
+    {
+        if (m_expression.sum) {
+            if (sumFits()) {
+                m_leader.clear();
+                m_leaderNames.clear();
+                firsts();
+            }
+            return;
+        }
+        m_leader.clear();
+        m_leaderNames.clear();
+        firsts();
+        for (const std::string& block : m_acting) {
+            m_leader = block;
+            m_leaderNames.clear();
+            for (std::size_t i = 0; i < m_acts.size(); ++i) {
+                if (isVariable(i) && m_acts[i].block == block && (m_acts[i].group > 0 || acts(i))) {
+                    m_leaderNames.push_back(m_acts[i].name);
+                }
+            }
+            firsts();
+        }
+    }
+
+    void firsts()
+    {
+        std::vector<std::string> candidates;
+        for (const std::string& block : m_acting) {
+            for (std::size_t i = 0; i < m_acts.size(); ++i) {
+                if (isVariable(i) && m_acts[i].block == block && block != m_leader && isShort(m_acts[i].name)) {
+                    candidates.push_back(block);
+                    break;
+                }
+            }
+        }
+        m_short.clear();
+        m_short.insert(candidates.begin(), candidates.end());
+        if (candidates.empty()) {
+            candidates.push_back("");
+        }
+        for (const std::string& block : candidates) {
+            m_first = block;
+            roles(0, false);
+        }
+    }
+
+    bool canLead(std::size_t i) const
+    {
+        const LCM_RoleEntry* lead = entry(LCM_Role::Lead, i, m_accident.empty() ? std::vector<std::string>{} : std::vector<std::string>{m_accident});
+        const LCM_RoleEntry* others = entry(LCM_Role::Others, i, {});
+        const bool isAsked = std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [&](const LCM_RoleEntry& e) {
+            return e.role == LCM_Role::Others && !e.when.empty() && lcm_action_matches(e.when, m_acts[i].name) > 0;
+        });
+        return !m_expression.sum && lead != nullptr && (isAsked || others == nullptr || *lead->unfavourable != *others->unfavourable);
+    }
+
+    /// Whether an action that must act rests by right.
+    bool mayRest(std::size_t i) const
+    {
+        if (m_expression.sum) {
+            return true; // sumFits has looked
+        }
+        if (isExex(i)) {
+            bool anyTerm = false;
+            for (std::size_t j = 0; j < m_acts.size(); ++j) {
+                const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block && first(m_acts[i].name) == first(m_acts[j].name);
+                anyTerm = anyTerm || (isSame && entry(LCM_Role::Others, j, m_leaderNames) != nullptr);
+            }
+            if (!anyTerm) {
+                return true;
+            }
+        } else if (entry(LCM_Role::Others, i, m_leaderNames) == nullptr) {
+            return true;
+        }
+        if (poolActs(i)) {
+            return true;
+        }
+        if (m_situation.groups != LCM_Groups::Exclude || m_acts[i].group == 0 || m_group == m_acts[i].group) {
+            return false;
+        }
+        if (m_group != 0) {
+            return true;
+        }
+        std::map<int, bool> must; // nothing acts: right only if one of the groups may rest
+        for (std::size_t j = 0; j < m_acts.size(); ++j) {
+            if (isVariable(j) && m_acts[j].group > 0) {
+                must[m_acts[j].group] = must[m_acts[j].group] || (isMust(j) && plainTerm(j));
+            }
+        }
+        return std::any_of(must.begin(), must.end(), [](const auto& each) { return !each.second; });
+    }
+
+    bool plainTerm(std::size_t i) const { return entry(LCM_Role::Others, i, {}) != nullptr; }
+
+    void roles(std::size_t at, bool someLead)
+    {
+        if (at == m_acts.size()) {
+            if (m_leader.empty() || someLead) {
+                finish();
+            }
+            return;
+        }
+        if (!isVariable(at)) {
+            roles(at + 1, someLead);
+            return;
+        }
+        const bool leadable = canLead(at);
+        m_leads[at] = false;
+        if (!acts(at)) {
+            if (!isMust(at) || !mustByPlain(at) || mayRest(at)) {
+                m_roles[at] = nullptr;
+                roles(at + 1, someLead);
+            }
+            return;
+        }
+        if (m_acts[at].block == m_leader) {
+            if (leadable) {
+                m_leads[at] = true;
+                m_roles[at] = entry(LCM_Role::Lead, at, m_accident.empty() ? std::vector<std::string>{} : std::vector<std::string>{m_accident});
+                if (leadsWell(at)) {
+                    roles(at + 1, true);
+                }
+                m_leads[at] = false;
+            }
+            if (!leadable || isMust(at)) {
+                other(at, LCM_Role::Others, someLead);
+            }
+            return;
+        }
+        if (m_leader.empty() && leadable && !isMust(at)) {
+            return;
+        }
+        const bool isSecond = m_short.count(m_acts[at].block) > 0 && m_first != m_acts[at].block && shortUnit(at);
+        other(at, isSecond ? LCM_Role::Second : LCM_Role::Others, someLead);
+    }
+
+    bool mustByPlain(std::size_t i) const
+    {
+        if (!isExex(i)) {
+            return m_expression.sum || plainTerm(i);
+        }
+        for (std::size_t j = 0; j < m_acts.size(); ++j) {
+            const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block && first(m_acts[i].name) == first(m_acts[j].name);
+            if (isSame && (m_expression.sum || plainTerm(j))) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// A pool is short-term as a whole.
+    bool shortUnit(std::size_t i) const
+    {
+        for (std::size_t j = 0; j < m_acts.size(); ++j) {
+            const bool isSame = j == i || (isVariable(j) && isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                                           first(m_acts[i].name) == first(m_acts[j].name));
+            if (isSame && isShort(m_acts[j].name)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    void other(std::size_t at, LCM_Role role, bool someLead)
+    {
+        if (m_expression.sum) {
+            const auto [bracket, alternative] = place(at);
+            m_sumEntries[at].unfavourable = (*m_expression.sum)[static_cast<std::size_t>(bracket)][static_cast<std::size_t>(alternative)].term;
+            m_roles[at] = &m_sumEntries[at];
+        } else {
+            m_roles[at] = entry(role, at, role == LCM_Role::Second ? m_leaderNames : m_leaderNames);
+        }
+        if (m_roles[at] != nullptr) {
+            roles(at + 1, someLead);
+        }
+    }
+
+    /// A leading action that must act has the unfavourable factor somewhere.
+    bool leadsWell(std::size_t i) const
+    {
+        const Superposition code = m_acts[i].code;
+        if (code == Superposition::Perc) {
+            return occurrences(m_chosen[i], "u") > 0;
+        }
+        return (code != Superposition::Perm && code != Superposition::Alex) || occurrences(m_chosen[i], "f") == 0;
+    }
+
+    double value(const LCM_Term& term, std::size_t i) const
+    {
+        double product = term.number;
+        for (const std::string& name : term.constants) {
+            product *= shortest(m_model.constants.at(name));
+        }
+        for (const LCM_SituationFactor f : term.factors) {
+            product *= m_acts[i].factors[static_cast<std::size_t>(f)];
+        }
+        return rounded(product);
+    }
+
+    void finish()
+    {
+        m_found.factors.assign(m_model.loadCases.size(), 0);
+        for (std::size_t i = 0; i < m_acts.size(); ++i) {
+            if (!acts(i)) {
+                continue;
+            }
+            const double u = value(*m_roles[i]->unfavourable, i);
+            const double f = value(*lcm_favourable_term(*m_roles[i]), i);
+            for (std::size_t k = 0; k < m_chosen[i].size(); ++k) {
+                const char c = m_chosen[i][k];
+                const bool isRepeated = (u == f && (c == 'f' || c == 'F')) || (u == 0 && (c == 'U' || c == 'C' || c == 'D')) ||
+                                        (f == 0 && c == 'F') || (m_situation.otherComponents == 0 && c == 'D');
+                if (isRepeated) {
+                    return;
+                }
+                double x = 0;
+                switch (c) {
+                case 'u':
+                case 'U':
+                    x = u;
+                    break;
+                case 'f':
+                case 'F':
+                    x = f;
+                    break;
+                case 'c':
+                case 'C':
+                    x = rounded(u * m_situation.firstComponent);
+                    break;
+                case 'd':
+                case 'D':
+                    x = rounded(u * m_situation.otherComponents);
+                    break;
+                default:
+                    break;
+                }
+                m_found.factors[m_acts[i].cases[k]] = c >= 'A' && c <= 'Z' ? -x : x;
+            }
+            if (m_acts[i].category == Category::Permanent || m_acts[i].category == Category::Prestress) {
+                // COND with a factor of 0 has one choice.
+                if (m_acts[i].code == Superposition::Cond && u == 0) {
+                    return;
+                }
+            }
+        }
+        m_tell(m_found);
+    }
+
+    const Model& m_model;
+    const LCM_Situation& m_situation;
+    const LCM_Expression& m_expression;
+    std::vector<Act> m_acts;
+    std::vector<Selection> m_chosen;
+    std::vector<const LCM_RoleEntry*> m_roles;
+    std::map<std::size_t, LCM_RoleEntry> m_sumEntries;
+    std::map<std::size_t, bool> m_leads;
+    std::map<std::string, std::set<std::string>> m_poolBlocks;
+    std::string m_accident;
+    std::set<std::string> m_acting;
+    int m_group = 0;
+    std::string m_leader;
+    std::vector<std::string> m_leaderNames;
+    std::set<std::string> m_short;
+    std::string m_first;
+    Found m_found;
+    const std::function<void(const Found&)>& m_tell;
+};
+
+} // namespace
+
+double selections(const Model& model, const LCM_Situation& situation)
+{
+    double product = 1;
+    for (const Act& act : actsOf(model, situation)) {
+        product *= static_cast<double>(act.selections.size());
+    }
+    return product;
+}
+
+void all(const Model& model, const LCM_Situation& situation, const std::function<void(const Found&)>& tell)
+{
+    for (std::size_t i = 0; i < situation.expressions.size(); ++i) {
+        Trial(model, situation, static_cast<int>(i), tell);
+    }
+}
+
+} // namespace oracle
