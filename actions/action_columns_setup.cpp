@@ -5,48 +5,18 @@
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_table.h"
+#include "lcdata/values/partition.h"
 #include "model/working_model.h"
 #include "rules/action_columns.h"
 
 namespace {
 
-struct Entry
-{
-    const char* text;
-    int id;
-};
-
-constexpr Entry PARTITIONS[] = {
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "G (Permanent)"), 1},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "P (Prestress)"), 2},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q (Variable)"), 3},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "A (Accidental)"), 4},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "E (Earthquake)"), 5},
-    // A load group's id is category Q shifted up four bits and joined with the number of the group.
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_1 (Variable) Loadgroup 1"), 49},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_2 (Variable) Loadgroup 2"), 50},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_3 (Variable) Loadgroup 3"), 51},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_4 (Variable) Loadgroup 4"), 52},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_5 (Variable) Loadgroup 5"), 53},
-};
-
-constexpr Entry SUPERPOSITIONS[] = {
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERM permanent"), 0},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "COND conditional"), 1},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXCL exclusive within category"), 2},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "UNSI conditional with unfavourable sign"), 3},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "USEX exclusive with unfavourable sign"), 4},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "ALEX permanent but exclusive"), 5},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXEX exclusive within action"), 6},
-    {QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERC permanent with individual factors"), 8},
-};
-
-template <std::size_t N>
-std::list<ComboList> comboList(const Entry (&entries)[N])
+template <class List>
+std::list<ComboList> comboList(const List& entries)
 {
     std::list<ComboList> list;
-    for (const Entry& entry : entries) {
-        list.push_back({LCM_ActionsWidget::tr(entry.text), entry.id});
+    for (const auto& entry : entries) {
+        list.push_back({LCM_ActionsWidget::tr(entry.caption), entry.id});
     }
     return list;
 }
@@ -79,24 +49,25 @@ void createFixedColumns(MRL_H_TableWidget* table)
     const QString title = LCM_ActionsWidget::tr("Description");
     createLineEditHeader(table, ACT_COL_DESCRIPTION, text, title, title, 1);
     const QString partition = LCM_ActionsWidget::tr("Partition");
-    createComboHeader(table, ACT_COL_PARTITION, comboList(PARTITIONS), partition, partition);
-    createComboHeader(table, ACT_COL_SUPERPOSITION, comboList(SUPERPOSITIONS),
+    createComboHeader(table, ACT_COL_PARTITION, comboList(LCM_PARTITIONS), partition, partition);
+    createComboHeader(table, ACT_COL_SUPERPOSITION, comboList(LCM_SUPERPOSITIONS),
                       LCM_ActionsWidget::tr("Superposition"),
                       LCM_ActionsWidget::tr("Handling of the loadcases"));
 }
 
-/// Appends a factor's column if the design code shows it. An empty tool tip stands for that of a combination
-/// factor, which names the design code's label.
-void createFactorColumn(MRL_H_TableWidget* table, LCM_DataClass* model, int& position, int id, bool shown,
-                        const char* key, const QString& toolTip = QString())
+QString factorToolTip(LCM_FactorKind kind, const QString& label)
 {
-    if (!shown) {
-        return;
+    switch (kind) {
+    case LCM_FactorKind::Unfavourable:
+        return LCM_ActionsWidget::tr("Unfavourable safety factor");
+    case LCM_FactorKind::Favourable:
+        return LCM_ActionsWidget::tr("Favourable safety factor");
+    case LCM_FactorKind::Accidental:
+        return LCM_ActionsWidget::tr("Accidental safety factor");
+    case LCM_FactorKind::Combination:
+        return LCM_ActionsWidget::tr("Combination factor %1").arg(label);
     }
-    const QString label = model->designCodeText(QLatin1String(key));
-    createLineEditHeader(
-        table, id, description(-3, 2), label,
-        toolTip.isEmpty() ? LCM_ActionsWidget::tr("Combination factor %1").arg(label) : toolTip, position++);
+    return {};
 }
 
 } // namespace
@@ -105,14 +76,11 @@ void lcm_create_action_columns(MRL_H_TableWidget* table, LCM_DataClass* model)
 {
     createFixedColumns(table);
     int position = 4;
-    createFactorColumn(table, model, position, ACT_COL_GAMU, model->hasGamu() != 0, "Gamu",
-                       LCM_ActionsWidget::tr("Unfavourable safety factor"));
-    createFactorColumn(table, model, position, ACT_COL_GAMF, model->hasGamf() != 0, "Gamf",
-                       LCM_ActionsWidget::tr("Favourable safety factor"));
-    createFactorColumn(table, model, position, ACT_COL_GAMA, model->hasGama() != 0, "Gama",
-                       LCM_ActionsWidget::tr("Accidental safety factor"));
-    createFactorColumn(table, model, position, ACT_COL_PSI0, model->hasPsi0() != 0, "Psi0");
-    createFactorColumn(table, model, position, ACT_COL_PSI1, model->hasPsi1() != 0, "Psi1");
-    createFactorColumn(table, model, position, ACT_COL_PSI2, model->hasPsi2() != 0, "Psi2");
-    createFactorColumn(table, model, position, ACT_COL_PSI1S, model->hasPsi1s() != 0, "Psi1s");
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (model->hasFactor(factor.id)) {
+            const QString label = model->designCodeText(QLatin1String(factor.key));
+            createLineEditHeader(table, factor.actionColumn, description(-3, 2), label,
+                                 factorToolTip(factor.kind, label), position++);
+        }
+    }
 }

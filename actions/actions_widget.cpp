@@ -2,6 +2,7 @@
 
 #include <QCursor>
 
+#include <algorithm>
 #include <utility>
 
 #include "actions/actions_table.h"
@@ -167,8 +168,9 @@ bool LCM_ActionsWidget::actionExists(int code)
 
 bool LCM_ActionsWidget::hasFactorColumns() const
 {
-    return model->hasGamu() != 0 || model->hasGamf() != 0 || model->hasPsi0() != 0 || model->hasPsi1() != 0 ||
-           model->hasPsi1s() != 0 || model->hasPsi2() != 0;
+    return std::any_of(LCM_FACTORS.begin(), LCM_FACTORS.end(), [this](const LCM_Factor& factor) {
+        return factor.kind != LCM_FactorKind::Accidental && model->hasFactor(factor.id);
+    });
 }
 
 void LCM_ActionsWidget::getSelectedActionCodes(std::set<int>& codes) const

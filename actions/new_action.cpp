@@ -2,23 +2,20 @@
 
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
+#include "lcdata/values/partition.h"
 #include "model/working_model.h"
-#include "rules/action_row.h"
 
 namespace {
-
-constexpr int VARIABLE = 3;  ///< entry of the partition list: Q
-constexpr int EXCLUSIVE = 2; ///< entry of the superposition list: EXCL
 
 tagCDB_LC_ACT typedAction(const LCM_NewAction& choice)
 {
     tagCDB_LC_ACT action{};
-    action.kind = 1;
+    action.kind = LC_KIND_ACTION;
     lcm_pack_field(choice.actionName.toUtf8().constData(), action.name);
     if (!choice.categoryName.isEmpty()) {
         action.suffix = lcm_pack_word(choice.categoryName);
     }
-    action.partition = lcm_partition_word(VARIABLE, EXCLUSIVE);
+    action.partition = lcm_partition_word(LC_CATEGORY_VARIABLE, LC_SUPERPOSITION_EXCL);
     lcm_title_pack(choice.description, action.title, LC_TITLE_WORDS);
     return action;
 }

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "actions/cell_roles.h"
+#include "lcdata/values/roles.h"
 #include "rules/action_columns.h"
 #include "rules/action_row.h"
 
@@ -115,9 +115,9 @@ void LCM_RowCells::show(const tagCDB_LC_ACT& action) const
     if (auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_SUPERPOSITION)) {
         cell->setCurrentId(values.superposition);
     }
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
-        if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(LCM_ACTION_FACTORS[i].column)) {
-            cell->setVal(values.factors[i]);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (auto* cell = at<MRL_H_TwSimpleLineEditItem>(factor.actionColumn)) {
+            cell->setVal(values.factors[factor.id]);
         }
     }
 }
@@ -137,12 +137,11 @@ int LCM_RowCells::read(tagCDB_LC_ACT& action) const
     if (const auto* cell = at<MRL_H_TwSimpleComboBoxItem>(ACT_COL_SUPERPOSITION)) {
         values.superposition = cell->getCurrentId();
     }
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
-        const int column = LCM_ACTION_FACTORS[i].column;
-        if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(column)) {
-            values.factors[i] = static_cast<float>(cell->getVal(nullptr));
-        } else if (hasColumn(column)) {
-            values.factors[i] = LC_UNDEFINED;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (const auto* cell = at<MRL_H_TwSimpleLineEditItem>(factor.actionColumn)) {
+            values.factors[factor.id] = static_cast<float>(cell->getVal(nullptr));
+        } else if (hasColumn(factor.actionColumn)) {
+            values.factors[factor.id] = LC_UNDEFINED;
         }
     }
     return lcm_action_record(values, action);

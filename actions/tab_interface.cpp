@@ -1,8 +1,8 @@
 #include "actions/tab_interface.h"
 
-#include "actions/cell_roles.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_table.h"
+#include "lcdata/values/roles.h"
 #include "rules/action_columns.h"
 
 bool modificationNoticePending = true;

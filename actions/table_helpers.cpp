@@ -1,7 +1,7 @@
 #include "actions/table_helpers.h"
 
-#include "actions/cell_roles.h"
 #include "actions/row_cells.h"
+#include "lcdata/values/roles.h"
 #include "rules/action_columns.h"
 
 MRL_H_TwHeaderLineEditItem* createLineEditHeader(MRL_H_TableWidget* table, int id,

@@ -8,12 +8,12 @@
 
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "actions/cell_roles.h"
 #include "bench/figure.h"
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
+#include "lcdata/values/roles.h"
 #include "rules/action_columns.h"
 
 namespace {

@@ -13,10 +13,10 @@
 
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "actions/cell_roles.h"
 #include "bench/figure.h"
 #include "bench/load_cases.h"
 #include "host/mrl_table.h"
+#include "lcdata/values/roles.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/table_loadcases.h"
 #include "rules/action_columns.h"

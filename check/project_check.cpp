@@ -73,9 +73,9 @@ void Check::add(int id, LCM_Findings found)
 tagCDB_LC_ACT Check::asShown(const tagCDB_LC_ACT& record) const
 {
     LCM_ActionCells cells = lcm_action_cells(record);
-    for (std::size_t i = 0; i < cells.factors.size(); ++i) {
-        if (!m_setup.hasColumn(LCM_ACTION_FACTORS[i].column)) {
-            cells.factors[i] = 0.0f;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (!m_setup.factorColumns[factor.id]) {
+            cells.factors[factor.id] = 0.0f;
         }
     }
     tagCDB_LC_ACT result{};

@@ -65,12 +65,12 @@ std::string checkHex(const std::string& text)
 
 void Arguments::file(std::string& value)
 {
-    app.add_option("FILE", value, "The project, NAME.cdb")->required();
+    m_app.add_option("FILE", value, "The project, NAME.cdb")->required();
 }
 
 void Arguments::number(int& value, Need need)
 {
-    app.add_option("NR", value, "Load-case number, 1 to 999999")
+    m_app.add_option("NR", value, "Load-case number, 1 to 999999")
         ->check(CLI::Range(1, LC_MAX_NUMBER))
         ->required(need == Need::Required);
 }
@@ -80,79 +80,83 @@ void Arguments::key(int& kwh, int& kwl)
     const auto take = [&kwl](const std::string& text) {
         kwl = wholeNumber(text).value_or(lcm_pack_word(QString::fromStdString(text)));
     };
-    app.add_option("KWH", kwh, "Group of the key")->required();
-    app.add_option_function<std::string>("KWL", take,
-                                         "Element of the key: a number, or the name of an action")
+    m_app.add_option("KWH", kwh, "Group of the key")->required();
+    m_app
+        .add_option_function<std::string>("KWL", take,
+                                          "Element of the key: a number, or the name of an action")
         ->check(CLI::Validator(checkElement, "NUMBER|NAME"))
         ->required();
 }
 
 void Arguments::hex(std::string& digits)
 {
-    app.add_option("HEX", digits, "The record's bytes, two hexadecimal digits each")
+    m_app.add_option("HEX", digits, "The record's bytes, two hexadecimal digits each")
         ->check(CLI::Validator(checkHex, "HEX"))
         ->required();
 }
 
 void Arguments::positional(const std::string& name, std::string& value, const std::string& help)
 {
-    app.add_option(name, value, help)->required();
+    m_app.add_option(name, value, help)->required();
 }
 
-void Arguments::json(bool& value) { app.add_flag("--json", value, "Print JSON with stable field names"); }
+void Arguments::json(bool& value) { m_app.add_flag("--json", value, "Print JSON with stable field names"); }
 
 void Arguments::title(std::optional<std::string>& value)
 {
-    app.add_option("--title", value, "Title, at most 33 UTF-16 units")
+    m_app.add_option("--title", value, "Title, at most 33 UTF-16 units")
         ->check(CLI::Validator(checkTitle, "TEXT"));
 }
 
 void Arguments::flag(const std::string& option, bool& value, const std::string& help)
 {
-    app.add_flag(option, value, help);
+    m_app.add_flag(option, value, help);
 }
 
 void Arguments::text(const std::string& option, std::optional<std::string>& value, Need need,
                      const std::string& help)
 {
-    app.add_option(option, value, help)->required(need == Need::Required);
+    m_app.add_option(option, value, help)->required(need == Need::Required);
 }
 
 void Arguments::integer(const std::string& option, std::optional<int>& value, const std::string& help)
 {
-    app.add_option(option, value, help);
+    m_app.add_option(option, value, help);
 }
 
 void Arguments::real(const std::string& option, std::optional<float>& value, const std::string& help)
 {
     const auto take = [&value](const std::string& text) { value = floatOf(text); };
-    app.add_option_function<std::string>(option, take, help)->check(CLI::Validator(checkFloat, "X"));
+    m_app.add_option_function<std::string>(option, take, help)->check(CLI::Validator(checkFloat, "X"));
 }
 
-void Arguments::choice(const std::string& option, std::optional<std::string>& value,
-                       const std::map<std::string, int>& words, const std::string& help)
+void Arguments::choiceOf(const std::string& option, std::optional<int>& value,
+                         const std::map<std::string, int>& ids, const std::string& help)
 {
-    std::vector<std::string> names;
-    for (const auto& [word, id] : words) {
-        names.push_back(word);
+    std::vector<std::string> words;
+    for (const auto& [word, id] : ids) {
+        words.push_back(word);
     }
-    app.add_option(option, value, help)->check(CLI::IsMember(names));
+    const auto take = [&value, ids](const std::string& word) { value = ids.at(word); };
+    m_app.add_option_function<std::string>(option, take, help)->check(CLI::IsMember(words));
 }
 
 void Arguments::factors(FactorOptions& values)
 {
-    real("--gamu", values.gamu, "Gamu, unfavourable safety factor");
-    real("--gamf", values.gamf, "Gamf, favourable safety factor");
-    real("--gama", values.gama, "Gama, accidental safety factor");
-    real("--psi0", values.psi0, "Psi0, combination factor");
-    real("--psi1", values.psi1, "Psi1, combination factor");
-    real("--psi2", values.psi2, "Psi2, combination factor");
-    real("--psi1s", values.psi1s, "Psi1s, fourth combination factor");
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const auto take = [&value = values[factor.id], &factor](const std::string& text) {
+            value = lcm_factor_to_store(factor, floatOf(text).value_or(0.0f));
+        };
+        m_app
+            .add_option_function<std::string>(lcm_factor_option(factor), take,
+                                              std::string(factor.key) + ", " + factor.description)
+            ->check(CLI::Validator(checkFloat, "X"));
+    }
 }
 
 void Arguments::needsAnOption()
 {
-    app.parse_complete_callback([&parser = app] {
+    m_app.parse_complete_callback([&parser = m_app] {
         const auto options = parser.get_options(
             [](const CLI::Option* option) { return option->nonpositional() && option->count() > 0; });
         if (options.empty()) {
@@ -163,7 +167,7 @@ void Arguments::needsAnOption()
 
 void Arguments::exclude(const std::string& option, const std::string& other)
 {
-    app.get_option(option)->excludes(app.get_option(other));
+    m_app.get_option(option)->excludes(m_app.get_option(other));
 }
 
 } // namespace mrl::cli

@@ -7,23 +7,23 @@
 #include <optional>
 #include <string>
 
+#include "lcdata/values/factors.h"
+#include "lcdata/values/keywords.h"
+
 namespace CLI {
 class App;
 }
 
 namespace mrl::cli {
 
-/// The seven factors as options.
-struct FactorOptions
-{
-    std::optional<float> gamu, gamf, gama, psi0, psi1, psi2, psi1s;
-};
+/// The factors as options, as the records hold them.
+using FactorOptions = LCM_PerFactor<std::optional<float>>;
 
 /// Declares the arguments of one command. The variables receive the values and have to outlive the parsing.
 class Arguments
 {
   public:
-    explicit Arguments(CLI::App& parser) : app(parser) {}
+    explicit Arguments(CLI::App& parser) : m_app(parser) {}
 
     enum class Need { Required, Optional };
 
@@ -48,10 +48,18 @@ class Arguments
     void integer(const std::string& option, std::optional<int>& value, const std::string& help);
     /// A finite number that a record can hold.
     void real(const std::string& option, std::optional<float>& value, const std::string& help);
-    /// One of some words.
-    void choice(const std::string& option, std::optional<std::string>& value,
-                const std::map<std::string, int>& words, const std::string& help);
-    /// --gamu to --psi1s
+    /// One of the words of a list, see keywords.h. @param value receives the id of the word
+    template <class List>
+    void choice(const std::string& option, std::optional<int>& value, const List& list,
+                const std::string& remark = {})
+    {
+        std::map<std::string, int> ids;
+        for (const auto& entry : list) {
+            ids.emplace(entry.word, entry.id);
+        }
+        choiceOf(option, value, ids, lcm_joined_words(list) + remark);
+    }
+    /// One option for each factor, such as --gamu.
     void factors(FactorOptions& values);
     /// A command that changes what its options say is wrong usage without any.
     void needsAnOption();
@@ -59,7 +67,10 @@ class Arguments
     void exclude(const std::string& option, const std::string& other);
 
   private:
-    CLI::App& app;
+    void choiceOf(const std::string& option, std::optional<int>& value, const std::map<std::string, int>& ids,
+                  const std::string& help);
+
+    CLI::App& m_app;
 };
 
 inline QString qtext(const std::string& text) { return QString::fromStdString(text); }

@@ -3,7 +3,7 @@
 #include "check/finding_text.h"
 #include "cli/output.h"
 #include "cli/words.h"
-#include "rules/action_columns.h"
+#include "lcdata/values/factors.h"
 
 namespace mrl::cli {
 
@@ -44,8 +44,10 @@ std::string nameOf(const LCM_Finding& finding)
 /// The factor that a finding is about, such as "Gamf"; empty for the whole.
 std::string fieldOf(const LCM_Finding& finding)
 {
-    const LCM_ActionFactor* factor = lcm_factor_of_column(finding.column);
-    return factor != nullptr ? factor->key : "";
+    const LCM_Factor* factor = finding.subject == LCM_Subject::LoadCase
+                                   ? lcm_factor_of_load_case_column(finding.column)
+                                   : lcm_factor_of_action_column(finding.column);
+    return factor ? factor->key : "";
 }
 
 std::string lineOf(const LCM_Finding& finding)

@@ -3,7 +3,6 @@
 #include "cli/stored_load_cases.h"
 #include "cli/words.h"
 #include "lcdata/values/packed_text.h"
-#include "rules/action_columns.h"
 #include "rules/load_case_row.h"
 
 namespace mrl::cli {
@@ -30,8 +29,8 @@ std::vector<Value> valuesOf(const tagCDB_LC_CTRL& record)
                               {"DLZ", record.dlz, false},
                               {"factor", record.factor, false}};
     const LCM_LoadCaseFactors factors = lcm_stored_factors(record);
-    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-        values.push_back({factor.key, factors[factor.column], true});
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        values.push_back({factor.key, factors[factor.id], true});
     }
     return values;
 }

@@ -37,8 +37,10 @@ Checker::Checker(const Model& model, const LCM_Situation& situation) : m_model(m
         piece.name = action.name;
         piece.category = action.category;
         piece.superposition = action.superposition;
-        piece.group = situation.groups == LCM_Groups::Apart || action.category != Category::Variable ? 0 : action.group;
-        piece.pool = action.superposition == Superposition::Exex ? action.name.substr(0, action.name.find('_')) : "";
+        piece.group =
+            situation.groups == LCM_Groups::Apart || action.category != Category::Variable ? 0 : action.group;
+        piece.pool =
+            action.superposition == Superposition::Exex ? action.name.substr(0, action.name.find('_')) : "";
         readFactors(piece, action.factors);
     }
     for (const LoadCase& loadCase : model.loadCases) {
@@ -99,8 +101,8 @@ void Checker::addPiece(Piece piece)
     for (Block& block : blocks) {
         const Piece* other = block.front();
         const bool isOneGroup = own->group > 0 && own->group == other->group;
-        const bool isOnePool = own->group == 0 && other->group == 0 && !own->pool.empty() && own->pool == other->pool &&
-                               own->category == other->category;
+        const bool isOnePool = own->group == 0 && other->group == 0 && !own->pool.empty() &&
+                               own->pool == other->pool && own->category == other->category;
         if (isOneGroup || isOnePool) {
             block.push_back(own);
             return;
@@ -124,7 +126,8 @@ bool Checker::allows(const Key& key) const
             int could = 0;
             for (const int number : piece.numbers) {
                 const double x = factors.count(number) == 0 ? 0 : factors.at(number);
-                const bool isWanted = std::any_of(wanted.begin(), wanted.end(), [&](double w) { return same(w, x); });
+                const bool isWanted =
+                    std::any_of(wanted.begin(), wanted.end(), [&](double w) { return same(w, x); });
                 const bool isMarked = marked != 0 && same(std::fabs(x), std::fabs(mark));
                 if (!isWanted && !isMarked) {
                     return false;
@@ -168,7 +171,7 @@ bool Checker::allows(const Key& key) const
         case Superposition::Unsi:
         case Superposition::Usex:
             isFit = fitsOne(u, true, part->superposition == Superposition::Unsi) ||
-                   (part->isPermanent && fitsOne(f, true, part->superposition == Superposition::Unsi));
+                    (part->isPermanent && fitsOne(f, true, part->superposition == Superposition::Unsi));
             break;
         case Superposition::Perm:
             isFit = all({u}, 0, 0) || (!part->leads && all({f}, 0, 0));
@@ -258,9 +261,9 @@ Superposition Checker::coded(const Piece& piece) const
     if (!m_situation.always || piece.category != Category::Variable || piece.isImperfection) {
         return own;
     }
-    return own == Superposition::Cond                                      ? Superposition::Perm
+    return own == Superposition::Cond                                 ? Superposition::Perm
            : own == Superposition::Excl || own == Superposition::Exex ? Superposition::Alex
-                                                                           : own;
+                                                                      : own;
 }
 
 const LCM_SumTerm* Checker::sumTerm(const Guess& guess, const Piece& piece) const
@@ -292,7 +295,8 @@ bool Checker::term(const Guess& guess, LCM_Role role, const Piece& piece, Part& 
         }
         entry.unfavourable = found->term;
     } else {
-        std::vector<std::string> present = role == LCM_Role::Others ? guess.leaderNames : std::vector<std::string>{};
+        std::vector<std::string> present =
+            role == LCM_Role::Others ? guess.leaderNames : std::vector<std::string>{};
         if (role == LCM_Role::Lead && guess.accident != nullptr) {
             present.push_back(guess.accident->name);
         }
@@ -346,8 +350,9 @@ bool Checker::mustAct(const Guess& guess, const Block& unit) const
 bool Checker::isShort(const Guess& guess, const Block& block) const
 {
     return std::any_of(block.begin(), block.end(), [&](const Piece* piece) {
-        return std::any_of(guess.expression->shortActions.begin(), guess.expression->shortActions.end(),
-                           [&](const std::string& name) { return lcm_action_matches(name, piece->name) != 0; });
+        return std::any_of(
+            guess.expression->shortActions.begin(), guess.expression->shortActions.end(),
+            [&](const std::string& name) { return lcm_action_matches(name, piece->name) != 0; });
     });
 }
 
@@ -388,8 +393,10 @@ double Checker::unitActs(const Guess& guess, const Block& unit, std::size_t numb
         const bool isElsewhere = owner != guess.poolOwners.end() && owner->second != number;
         const bool isLedByAnother =
             leads && piece->group == 0 && guess.leaderNames != std::vector<std::string>{piece->name};
-        const bool isIdle = !leads && guess.leader == nullptr && canLead(guess, *piece) && !mustAct(guess, unit);
-        const bool isUnused = !leads && guess.leader == &m_blocks[number] && canLead(guess, *piece) && !mustAct(guess, unit);
+        const bool isIdle =
+            !leads && guess.leader == nullptr && canLead(guess, *piece) && !mustAct(guess, unit);
+        const bool isUnused =
+            !leads && guess.leader == &m_blocks[number] && canLead(guess, *piece) && !mustAct(guess, unit);
         if (isElsewhere || isLedByAnother || isIdle || isUnused || (leads && !canLead(guess, *piece)) ||
             !term(guess, role, *piece, part)) {
             continue;
@@ -433,7 +440,8 @@ double Checker::variable(const Guess& guess, const Worth& worth) const
     for (std::size_t i = 0; i < m_blocks.size(); ++i) {
         const Block& own = m_blocks[i];
         const int group = own.front()->group;
-        const bool isExcluded = m_situation.groups == LCM_Groups::Exclude && group > 0 && group != guess.group;
+        const bool isExcluded =
+            m_situation.groups == LCM_Groups::Exclude && group > 0 && group != guess.group;
         const bool isFurther = isShort(guess, own) && guess.firstShort != &own;
         double rest = 0;
         for (const Block& unit : units(own)) {
@@ -589,9 +597,11 @@ double Checker::constant(const Guess& guess, const Worth& worth) const
 double Checker::accidents(Guess& guess, const Worth& worth) const
 {
     const auto& entries = guess.expression->entries;
-    const bool isNeeded = !m_situation.mayBeNone && std::any_of(entries.begin(), entries.end(), [](const auto& entry) {
-        return (entry.role == LCM_Role::Accidental || entry.role == LCM_Role::Seismic) && entry.unfavourable;
-    });
+    const bool isNeeded =
+        !m_situation.mayBeNone && std::any_of(entries.begin(), entries.end(), [](const auto& entry) {
+            return (entry.role == LCM_Role::Accidental || entry.role == LCM_Role::Seismic) &&
+                   entry.unfavourable;
+        });
     double best = NEVER;
     std::vector<const Piece*> all = m_accidental;
     all.push_back(nullptr);
@@ -599,8 +609,9 @@ double Checker::accidents(Guess& guess, const Worth& worth) const
         Part part;
         const bool isSeismic = acting != nullptr && acting->category == Category::Seismic;
         guess.accident = acting;
-        if (acting == nullptr ? isNeeded
-                              : !term(guess, isSeismic ? LCM_Role::Seismic : LCM_Role::Accidental, *acting, part)) {
+        if (acting == nullptr
+                ? isNeeded
+                : !term(guess, isSeismic ? LCM_Role::Seismic : LCM_Role::Accidental, *acting, part)) {
             continue;
         }
         double value = constant(guess, worth);

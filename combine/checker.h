@@ -65,7 +65,7 @@ class Checker
         const Piece* accident = nullptr;
         const Block* leader = nullptr;
         std::vector<std::string> leaderNames;
-        int group = 0;                        ///< the one that may act where groups exclude each other
+        int group = 0; ///< the one that may act where groups exclude each other
         const Block* firstShort = nullptr;
         std::map<std::string, std::size_t> poolOwners; ///< of pools in several blocks: the block
         std::vector<std::size_t> alternatives;         ///< of each bracket of a sum
@@ -82,7 +82,8 @@ class Checker
     double variable(const Guess& guess, const Worth& worth) const;
     double constant(const Guess& guess, const Worth& worth) const;
     double block(const Guess& guess, std::size_t number, LCM_Role role, const Worth& worth) const;
-    double unitActs(const Guess& guess, const Block& unit, std::size_t number, LCM_Role role, const Worth& worth) const;
+    double unitActs(const Guess& guess, const Block& unit, std::size_t number, LCM_Role role,
+                    const Worth& worth) const;
     double unitRests(const Guess& guess, const Block& unit, const Worth& worth) const;
     std::vector<Block> units(const Block& block) const;
 

@@ -26,7 +26,8 @@ BigInt choices(const Plan& plan, const Graph& graph)
         const auto [place, isNew] = waysOf.try_emplace(edge.act);
         if (isNew) {
             const Act& act = plan.acts[static_cast<std::size_t>(edge.act)];
-            place->second = ways(act.pattern, plan.prepared.members[static_cast<std::size_t>(act.member)].count);
+            place->second =
+                ways(act.pattern, plan.prepared.members[static_cast<std::size_t>(act.member)].count);
         }
         to += from * place->second;
     }
@@ -44,7 +45,10 @@ using Reading = Set;
 class DistinctCounter
 {
   public:
-    DistinctCounter(const Plan& plan, std::vector<std::size_t> graphs) : m_plan(plan), m_graphs(std::move(graphs)) {}
+    DistinctCounter(const Plan& plan, std::vector<std::size_t> graphs)
+        : m_plan(plan), m_graphs(std::move(graphs))
+    {
+    }
 
     BigInt count();
 
@@ -140,7 +144,8 @@ std::map<Set, BigInt> DistinctCounter::vectorsByActs(std::size_t unit, const Set
         Set possible;
         for (const int each : reading) {
             const int act = acts[static_cast<std::size_t>(each / 2)];
-            const bool needsMark = act >= 0 && m_plan.acts[static_cast<std::size_t>(act)].pattern.marks != Marks::None;
+            const bool needsMark =
+                act >= 0 && m_plan.acts[static_cast<std::size_t>(act)].pattern.marks != Marks::None;
             if ((each % 2 == 1 || !needsMark) && (possible.empty() || possible.back() != act)) {
                 possible.push_back(act);
             }

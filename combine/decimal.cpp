@@ -39,7 +39,8 @@ double rounded(double product)
 std::string decimalText(double factor)
 {
     char text[TEXT_BYTES];
-    const bool isFixed = factor == 0 || (std::fabs(factor) >= std::pow(10, LEAST_FIXED) && std::fabs(factor) < 1e15);
+    const bool isFixed =
+        factor == 0 || (std::fabs(factor) >= std::pow(10, LEAST_FIXED) && std::fabs(factor) < 1e15);
     const auto end = isFixed ? std::to_chars(text, text + sizeof text, factor, std::chars_format::fixed)
                              : std::to_chars(text, text + sizeof text, factor);
     return std::string(text, end.ptr);
@@ -69,7 +70,8 @@ std::optional<Key> readKey(const std::string& text)
         at += at != end && *at == '+' && at != text.data() ? 1 : 0;
         Share share;
         const auto factor = std::from_chars(at, end, share.factor);
-        if (factor.ec != std::errc{} || factor.ptr == end || *factor.ptr != '*' || !std::isfinite(share.factor)) {
+        if (factor.ec != std::errc{} || factor.ptr == end || *factor.ptr != '*' ||
+            !std::isfinite(share.factor)) {
             return std::nullopt;
         }
         const auto number = std::from_chars(factor.ptr + 1, end, share.number);

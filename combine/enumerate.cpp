@@ -12,7 +12,10 @@ namespace {
 class Enumerator
 {
   public:
-    Enumerator(const Plan& plan, const std::function<bool(const Combination&)>& visit) : m_plan(plan), m_visit(visit) {}
+    Enumerator(const Plan& plan, const std::function<bool(const Combination&)>& visit)
+        : m_plan(plan), m_visit(visit)
+    {
+    }
 
     bool graph(std::size_t number);
 
@@ -100,8 +103,8 @@ bool Enumerator::loadCase(const Edge& edge, std::size_t unit, int at, bool isMar
     };
     return (isLastChance || std::all_of(pattern.stay.begin(), pattern.stay.end(),
                                         [&](double factor) { return take(factor, isMarked); })) &&
-           (!mayMark ||
-            std::all_of(pattern.mark.begin(), pattern.mark.end(), [&](double factor) { return take(factor, true); }));
+           (!mayMark || std::all_of(pattern.mark.begin(), pattern.mark.end(),
+                                    [&](double factor) { return take(factor, true); }));
 }
 
 } // namespace

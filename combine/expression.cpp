@@ -39,7 +39,8 @@ int kindOf(const LCM_Expression& expression, LCM_Role role, std::vector<std::vec
 } // namespace
 
 ResolvedExpression::ResolvedExpression(const LCM_Situation& situation, const LCM_Expression& expression,
-                                       const Prepared& prepared, const std::map<std::string, float>& constants)
+                                       const Prepared& prepared,
+                                       const std::map<std::string, float>& constants)
     : m_situation(situation), m_expression(expression), m_prepared(prepared),
       m_factors(situation, expression, constants), m_places(prepared.members.size()),
       m_accidentOf(prepared.members.size()), m_leaderOf(prepared.members.size())
@@ -54,7 +55,8 @@ void ResolvedExpression::placeInSum()
         int closest = 0;
         for (int bracket = 0; bracket < brackets(); ++bracket) {
             for (int i = 0; i < alternatives(bracket); ++i) {
-                const LCM_SumTerm& term = m_expression.sum->at(static_cast<std::size_t>(bracket))[static_cast<std::size_t>(i)];
+                const LCM_SumTerm& term =
+                    m_expression.sum->at(static_cast<std::size_t>(bracket))[static_cast<std::size_t>(i)];
                 const int close = lcm_action_matches(term.action, m_prepared.members[member].name);
                 if (close > closest) {
                     closest = close;
@@ -91,7 +93,8 @@ void ResolvedExpression::sortLeaders()
         for (const int member : unit.members) {
             const auto place = static_cast<std::size_t>(member);
             if (unit.kind == UnitKind::Accidental) {
-                m_accidentOf[place] = kindOf(m_expression, LCM_Role::Lead, m_accidents, {m_prepared.members[place].name});
+                m_accidentOf[place] =
+                    kindOf(m_expression, LCM_Role::Lead, m_accidents, {m_prepared.members[place].name});
             } else if (unit.kind == UnitKind::Variable && !isSum()) {
                 m_leaderOf[place] = kindOf(m_expression, LCM_Role::Others, m_leaders, namesOf(member));
             }
@@ -99,16 +102,21 @@ void ResolvedExpression::sortLeaders()
     }
 }
 
-int ResolvedExpression::accidentKind(int member) const { return m_accidentOf[static_cast<std::size_t>(member)]; }
+int ResolvedExpression::accidentKind(int member) const
+{
+    return m_accidentOf[static_cast<std::size_t>(member)];
+}
 
 bool ResolvedExpression::mustAct(const Unit& unit) const
 {
     // On the safe side a pool across load groups need not act, nor a load group of a sum that another one excludes.
     const bool isExcluded = isSum() && unit.group > 0 && m_situation.groups == LCM_Groups::Exclude;
-    return unit.pool < 0 && !isExcluded && std::any_of(unit.members.begin(), unit.members.end(), [&](int member) {
+    return unit.pool < 0 && !isExcluded &&
+           std::any_of(unit.members.begin(), unit.members.end(), [&](int member) {
                const Member& each = m_prepared.members[static_cast<std::size_t>(member)];
                return m_factors.mustAct(each) &&
-                      (isSum() ? place(member).bracket >= 0 : m_factors.pair(LCM_Role::Others, each, {}).has_value());
+                      (isSum() ? place(member).bracket >= 0
+                               : m_factors.pair(LCM_Role::Others, each, {}).has_value());
            });
 }
 
@@ -125,9 +133,11 @@ bool ResolvedExpression::isShort(const Unit& unit) const
 bool ResolvedExpression::needsAccident() const
 {
     return !m_situation.mayBeNone &&
-           std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [](const LCM_RoleEntry& entry) {
-               return (entry.role == LCM_Role::Accidental || entry.role == LCM_Role::Seismic) && entry.unfavourable;
-           });
+           std::any_of(m_expression.entries.begin(), m_expression.entries.end(),
+                       [](const LCM_RoleEntry& entry) {
+                           return (entry.role == LCM_Role::Accidental || entry.role == LCM_Role::Seismic) &&
+                                  entry.unfavourable;
+                       });
 }
 
 } // namespace mrl::combine

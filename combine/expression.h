@@ -22,8 +22,8 @@ class ResolvedExpression
 {
   public:
     /// All outlive this object.
-    ResolvedExpression(const LCM_Situation& situation, const LCM_Expression& expression, const Prepared& prepared,
-                       const std::map<std::string, float>& constants);
+    ResolvedExpression(const LCM_Situation& situation, const LCM_Expression& expression,
+                       const Prepared& prepared, const std::map<std::string, float>& constants);
 
     const RoleFactors& factors() const { return m_factors; }
     const LCM_Situation& situation() const { return m_situation; }
@@ -42,13 +42,19 @@ class ResolvedExpression
 
     /// Kinds of accidental actions, from 0: actions of one kind give the leading one the same factor.
     int accidentKind(int member) const;
-    const std::vector<std::string>& accidentNames(int kind) const { return m_accidents[static_cast<std::size_t>(kind)]; }
+    const std::vector<std::string>& accidentNames(int kind) const
+    {
+        return m_accidents[static_cast<std::size_t>(kind)];
+    }
 
     /// Kinds of leading actions, from 0: actions of one kind give the others the same factor. A load group leads under
     /// the names of all its actions.
     int leaderKind(int member) const { return m_leaderOf[static_cast<std::size_t>(member)]; }
     int leaderKinds() const { return static_cast<int>(m_leaders.size()); }
-    const std::vector<std::string>& leaderNames(int kind) const { return m_leaders[static_cast<std::size_t>(kind)]; }
+    const std::vector<std::string>& leaderNames(int kind) const
+    {
+        return m_leaders[static_cast<std::size_t>(kind)];
+    }
 
   private:
     void placeInSum();

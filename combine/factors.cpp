@@ -58,7 +58,8 @@ std::vector<Pattern> permanent(Superposition superposition, const FactorPair& fa
 
 std::vector<double> scaled(std::vector<double> factors, double scale)
 {
-    std::transform(factors.begin(), factors.end(), factors.begin(), [&](double f) { return rounded(f * scale); });
+    std::transform(factors.begin(), factors.end(), factors.begin(),
+                   [&](double f) { return rounded(f * scale); });
     factors.erase(std::unique(factors.begin(), factors.end()), factors.end()); // both signs of 0
     return factors;
 }
@@ -102,9 +103,11 @@ bool RoleFactors::canLead(const Member& member, const std::vector<std::string>& 
     if (lead == nullptr || !lead->unfavourable) {
         return false;
     }
-    const bool isNamed = std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [&](const auto& entry) {
-        return entry.role == LCM_Role::Others && !entry.when.empty() && lcm_action_matches(entry.when, member.name) > 0;
-    });
+    const bool isNamed =
+        std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [&](const auto& entry) {
+            return entry.role == LCM_Role::Others && !entry.when.empty() &&
+                   lcm_action_matches(entry.when, member.name) > 0;
+        });
     return isNamed || others == nullptr || lead->unfavourable != others->unfavourable;
 }
 
@@ -126,7 +129,8 @@ bool RoleFactors::mustAct(const Member& member) const
     return false;
 }
 
-std::vector<Pattern> RoleFactors::variable(LCM_Role role, Superposition superposition, const FactorPair& factors) const
+std::vector<Pattern> RoleFactors::variable(LCM_Role role, Superposition superposition,
+                                           const FactorPair& factors) const
 {
     const bool leads = role == LCM_Role::Lead;
     const double worse = factors.unfavourable;
@@ -158,7 +162,8 @@ std::vector<Pattern> RoleFactors::variable(LCM_Role role, Superposition superpos
     return patterns;
 }
 
-std::vector<Pattern> RoleFactors::patterns(LCM_Role role, const Member& member, const FactorPair& factors) const
+std::vector<Pattern> RoleFactors::patterns(LCM_Role role, const Member& member,
+                                           const FactorPair& factors) const
 {
     if (role == LCM_Role::Permanent || role == LCM_Role::Prestress) {
         return permanent(member.superposition, factors);

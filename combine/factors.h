@@ -33,7 +33,8 @@ class RoleFactors
 
     /// @param present as in lcm_role_entry
     /// @return nothing: the action doesn't act in this role
-    std::optional<FactorPair> pair(LCM_Role role, const Member& member, const std::vector<std::string>& present) const;
+    std::optional<FactorPair> pair(LCM_Role role, const Member& member,
+                                   const std::vector<std::string>& present) const;
     /// The same of a term.
     FactorPair pair(const LCM_Term& term, const Member& member) const;
     /// The value of a term for an action.
@@ -50,7 +51,8 @@ class RoleFactors
     std::vector<Pattern> patterns(LCM_Role role, const Member& member, const FactorPair& factors) const;
 
   private:
-    std::vector<Pattern> variable(LCM_Role role, Superposition superposition, const FactorPair& factors) const;
+    std::vector<Pattern> variable(LCM_Role role, Superposition superposition,
+                                  const FactorPair& factors) const;
 
     const LCM_Situation& m_situation;
     const LCM_Expression& m_expression;

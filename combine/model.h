@@ -23,7 +23,10 @@ enum class Superposition { Perm = 0, Cond, Excl, Unsi, Usex, Alex, Exex, Perc = 
 /// The factors of an action by LCM_SituationFactor, as they are stored: `Gama` is still under its zero rule.
 using Factors = std::array<float, 7>;
 
-inline float& factor(Factors& factors, LCM_SituationFactor which) { return factors[static_cast<std::size_t>(which)]; }
+inline float& factor(Factors& factors, LCM_SituationFactor which)
+{
+    return factors[static_cast<std::size_t>(which)];
+}
 inline float factor(const Factors& factors, LCM_SituationFactor which)
 {
     return factors[static_cast<std::size_t>(which)];
@@ -42,7 +45,7 @@ struct Action
 struct LoadCase
 {
     int number = 0;
-    std::string action;         ///< empty: none
+    std::string action; ///< empty: none
     bool isImperfection = false;
     std::optional<Factors> own; ///< factors of its own, where it has no action
     std::string finding;        ///< why it can't be combined, as somebody else judged; empty: it can
@@ -61,7 +64,10 @@ struct Share
     int number = 0; ///< the load case
     double factor = 0;
 };
-inline bool operator==(const Share& a, const Share& b) { return a.number == b.number && a.factor == b.factor; }
+inline bool operator==(const Share& a, const Share& b)
+{
+    return a.number == b.number && a.factor == b.factor;
+}
 inline bool operator<(const Share& a, const Share& b)
 {
     return a.number != b.number ? a.number < b.number : a.factor < b.factor;
@@ -73,8 +79,9 @@ using Key = std::vector<Share>;
 /// One combination of a situation.
 struct Combination
 {
-    int expression = 0;  ///< its place in the situation
-    std::string leading; ///< the action that leads; of a load group all its leading actions, joined by " + "; empty: nobody
+    int expression = 0; ///< its place in the situation
+    std::string
+        leading; ///< the action that leads; of a load group all its leading actions, joined by " + "; empty: nobody
     Key key;
 };
 

@@ -69,7 +69,8 @@ void GraphBuilder::addEdges(int from, const Step& step, int unit)
         m_graph.edges.push_back({from, place->second, -1});
     }
     for (const Pattern& pattern : step.patterns) {
-        m_graph.edges.push_back({from, place->second, m_acts.place({unit, step.member, step.leads, pattern})});
+        m_graph.edges.push_back(
+            {from, place->second, m_acts.place({unit, step.member, step.leads, pattern})});
     }
 }
 

@@ -17,11 +17,12 @@ constexpr int MOST_NUMBER = 999999; // the greatest load-case number
 
 bool bringsIn(const LCM_Situation& situation, LCM_Role role)
 {
-    return std::any_of(situation.expressions.begin(), situation.expressions.end(), [&](const LCM_Expression& each) {
-        return std::any_of(each.entries.begin(), each.entries.end(), [&](const LCM_RoleEntry& entry) {
-            return entry.role == role && entry.unfavourable.has_value();
+    return std::any_of(
+        situation.expressions.begin(), situation.expressions.end(), [&](const LCM_Expression& each) {
+            return std::any_of(each.entries.begin(), each.entries.end(), [&](const LCM_RoleEntry& entry) {
+                return entry.role == role && entry.unfavourable.has_value();
+            });
         });
-    });
 }
 
 std::array<double, 7> decimals(const Factors& stored)
@@ -56,7 +57,9 @@ UnitKind kindOf(Category category)
 class Preparation
 {
   public:
-    Preparation(const Model& model, const LCM_Situation& situation) : m_model(model), m_situation(situation) {}
+    Preparation(const Model& model, const LCM_Situation& situation) : m_model(model), m_situation(situation)
+    {
+    }
 
     Prepared run();
 
@@ -85,11 +88,13 @@ void Preparation::readActions()
         if (!m_places.emplace(action.name, m_members.size()).second) {
             refuse(0, "action " + action.name + " stands twice");
         }
-        if (!std::all_of(action.factors.begin(), action.factors.end(), [](float f) { return std::isfinite(f); })) {
+        if (!std::all_of(action.factors.begin(), action.factors.end(),
+                         [](float f) { return std::isfinite(f); })) {
             refuse(0, "a factor of action " + action.name + " is not a number");
         }
         Member member{action.name, action.category, action.superposition, 0, decimals(action.factors)};
-        const bool isGrouped = action.category == Category::Variable && m_situation.groups != LCM_Groups::Apart;
+        const bool isGrouped =
+            action.category == Category::Variable && m_situation.groups != LCM_Groups::Apart;
         member.group = isGrouped ? action.group : 0;
         m_members.push_back(member);
     }
@@ -156,9 +161,11 @@ void Preparation::makeUnits()
             continue;
         }
         const bool isPooled = member.superposition == Superposition::Exex;
-        const UnitKind kind = static_cast<int>(i) == m_imperfections ? UnitKind::Imperfection : kindOf(member.category);
+        const UnitKind kind =
+            static_cast<int>(i) == m_imperfections ? UnitKind::Imperfection : kindOf(member.category);
         const bool isPool = isPooled && kind != UnitKind::Accidental; // of these just one acts anyway
-        sorted[{kind, member.group, isPool, isPool ? firstPart(member.name) : "", member.category, isPool ? 0 : i}]
+        sorted[{kind, member.group, isPool, isPool ? firstPart(member.name) : "", member.category,
+                isPool ? 0 : i}]
             .push_back(i);
     }
     for (const auto& [order, places] : sorted) {
@@ -212,6 +219,9 @@ Prepared Preparation::run()
 
 std::string firstPart(const std::string& name) { return name.substr(0, name.find('_')); }
 
-Prepared prepare(const Model& model, const LCM_Situation& situation) { return Preparation(model, situation).run(); }
+Prepared prepare(const Model& model, const LCM_Situation& situation)
+{
+    return Preparation(model, situation).run();
+}
 
 } // namespace mrl::combine

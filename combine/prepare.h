@@ -30,7 +30,8 @@ struct Unit
 {
     UnitKind kind = UnitKind::Variable;
     int group = 0;
-    int pool = -1; ///< units with the same number exclude each other: a pool of EXEX across load groups; -1: none
+    int pool =
+        -1; ///< units with the same number exclude each other: a pool of EXEX across load groups; -1: none
     std::vector<int> members;
 };
 
@@ -43,9 +44,9 @@ struct Remark
 
 struct Prepared
 {
-    std::vector<int> numbers;   ///< the load cases that take part, each member's in one run
+    std::vector<int> numbers; ///< the load cases that take part, each member's in one run
     std::vector<Member> members;
-    std::vector<Unit> units;    ///< permanent, imperfection, accidental, variable; load groups in one run
+    std::vector<Unit> units;     ///< permanent, imperfection, accidental, variable; load groups in one run
     std::vector<Remark> leftOut; ///< load cases that don't take part
     std::vector<Remark> refused; ///< what forbids to combine; nothing else holds where there is one
     int pools = 0;               ///< number of pools across load groups

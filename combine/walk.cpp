@@ -40,8 +40,8 @@ void Walk::readBlocks()
         const int group = m_prepared.units[i].group;
         m_isShort[i] = group > 0 ? isShort[group] : m_isShort[i];
     }
-    m_groupMustAct = !groups.empty() &&
-                     std::all_of(groups.begin(), groups.end(), [](const auto& group) { return group.second; });
+    m_groupMustAct = !groups.empty() && std::all_of(groups.begin(), groups.end(),
+                                                    [](const auto& group) { return group.second; });
 }
 
 void Walk::readBrackets()
@@ -110,10 +110,12 @@ void Walk::permanentSteps(const State& state, const Unit& unit, std::vector<Step
         const LCM_Role role = category == Category::Prestress ? LCM_Role::Prestress : LCM_Role::Permanent;
         const auto factors = m_expression.factors().pair(role, member(each), NOBODY);
         if (factors) {
-            steps.push_back({state, each, false, m_expression.factors().patterns(role, member(each), *factors)});
+            steps.push_back(
+                {state, each, false, m_expression.factors().patterns(role, member(each), *factors)});
             const Superposition how = member(each).superposition;
             mustAct = mustAct || how == Superposition::Perm || how == Superposition::Perc ||
-                      how == Superposition::Alex || how == Superposition::Cond; // COND rests within its pattern
+                      how == Superposition::Alex ||
+                      how == Superposition::Cond; // COND rests within its pattern
         }
     }
     if (!mustAct) {
@@ -127,8 +129,8 @@ void Walk::imperfectionSteps(const State& state, const Unit& unit, std::vector<S
     const int each = unit.members.front();
     const auto factors = m_expression.factors().pair(LCM_Role::Imperfection, member(each), NOBODY);
     if (factors) {
-        steps.push_back(
-            {state, each, false, m_expression.factors().patterns(LCM_Role::Imperfection, member(each), *factors)});
+        steps.push_back({state, each, false,
+                         m_expression.factors().patterns(LCM_Role::Imperfection, member(each), *factors)});
     }
 }
 
@@ -293,7 +295,8 @@ std::optional<FactorPair> Walk::pair(const State& state, LCM_Role role, int each
         return isTaken(state, each) ? std::optional(factors.pair(m_expression.place(each).term, member(each)))
                                     : std::nullopt;
     }
-    return factors.pair(role, member(each), role == LCM_Role::Lead ? accidentNames(state) : leaderNames(state));
+    return factors.pair(role, member(each),
+                        role == LCM_Role::Lead ? accidentNames(state) : leaderNames(state));
 }
 
 bool Walk::mayRest(const State& state, int number) const
@@ -341,7 +344,8 @@ void Walk::act(const State& state, LCM_Role role, int number, int each, std::vec
     if (!factors) {
         return;
     }
-    Step step{state, each, role == LCM_Role::Lead, m_expression.factors().patterns(role, member(each), *factors)};
+    Step step{state, each, role == LCM_Role::Lead,
+              m_expression.factors().patterns(role, member(each), *factors)};
     step.next.acted = state.acted || state.mode != Mode::Lead || step.leads;
     if (m_expression.isSum()) {
         step.next.brackets[static_cast<std::size_t>(m_expression.place(each).bracket)] |= 1;

@@ -17,15 +17,17 @@ enum class Mode : char { Rest, Others, Second, Lead };
 struct State
 {
     int accident = -1; ///< kind of the accidental action that acts; -1: none so far
-    int leader = 0;    ///< kind of the leading action, 1 and up; 0: nobody leads; the choice is made in advance
-    bool led = false;  ///< the leading one was met
-    int acting = 0;    ///< variable actions that act, where the situation limits them
-    char first = 0;    ///< short-term actions: 0 none beside the leading one, 1 the first was met, 2 only second ones
-    bool grouped = false;        ///< a load group acted, where they exclude each other
-    Mode mode = Mode::Rest;      ///< of the load group at hand
-    bool acted = false;          ///< one of its actions did so
-    std::vector<char> brackets;  ///< of a sum: 0 closed, 1 nothing of it acts, 2 + 2 i alternative i is to act, 3 + 2 i acted
-    std::vector<char> pools;     ///< pools across load groups: 1 one of its actions acted
+    int leader = 0; ///< kind of the leading action, 1 and up; 0: nobody leads; the choice is made in advance
+    bool led = false; ///< the leading one was met
+    int acting = 0;   ///< variable actions that act, where the situation limits them
+    char first =
+        0; ///< short-term actions: 0 none beside the leading one, 1 the first was met, 2 only second ones
+    bool grouped = false;   ///< a load group acted, where they exclude each other
+    Mode mode = Mode::Rest; ///< of the load group at hand
+    bool acted = false;     ///< one of its actions did so
+    std::vector<char>
+        brackets; ///< of a sum: 0 closed, 1 nothing of it acts, 2 + 2 i alternative i is to act, 3 + 2 i acted
+    std::vector<char> pools; ///< pools across load groups: 1 one of its actions acted
 
     auto tied() const
     {
@@ -91,8 +93,8 @@ class Walk
     const Prepared& m_prepared;
     const LCM_Situation& m_situation;
     std::vector<Bracket> m_brackets;
-    std::vector<bool> m_isShort;  ///< of each unit: its load group, or the unit itself, is short-term
-    std::vector<bool> m_mustAct;  ///< of each unit
+    std::vector<bool> m_isShort; ///< of each unit: its load group, or the unit itself, is short-term
+    std::vector<bool> m_mustAct; ///< of each unit
     int m_firstVariable = -1;
     bool m_groupMustAct = false; ///< every load group has an action that must act
 };

@@ -2,7 +2,7 @@
 
 #include "host/mrl_dlib.h"
 #include "host/mrl_lib.h"
-#include "lcdata/actions.h"
+#include "lcdata/factor_marks.h"
 
 namespace {
 
@@ -29,12 +29,10 @@ bool MRL_LC_Action_Info::init(int db)
     if (mrl_dlib_lcact_info(0, &marks) < 0) {
         return false;
     }
-    gamu = marks.gamu > 0.0f;
-    gamf = marks.gamf > 0.0f;
-    gama = marks.gama > 0.0f && hasActionsSection(db);
-    psi0 = marks.psi0 > 0.0f;
-    psi1 = marks.psi1 > 0.0f;
-    psi1s = marks.psi1s > 0.0f;
-    psi2 = marks.psi2 > 0.0f;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const bool marked = marks.*factor.actionField > 0.0f;
+        const bool needsSection = factor.kind == LCM_FactorKind::Accidental;
+        this->*lcm_mark_of(factor.id) = marked && (!needsSection || hasActionsSection(db));
+    }
     return true;
 }

@@ -1,11 +1,15 @@
 #include "lcdata/actions.h"
 
+#include <algorithm>
+
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/guards.h"
 #include "lcdata/values/action_code.h"
+#include "lcdata/values/factors.h"
 #include "lcdata/values/keys.h"
+#include "lcdata/values/partition.h"
 
 namespace {
 
@@ -50,8 +54,9 @@ bool mrl_lc_code_has_actions(int db)
     if (!lookUp(0, marks)) {
         return false;
     }
-    return marks.gamu > 0.0f || marks.gamf > 0.0f || marks.psi0 > 0.0f || marks.psi1 > 0.0f ||
-           marks.psi1s > 0.0f || marks.psi2 > 0.0f;
+    return std::any_of(LCM_FACTORS.begin(), LCM_FACTORS.end(), [&](const LCM_Factor& factor) {
+        return factor.kind != LCM_FactorKind::Accidental && marks.*factor.actionField > 0.0f;
+    });
 }
 
 bool mrl_lc_has_action(int db, int code)
@@ -96,7 +101,7 @@ int mrl_lc_get_default_action(int db, bool dead, tagCDB_LC_ACT& action)
 {
     const LCM_CurrentDatabaseGuard current;
     mrl_dlib_ini_switch(db);
-    const int family = dead ? 1 : 3;
+    const int family = dead ? LC_CATEGORY_PERMANENT : LC_CATEGORY_VARIABLE;
     const bool found = lcm_enumerate_default_actions([&](const tagCDB_LC_ACT& candidate) {
         action = candidate;
         return lcm_type_family(candidate) == family;

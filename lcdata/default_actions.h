@@ -9,11 +9,8 @@
 constexpr int LC_OLD_DEAD_ACTION = 2;
 constexpr int LC_OLD_LIVE_ACTION = 7;
 
-/// The type family of an action: 1 dead, 2 prestress, anything else live. Load groups make it large.
-constexpr int lcm_type_family(const tagCDB_LC_ACT& action) { return action.partition / 16; }
-
 /// Writes all default actions of the design code to the project, over stored ones.
-/// @return whether there was nothing that could not be written
+/// @return true if every action was written
 bool lcm_store_default_actions(int db);
 
 /// Visits the default actions of the active design code in their order, at most 999 of them.

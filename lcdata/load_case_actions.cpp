@@ -4,18 +4,16 @@
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "lcdata/actions.h"
-#include "lcdata/default_actions.h"
 #include "lcdata/guards.h"
 #include "lcdata/load_case_factors.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/action_code.h"
+#include "lcdata/values/factors.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
+#include "lcdata/values/partition.h"
 
 namespace {
-
-constexpr int FAMILY_DEAD = 1;
-constexpr int FAMILY_PRESTRESS = 2;
 
 /// 0 when the design code doesn't know the action.
 int typeFamily(int db, const tagCDB_LC_CTRL& rec)
@@ -68,11 +66,9 @@ void mrl_lc_init_action(int db, tagCDB_LC_CTRL& rec, bool create)
 {
     tagCDB_LC_ACT action{};
     mrl_lc_getAction(db, rec.action, action, create);
-    rec.psi0 = LC_UNDEFINED;
-    rec.psi1 = LC_UNDEFINED;
-    rec.psi2 = LC_UNDEFINED;
-    rec.gamu = LC_UNDEFINED;
-    rec.gamf = LC_UNDEFINED;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        rec.*factor.loadCaseField = LC_UNDEFINED;
+    }
     std::copy(std::begin(action.title), std::end(action.title), std::begin(rec.title));
 }
 
@@ -107,19 +103,22 @@ bool mrl_lc_create_load_case(int db, int lc, const QString& action, const QStrin
     return mrl_lc_create_load_case(db, lc, lcm_normalise_code(action), title);
 }
 
-bool mrl_lc_isdeadtype(int db, const tagCDB_LC_CTRL& rec) { return typeFamily(db, rec) == FAMILY_DEAD; }
-bool mrl_lc_isdeadtype(int db, int lc) { return isOfFamily(db, lc, FAMILY_DEAD); }
+bool mrl_lc_isdeadtype(int db, const tagCDB_LC_CTRL& rec)
+{
+    return typeFamily(db, rec) == LC_CATEGORY_PERMANENT;
+}
+bool mrl_lc_isdeadtype(int db, int lc) { return isOfFamily(db, lc, LC_CATEGORY_PERMANENT); }
 
 bool mrl_lc_isprestresstype(int db, const tagCDB_LC_CTRL& rec)
 {
-    return typeFamily(db, rec) == FAMILY_PRESTRESS;
+    return typeFamily(db, rec) == LC_CATEGORY_PRESTRESS;
 }
-bool mrl_lc_isprestresstype(int db, int lc) { return isOfFamily(db, lc, FAMILY_PRESTRESS); }
+bool mrl_lc_isprestresstype(int db, int lc) { return isOfFamily(db, lc, LC_CATEGORY_PRESTRESS); }
 
 bool mrl_lc_islivetype(int db, const tagCDB_LC_CTRL& rec)
 {
     const int family = typeFamily(db, rec);
-    return family != FAMILY_DEAD && family != FAMILY_PRESTRESS;
+    return family != LC_CATEGORY_PERMANENT && family != LC_CATEGORY_PRESTRESS;
 }
 
 bool mrl_lc_islivetype(int db, int lc)

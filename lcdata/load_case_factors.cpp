@@ -2,6 +2,7 @@
 
 #include "host/mrl_dlib.h"
 #include "lcdata/values/action_code.h"
+#include "lcdata/values/factors.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packing.h"
 
@@ -14,23 +15,22 @@ bool isReservedWord(std::int32_t word) { return word == LC_ACTION_NONE || word =
 void lcm_load_case_from_action(const tagCDB_LC_ACT& action, tagCDB_LC_CTRL& rec, std::int32_t word)
 {
     rec.action = isReservedWord(word) ? word : lcm_action_code(action);
-    rec.gamu = lcm_pack_pair(action.gamu, action.gama);
-    rec.psi1 = lcm_pack_pair(action.psi1, action.psi1s);
-    rec.gamf = action.gamf;
-    rec.psi0 = action.psi0;
-    rec.psi2 = action.psi2;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const float value = action.*factor.actionField;
+        if (factor.packing == LCM_FactorPacking::Alone) {
+            rec.*factor.loadCaseField = value;
+        } else if (factor.packing == LCM_FactorPacking::Main) {
+            rec.*factor.loadCaseField = lcm_pack_pair(value, action.*lcm_partner_of(factor)->actionField);
+        }
+    }
 }
 
 void lcm_default_factors(std::int32_t word, tagCDB_LC_ACT& action)
 {
     const float value = isReservedWord(word) ? 0.0f : LC_UNDEFINED;
-    action.gamu = value;
-    action.gamf = value;
-    action.psi0 = value;
-    action.psi1 = value;
-    action.psi2 = value;
-    action.psi1s = value;
-    action.gama = value;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        action.*factor.actionField = value;
+    }
 }
 
 void lcm_resolve_action_word(std::int32_t& word)

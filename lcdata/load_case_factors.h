@@ -11,7 +11,7 @@
 /// @param word the action word when it is 0 or 70; for any other word the action's code is set
 void lcm_load_case_from_action(const tagCDB_LC_ACT& action, tagCDB_LC_CTRL& rec, std::int32_t word);
 
-/// Sets the seven factors of an action record to 0.0 if the action word is 0 or 70, else to the undefined
+/// Sets all factors of an action record to 0.0 if the action word is 0 or 70, else to the undefined
 /// value.
 void lcm_default_factors(std::int32_t word, tagCDB_LC_ACT& action);
 

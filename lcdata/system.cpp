@@ -5,6 +5,7 @@
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
 #include "lcdata/values/keys.h"
+#include "lcdata/values/system_words.h"
 
 namespace {
 
@@ -28,10 +29,7 @@ bool readSystem(int db, SystemRecord& record)
 int lcm_system_class(int db)
 {
     SystemRecord record{};
-    if (!readSystem(db, record) || record.rawClass == 0 || record.rawClass > 39) {
-        return 0;
-    }
-    return record.rawClass < 20 ? 1 : 3;
+    return readSystem(db, record) ? lcm_class_of_raw_system(record.rawClass) : LC_SYSTEM_SPATIAL;
 }
 
 int lcm_gravity_direction(int db)

@@ -2,8 +2,7 @@
 
 /// The structural system of a project, as far as dead weight depends on it.
 
-/// The system class: 0 spatial (dead weight in X, Y and Z), 1 plane (X and Y), 3 plate (Z only).
-/// 0 when the project doesn't say.
+/// The system class, an LCM_SystemClass; spatial when the project doesn't say.
 int lcm_system_class(int db);
 
 /// The direction of gravity: plus or minus 1, 2, 3 for X, Y, Z. 1 when the project doesn't say.

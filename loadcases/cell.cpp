@@ -1,8 +1,8 @@
 #include "loadcases/cell.h"
 
-#include "actions/cell_roles.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
+#include "lcdata/values/roles.h"
 
 float lcm_cell_value(const QTableWidgetItem* cell)
 {

@@ -1,7 +1,7 @@
 #include "loadcases/load_case_cells.h"
 
-#include "actions/cell_roles.h"
 #include "host/mrl_table.h"
+#include "lcdata/values/roles.h"
 
 LCM_LoadCaseCells::LCM_LoadCaseCells(const MRL_H_TableWidget& table, int row)
 {
@@ -31,8 +31,8 @@ LCM_LoadCaseDeadWeight LCM_LoadCaseCells::deadWeight() const
 LCM_LoadCaseFactors LCM_LoadCaseCells::factors() const
 {
     LCM_LoadCaseFactors values;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        values[column] = lcm_cell_value((*this)[column]);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        values[factor.id] = lcm_cell_value((*this)[factor.loadCaseColumn]);
     }
     return values;
 }
@@ -79,7 +79,8 @@ void LCM_LoadCaseCells::showDeadWeight(const LCM_LoadCaseDeadWeight& values)
 
 void LCM_LoadCaseCells::showFactors(const LCM_LoadCaseFactors& values, LCM_CellInput input)
 {
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        lcm_set_cell_value((*this)[column], values[column], input, values[column]);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const float value = values[factor.id];
+        lcm_set_cell_value((*this)[factor.loadCaseColumn], value, input, value);
     }
 }

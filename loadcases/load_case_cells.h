@@ -39,6 +39,6 @@ class LCM_LoadCaseCells
     void showFactors(const LCM_LoadCaseFactors& values, LCM_CellInput input);
 
   private:
-    static constexpr int COLUMNS = LC_COL_DLZ - LC_COL_NUMBER + 1;
+    static constexpr int COLUMNS = lcm_last_load_case_column() - LC_COL_NUMBER + 1;
     std::array<QTableWidgetItem*, COLUMNS> m_cells; ///< by column id; owned by the table
 };

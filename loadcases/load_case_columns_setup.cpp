@@ -37,24 +37,38 @@ StructLineEdit limitedDescription()
     return description;
 }
 
+QString factorToolTip(LCM_FactorKind kind, const QString& label)
+{
+    switch (kind) {
+    case LCM_FactorKind::Unfavourable:
+        return LCM_LoadcaseWidget::tr("Unfavourable safety factor");
+    case LCM_FactorKind::Favourable:
+        return LCM_LoadcaseWidget::tr("Favourable safety factor");
+    case LCM_FactorKind::Accidental:
+        return LCM_LoadcaseWidget::tr("Accidental safety factor");
+    case LCM_FactorKind::Combination:
+        return LCM_LoadcaseWidget::tr("Combination factor %1").arg(label);
+    }
+    return {};
+}
+
+/// The key of a factor's label. This table asks for the first one in lower case, which is what it shows where the
+/// design code has no label.
+QString labelKey(const LCM_Factor& factor)
+{
+    const QString key = QLatin1String(factor.key);
+    return factor.id == LCM_FactorId::Gamu ? key.toLower() : key;
+}
+
 void createFactorColumns(TableLoadCases* table, LCM_DataClass* model, int position)
 {
-    const auto add = [&](bool exists, int id, const char* key, const QString& toolTip) {
-        if (!exists) {
-            return;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (model->hasFactor(factor.id)) {
+            const QString label = model->designCodeText(labelKey(factor));
+            createLineEditHeader(table, factor.loadCaseColumn, factorDescription(), label,
+                                 factorToolTip(factor.kind, label), position++);
         }
-        const QString label = model->designCodeText(QLatin1String(key));
-        const QString text = toolTip.contains(QLatin1String("%1")) ? toolTip.arg(label) : toolTip;
-        createLineEditHeader(table, id, factorDescription(), label, text, position++);
-    };
-    const QString combination = LCM_LoadcaseWidget::tr("Combination factor %1");
-    add(model->hasGamu(), LC_COL_GAMU, "gamu", LCM_LoadcaseWidget::tr("Unfavourable safety factor"));
-    add(model->hasGamf(), LC_COL_GAMF, "Gamf", LCM_LoadcaseWidget::tr("Favourable safety factor"));
-    add(model->hasGama(), LC_COL_GAMA, "Gama", LCM_LoadcaseWidget::tr("Accidental safety factor"));
-    add(model->hasPsi0(), LC_COL_PSI0, "Psi0", combination);
-    add(model->hasPsi1(), LC_COL_PSI1, "Psi1", combination);
-    add(model->hasPsi2(), LC_COL_PSI2, "Psi2", combination);
-    add(model->hasPsi1s(), LC_COL_PSI1S, "Psi1s", combination);
+    }
 }
 
 } // namespace

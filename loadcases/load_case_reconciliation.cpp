@@ -109,12 +109,12 @@ bool LCM_LoadCaseReconciliation::showReinitialised(const LCM_LoadCaseCells& cell
                                                    const tagCDB_LC_ACT& action)
 {
     bool edited = false;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        QTableWidgetItem* cell = cells[column];
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        QTableWidgetItem* cell = cells[factor.loadCaseColumn];
         if (!lcm_cell_from_action(cell)) {
             continue;
         }
-        const float value = lcm_action_factor(action, column);
+        const float value = lcm_stored_factor(action, factor);
         const QString text = mrl_h_getDimStringFromVal(static_cast<double>(value), -3, 2);
         if (cell->text() == text) {
             continue;

@@ -142,9 +142,8 @@ void LCM_LoadcaseWidget::readSystem() { lcm_read_system(db, m_setup); }
 LCM_RowContext LCM_LoadcaseWidget::rowContext() const
 {
     LCM_LoadCaseSetup setup = m_setup;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        setup.factorColumns[static_cast<std::size_t>(column - LC_COL_GAMU)] =
-            loadcaseTable->getColumnNumber(column) >= 0;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        setup.factorColumns[factor.id] = loadcaseTable->getColumnNumber(factor.loadCaseColumn) >= 0;
     }
     setup.globalDirections = checkDeadload->isChecked();
     return {setup, LCM_ActionLookup(actionsWidget, *model)};

@@ -69,7 +69,8 @@ float LCM_LoadcaseWidget::getActionVal(int row, int colId)
     }
     const auto& actions = actionsWidget->getActionMap();
     const auto action = actions.find(lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
-    return action == actions.end() ? LC_UNDEFINED : lcm_action_factor(action->second, colId);
+    const LCM_Factor* factor = lcm_factor_of_load_case_column(colId);
+    return factor && action != actions.end() ? lcm_stored_factor(action->second, *factor) : LC_UNDEFINED;
 }
 
 void LCM_LoadcaseWidget::setItemVal(int row, int colId, float val, bool enabled)

@@ -3,16 +3,15 @@
 #include "host/mrl_alib.h"
 #include "host/mrl_lib.h"
 #include "host/mrl_textlist.h"
+#include "lcdata/values/keys.h"
 #include "manager/control_struct.h"
 #include "manager/entry_points.h"
 
 namespace {
 
-constexpr int KWH_LOADCASES = 12;
-constexpr int KWH_ACTIONS = 14;
 /// From four blanks to four small z: every code of letters, digits and underscores, and none of the numeric
 /// keys that other modules keep in the same group.
-constexpr int FIRST_ACTION_CODE = 0x20202020;
+constexpr int FIRST_ACTION_CODE = LC_BLANK_WORD;
 constexpr int LAST_ACTION_CODE = 0x7a7a7a7a;
 
 constexpr int RESTRICTED_RUN_MODES = 24;
@@ -37,7 +36,7 @@ int LoadCaseManagerPlugin::function(SupportedFunctions code, MRL_H_PluginParamet
 {
     switch (code) {
     case MRL_H_FUNCTION_LOAD:
-        parameter->document->cdb2shadow(KWH_LOADCASES, false);
+        parameter->document->cdb2shadow(LC_KWH_CASES, false);
         MRL_H_Plugin::function(code, parameter);
         return RESULT_DONE;
     case MRL_H_FUNCTION_DIALOG: {
@@ -47,7 +46,7 @@ int LoadCaseManagerPlugin::function(SupportedFunctions code, MRL_H_PluginParamet
         return RESULT_LOADCASES;
     }
     case MRL_H_FUNCTION_SAVE:
-        parameter->document->addSaveKwh(KWH_LOADCASES);
+        parameter->document->addSaveKwh(LC_KWH_CASES);
         MRL_H_Plugin::function(code, parameter);
         return RESULT_DONE;
     case MRL_H_FUNCTION_ABILITIES:
@@ -65,7 +64,7 @@ int ActionManagerPlugin::function(SupportedFunctions code, MRL_H_PluginParameter
 {
     switch (code) {
     case MRL_H_FUNCTION_LOAD:
-        parameter->document->cdb2shadow(KWH_ACTIONS, FIRST_ACTION_CODE, LAST_ACTION_CODE, false);
+        parameter->document->cdb2shadow(LC_KWH_ACTIONS, FIRST_ACTION_CODE, LAST_ACTION_CODE, false);
         MRL_H_Plugin::function(code, parameter);
         return RESULT_DONE;
     case MRL_H_FUNCTION_DIALOG:
@@ -74,7 +73,7 @@ int ActionManagerPlugin::function(SupportedFunctions code, MRL_H_PluginParameter
         generate(*parameter);
         return RESULT_DONE;
     case MRL_H_FUNCTION_SAVE:
-        parameter->document->addSaveKwh(KWH_ACTIONS, FIRST_ACTION_CODE, LAST_ACTION_CODE);
+        parameter->document->addSaveKwh(LC_KWH_ACTIONS, FIRST_ACTION_CODE, LAST_ACTION_CODE);
         MRL_H_Plugin::function(code, parameter);
         return RESULT_DONE;
     case MRL_H_FUNCTION_ABILITIES:

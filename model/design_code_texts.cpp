@@ -1,5 +1,6 @@
 // The design code's symbols for the factors, and which factors it has.
 #include "host/mrl_widgets.h"
+#include "lcdata/factor_marks.h"
 #include "model/working_model.h"
 #include "rules/design_code_label.h"
 
@@ -29,25 +30,29 @@ QString LCM_DataClass::designCodeText(const QString& key)
     return label;
 }
 
-/// For safety factors a design code can also say "none" in its file.
-int LCM_DataClass::hasLabelled(bool known, const QString& key)
+bool LCM_DataClass::hasFactor(LCM_FactorId id)
 {
-    return known && designCodeText(key) != QLatin1String("none") ? 1 : 0;
+    const LCM_Factor& factor = lcm_factor(id);
+    // For a safety factor a design code can also say "none" in its file.
+    return lcm_has_factor(info, factor) &&
+           !(lcm_is_safety(factor.kind) &&
+             designCodeText(QLatin1String(factor.key)) == QLatin1String("none"));
 }
 
-int LCM_DataClass::hasGamu() { return hasLabelled(info.gamu, QStringLiteral("Gamu")); }
-int LCM_DataClass::hasGamf() { return hasLabelled(info.gamf, QStringLiteral("Gamf")); }
-int LCM_DataClass::hasGama() { return hasLabelled(info.gama, QStringLiteral("Gama")); }
-int LCM_DataClass::hasPsi0() const { return info.psi0; }
-int LCM_DataClass::hasPsi1() const { return info.psi1; }
-int LCM_DataClass::hasPsi2() const { return info.psi2; }
-int LCM_DataClass::hasPsi1s() const { return info.psi1s; }
+int LCM_DataClass::hasGamu() { return hasFactor(LCM_FactorId::Gamu); }
+int LCM_DataClass::hasGamf() { return hasFactor(LCM_FactorId::Gamf); }
+int LCM_DataClass::hasGama() { return hasFactor(LCM_FactorId::Gama); }
+int LCM_DataClass::hasPsi0() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi0)); }
+int LCM_DataClass::hasPsi1() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi1)); }
+int LCM_DataClass::hasPsi2() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi2)); }
+int LCM_DataClass::hasPsi1s() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi1s)); }
 
 int LCM_DataClass::optionalColumnCount()
 {
     // The order matters: the first safety factor that asks for its label may bring up the warning.
-    int count = hasGamu();
-    count += hasGamf();
-    count += hasGama();
-    return count + hasPsi0() + hasPsi1() + hasPsi1s() + hasPsi2();
+    int count = 0;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        count += hasFactor(factor.id) ? 1 : 0;
+    }
+    return count;
 }

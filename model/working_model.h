@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "lcdata/actions.h"
+#include "lcdata/values/factors.h"
 #include "lcdata/values/records.h"
 
 /// What an entry of the action tree is to the project.
@@ -122,6 +123,8 @@ class LCM_DataClass : public QObject
 
     /// The design code's label of a factor, "Gamu" to "Psi1s"; the key itself when it has none.
     QString designCodeText(const QString& key);
+    /// Whether the tables have a column for a factor.
+    bool hasFactor(LCM_FactorId id);
     /// 1 when the tables have a column for the factor, else 0.
     int hasGamu();
     int hasGamf();
@@ -130,7 +133,7 @@ class LCM_DataClass : public QObject
     int hasPsi1() const;
     int hasPsi2() const;
     int hasPsi1s() const;
-    /// How many factor columns there are, 0 to 7.
+    /// How many factor columns there are.
     int optionalColumnCount();
 
     /// Puts a record into the entry with this code; state, code and userDefined of the entry stay.
@@ -156,7 +159,6 @@ class LCM_DataClass : public QObject
     void loadLoadCases();
     void readLoadCaseNumbers();
     std::set<int>& usedNumbers();
-    int hasLabelled(bool known, const QString& key);
 
     std::vector<LCM_ActionEntry*> designCodeActions;
     std::list<int> readNumbers; ///< as read; becomes the set below when somebody asks for it

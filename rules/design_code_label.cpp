@@ -3,6 +3,7 @@
 #include <array>
 
 #include "host/mrl_lib.h"
+#include "lcdata/factor_marks.h"
 
 namespace {
 
@@ -20,9 +21,9 @@ std::optional<QString> lcm_design_code_file(int db)
     return QString::fromUtf8(file.data());
 }
 
-QString lcm_design_code_label(const QString& file, const QString& upperKey)
+QString lcm_design_code_label(const QString& file, const QString& key)
 {
-    const QByteArray entry = QStringLiteral("TXT_%1").arg(upperKey).toUtf8();
+    const QByteArray entry = lcm_label_key(key).toUtf8();
     int value = 0;
     std::array<char, LABEL_BYTES + 1> label{}; // a label that fills the buffer has no closing zero
     mrl_lib_profile_read(file.toUtf8().constData(), "ACTIONS", entry.constData(), 1, &value, label.data(),
@@ -30,16 +31,14 @@ QString lcm_design_code_label(const QString& file, const QString& upperKey)
     return QString::fromUtf8(label.data()).simplified();
 }
 
-std::array<bool, LC_FACTOR_COUNT> lcm_factor_columns(const MRL_LC_Action_Info& info, const QString& file)
+LCM_PerFactor<bool> lcm_factor_columns(const MRL_LC_Action_Info& info, const QString& file)
 {
-    const auto labelled = [&file](bool known, const char* key) {
-        return known && lcm_design_code_label(file, QLatin1String(key)) != QLatin1String("none");
-    };
-    return {labelled(info.gamu, "GAMU"),
-            labelled(info.gamf, "GAMF"),
-            labelled(info.gama, "GAMA"),
-            info.psi0,
-            info.psi1,
-            info.psi2,
-            info.psi1s};
+    LCM_PerFactor<bool> columns;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const auto saysNone = [&] {
+            return lcm_design_code_label(file, QLatin1String(factor.key)) == QLatin1String("none");
+        };
+        columns[factor.id] = lcm_has_factor(info, factor) && !(lcm_is_safety(factor.kind) && saysNone());
+    }
+    return columns;
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "lcdata/load_case_factors.h"
+#include "lcdata/values/action_code.h"
 
 LCM_FreeNumbers::LCM_FreeNumbers(std::vector<int> rows, std::optional<int> selected,
                                  const std::set<int>& used)
@@ -81,8 +82,7 @@ void lcm_bind_default_action(const tagCDB_LC_ACT& action, bool exists, tagCDB_LC
     if (!exists) {
         std::memset(bound.name, 0, sizeof bound.name);
     }
-    int word = 0;
-    std::memcpy(&word, bound.name, sizeof word);
+    const int word = lcm_field_word(bound.name);
     lcm_default_factors(word, bound);
     lcm_load_case_from_action(bound, record, word);
 }

@@ -2,20 +2,15 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <utility>
 
 #include "lcdata/load_case_factors.h"
 #include "lcdata/values/action_code.h"
-#include "lcdata/values/gama.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/packing.h"
-#include "rules/action_columns.h"
+#include "lcdata/values/system_words.h"
 
 namespace {
-
-// Both tables number the columns of the factors alike.
-static_assert(int(ACT_COL_GAMU) == int(LC_COL_GAMU) && int(ACT_COL_PSI1S) == int(LC_COL_PSI1S));
 
 /// The axis of gravity, 1 to 3, and 0 when the direction names none.
 int axisOf(int gravity) { return gravity >= -3 && gravity <= 3 ? std::abs(gravity) : 0; }
@@ -45,54 +40,50 @@ float alongGravity(float value, int gravity)
 LCM_LoadCaseFactors ownFactors(const tagCDB_LC_CTRL& record)
 {
     LCM_LoadCaseFactors factors;
-    const LCM_FactorPair safety = lcm_unpack_pair(record.gamu);
-    const LCM_FactorPair frequent = lcm_unpack_pair(record.psi1);
-    factors[LC_COL_GAMU] = safety.main;
-    factors[LC_COL_GAMA] = safety.minor;
-    factors[LC_COL_PSI1] = frequent.main;
-    factors[LC_COL_PSI1S] = frequent.minor;
-    factors[LC_COL_GAMF] = record.gamf;
-    factors[LC_COL_PSI0] = record.psi0;
-    factors[LC_COL_PSI2] = record.psi2;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const float field = record.*factor.loadCaseField;
+        if (factor.packing == LCM_FactorPacking::Alone) {
+            factors[factor.id] = field;
+            continue;
+        }
+        const LCM_FactorPair pair = lcm_unpack_pair(field);
+        factors[factor.id] = factor.packing == LCM_FactorPacking::Main ? pair.main : pair.minor;
+    }
     return factors;
 }
 
-/// Packs a pair of cells. Unlike the packing of two numbers at hand each cell counts only if its column is
-/// there, and the second one may undo the first: then the whole pair follows the action.
-float packCells(const LCM_LoadCaseFactors& cells, const LCM_LoadCaseSetup& setup, int mainColumn,
-                int minorColumn, bool zeroRule)
+/// The field of a pair whose main value is given, or of a factor alone. Unlike the packing of two numbers at
+/// hand each cell counts only if its column is there, and the second one may undo the first: then the whole
+/// pair follows the action.
+float packCells(const LCM_LoadCaseFactors& cells, const LCM_PerFactor<bool>& columns,
+                const LCM_Factor& factor)
 {
-    float field = 0.0f;
-    if (setup.hasColumn(mainColumn)) {
-        field = cells[mainColumn] == LC_UNDEFINED ? LC_UNDEFINED : lcm_round_main(cells[mainColumn]);
+    const float value = columns[factor.id] ? cells[factor.id] : 0.0f;
+    if (factor.packing == LCM_FactorPacking::Alone) {
+        return value;
     }
-    if (!setup.hasColumn(minorColumn)) {
+    const float field = value == LC_UNDEFINED ? LC_UNDEFINED : lcm_round_main(value);
+    const LCM_Factor& minor = *lcm_partner_of(factor);
+    if (!columns[minor.id]) {
         return field;
     }
-    const float minor = cells[minorColumn];
-    if (minor == LC_UNDEFINED) {
+    if (cells[minor.id] == LC_UNDEFINED) {
         return LC_UNDEFINED;
     }
-    return lcm_add_minor(field, zeroRule ? lcm_gama_to_store(minor) : minor);
+    return lcm_add_minor(field, lcm_factor_to_store(minor, cells[minor.id]));
 }
 
 int packLatin1(const QString& text)
 {
     const QByteArray bytes = text.toLatin1();
-    unsigned word = 0x20202020u;
-    for (int i = 0; i < 4 && i < bytes.size(); ++i) {
-        const unsigned shift = 8u * static_cast<unsigned>(i);
-        word &= ~(0xffu << shift);
-        word |= static_cast<unsigned>(static_cast<unsigned char>(bytes.at(i))) << shift;
-    }
-    return static_cast<int>(word);
+    return lcm_pack_bytes({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 } // namespace
 
 std::array<bool, 3> lcm_shown_components(int systemClass)
 {
-    return {systemClass != 3, systemClass != 3, systemClass != 1};
+    return {systemClass != LC_SYSTEM_PLATE, systemClass != LC_SYSTEM_PLATE, systemClass != LC_SYSTEM_PLANE};
 }
 
 LCM_LoadCaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int gravity)
@@ -118,9 +109,10 @@ LCM_LoadCaseDeadWeight lcm_shown_dead_weight(const tagCDB_LC_CTRL& record, int g
 LCM_LoadCaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record)
 {
     LCM_LoadCaseFactors factors = ownFactors(record);
-    for (const auto& [main, minor] : {std::pair{LC_COL_GAMU, LC_COL_GAMA}, {LC_COL_PSI1, LC_COL_PSI1S}}) {
-        if (factors[main] == LC_UNDEFINED) {
-            factors[minor] = LC_UNDEFINED;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (factor.packing == LCM_FactorPacking::Minor &&
+            factors[lcm_partner_of(factor)->id] == LC_UNDEFINED) {
+            factors[factor.id] = LC_UNDEFINED;
         }
     }
     return factors;
@@ -135,16 +127,10 @@ LCM_LoadCaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB
     if (!action || record.action == LC_ACTION_IMPERFECTION) {
         return factors;
     }
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        factors[column] = lcm_action_factor(*action, column);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        factors[factor.id] = lcm_stored_factor(*action, factor);
     }
     return factors;
-}
-
-float lcm_action_factor(const tagCDB_LC_ACT& action, int column)
-{
-    const LCM_ActionFactor* factor = lcm_factor_of_column(column);
-    return factor ? action.*factor->field : LC_UNDEFINED;
 }
 
 LCM_LoadCaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
@@ -170,10 +156,10 @@ void lcm_store_dead_weight(const LCM_LoadCaseDeadWeight& cells, const LCM_LoadCa
     } else if (along) {
         *along = alongGravity(cells.factor, setup.gravity);
     }
-    if (setup.systemClass == 1) {
+    if (setup.systemClass == LC_SYSTEM_PLANE) {
         record.dlz = 0.0f;
     }
-    if (setup.systemClass == 3) {
+    if (setup.systemClass == LC_SYSTEM_PLATE) {
         record.dlx = record.dly = 0.0f;
     }
 }
@@ -181,15 +167,12 @@ void lcm_store_dead_weight(const LCM_LoadCaseDeadWeight& cells, const LCM_LoadCa
 void lcm_store_factors(const LCM_LoadCaseFactors& cells, const LCM_LoadCaseSetup& setup,
                        tagCDB_LC_CTRL& record)
 {
-    if (!lcm_has_own_factors(record.action)) {
-        record.gamu = record.gamf = record.psi0 = record.psi1 = record.psi2 = LC_UNDEFINED;
-        return;
+    const bool own = lcm_has_own_factors(record.action);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (factor.packing != LCM_FactorPacking::Minor) {
+            record.*factor.loadCaseField = own ? packCells(cells, setup.factorColumns, factor) : LC_UNDEFINED;
+        }
     }
-    record.gamu = packCells(cells, setup, LC_COL_GAMU, LC_COL_GAMA, true);
-    record.psi1 = packCells(cells, setup, LC_COL_PSI1, LC_COL_PSI1S, false);
-    record.gamf = setup.hasColumn(LC_COL_GAMF) ? cells[LC_COL_GAMF] : 0.0f;
-    record.psi0 = setup.hasColumn(LC_COL_PSI0) ? cells[LC_COL_PSI0] : 0.0f;
-    record.psi2 = setup.hasColumn(LC_COL_PSI2) ? cells[LC_COL_PSI2] : 0.0f;
 }
 
 tagCDB_LC_CTRL lcm_record_of_row(const LCM_LoadCaseRow& row, const LCM_LoadCaseSetup& setup)

@@ -4,34 +4,21 @@
 
 #include <QString>
 
+#include "lcdata/values/factors.h"
 #include "lcdata/values/records.h"
 #include "rules/load_case_columns.h"
 
 /// What the project and its design code settle for every row of the load-case table.
 struct LCM_LoadCaseSetup
 {
-    std::array<bool, LC_FACTOR_COUNT> factorColumns{}; ///< by column id, from LC_COL_GAMU on
-    int gravity = 1;               ///< signed axis of gravity, plus or minus 1, 2, 3 for X, Y, Z
-    int systemClass = 0;           ///< 0, 1 or 3
-    bool globalDirections = false; ///< the box "Use global deadload directions" is checked
-
-    bool hasColumn(int factorColumn) const
-    {
-        return factorColumns[static_cast<std::size_t>(factorColumn - LC_COL_GAMU)];
-    }
+    LCM_PerFactor<bool> factorColumns; ///< whether the table has a column for a factor
+    int gravity = 1;                   ///< signed axis of gravity, plus or minus 1, 2, 3 for X, Y, Z
+    int systemClass = 0;               ///< 0, 1 or 3
+    bool globalDirections = false;     ///< the box "Use global deadload directions" is checked
 };
 
-/// The factors that a row shows, by column id. A factor that is not set is LC_UNDEFINED.
-class LCM_LoadCaseFactors
-{
-  public:
-    float& operator[](int factorColumn) { return m_values[index(factorColumn)]; }
-    float operator[](int factorColumn) const { return m_values[index(factorColumn)]; }
-
-  private:
-    static std::size_t index(int column) { return static_cast<std::size_t>(column - LC_COL_GAMU); }
-    std::array<float, LC_FACTOR_COUNT> m_values{};
-};
+/// The factors that a row shows. A factor that is not set is LC_UNDEFINED.
+using LCM_LoadCaseFactors = LCM_PerFactor<float>;
 
 /// The dead-weight cells of a row.
 struct LCM_LoadCaseDeadWeight
@@ -69,9 +56,6 @@ LCM_LoadCaseFactors lcm_shown_factors(const tagCDB_LC_CTRL& record, const tagCDB
 /// The factors that a record holds itself. A factor that follows the action is undefined, of a pair both.
 LCM_LoadCaseFactors lcm_stored_factors(const tagCDB_LC_CTRL& record);
 
-/// The factor of an action that a factor column shows; LC_UNDEFINED for any other column.
-float lcm_action_factor(const tagCDB_LC_ACT& action, int column);
-
 /// The cells of a row that shows a record.
 LCM_LoadCaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
                                   const LCM_LoadCaseSetup& setup);
@@ -82,7 +66,7 @@ LCM_LoadCaseRow lcm_row_of_record(int number, const tagCDB_LC_CTRL& record, cons
 void lcm_store_dead_weight(const LCM_LoadCaseDeadWeight& cells, const LCM_LoadCaseSetup& setup,
                            tagCDB_LC_CTRL& record);
 
-/// The five factor fields of a record: all undefined when the record's action word is not 0, else the row's
+/// The factor fields of a record: all undefined when the record's action word is not 0, else the row's
 /// factors, packed in pairs; a factor without a column is 0.
 void lcm_store_factors(const LCM_LoadCaseFactors& cells, const LCM_LoadCaseSetup& setup,
                        tagCDB_LC_CTRL& record);

@@ -1,39 +1,36 @@
 #include "workbench/actions_model.h"
 
 #include "lcdata/values/action_code.h"
+#include "lcdata/values/keywords.h"
 #include "lcdata/values/packed_text.h"
-#include "rules/action_row.h"
+#include "lcdata/values/partition.h"
 
 namespace mrl::workbench {
 
 namespace {
 
-QString categoryName(int partition)
+QString partitionName(int id)
 {
-    const int group = partition >> 8;
-    switch ((partition >> 4) & 0xF) {
-    case 1:
+    if (lcm_is_load_group(id)) {
+        return ActionsModel::tr("variable, group %1").arg(lcm_load_group(id));
+    }
+    switch (id) {
+    case LC_CATEGORY_PERMANENT:
         return ActionsModel::tr("permanent");
-    case 2:
+    case LC_CATEGORY_PRESTRESS:
         return ActionsModel::tr("prestress");
-    case 3:
-        return group > 0 ? ActionsModel::tr("variable, group %1").arg(group) : ActionsModel::tr("variable");
-    case 4:
+    case LC_CATEGORY_VARIABLE:
+        return ActionsModel::tr("variable");
+    case LC_CATEGORY_ACCIDENTAL:
         return ActionsModel::tr("accidental");
-    case 5:
+    case LC_CATEGORY_EARTHQUAKE:
         return ActionsModel::tr("earthquake");
     default:
-        return QString::number(partition >> 4);
+        return QString::number(id);
     }
 }
 
-QString superpositionName(int partition)
-{
-    static const char* const NAMES[] = {"PERM", "COND", "EXCL", "UNSI", "USEX",
-                                        "ALEX", "EXEX", "PERC", "PERC"};
-    const unsigned code = static_cast<unsigned>(partition) & 0xFu;
-    return code < std::size(NAMES) ? QString::fromLatin1(NAMES[code]) : QString::number(code);
-}
+QString superpositionName(int id) { return QString::fromStdString(lcm_word_of_id(LCM_SUPERPOSITIONS, id)); }
 
 } // namespace
 
@@ -55,14 +52,17 @@ QString ActionsModel::text(const LCM_StoredAction& action, int column) const
     case Title:
         return lcm_title_text(action.record.title);
     case Category:
-        return categoryName(action.record.partition);
+        return partitionName(lcm_partition_id(action.record.partition));
     case Superposition:
-        return superpositionName(action.record.partition);
+        return superpositionName(lcm_superposition_id(action.record.partition));
     default:
-        return number(lcm_shown_factor(
-            action.record,
-            *lcm_factor_of_column(m_factors[static_cast<std::size_t>(column - FirstFactor)].column)));
+        return number(lcm_shown_factor(action.record, lcm_factor(factorAt(column).id)));
     }
+}
+
+const FactorColumn& ActionsModel::factorAt(int column) const
+{
+    return m_factors.at(static_cast<std::size_t>(column - FirstFactor));
 }
 
 QVariant ActionsModel::data(const QModelIndex& index, int role) const
@@ -85,7 +85,7 @@ QString ActionsModel::caption(int section) const
     case Superposition:
         return tr("Superposition");
     default:
-        return m_factors[static_cast<std::size_t>(section - FirstFactor)].label;
+        return factorAt(section).label;
     }
 }
 

@@ -23,6 +23,7 @@ class ActionsModel : public RowsModel<LCM_StoredAction>
 
   private:
     QString text(const LCM_StoredAction& action, int column) const;
+    const FactorColumn& factorAt(int column) const;
 
     std::vector<FactorColumn> m_factors;
 };

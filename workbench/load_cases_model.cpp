@@ -7,7 +7,6 @@
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
-#include "rules/action_row.h"
 #include "rules/load_case_row.h"
 
 namespace mrl::workbench {
@@ -78,19 +77,15 @@ QString LoadCasesModel::text(const LCM_StoredLoadCase& loadCase, int column) con
         return number(loadCase.record.dlz);
     default:
         const tagCDB_LC_ACT* action = actionOf(loadCase, column);
-        return number(action ? lcm_shown_factor(*action, *lcm_factor_of_column(factorColumn(column)))
-                             : ownFactor(loadCase, column));
+        const LCM_FactorId factor = factorAt(column).id;
+        return number(action ? lcm_shown_factor(*action, lcm_factor(factor))
+                             : lcm_stored_factors(loadCase.record)[factor]);
     }
 }
 
-int LoadCasesModel::factorColumn(int column) const
+const FactorColumn& LoadCasesModel::factorAt(int column) const
 {
-    return m_factors[static_cast<std::size_t>(column - FirstFactor)].column;
-}
-
-float LoadCasesModel::ownFactor(const LCM_StoredLoadCase& loadCase, int column) const
-{
-    return lcm_stored_factors(loadCase.record)[factorColumn(column)];
+    return m_factors.at(static_cast<std::size_t>(column - FirstFactor));
 }
 
 const tagCDB_LC_ACT* LoadCasesModel::actionOf(const LCM_StoredLoadCase& loadCase, int column) const
@@ -145,7 +140,7 @@ QString LoadCasesModel::caption(int section) const
     case Dlz:
         return QStringLiteral("DLZ");
     default:
-        return m_factors[static_cast<std::size_t>(section - FirstFactor)].label;
+        return factorAt(section).label;
     }
 }
 

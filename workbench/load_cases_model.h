@@ -29,8 +29,7 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
     QString text(const LCM_StoredLoadCase& loadCase, int column) const;
     /// The action whose factor holds in a column; null where it is the load case's own, or nobody's.
     const tagCDB_LC_ACT* actionOf(const LCM_StoredLoadCase& loadCase, int column) const;
-    float ownFactor(const LCM_StoredLoadCase& loadCase, int column) const;
-    int factorColumn(int column) const;
+    const FactorColumn& factorAt(int column) const;
 
     std::vector<FactorColumn> m_factors;
     std::map<int, tagCDB_LC_ACT> m_actions; ///< by code

@@ -6,6 +6,7 @@
 #include "hostlib/ui/framework/project_document.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/system.h"
+#include "lcdata/values/system_words.h"
 
 namespace mrl::workbench {
 
@@ -18,7 +19,7 @@ QString fill(int db, const NewProject& wish)
     if (const auto named = cdb::setFact(db, "designcode", wish.designCode.toStdString()); !named) {
         return ui::failureText(named);
     }
-    if (!lcm_write_system(db, wish.rawSystemClass, wish.gravity)) {
+    if (!lcm_write_system(db, lcm_raw_system(wish.systemClass), wish.gravity)) {
         return ui::failureText(cdb::stickyError(db));
     }
     if (wish.withDefaultActions && !lcm_store_default_actions(db)) {

@@ -11,7 +11,7 @@ struct NewProject
 {
     QString file;                    ///< path of the file to make
     QString designCode;              ///< name under which the project names its design code
-    int rawSystemClass = 0;          ///< 0 spatial, 1 plane, 20 plate
+    int systemClass = 0;             ///< an LCM_SystemClass
     int gravity = -3;                ///< signed axis: plus or minus 1, 2, 3 for X, Y, Z
     bool withDefaultActions = false; ///< store the default actions of the design code at once
 };

@@ -9,14 +9,12 @@
 #include <QMessageBox>
 
 #include "hostlib/data/designcode/designcode.h"
+#include "lcdata/values/system_words.h"
+#include "workbench/axis_name.h"
 
 namespace mrl::workbench {
 
 namespace {
-
-constexpr int SPATIAL = 0;
-constexpr int PLANE = 1;
-constexpr int PLATE = 20;
 
 /// A file name that is not taken yet.
 QString freeName(const QString& folder, const QString& base)
@@ -119,20 +117,17 @@ void NewProjectDialog::fillDesignCodes()
 
 void NewProjectDialog::fillSystems()
 {
-    m_system->addItem(tr("Spatial structure"), SPATIAL);
-    m_system->addItem(tr("Plane structure"), PLANE);
-    m_system->addItem(tr("Plate"), PLATE);
+    m_system->addItem(tr("Spatial structure"), LC_SYSTEM_SPATIAL);
+    m_system->addItem(tr("Plane structure"), LC_SYSTEM_PLANE);
+    m_system->addItem(tr("Plate"), LC_SYSTEM_PLATE);
 }
 
 void NewProjectDialog::fillGravity()
 {
-    const char* const axes[] = {"X", "Y", "Z"};
-    for (int axis = 1; axis <= 3; ++axis) {
-        const QString name = QLatin1String(axes[axis - 1]);
-        m_gravity->addItem(QStringLiteral("+") + name, axis);
-        m_gravity->addItem(QStringLiteral("\u2212") + name, -axis);
+    for (const LCM_GravityAxis& axis : LCM_GRAVITY_AXES) {
+        m_gravity->addItem(axisName(axis.id), axis.id);
     }
-    m_gravity->setCurrentId(-3);
+    m_gravity->setCurrentId(lcm_usual_gravity(LC_SYSTEM_SPATIAL));
 }
 
 void NewProjectDialog::slot_browse()
@@ -147,8 +142,7 @@ void NewProjectDialog::slot_browse()
 
 void NewProjectDialog::slot_systemChanged(int)
 {
-    // Dead weight of a plane structure acts in its plane.
-    m_gravity->setCurrentId(m_system->getCurrentId() == PLANE ? -2 : -3);
+    m_gravity->setCurrentId(lcm_usual_gravity(m_system->getCurrentId()));
 }
 
 void NewProjectDialog::slot_inputChanged()
@@ -161,7 +155,7 @@ NewProject NewProjectDialog::wish() const
     NewProject wish;
     wish.file = QFileInfo(withEnding(m_file->text())).absoluteFilePath();
     wish.designCode = m_designCode->currentData().toString();
-    wish.rawSystemClass = m_system->getCurrentId();
+    wish.systemClass = m_system->getCurrentId();
     wish.gravity = m_gravity->getCurrentId();
     wish.withDefaultActions = m_defaults->isChecked();
     return wish;

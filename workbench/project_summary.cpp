@@ -13,7 +13,6 @@
 #include "lcdata/load_cases.h"
 #include "lcdata/system.h"
 #include "lcdata/values/action_code.h"
-#include "rules/action_columns.h"
 #include "rules/design_code_label.h"
 #include "rules/dialog_settings.h"
 #include "workbench/design_code_failure.h"
@@ -52,8 +51,8 @@ void readLoadCases(int db, ProjectSummary& summary)
 std::vector<FactorColumn> plainFactorColumns()
 {
     std::vector<FactorColumn> columns;
-    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-        columns.push_back({factor.column, QString::fromLatin1(factor.key)});
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        columns.push_back({factor.id, QString::fromLatin1(factor.key)});
     }
     return columns;
 }
@@ -66,12 +65,11 @@ std::vector<FactorColumn> factorColumns(int db)
     const QString file = lcm_design_code_file(db).value_or(QString());
     const auto shown = lcm_factor_columns(info, file);
     std::vector<FactorColumn> columns;
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        const LCM_ActionFactor& factor = LCM_ACTION_FACTORS[i];
-        const QString key = QString::fromLatin1(factor.key);
-        const QString label = lcm_design_code_label(file, key.toUpper());
-        if (shown[i]) {
-            columns.push_back({factor.column, label.isEmpty() ? key : label});
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (shown[factor.id]) {
+            const QString key = QString::fromLatin1(factor.key);
+            const QString label = lcm_design_code_label(file, key);
+            columns.push_back({factor.id, label.isEmpty() ? key : label});
         }
     }
     return columns;

@@ -8,6 +8,7 @@
 
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
+#include "lcdata/values/factors.h"
 #include "rules/finding.h"
 
 namespace mrl::workbench {
@@ -15,7 +16,7 @@ namespace mrl::workbench {
 /// A factor that the design code of the project knows, and its symbol there.
 struct FactorColumn
 {
-    int column = 0; ///< its id in both tables of the manager
+    LCM_FactorId id{};
     QString label;
 };
 

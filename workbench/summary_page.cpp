@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "workbench/actions_model.h"
+#include "workbench/axis_name.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
 
@@ -27,23 +28,13 @@ QLabel* valueLabel(const char* name, QWidget* parent)
 QString systemName(int systemClass)
 {
     switch (systemClass) {
-    case 1:
+    case LC_SYSTEM_PLANE:
         return SummaryPage::tr("plane structure");
-    case 3:
+    case LC_SYSTEM_PLATE:
         return SummaryPage::tr("plate");
     default:
         return SummaryPage::tr("spatial structure");
     }
-}
-
-QString axisName(int axis)
-{
-    static const char* const NAMES[] = {"X", "Y", "Z"};
-    const int size = axis < 0 ? -axis : axis;
-    if (size < 1 || size > 3) {
-        return QString::number(axis);
-    }
-    return (axis < 0 ? QStringLiteral("\u2212") : QStringLiteral("+")) + QLatin1String(NAMES[size - 1]);
 }
 
 void fitColumns(QTableView* table, int stretched)

@@ -2,10 +2,8 @@
 #include "cli/commands/commands.h"
 #include "cli/project.h"
 #include "cli/stored_actions.h"
-#include "cli/words.h"
-#include "lcdata/values/gama.h"
 #include "lcdata/values/packed_text.h"
-#include "rules/action_row.h"
+#include "lcdata/values/partition.h"
 
 namespace mrl::cli {
 
@@ -25,8 +23,8 @@ class ActionSetCommand : public Command
     std::string file;
     std::string action;
     std::optional<std::string> title;
-    std::optional<std::string> partition;
-    std::optional<std::string> superposition;
+    std::optional<int> partition;
+    std::optional<int> superposition;
     FactorOptions factors;
 };
 
@@ -35,9 +33,8 @@ void ActionSetCommand::declare(Arguments& args)
     args.file(file);
     args.positional("NAME", action, "Name of the action, such as Q_A");
     args.title(title);
-    args.choice("--partition", partition, partitionIds(), "G, P, Q, Q_1 to Q_5, A or E");
-    args.choice("--superposition", superposition, superpositionIds(),
-                "PERM, COND, EXCL, UNSI, USEX, ALEX, EXEX or PERC");
+    args.choice("--partition", partition, LCM_PARTITIONS);
+    args.choice("--superposition", superposition, LCM_SUPERPOSITIONS);
     args.factors(factors);
     args.needsAnOption();
 }
@@ -48,19 +45,13 @@ void ActionSetCommand::change(tagCDB_LC_ACT& record) const
         lcm_title_pack(qtext(*title), record.title, LC_TITLE_WORDS);
     }
     if (partition || superposition) {
-        const int partitionId =
-            partition ? partitionIds().at(*partition) : lcm_partition_id(record.partition);
-        const int superpositionId =
-            superposition ? superpositionIds().at(*superposition) : lcm_superposition_id(record.partition);
-        record.partition = lcm_partition_word(partitionId, superpositionId);
+        record.partition = lcm_partition_word(partition.value_or(lcm_partition_id(record.partition)),
+                                              superposition.value_or(lcm_superposition_id(record.partition)));
     }
-    record.gamu = factors.gamu.value_or(record.gamu);
-    record.gamf = factors.gamf.value_or(record.gamf);
-    record.gama = factors.gama ? lcm_gama_to_store(*factors.gama) : record.gama;
-    record.psi0 = factors.psi0.value_or(record.psi0);
-    record.psi1 = factors.psi1.value_or(record.psi1);
-    record.psi2 = factors.psi2.value_or(record.psi2);
-    record.psi1s = factors.psi1s.value_or(record.psi1s);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        float& field = record.*factor.actionField;
+        field = factors[factor.id].value_or(field);
+    }
 }
 
 ExitCode ActionSetCommand::run()

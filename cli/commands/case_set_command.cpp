@@ -4,11 +4,10 @@
 #include "cli/raw_records.h"
 #include "cli/stored_actions.h"
 #include "cli/stored_load_cases.h"
-#include "lcdata/values/gama.h"
+#include "lcdata/values/factors.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/packing.h"
-#include "rules/action_row.h"
 #include "rules/load_case_row.h"
 
 namespace mrl::cli {
@@ -27,39 +26,39 @@ class CaseSetCommand : public Command
     void changeAction(const Project& project, tagCDB_LC_CTRL& record) const;
     void changeFactors(const Project& project, tagCDB_LC_CTRL& record) const;
 
-    std::string file;
-    int number = 0;
-    std::optional<std::string> action;
-    std::optional<std::string> title;
-    std::optional<float> dlx, dly, dlz, factor;
-    FactorOptions factors;
+    std::string m_file;
+    int m_number = 0;
+    std::optional<std::string> m_action;
+    std::optional<std::string> m_title;
+    std::optional<float> m_dlx, m_dly, m_dlz, m_factor;
+    FactorOptions m_factors;
 };
 
 void CaseSetCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.number(number, Arguments::Need::Required);
+    args.file(m_file);
+    args.number(m_number, Arguments::Need::Required);
     args.text(
-        "--action", action, Arguments::Need::Optional,
+        "--action", m_action, Arguments::Need::Optional,
         "Action of the project, whose factors the load case follows; IMP for an imperfection, NONE for no "
         "action and factors of 0");
-    args.title(title);
-    args.real("--dlx", dlx, "DLX, component of automatic dead weight in X");
-    args.real("--dly", dly, "DLY, component in Y");
-    args.real("--dlz", dlz, "DLZ, component in Z");
-    args.real("--factor", factor, "Factor of the load case");
-    args.factors(factors);
+    args.title(m_title);
+    args.real("--dlx", m_dlx, "DLX, component of automatic dead weight in X");
+    args.real("--dly", m_dly, "DLY, component in Y");
+    args.real("--dlz", m_dlz, "DLZ, component in Z");
+    args.real("--factor", m_factor, "Factor of the load case");
+    args.factors(m_factors);
     args.needsAnOption();
 }
 
 void CaseSetCommand::changeAction(const Project& project, tagCDB_LC_CTRL& record) const
 {
-    if (!action) {
+    if (!m_action) {
         return;
     }
-    const int word = typedActionWord(project.db(), *action);
+    const int word = typedActionWord(project.db(), *m_action);
     if (word != LC_ACTION_NONE && word != LC_ACTION_IMPERFECTION) {
-        requireAction(project, *action);
+        requireAction(project, *m_action);
     }
     const float oldFactor = record.factor;
     record = lcm_record_with_action(record, word);
@@ -80,39 +79,47 @@ void setPair(float& field, std::optional<float> main, std::optional<float> minor
                           minor.value_or(follows ? actionMinor : old.minor));
 }
 
+/// The value of an action's factor as a load case stores it.
+float ofAction(const tagCDB_LC_ACT& action, const LCM_Factor& factor)
+{
+    return lcm_factor_to_store(factor, lcm_shown_factor(action, factor));
+}
+
 void CaseSetCommand::changeFactors(const Project& project, tagCDB_LC_CTRL& record) const
 {
-    const int word = actionWordOf(record);
-    const auto stored = lcm_stored_action(project.db(), word);
-    const tagCDB_LC_ACT values = stored ? stored->record : tagCDB_LC_ACT{};
-    const std::optional<float> gama =
-        factors.gama ? std::optional(lcm_gama_to_store(*factors.gama)) : std::nullopt;
-    setPair(record.gamu, factors.gamu, gama, values.gamu, lcm_gama_to_store(lcm_shown_gama(values.gama)));
-    setPair(record.psi1, factors.psi1, factors.psi1s, values.psi1, values.psi1s);
-    record.gamf = factors.gamf.value_or(record.gamf);
-    record.psi0 = factors.psi0.value_or(record.psi0);
-    record.psi2 = factors.psi2.value_or(record.psi2);
+    const auto stored = lcm_stored_action(project.db(), actionWordOf(record));
+    const tagCDB_LC_ACT action = stored ? stored->record : tagCDB_LC_ACT{};
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        float& field = record.*factor.loadCaseField;
+        if (factor.packing == LCM_FactorPacking::Alone) {
+            field = m_factors[factor.id].value_or(field);
+        } else if (factor.packing == LCM_FactorPacking::Main) {
+            const LCM_Factor& minor = *lcm_partner_of(factor);
+            setPair(field, m_factors[factor.id], m_factors[minor.id], ofAction(action, factor),
+                    ofAction(action, minor));
+        }
+    }
 }
 
 ExitCode CaseSetCommand::run()
 {
-    Project project = Project::openForWriting(file);
-    LCM_StoredLoadCase loadCase = requireLoadCase(project, number);
+    Project project = Project::openForWriting(m_file);
+    LCM_StoredLoadCase loadCase = requireLoadCase(project, m_number);
     if (!loadCase.isOwn()) {
-        project.refuse("load case " + std::to_string(number) + " belongs to another module");
+        project.refuse("load case " + std::to_string(m_number) + " belongs to another module");
     }
     tagCDB_LC_CTRL& record = loadCase.record;
     changeAction(project, record);
     changeFactors(project, record);
-    if (title) {
-        lcm_title_pack(qtext(*title), record.title, LC_TITLE_WORDS);
+    if (m_title) {
+        lcm_title_pack(qtext(*m_title), record.title, LC_TITLE_WORDS);
     }
-    record.dlx = dlx.value_or(record.dlx);
-    record.dly = dly.value_or(record.dly);
-    record.dlz = dlz.value_or(record.dlz);
-    record.factor = factor.value_or(record.factor);
-    if (!overwriteRecord(project.db(), LC_KWH_CASES, number, 0, &record, sizeof record)) {
-        project.refuse("load case " + std::to_string(number) + " could not be written");
+    record.dlx = m_dlx.value_or(record.dlx);
+    record.dly = m_dly.value_or(record.dly);
+    record.dlz = m_dlz.value_or(record.dlz);
+    record.factor = m_factor.value_or(record.factor);
+    if (!overwriteRecord(project.db(), LC_KWH_CASES, m_number, 0, &record, sizeof record)) {
+        project.refuse("load case " + std::to_string(m_number) + " could not be written");
     }
     project.throwOnError();
     project.commit();

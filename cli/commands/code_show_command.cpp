@@ -2,7 +2,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
-#include "rules/action_columns.h"
+#include "lcdata/values/factors.h"
 
 namespace mrl::cli {
 
@@ -31,9 +31,9 @@ void CodeShowCommand::declare(Arguments& args)
 }
 
 /// The label of a factor as the file has it.
-std::string labelOf(const designcode::DesignCode& code, const LCM_ActionFactor& factor)
+std::string labelOf(const designcode::DesignCode& code, const LCM_Factor& factor)
 {
-    const std::string key = "TXT_" + QString::fromLatin1(factor.key).toUpper().toStdString();
+    const std::string key = lcm_label_key(QString::fromLatin1(factor.key)).toStdString();
     for (const auto& label : code.texts) {
         if (label.key == key) {
             return label.text;
@@ -47,8 +47,8 @@ Json codeJson(const designcode::DesignCode& code)
     Json out = identityJson(code);
     out["KFI"] = code.kfi ? jsonNumber(*code.kfi) : Json(nullptr);
     out["XSI"] = code.xsi ? jsonNumber(*code.xsi) : Json(nullptr);
-    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-        out["limits"][factor.key] = jsonNumber(code.availability.*factor.field);
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        out["limits"][factor.key] = jsonNumber(code.availability.*factor.actionField);
         out["labels"][factor.key] = labelOf(code, factor);
     }
     out["actions"] = Json::array();
@@ -82,8 +82,8 @@ void printHead(const designcode::DesignCode& code)
 void printFactors(const designcode::DesignCode& code)
 {
     Table table({{"Factor"}, {"Known"}, {"Limit", Table::Align::Right}, {"Label"}});
-    for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-        const float limit = code.availability.*factor.field;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const float limit = code.availability.*factor.actionField;
         table.add({factor.key, limit > 0.0f ? "yes" : "no", numberText(limit),
                    printable(qtext(labelOf(code, factor)))});
     }

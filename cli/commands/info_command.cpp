@@ -2,11 +2,12 @@
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
 #include "cli/project.h"
-#include "cli/words.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
 #include "lcdata/system.h"
+#include "lcdata/values/keywords.h"
+#include "lcdata/values/system_words.h"
 
 namespace mrl::cli {
 
@@ -53,7 +54,7 @@ Info gather(const Project& project)
     info.designCode = designcode::ofDatabase(db);
     info.designCodeFact = cdb::fact(db, "designcode");
     info.systemClass = lcm_system_class(db);
-    info.gravity = wordOf(gravityAxes(), lcm_gravity_direction(db));
+    info.gravity = lcm_word_of_id(LCM_GRAVITY_AXES, lcm_gravity_direction(db));
     info.actions = lcm_stored_actions(db).size();
     info.currentLoadCase = mrl_lc_current(db);
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
@@ -73,7 +74,7 @@ Json infoJson(const Info& info, const std::string& file)
     return {{"file", file},
             {"designCode", code},
             {"systemClass", info.systemClass},
-            {"system", systemName(info.systemClass)},
+            {"system", lcm_word_of_id(LCM_SYSTEMS, info.systemClass)},
             {"gravity", info.gravity},
             {"actions", info.actions},
             {"loadCases", info.loadCases},
@@ -95,7 +96,7 @@ ExitCode InfoCommand::run()
     out.line("Project:            " + file);
     out.line("Design code:        " + (code ? code->name + ", " + printable(qtext(code->label))
                                             : "none active: " + info.designCode.reason));
-    out.line("System:             " + systemName(info.systemClass));
+    out.line("System:             " + lcm_word_of_id(LCM_SYSTEMS, info.systemClass));
     out.line("Gravity:            " + info.gravity);
     out.line("Actions:            " + std::to_string(info.actions));
     out.line("Load cases:         " + std::to_string(info.loadCases));

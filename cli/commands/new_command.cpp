@@ -5,9 +5,9 @@
 #include "cli/design_codes.h"
 #include "cli/failure.h"
 #include "cli/project.h"
-#include "cli/words.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/system.h"
+#include "lcdata/values/system_words.h"
 
 namespace mrl::cli {
 
@@ -27,8 +27,8 @@ class NewCommand : public Command
 
     std::string file;
     std::optional<std::string> code;
-    std::optional<std::string> system;
-    std::optional<std::string> gravity;
+    std::optional<int> system;
+    std::optional<int> gravity;
     bool defaultActions = false;
 };
 
@@ -36,9 +36,8 @@ void NewCommand::declare(Arguments& args)
 {
     args.file(file);
     args.text("--code", code, Arguments::Need::Required, "Name of a design code, or the path of its file");
-    args.choice("--system", system, rawSystemClasses(), "spatial (the default), plane or plate");
-    args.choice("--gravity", gravity, gravityAxes(),
-                "+X, -X, +Y, -Y, +Z or -Z; -Z unless given, -Y for a plane system");
+    args.choice("--system", system, LCM_SYSTEMS, "; spatial unless given");
+    args.choice("--gravity", gravity, LCM_GRAVITY_AXES, "; -Z unless given, -Y for a plane system");
     args.flag("--default-actions", defaultActions, "Take over every default action of the design code");
 }
 
@@ -57,9 +56,8 @@ void NewCommand::fill(Project& project) const
     if (!named) {
         throw Failure{ExitCode::File, named.text};
     }
-    const std::string chosenSystem = system.value_or("spatial");
-    const std::string axis = gravity.value_or(chosenSystem == "plane" ? "-Y" : "-Z");
-    lcm_write_system(project.db(), rawSystemClasses().at(chosenSystem), gravityAxes().at(axis));
+    const int chosen = system.value_or(LC_SYSTEM_SPATIAL);
+    lcm_write_system(project.db(), lcm_raw_system(chosen), gravity.value_or(lcm_usual_gravity(chosen)));
     if (defaultActions) {
         lcm_store_default_actions(project.db());
     }

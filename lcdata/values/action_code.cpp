@@ -14,13 +14,6 @@ constexpr int NAME_COLUMNS = 5; // what a name takes up in a list
 constexpr int TITLE_BYTES = 32; // what is left for the title, with the closing zero
 using NameBuffer = std::array<char, NAME_BYTES>;
 
-std::int32_t packBytes(const char* bytes, std::size_t size)
-{
-    char packed[4] = {' ', ' ', ' ', ' '};
-    std::copy_n(bytes, std::min<std::size_t>(size, 4), packed);
-    return lcm_field_word(packed);
-}
-
 void writeSuffix(char* at, std::int32_t suffix)
 {
     *at = '_';
@@ -43,19 +36,29 @@ QString labelled(NameBuffer& buffer, const tagCDB_LC_ACT& action)
 
 } // namespace
 
+std::int32_t lcm_pack_bytes(std::string_view bytes)
+{
+    char packed[4] = {' ', ' ', ' ', ' '};
+    bytes.copy(packed, sizeof packed);
+    return lcm_field_word(packed);
+}
+
 std::int32_t lcm_pack_word(const QString& text)
 {
     // Four units give at least four bytes, and cutting the rest first keeps a long text cheap; but a
     // surrogate pair must stay whole.
     const QByteArray utf8 = text.left(5).toUtf8();
-    return packBytes(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    return lcm_pack_bytes({utf8.constData(), static_cast<std::size_t>(utf8.size())});
 }
 
-void lcm_pack_field(const char* text, std::int32_t& field) { field = packBytes(text, strnlen(text, 4)); }
+void lcm_pack_field(const char* text, std::int32_t& field)
+{
+    field = lcm_pack_bytes({text, strnlen(text, 4)});
+}
 
 void lcm_pack_field(const char* text, char (&field)[4])
 {
-    lcm_word_to_chars(packBytes(text, strnlen(text, 4)), field);
+    lcm_word_to_chars(lcm_pack_bytes({text, strnlen(text, 4)}), field);
 }
 
 void lcm_word_to_chars(std::int32_t word, char* destination)
@@ -87,7 +90,7 @@ std::int32_t lcm_action_code(const tagCDB_LC_ACT& action)
         }
     }
     // Bytes, not characters: a name that was cut in the middle of a character keeps its code.
-    return packBytes(buffer.data(), std::strlen(buffer.data()));
+    return lcm_pack_bytes(buffer.data());
 }
 
 std::int32_t lcm_normalise_code(const QString& text)

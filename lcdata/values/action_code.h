@@ -9,8 +9,12 @@
 #include <QString>
 
 #include <cstdint>
+#include <string_view>
 
 #include "lcdata/values/records.h"
+
+/// The word of the first four bytes, padded with blanks.
+std::int32_t lcm_pack_bytes(std::string_view bytes);
 
 /// The word of the first four bytes of a text's UTF-8 form, blank-padded. A character may be cut in the
 /// middle.

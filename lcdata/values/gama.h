@@ -14,3 +14,12 @@ inline float lcm_gama_to_store(float value)
 {
     return std::fabs(value) < LC_GAMA_TOLERANCE ? LC_GAMA_ZERO : value;
 }
+
+/// The `Gama` that a stored value is shown as.
+inline float lcm_shown_gama(float stored)
+{
+    if (std::fabs(stored) < LC_GAMA_TOLERANCE) {
+        return 1.0f;
+    }
+    return std::fabs(stored - LC_GAMA_ZERO) < LC_GAMA_TOLERANCE ? 0.0f : stored;
+}

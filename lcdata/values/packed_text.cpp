@@ -15,10 +15,11 @@ char16_t unitAt(const std::uint32_t* field, int i)
     return static_cast<char16_t>(i % 2 == 0 ? word & 0xFFFFu : word >> 16);
 }
 
-int unitsOf(const std::uint32_t (&field)[LC_TITLE_WORDS], int limit)
+/// The number of units ahead of the first 0, at most `limit`.
+int unitsOf(const std::uint32_t* field, int limit)
 {
     int count = 0;
-    while (count < std::min(limit, TITLE_UNITS) && unitAt(field, count) != 0) {
+    while (count < limit && unitAt(field, count) != 0) {
         ++count;
     }
     return count;
@@ -44,7 +45,7 @@ void lcm_title_to_utf8(const std::uint32_t (&field)[LC_TITLE_WORDS], char* buffe
         return;
     }
     std::u16string units;
-    const int count = unitsOf(field, size);
+    const int count = unitsOf(field, std::min(size, TITLE_UNITS));
     for (int i = 0; i < count; ++i) {
         units.push_back(unitAt(field, i));
     }
@@ -54,12 +55,17 @@ void lcm_title_to_utf8(const std::uint32_t (&field)[LC_TITLE_WORDS], char* buffe
     std::fill(buffer + copied, buffer + size, '\0');
 }
 
-QString lcm_title_text(const std::uint32_t (&field)[LC_TITLE_WORDS])
+QString lcm_packed_text(const std::uint32_t* field, int words)
 {
-    const int count = unitsOf(field, TITLE_UNITS);
+    const int count = unitsOf(field, 2 * words);
     QString text(count, Qt::Uninitialized);
     for (int i = 0; i < count; ++i) {
         text[i] = QChar(unitAt(field, i));
     }
     return text;
+}
+
+QString lcm_title_text(const std::uint32_t (&field)[LC_TITLE_WORDS])
+{
+    return lcm_packed_text(field, LC_TITLE_WORDS);
 }

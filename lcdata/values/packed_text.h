@@ -20,6 +20,10 @@ void lcm_title_pack(const QString& text, std::uint32_t* field, int words);
 /// @param size   the buffer's size in bytes; at most the first `size` units of the field are looked at
 void lcm_title_to_utf8(const std::uint32_t (&field)[LC_TITLE_WORDS], char* buffer, int size);
 
+/// The text of a field: all of its units up to the first 0.
+/// @param words the number of words of the field
+QString lcm_packed_text(const std::uint32_t* field, int words);
+
 /// The title of a record, all of its up to 34 units: a field that another module filled may have no closing
 /// zero.
 QString lcm_title_text(const std::uint32_t (&field)[LC_TITLE_WORDS]);

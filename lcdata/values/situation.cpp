@@ -29,8 +29,8 @@ int lcm_action_matches(const std::string& said, const std::string& action)
     return isSuffix ? 1 : 0;
 }
 
-const LCM_RoleEntry* lcm_role_entry(const LCM_Expression& expression, LCM_Role role, const std::string& action,
-                                    const std::vector<std::string>& present)
+const LCM_RoleEntry* lcm_role_entry(const LCM_Expression& expression, LCM_Role role,
+                                    const std::string& action, const std::vector<std::string>& present)
 {
     const LCM_RoleEntry* best = nullptr;
     int closest = 0;
@@ -54,7 +54,8 @@ std::optional<LCM_Term> lcm_favourable_term(const LCM_RoleEntry& entry)
     if (gamu != term.factors.end()) {
         *gamu = LCM_SituationFactor::Gamf;
         std::sort(term.factors.begin(), term.factors.end());
-        term.constants.erase(std::remove(term.constants.begin(), term.constants.end(), "KFI"), term.constants.end());
+        term.constants.erase(std::remove(term.constants.begin(), term.constants.end(), "KFI"),
+                             term.constants.end());
     }
     return term;
 }

@@ -46,7 +46,8 @@ struct LCM_RoleEntry
 {
     LCM_Role role = LCM_Role::Permanent;
     std::string action; ///< the action that it holds for, with its suffixes; empty: for all
-    std::string when;   ///< Others: where this action leads. Lead: where this accidental action acts. Empty: always
+    std::string
+        when; ///< Others: where this action leads. Lead: where this accidental action acts. Empty: always
     std::optional<LCM_Term> unfavourable; ///< nothing: `none`, the action doesn't act in this role
     std::optional<LCM_Term> favourable;   ///< where an action acts although it is favourable; nothing: see
                                           ///< lcm_favourable_term
@@ -68,7 +69,7 @@ struct LCM_Expression
     std::string clause; ///< empty: that of the situation
     std::string state;  ///< whether the values were verified; empty: that of the situation
     std::vector<LCM_RoleEntry> entries;
-    std::vector<std::string> shortActions;       ///< of these the second one beside the leading takes `second`
+    std::vector<std::string> shortActions; ///< of these the second one beside the leading takes `second`
     std::optional<std::vector<LCM_Bracket>> sum; ///< instead of leading and other variable actions
 };
 
@@ -88,10 +89,11 @@ struct LCM_Situation
     std::string title;
     std::vector<std::pair<std::string, std::string>> titles; ///< language and title
     LCM_Groups groups = LCM_Groups::Together;
-    int atMost = 0;            ///< greatest number of variable actions that act; 0: any number
-    bool always = false;       ///< variable actions act whether favourable or not
-    bool mayBeNone = false;    ///< there may be no accidental or seismic action
-    double firstComponent = 0; ///< of the load cases of the seismic action one has this factor; 0: they don't act together
+    int atMost = 0;         ///< greatest number of variable actions that act; 0: any number
+    bool always = false;    ///< variable actions act whether favourable or not
+    bool mayBeNone = false; ///< there may be no accidental or seismic action
+    double firstComponent =
+        0; ///< of the load cases of the seismic action one has this factor; 0: they don't act together
     double otherComponents = 0; ///< and the others have this one
     bool removed = false;       ///< `remove = yes`: a file takes the situation of its base away
     std::vector<LCM_Expression> expressions;
@@ -108,8 +110,8 @@ int lcm_action_matches(const std::string& said, const std::string& action);
 /// plain action, and that before what is said for all; among these an entry with a fitting `when` goes first.
 /// @param present the actions that may stand behind `when`: those that lead, or the accidental one that acts
 /// @return null: the expression says nothing of the role
-const LCM_RoleEntry* lcm_role_entry(const LCM_Expression& expression, LCM_Role role, const std::string& action,
-                                    const std::vector<std::string>& present = {});
+const LCM_RoleEntry* lcm_role_entry(const LCM_Expression& expression, LCM_Role role,
+                                    const std::string& action, const std::vector<std::string>& present = {});
 
 /// The factor of an action that acts although it is favourable. Where the entry doesn't state it, it is the
 /// unfavourable term with `Gamf` for `Gamu` and without `KFI`, which multiplies unfavourable actions alone.

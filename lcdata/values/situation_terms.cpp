@@ -60,8 +60,9 @@ bool LCM_TermReader::unknown(const std::string& word)
     words.insert(words.end(), m_constants.begin(), m_constants.end());
     const std::string nearest = lcm_nearest_word(word, words);
     return fail("'" + word + "' is neither a factor nor a constant of [COMBINATIONS]",
-                nearest.empty() ? "write a number or one of Gamu, Gamf, Gama, Psi0, Psi1, Psi2, Psi1s, KFI, XSI"
-                                : "write " + nearest);
+                nearest.empty()
+                    ? "write a number or one of Gamu, Gamf, Gama, Psi0, Psi1, Psi2, Psi1s, KFI, XSI"
+                    : "write " + nearest);
 }
 
 bool LCM_TermReader::number(const std::string& text, std::size_t& at)
@@ -76,7 +77,8 @@ bool LCM_TermReader::number(const std::string& text, std::size_t& at)
     }
     const std::string digits = text.substr(at, end - at);
     if (digits.find(',') != std::string::npos) {
-        return fail("'" + digits + "' is no number", "write a point: a comma separates numbers and needs a blank behind it");
+        return fail("'" + digits + "' is no number",
+                    "write a point: a comma separates numbers and needs a blank behind it");
     }
     double value = 0;
     const auto [rest, code] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
@@ -84,7 +86,8 @@ bool LCM_TermReader::number(const std::string& text, std::size_t& at)
         return fail("'" + digits + "' is no number", "write digits with one point, such as 1.35");
     }
     if (end < text.size() && isNamePart(text[end])) {
-        return fail("a sign is missing behind '" + digits + "'", "write " + digits + "*" + text.substr(end, 1) + "...");
+        return fail("a sign is missing behind '" + digits + "'",
+                    "write " + digits + "*" + text.substr(end, 1) + "...");
     }
     m_words.push_back({'0', digits, value});
     at = end;
@@ -121,7 +124,8 @@ bool LCM_TermReader::split(const std::string& text)
             m_words.push_back({c, std::string(1, c), 0});
             ++at;
         } else {
-            return fail("'" + std::string(1, c) + "' has no meaning here", "a term is a product of numbers and names, joined by *");
+            return fail("'" + std::string(1, c) + "' has no meaning here",
+                        "a term is a product of numbers and names, joined by *");
         }
     }
     m_words.push_back({0, "", 0});
@@ -139,7 +143,8 @@ bool LCM_TermReader::take(char kind)
 
 bool LCM_TermReader::end()
 {
-    return take(0) || fail("'" + m_words[m_at].text + "' is too much here", "end the entry before it, or join it by *");
+    return take(0) ||
+           fail("'" + m_words[m_at].text + "' is too much here", "end the entry before it, or join it by *");
 }
 
 bool LCM_TermReader::part(LCM_Term& term, std::string* action)
@@ -151,7 +156,8 @@ bool LCM_TermReader::part(LCM_Term& term, std::string* action)
     }
     if (!take('n')) {
         return word.kind == 0 ? fail("the entry ends too early", "write a number or a name")
-                              : fail("'" + word.text + "' stands where a number or a name is wanted", "write a number or a name");
+                              : fail("'" + word.text + "' stands where a number or a name is wanted",
+                                     "write a number or a name");
     }
     const auto& names = LCM_SITUATION_FACTOR_NAMES;
     const auto factor = std::find(names.begin(), names.end(), word.text);
@@ -216,10 +222,12 @@ bool LCM_TermReader::bracket(LCM_Bracket& bracket)
         }
         bracket.push_back(alternative);
         if (!isOpen) {
-            return m_words[m_at].text != "or" || fail("'or' stands outside a bracket", "put the alternatives between ( and )");
+            return m_words[m_at].text != "or" ||
+                   fail("'or' stands outside a bracket", "put the alternatives between ( and )");
         }
     } while (m_words[m_at].text == "or" && take('n'));
-    return take(')') || fail("a bracket isn't closed", "join the alternatives by 'or' and close the bracket with )");
+    return take(')') ||
+           fail("a bracket isn't closed", "join the alternatives by 'or' and close the bracket with )");
 }
 
 std::optional<std::vector<LCM_Bracket>> LCM_TermReader::sum(const std::string& text)

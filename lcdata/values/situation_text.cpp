@@ -16,9 +16,10 @@ struct RoleWord
     const char* word;
     LCM_Role role;
 };
-constexpr RoleWord ROLES[] = {{"G", LCM_Role::Permanent},  {"P", LCM_Role::Prestress}, {"lead", LCM_Role::Lead},
-                              {"others", LCM_Role::Others}, {"second", LCM_Role::Second}, {"A", LCM_Role::Accidental},
-                              {"E", LCM_Role::Seismic},    {"I", LCM_Role::Imperfection}};
+constexpr RoleWord ROLES[] = {{"G", LCM_Role::Permanent},   {"P", LCM_Role::Prestress},
+                              {"lead", LCM_Role::Lead},     {"others", LCM_Role::Others},
+                              {"second", LCM_Role::Second}, {"A", LCM_Role::Accidental},
+                              {"E", LCM_Role::Seismic},     {"I", LCM_Role::Imperfection}};
 
 std::string trimmed(const std::string& text)
 {
@@ -40,8 +41,8 @@ std::vector<std::string> wordsOf(const std::string& text)
 class SectionReader
 {
   public:
-    SectionReader(LCM_Situation& situation, LCM_Expression& expression, bool isExpression, LCM_TermReader& terms,
-                  std::vector<LCM_SituationFinding>& findings, int section)
+    SectionReader(LCM_Situation& situation, LCM_Expression& expression, bool isExpression,
+                  LCM_TermReader& terms, std::vector<LCM_SituationFinding>& findings, int section)
         : m_situation(situation), m_expression(expression), m_isExpression(isExpression), m_terms(terms),
           m_findings(findings), m_section(section)
     {
@@ -271,12 +272,14 @@ void SectionReader::role(LCM_Role role, const std::vector<std::string>& words, c
 
 void SectionReader::unknown(const std::string& key)
 {
-    std::vector<std::string> keys{"clause", "state", "G", "P", "lead", "others", "second", "A", "E", "I", "sum", "short"};
-    const std::vector<std::string> ofWhole{"kind",    "title",      "groups", "at-most",
-                                           "always",  "components", "may-be-none", "remove"};
+    std::vector<std::string> keys{"clause", "state", "G", "P", "lead", "others",
+                                  "second", "A",     "E", "I", "sum",  "short"};
+    const std::vector<std::string> ofWhole{"kind",   "title",      "groups",      "at-most",
+                                           "always", "components", "may-be-none", "remove"};
     const std::string first = key.substr(0, key.find(' '));
     if (m_isExpression && std::find(ofWhole.begin(), ofWhole.end(), first) != ofWhole.end()) {
-        tell("'" + key + "' belongs to the whole situation", "write it in [SITUATION " + m_situation.name + "]");
+        tell("'" + key + "' belongs to the whole situation",
+             "write it in [SITUATION " + m_situation.name + "]");
         return;
     }
     keys.insert(keys.end(), ofWhole.begin(), ofWhole.end());
@@ -342,7 +345,8 @@ void Reader::section(const LCM_SituationSection& section, int number)
     expression.name = isExpression ? trimmed(section.name.substr(bar + 3)) : "";
     SectionReader(home, expression, isExpression, m_terms, result.findings, number).read(section.entries);
     const auto same = [&](const LCM_Expression& each) { return each.name == expression.name; };
-    if (std::any_of(home.expressions.begin(), home.expressions.end(), same) || (!isExpression && origin.section >= 0)) {
+    if (std::any_of(home.expressions.begin(), home.expressions.end(), same) ||
+        (!isExpression && origin.section >= 0)) {
         tell(number, "'" + section.name + "' stands twice", "give each section a name of its own");
         return;
     }
@@ -358,9 +362,10 @@ void Reader::section(const LCM_SituationSection& section, int number)
 void Reader::complete(const LCM_Expression& expression, int section)
 {
     const auto states = [&](LCM_Role role) {
-        return std::any_of(expression.entries.begin(), expression.entries.end(), [&](const LCM_RoleEntry& entry) {
-            return entry.role == role && entry.action.empty() && entry.when.empty();
-        });
+        return std::any_of(expression.entries.begin(), expression.entries.end(),
+                           [&](const LCM_RoleEntry& entry) {
+                               return entry.role == role && entry.action.empty() && entry.when.empty();
+                           });
     };
     for (const RoleWord& each : ROLES) {
         const bool isVariable = each.role == LCM_Role::Lead || each.role == LCM_Role::Others;
@@ -382,8 +387,8 @@ void Reader::complete(const LCM_Expression& expression, int section)
 void Reader::complete(const LCM_Situation& situation, const Origin& origin)
 {
     if (origin.section < 0) {
-        tell(origin.ofExpressions.empty() ? -1 : origin.ofExpressions.front(), "section [SITUATION " + situation.name + "] is missing",
-             "write it, with its kind");
+        tell(origin.ofExpressions.empty() ? -1 : origin.ofExpressions.front(),
+             "section [SITUATION " + situation.name + "] is missing", "write it, with its kind");
         return;
     }
     if (situation.removed) {

@@ -34,7 +34,8 @@ struct LCM_SituationFinding
 
 struct LCM_SituationsRead
 {
-    std::vector<LCM_Situation> situations; ///< in the order of their first sections; those without a finding are whole
+    std::vector<LCM_Situation>
+        situations; ///< in the order of their first sections; those without a finding are whole
     std::vector<LCM_SituationFinding> findings;
 };
 

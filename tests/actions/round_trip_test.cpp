@@ -83,9 +83,9 @@ TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
         for (const auto& [name, record] : records) {
             tagCDB_LC_ACT expected = record;
             expected.gama = tab.table.getColumnNumber(ACT_COL_GAMA) < 0 ? 0.0f : lcm_shown_gama(record.gama);
-            for (const LCM_ActionFactor& factor : LCM_ACTION_FACTORS) {
-                if (tab.table.getColumnNumber(factor.column) < 0) {
-                    expected.*factor.field = 0.0f; // a factor without a column isn't kept
+            for (const LCM_Factor& factor : LCM_FACTORS) {
+                if (tab.table.getColumnNumber(factor.actionColumn) < 0) {
+                    expected.*factor.actionField = 0.0f; // a factor without a column isn't kept
                 }
             }
             const tagCDB_LC_ACT read = tab.record(QString::fromStdString(name).trimmed());

@@ -146,6 +146,6 @@ TEST(Completion, OffersCommandsOptionsAndWords)
     EXPECT_EQ(completed("mrl-lc case s", 2), "show set set-current\n");
     EXPECT_EQ(completed("mrl-lc case create p.cdb --a", 4), "--action\n");
     EXPECT_EQ(completed("mrl-lc new p.cdb --system pl", 4), "plane plate\n");
-    EXPECT_EQ(completed("mrl-lc new p.cdb --code en", 4), "en1990 en1990-road-bridges\n");
+    EXPECT_EQ(completed("mrl-lc new p.cdb --code en", 4), "en1990 en1990-rail-bridges en1990-road-bridges\n");
     EXPECT_EQ(completed("mrl-lc code show sia", 3), "sia260\n");
 }

@@ -9,7 +9,9 @@
 
 int main(int argc, char** argv)
 {
-    const auto argument = [&](int at, long otherwise) { return argc > at ? std::strtol(argv[at], nullptr, 10) : otherwise; };
+    const auto argument = [&](int at, long otherwise) {
+        return argc > at ? std::strtol(argv[at], nullptr, 10) : otherwise;
+    };
     const long count = argument(1, 100000);
     const int size = static_cast<int>(argument(2, 2));
     const auto most = static_cast<double>(argument(3, 200000));
@@ -28,7 +30,8 @@ int main(int argc, char** argv)
             random_model::compare(each, mrl::combine::plan(each.model, each.situation), random);
         if (!difference.empty()) {
             ++wrong;
-            std::cout << "model " << done << ": " << difference << '\n' << random_model::describe(each) << std::endl;
+            std::cout << "model " << done << ": " << difference << '\n'
+                      << random_model::describe(each) << std::endl;
             if (wrong == 3) {
                 break;
             }

@@ -70,9 +70,10 @@ std::vector<Selection> selectionsOf(const Act& act, const LCM_Situation& situati
     if (act.category == Category::Seismic && situation.firstComponent > 0) {
         std::vector<Selection> result = words("cCdD", act.cases.size());
         result.push_back(Selection(act.cases.size(), '0'));
-        result.erase(std::remove_if(result.begin(), result.end(),
-                                    [](const Selection& s) { return s[0] != '0' && occurrences(s, "cC") != 1; }),
-                     result.end());
+        result.erase(
+            std::remove_if(result.begin(), result.end(),
+                           [](const Selection& s) { return s[0] != '0' && occurrences(s, "cC") != 1; }),
+            result.end());
         return result;
     }
     std::vector<Selection> result;
@@ -118,7 +119,15 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
 {
     std::vector<Act> acts;
     for (const Action& action : model.actions) {
-        Act act{action.name, action.category, action.superposition, action.group, false, decimals(action.factors), {}, {}, {}};
+        Act act{action.name,
+                action.category,
+                action.superposition,
+                action.group,
+                false,
+                decimals(action.factors),
+                {},
+                {},
+                {}};
         if (situation.groups == LCM_Groups::Apart || action.category != Category::Variable) {
             act.group = 0;
         }
@@ -132,18 +141,30 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
         if (each.isImperfection) {
             imperfections.cases.push_back(i);
         } else if (!each.action.empty()) {
-            std::find_if(acts.begin(), acts.end(), [&](const Act& a) { return a.name == each.action; })->cases.push_back(i);
+            std::find_if(acts.begin(), acts.end(), [&](const Act& a) {
+                return a.name == each.action;
+            })->cases.push_back(i);
         } else if (each.own) {
             const bool isPermanent = (*each.own)[1] > 0;
-            acts.push_back({"LC " + std::to_string(each.number), isPermanent ? Category::Permanent : Category::Variable,
-                            isPermanent ? Superposition::Perm : Superposition::Cond, 0, false, decimals(*each.own), {i}, {}, {}});
+            acts.push_back({"LC " + std::to_string(each.number),
+                            isPermanent ? Category::Permanent : Category::Variable,
+                            isPermanent ? Superposition::Perm : Superposition::Cond,
+                            0,
+                            false,
+                            decimals(*each.own),
+                            {i},
+                            {},
+                            {}});
         }
     }
     acts.push_back(imperfections);
-    acts.erase(std::remove_if(acts.begin(), acts.end(), [](const Act& a) { return a.cases.empty(); }), acts.end());
+    acts.erase(std::remove_if(acts.begin(), acts.end(), [](const Act& a) { return a.cases.empty(); }),
+               acts.end());
     for (Act& act : acts) {
         const bool isPool = act.code == Superposition::Exex;
-        act.block = act.group > 0 ? "group " + std::to_string(act.group) : isPool ? "pool " + first(act.name) : act.name;
+        act.block = act.group > 0 ? "group " + std::to_string(act.group)
+                    : isPool      ? "pool " + first(act.name)
+                                  : act.name;
         if (situation.always && act.category == Category::Variable && !act.isImperfection) {
             act.code = act.code == Superposition::Cond   ? Superposition::Perm
                        : act.code == Superposition::Excl ? Superposition::Alex
@@ -159,8 +180,10 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
 class Trial
 {
   public:
-    Trial(const Model& model, const LCM_Situation& situation, int number, const std::function<void(const Found&)>& tell)
-        : m_model(model), m_situation(situation), m_expression(situation.expressions[static_cast<std::size_t>(number)]),
+    Trial(const Model& model, const LCM_Situation& situation, int number,
+          const std::function<void(const Found&)>& tell)
+        : m_model(model), m_situation(situation),
+          m_expression(situation.expressions[static_cast<std::size_t>(number)]),
           m_acts(actsOf(model, situation)), m_chosen(m_acts.size()), m_roles(m_acts.size()), m_tell(tell)
     {
         m_found.expression = number;
@@ -177,9 +200,19 @@ class Trial
     }
 
   private:
-    bool acts(std::size_t i) const { return occurrences(m_chosen[i], "0") < static_cast<long>(m_chosen[i].size()); }
-    bool isVariable(std::size_t i) const { return m_acts[i].category == Category::Variable && !m_acts[i].isImperfection; }
-    bool isPool(std::size_t i) const { return m_poolBlocks.count(first(m_acts[i].name)) > 0 && m_poolBlocks.at(first(m_acts[i].name)).count(m_acts[i].block) > 0 && isExex(i); }
+    bool acts(std::size_t i) const
+    {
+        return occurrences(m_chosen[i], "0") < static_cast<long>(m_chosen[i].size());
+    }
+    bool isVariable(std::size_t i) const
+    {
+        return m_acts[i].category == Category::Variable && !m_acts[i].isImperfection;
+    }
+    bool isPool(std::size_t i) const
+    {
+        return m_poolBlocks.count(first(m_acts[i].name)) > 0 &&
+               m_poolBlocks.at(first(m_acts[i].name)).count(m_acts[i].block) > 0 && isExex(i);
+    }
     bool isExex(std::size_t i) const
     {
         return std::any_of(m_model.actions.begin(), m_model.actions.end(), [&](const Action& a) {
@@ -190,7 +223,8 @@ class Trial
     {
         const Superposition code = m_acts[i].code;
         const bool isShared = isPool(i) && m_poolBlocks.at(first(m_acts[i].name)).size() > 1;
-        const bool isLoose = m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
+        const bool isLoose =
+            m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
         return !isShared && !isLoose &&
                (code == Superposition::Perm || code == Superposition::Perc || code == Superposition::Alex);
     }
@@ -230,7 +264,7 @@ class Trial
             if (act.category == Category::Variable && !act.isImperfection) {
                 continue;
             }
-            const LCM_Role role = act.isImperfection                      ? LCM_Role::Imperfection
+            const LCM_Role role = act.isImperfection                     ? LCM_Role::Imperfection
                                   : act.category == Category::Permanent  ? LCM_Role::Permanent
                                   : act.category == Category::Prestress  ? LCM_Role::Prestress
                                   : act.category == Category::Accidental ? LCM_Role::Accidental
@@ -240,8 +274,9 @@ class Trial
             if (acts(i) && m_roles[i] == nullptr) {
                 return false;
             }
-            const bool isMustAct = isPermanent && (act.code == Superposition::Perm || act.code == Superposition::Perc ||
-                                                   act.code == Superposition::Alex);
+            const bool isMustAct =
+                isPermanent && (act.code == Superposition::Perm || act.code == Superposition::Perc ||
+                                act.code == Superposition::Alex);
             if (isMustAct && m_roles[i] != nullptr && !acts(i)) {
                 return false;
             }
@@ -254,9 +289,11 @@ class Trial
                 m_accident = act.name;
             }
         }
-        const bool isNeeded = !m_situation.mayBeNone && std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [](const LCM_RoleEntry& e) {
-            return (e.role == LCM_Role::Accidental || e.role == LCM_Role::Seismic) && e.unfavourable;
-        });
+        const bool isNeeded =
+            !m_situation.mayBeNone &&
+            std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [](const LCM_RoleEntry& e) {
+                return (e.role == LCM_Role::Accidental || e.role == LCM_Role::Seismic) && e.unfavourable;
+            });
         return accidents <= 1 && (accidents == 1 || !isNeeded);
     }
 
@@ -302,7 +339,8 @@ class Trial
     bool poolActs(std::size_t i) const
     {
         for (std::size_t j = 0; j < m_acts.size(); ++j) {
-            if (isVariable(j) && acts(j) && (j == i || (isExex(i) && isExex(j) && first(m_acts[i].name) == first(m_acts[j].name)))) {
+            if (isVariable(j) && acts(j) &&
+                (j == i || (isExex(i) && isExex(j) && first(m_acts[i].name) == first(m_acts[j].name)))) {
                 return true;
             }
         }
@@ -329,8 +367,9 @@ class Trial
             if (isVariable(i) && place(i).first >= 0) {
                 // A pool acts by any of its actions, so that all of them must.
                 for (std::size_t j = 0; j < m_acts.size(); ++j) {
-                    const bool isSame = j == i || (isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                                                   first(m_acts[i].name) == first(m_acts[j].name));
+                    const bool isSame =
+                        j == i || (isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                                   first(m_acts[i].name) == first(m_acts[j].name));
                     if (isVariable(j) && isSame && isMust(j)) {
                         mustIn[place(i).first].insert(place(i).second);
                     }
@@ -386,7 +425,8 @@ class Trial
         std::vector<std::string> candidates;
         for (const std::string& block : m_acting) {
             for (std::size_t i = 0; i < m_acts.size(); ++i) {
-                if (isVariable(i) && m_acts[i].block == block && block != m_leader && isShort(m_acts[i].name)) {
+                if (isVariable(i) && m_acts[i].block == block && block != m_leader &&
+                    isShort(m_acts[i].name)) {
                     candidates.push_back(block);
                     break;
                 }
@@ -405,12 +445,17 @@ class Trial
 
     bool canLead(std::size_t i) const
     {
-        const LCM_RoleEntry* lead = entry(LCM_Role::Lead, i, m_accident.empty() ? std::vector<std::string>{} : std::vector<std::string>{m_accident});
+        const LCM_RoleEntry* lead =
+            entry(LCM_Role::Lead, i,
+                  m_accident.empty() ? std::vector<std::string>{} : std::vector<std::string>{m_accident});
         const LCM_RoleEntry* others = entry(LCM_Role::Others, i, {});
-        const bool isAsked = std::any_of(m_expression.entries.begin(), m_expression.entries.end(), [&](const LCM_RoleEntry& e) {
-            return e.role == LCM_Role::Others && !e.when.empty() && lcm_action_matches(e.when, m_acts[i].name) > 0;
-        });
-        return !m_expression.sum && lead != nullptr && (isAsked || others == nullptr || *lead->unfavourable != *others->unfavourable);
+        const bool isAsked = std::any_of(m_expression.entries.begin(), m_expression.entries.end(),
+                                         [&](const LCM_RoleEntry& e) {
+                                             return e.role == LCM_Role::Others && !e.when.empty() &&
+                                                    lcm_action_matches(e.when, m_acts[i].name) > 0;
+                                         });
+        return !m_expression.sum && lead != nullptr &&
+               (isAsked || others == nullptr || *lead->unfavourable != *others->unfavourable);
     }
 
     /// Whether an action that must act rests by right.
@@ -422,7 +467,8 @@ class Trial
         if (isExex(i)) {
             bool anyTerm = false;
             for (std::size_t j = 0; j < m_acts.size(); ++j) {
-                const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block && first(m_acts[i].name) == first(m_acts[j].name);
+                const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                                    first(m_acts[i].name) == first(m_acts[j].name);
                 anyTerm = anyTerm || (isSame && entry(LCM_Role::Others, j, m_leaderNames) != nullptr);
             }
             if (!anyTerm) {
@@ -475,7 +521,9 @@ class Trial
         if (m_acts[at].block == m_leader) {
             if (leadable) {
                 m_leads[at] = true;
-                m_roles[at] = entry(LCM_Role::Lead, at, m_accident.empty() ? std::vector<std::string>{} : std::vector<std::string>{m_accident});
+                m_roles[at] = entry(LCM_Role::Lead, at,
+                                    m_accident.empty() ? std::vector<std::string>{}
+                                                       : std::vector<std::string>{m_accident});
                 if (leadsWell(at)) {
                     roles(at + 1, true);
                 }
@@ -489,7 +537,8 @@ class Trial
         if (m_leader.empty() && leadable && !isMust(at)) {
             return;
         }
-        const bool isSecond = m_short.count(m_acts[at].block) > 0 && m_first != m_acts[at].block && shortUnit(at);
+        const bool isSecond =
+            m_short.count(m_acts[at].block) > 0 && m_first != m_acts[at].block && shortUnit(at);
         other(at, isSecond ? LCM_Role::Second : LCM_Role::Others, someLead);
     }
 
@@ -499,7 +548,8 @@ class Trial
             return m_expression.sum || plainTerm(i);
         }
         for (std::size_t j = 0; j < m_acts.size(); ++j) {
-            const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block && first(m_acts[i].name) == first(m_acts[j].name);
+            const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                                first(m_acts[i].name) == first(m_acts[j].name);
             if (isSame && (m_expression.sum || plainTerm(j))) {
                 return true;
             }
@@ -511,8 +561,9 @@ class Trial
     bool shortUnit(std::size_t i) const
     {
         for (std::size_t j = 0; j < m_acts.size(); ++j) {
-            const bool isSame = j == i || (isVariable(j) && isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                                           first(m_acts[i].name) == first(m_acts[j].name));
+            const bool isSame =
+                j == i || (isVariable(j) && isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                           first(m_acts[i].name) == first(m_acts[j].name));
             if (isSame && isShort(m_acts[j].name)) {
                 return true;
             }
@@ -524,7 +575,9 @@ class Trial
     {
         if (m_expression.sum) {
             const auto [bracket, alternative] = place(at);
-            m_sumEntries[at].unfavourable = (*m_expression.sum)[static_cast<std::size_t>(bracket)][static_cast<std::size_t>(alternative)].term;
+            m_sumEntries[at].unfavourable =
+                (*m_expression.sum)[static_cast<std::size_t>(bracket)][static_cast<std::size_t>(alternative)]
+                    .term;
             m_roles[at] = &m_sumEntries[at];
         } else {
             m_roles[at] = entry(role, at, role == LCM_Role::Second ? m_leaderNames : m_leaderNames);
@@ -541,7 +594,8 @@ class Trial
         if (code == Superposition::Perc) {
             return occurrences(m_chosen[i], "u") > 0;
         }
-        return (code != Superposition::Perm && code != Superposition::Alex) || occurrences(m_chosen[i], "f") == 0;
+        return (code != Superposition::Perm && code != Superposition::Alex) ||
+               occurrences(m_chosen[i], "f") == 0;
     }
 
     double value(const LCM_Term& term, std::size_t i) const
@@ -567,8 +621,9 @@ class Trial
             const double f = value(*lcm_favourable_term(*m_roles[i]), i);
             for (std::size_t k = 0; k < m_chosen[i].size(); ++k) {
                 const char c = m_chosen[i][k];
-                const bool isRepeated = (u == f && (c == 'f' || c == 'F')) || (u == 0 && (c == 'U' || c == 'C' || c == 'D')) ||
-                                        (f == 0 && c == 'F') || (m_situation.otherComponents == 0 && c == 'D');
+                const bool isRepeated =
+                    (u == f && (c == 'f' || c == 'F')) || (u == 0 && (c == 'U' || c == 'C' || c == 'D')) ||
+                    (f == 0 && c == 'F') || (m_situation.otherComponents == 0 && c == 'D');
                 if (isRepeated) {
                     return;
                 }

@@ -21,6 +21,7 @@ struct Found
 double selections(const mrl::combine::Model& model, const LCM_Situation& situation);
 
 /// Tells every choice once.
-void all(const mrl::combine::Model& model, const LCM_Situation& situation, const std::function<void(const Found&)>& tell);
+void all(const mrl::combine::Model& model, const LCM_Situation& situation,
+         const std::function<void(const Found&)>& tell);
 
 } // namespace oracle

@@ -41,18 +41,25 @@ Factors factorsOf(Dice& dice, Category category)
 {
     const bool isPermanent = category == Category::Permanent || category == Category::Prestress;
     const float gamu = dice.of<float>({1.5f, 1.35f, 1.0f, 1.1f});
-    const float gamf = isPermanent ? dice.of<float>({1.0f, 0.9f, gamu, 0.0f}) : dice.of<float>({0.0f, 0.0f, 1.0f, 0.5f});
-    return {gamu, gamf, dice.of<float>({0.0f, 1.0f, 0.001f, 1.2f}), dice.of<float>({0.7f, 0.6f, 1.0f, 0.0f, 1.2f}),
-            dice.of<float>({0.5f, 0.2f, 0.0f}), dice.of<float>({0.3f, 0.5f, 0.0f}), dice.of<float>({0.8f, 0.6f})};
+    const float gamf =
+        isPermanent ? dice.of<float>({1.0f, 0.9f, gamu, 0.0f}) : dice.of<float>({0.0f, 0.0f, 1.0f, 0.5f});
+    return {gamu,
+            gamf,
+            dice.of<float>({0.0f, 1.0f, 0.001f, 1.2f}),
+            dice.of<float>({0.7f, 0.6f, 1.0f, 0.0f, 1.2f}),
+            dice.of<float>({0.5f, 0.2f, 0.0f}),
+            dice.of<float>({0.3f, 0.5f, 0.0f}),
+            dice.of<float>({0.8f, 0.6f})};
 }
 
 void addActions(Dice& dice, int size, Model& model)
 {
-    const std::vector<Superposition> codes{Superposition::Perm, Superposition::Cond, Superposition::Excl, Superposition::Unsi,
-                                           Superposition::Usex, Superposition::Alex, Superposition::Exex, Superposition::Perc};
-    std::vector<std::pair<std::string, Category>> names{{"G", Category::Permanent}, {"G_1", Category::Permanent},
-                                                        {"P", Category::Prestress}, {"A", Category::Accidental},
-                                                        {"A_F", Category::Accidental}, {"E", Category::Seismic}};
+    const std::vector<Superposition> codes{Superposition::Perm, Superposition::Cond, Superposition::Excl,
+                                           Superposition::Unsi, Superposition::Usex, Superposition::Alex,
+                                           Superposition::Exex, Superposition::Perc};
+    std::vector<std::pair<std::string, Category>> names{
+        {"G", Category::Permanent},  {"G_1", Category::Permanent},  {"P", Category::Prestress},
+        {"A", Category::Accidental}, {"A_F", Category::Accidental}, {"E", Category::Seismic}};
     for (const std::string& name : VARIABLE) {
         names.emplace_back(name, Category::Variable);
     }
@@ -62,7 +69,8 @@ void addActions(Dice& dice, int size, Model& model)
             continue;
         }
         const bool isPool = name.rfind("L_", 0) == 0 && !dice.oneIn(3);
-        Action action{name, category, isPool ? Superposition::Exex : dice.of(codes), 0, factorsOf(dice, category)};
+        Action action{name, category, isPool ? Superposition::Exex : dice.of(codes), 0,
+                      factorsOf(dice, category)};
         action.group = category == Category::Variable && areGrouped && dice.oneIn(2) ? 1 + dice.below(3) : 0;
         model.actions.push_back(action);
     }
@@ -94,7 +102,8 @@ void addLoadCases(Dice& dice, Model& model)
         model.loadCases.push_back(loadCase);
     }
     for (std::size_t i = model.loadCases.size(); i > 1; --i) { // in any order
-        std::swap(model.loadCases[i - 1], model.loadCases[static_cast<std::size_t>(dice.below(static_cast<int>(i)))]);
+        std::swap(model.loadCases[i - 1],
+                  model.loadCases[static_cast<std::size_t>(dice.below(static_cast<int>(i)))]);
     }
 }
 
@@ -102,10 +111,17 @@ using Entries = std::vector<LCM_TextEntry>;
 
 void variableEntries(Dice& dice, Entries& entries)
 {
-    const std::vector<std::pair<std::string, std::string>> kinds{
-        {"KFI*Gamu", "KFI*Gamu*Psi0"}, {"KFI*Gamu*Psi0", "KFI*Gamu*Psi0"}, {"1", "Psi0"}, {"Psi1", "Psi2"},
-        {"Psi2", "Psi2"}, {"Psi1s", "Psi1"}, {"none", "Psi2"}, {"none", "none"}, {"Gamu | 0.5", "Gamu*Psi0 | 0.2"}};
-    const auto& [lead, others] = kinds[static_cast<std::size_t>(dice.oneIn(2) ? 0 : dice.below(static_cast<int>(kinds.size())))];
+    const std::vector<std::pair<std::string, std::string>> kinds{{"KFI*Gamu", "KFI*Gamu*Psi0"},
+                                                                 {"KFI*Gamu*Psi0", "KFI*Gamu*Psi0"},
+                                                                 {"1", "Psi0"},
+                                                                 {"Psi1", "Psi2"},
+                                                                 {"Psi2", "Psi2"},
+                                                                 {"Psi1s", "Psi1"},
+                                                                 {"none", "Psi2"},
+                                                                 {"none", "none"},
+                                                                 {"Gamu | 0.5", "Gamu*Psi0 | 0.2"}};
+    const auto& [lead, others] =
+        kinds[static_cast<std::size_t>(dice.oneIn(2) ? 0 : dice.below(static_cast<int>(kinds.size())))];
     entries.push_back({"lead", lead});
     entries.push_back({"others", others});
     if (dice.oneIn(4)) {
@@ -117,7 +133,8 @@ void variableEntries(Dice& dice, Entries& entries)
     if (dice.oneIn(4)) {
         entries.push_back({"others " + dice.of(VARIABLE) + " when " + dice.of(VARIABLE) + " leads",
                            dice.of<std::string>({"0", "0.6*Gamu", "none"})});
-        entries.push_back({"others when " + dice.of(VARIABLE) + " leads", dice.of<std::string>({"0.1", "Gamu*0.8"})});
+        entries.push_back(
+            {"others when " + dice.of(VARIABLE) + " leads", dice.of<std::string>({"0.1", "Gamu*0.8"})});
     }
     if (dice.oneIn(5)) {
         entries.push_back({"lead when A_F acts", dice.of<std::string>({"Psi2", "none", "0.9"})});
@@ -136,7 +153,8 @@ std::string randomSum(Dice& dice)
         std::string bracket;
         for (int i = 0; i <= dice.below(3) && !names.empty(); ++i) {
             const auto at = static_cast<std::size_t>(dice.below(static_cast<int>(names.size())));
-            bracket += (bracket.empty() ? "" : " or ") + dice.of<std::string>({"1.6*", "0.5*", "KFI*Gamu*", ""}) + names[at];
+            bracket += (bracket.empty() ? "" : " or ") +
+                       dice.of<std::string>({"1.6*", "0.5*", "KFI*Gamu*", ""}) + names[at];
             names.erase(names.begin() + static_cast<std::ptrdiff_t>(at));
         }
         const bool isBracket = bracket.find(" or ") != std::string::npos;
@@ -148,7 +166,8 @@ std::string randomSum(Dice& dice)
 Entries expressionEntries(Dice& dice, bool isAccidental)
 {
     Entries entries;
-    entries.push_back({"G", dice.of<std::string>({"KFI*Gamu | Gamf", "KFI*XSI*Gamu | Gamf", "1", "1.2 | 0.9", "none"})});
+    entries.push_back(
+        {"G", dice.of<std::string>({"KFI*Gamu | Gamf", "KFI*XSI*Gamu | Gamf", "1", "1.2 | 0.9", "none"})});
     if (dice.oneIn(4)) {
         entries.push_back({"G G_1", dice.of<std::string>({"1.4 | 0", "none"})});
     }
@@ -284,11 +303,13 @@ std::string compareCounts(const Plan& plan, const Truth& truth)
     std::ostringstream out;
     for (std::size_t i = 0; i < truth.distinct.size(); ++i) {
         if (choices.ofExpressions[i] != truth.ofExpressions[i]) {
-            out << "expression " << i << ": choices " << choices.ofExpressions[i] << ", enumerated " << truth.ofExpressions[i];
+            out << "expression " << i << ": choices " << choices.ofExpressions[i] << ", enumerated "
+                << truth.ofExpressions[i];
             return out.str();
         }
         if (distinct.ofExpressions[i] != truth.distinct[i].size()) {
-            out << "expression " << i << ": distinct " << distinct.ofExpressions[i] << ", enumerated " << truth.distinct[i].size();
+            out << "expression " << i << ": distinct " << distinct.ofExpressions[i] << ", enumerated "
+                << truth.distinct[i].size();
             return out.str();
         }
     }
@@ -305,7 +326,9 @@ std::string compareList(const Case& each, const Plan& plan, const Truth& truth)
         listed.insert(factorsOf(each.model, combination.key));
         return true;
     });
-    return listed == std::multiset<std::vector<double>>(truth.choices.begin(), truth.choices.end()) ? "" : "the list differs";
+    return listed == std::multiset<std::vector<double>>(truth.choices.begin(), truth.choices.end())
+               ? ""
+               : "the list differs";
 }
 
 double valueOf(const std::vector<double>& factors, const std::vector<double>& row)
@@ -318,8 +341,8 @@ double valueOf(const std::vector<double>& factors, const std::vector<double>& ro
 }
 
 /// One extreme of a response; the minimum as the maximum of the response with the other sign.
-std::string compareExtreme(const Case& each, const Truth& truth, const std::vector<double>& row, const Extreme& extreme,
-                           const std::optional<Combination>& combination, bool isMax)
+std::string compareExtreme(const Case& each, const Truth& truth, const std::vector<double>& row,
+                           const Extreme& extreme, const std::optional<Combination>& combination, bool isMax)
 {
     const double sign = isMax ? 1 : -1;
     double best = -INFINITY;
@@ -335,7 +358,8 @@ std::string compareExtreme(const Case& each, const Truth& truth, const std::vect
     const Checker checker(each.model, each.situation);
     std::ostringstream out;
     if (truth.all.empty()) {
-        const bool isNone = extreme.expression < 0 && !combination && checker.greatest(responses) == -INFINITY;
+        const bool isNone =
+            extreme.expression < 0 && !combination && checker.greatest(responses) == -INFINITY;
         return isNone ? "" : "a value where there is no combination";
     }
     if (!combination || std::fabs(sign * extreme.value - best) > 1e-9 * largest) {
@@ -353,7 +377,8 @@ std::string compareExtreme(const Case& each, const Truth& truth, const std::vect
         return "the checker doesn't allow " + keyText(combination->key);
     }
     if (std::fabs(checker.greatest(responses) - best) > 1e-9 * largest) {
-        out << "the checker finds " << checker.greatest(responses) << ", enumerated " << best << " key " << keyText(combination->key);
+        out << "the checker finds " << checker.greatest(responses) << ", enumerated " << best << " key "
+            << keyText(combination->key);
     }
     return out.str();
 }
@@ -403,12 +428,16 @@ std::string compare(const Case& each, const Plan& plan, std::mt19937& random)
     for (int i = 0; i < 4 && wrong.empty(); ++i) {
         std::vector<double> row(columns.size());
         for (double& response : row) {
-            response = dice.oneIn(6) ? 0 : dice.oneIn(3) ? dice.below(5) - 2 : (dice.below(20001) - 10000) / 1000.0;
+            response = dice.oneIn(6)   ? 0
+                       : dice.oneIn(3) ? dice.below(5) - 2
+                                       : (dice.below(20001) - 10000) / 1000.0;
         }
         const Extremes extremes = envelope.extremes(row.data()).value_or(Extremes{});
-        wrong = compareExtreme(each, truth, row, extremes.max, envelope.combination(row.data(), Envelope::Direction::Max), true);
+        wrong = compareExtreme(each, truth, row, extremes.max,
+                               envelope.combination(row.data(), Envelope::Direction::Max), true);
         if (wrong.empty()) {
-            wrong = compareExtreme(each, truth, row, extremes.min, envelope.combination(row.data(), Envelope::Direction::Min), false);
+            wrong = compareExtreme(each, truth, row, extremes.min,
+                                   envelope.combination(row.data(), Envelope::Direction::Min), false);
         }
     }
     return wrong;

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "hostlib/data/designcode/designcode.h"
-#include "hostlib/data/designcode/factor_fields.h"
+#include "lcdata/values/factors.h"
 
 using mrl::designcode::DesignCode;
 
@@ -33,9 +33,9 @@ std::optional<float> stated(const DesignCode& code, const std::string& action, c
         return value;
     }
     for (const auto& candidate : code.actions) {
-        for (const auto& field : mrl::designcode::FACTOR_FIELDS) {
-            if (candidate.name == action && field.name == factor) {
-                return candidate.record.*field.field;
+        for (const LCM_Factor& known : LCM_FACTORS) {
+            if (candidate.name == action && known.key == factor) {
+                return lcm_stored_factor(candidate.record, known);
             }
         }
     }

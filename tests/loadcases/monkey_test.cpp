@@ -88,11 +88,11 @@ class Monkey
         tagCDB_LC_ACT action{};
         const bool follows = m_tabs.actions->findAction(row.action, action);
         EXPECT_TRUE(follows || row.action == 0 || row.action == 70);
-        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-            const QTableWidgetItem* cell = m_tabs.table->itemOnColId(r, column);
-            const float own = row.action == 0 ? row.factors[column] : 0.0f;
-            EXPECT_EQ(lcm_cell_value(cell), follows ? lcm_action_factor(action, column) : own) << column;
-            EXPECT_EQ((cell->flags() & Qt::ItemIsEditable) != 0, row.action == 0) << column;
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            const QTableWidgetItem* cell = m_tabs.table->itemOnColId(r, factor.loadCaseColumn);
+            const float own = row.action == 0 ? row.factors[factor.id] : 0.0f;
+            EXPECT_EQ(lcm_cell_value(cell), follows ? action.*factor.actionField : own) << factor.key;
+            EXPECT_EQ((cell->flags() & Qt::ItemIsEditable) != 0, row.action == 0) << factor.key;
         }
         LCM_LoadcaseEntry entry;
         m_tabs.lc->readRow(r, entry);
@@ -129,11 +129,11 @@ class Monkey
             return chooseAction();
         }
         const int number = any(own);
-        const int column = LC_COL_GAMU + static_cast<int>(m_random() % 7);
+        const LCM_Factor& factor = LCM_FACTORS[m_random() % LCM_FACTORS.size()];
         const float value = anyFactor();
-        type(number, column,
+        type(number, factor.loadCaseColumn,
              QString::number(static_cast<double>(value)).replace('.', m_random() % 2 ? ',' : '.'));
-        m_rows[number].factors[column] = value;
+        m_rows[number].factors[factor.id] = value;
     }
     void typeTitle()
     {
@@ -349,8 +349,9 @@ TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
         tagCDB_LC_ACT action{};
         const bool follows = reopened.actions->findAction(record.action, action);
         const LCM_LoadCaseFactors shown = lcm_shown_factors(record, follows ? &action : nullptr);
-        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-            EXPECT_EQ(reopened.value(number, column), shown[column]) << number << ' ' << column;
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            EXPECT_EQ(reopened.value(number, factor.loadCaseColumn), shown[factor.id])
+                << number << ' ' << factor.key;
         }
     }
 }

@@ -111,8 +111,9 @@ TEST_F(ManagerTest, InfoLineShowsTheCombinationValuesOfTheDesignCode)
     MRL_LC_CtrlStruct control;
     run(control, [](QWidget* dialog) {
         const QStringList lines = infoOf(dialog).split(QLatin1Char('\n'));
-        ASSERT_EQ(lines.size(), 2);
+        ASSERT_EQ(lines.size(), 3);
         EXPECT_TRUE(lines[1].endsWith(QStringLiteral(" = 1"))) << lines[1].toStdString();
+        EXPECT_TRUE(lines[2].endsWith(QStringLiteral(" = 0.833"))) << lines[2].toStdString();
         EXPECT_FALSE(lines[1].startsWith(QStringLiteral("40Z"))) << "the key has a text in the catalogue";
         pressCancel(dialog);
     });

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "lcdata/values/action_code.h"
+#include "rules/action_columns.h"
 #include "rules/action_row.h"
 #include "tests/support/action_builder.h"
 
@@ -27,12 +28,8 @@ bool sameBytes(const tagCDB_LC_ACT& a, const tagCDB_LC_ACT& b) { return std::mem
 
 float factorOf(const LCM_ActionCells& cells, int column)
 {
-    for (std::size_t i = 0; i < LCM_ACTION_FACTORS.size(); ++i) {
-        if (LCM_ACTION_FACTORS[i].column == column) {
-            return cells.factors[i];
-        }
-    }
-    return std::numeric_limits<float>::quiet_NaN();
+    const LCM_Factor* factor = lcm_factor_of_action_column(column);
+    return factor ? cells.factors[factor->id] : std::numeric_limits<float>::quiet_NaN();
 }
 
 LCM_ActionCells cellsNamed(const QString& name)

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "lcdata/values/packing.h"
-#include "rules/action_columns.h"
 #include "support/loadcase_builders.h"
 
 namespace {
@@ -15,10 +14,10 @@ using namespace lctest;
 LCM_LoadCaseFactors cells(float gamu, float gama, float psi1 = 0.0f, float psi1s = 0.0f)
 {
     LCM_LoadCaseFactors result;
-    result[LC_COL_GAMU] = gamu;
-    result[LC_COL_GAMA] = gama;
-    result[LC_COL_PSI1] = psi1;
-    result[LC_COL_PSI1S] = psi1s;
+    result[LCM_FactorId::Gamu] = gamu;
+    result[LCM_FactorId::Gama] = gama;
+    result[LCM_FactorId::Psi1] = psi1;
+    result[LCM_FactorId::Psi1s] = psi1s;
     return result;
 }
 
@@ -78,15 +77,13 @@ TEST(LoadcasePacking, CombinationPairHasTheBitsWorkedOutByHandAndNoZeroRule)
 TEST(LoadcasePacking, FactorWithoutAColumnIsZero)
 {
     LCM_LoadCaseFactors row;
-    for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-        row[column] = 0.5f;
-    }
+    row.fill(0.5f);
     LCM_LoadCaseSetup none = setup();
     none.factorColumns.fill(false);
     EXPECT_TRUE(sameBytes(stored(row, none), tagCDB_LC_CTRL{}));
 
     LCM_LoadCaseSetup withoutMain = setup();
-    withoutMain.factorColumns[LC_COL_GAMU - LC_COL_GAMU] = false;
+    withoutMain.factorColumns[LCM_FactorId::Gamu] = false;
     EXPECT_EQ(bits(stored(row, withoutMain).gamu), bits(0.5e-4f));
 }
 
@@ -108,9 +105,9 @@ TEST(LoadcaseRow, AccidentalFactorOfZeroComesBackAsTwoThousandths)
 {
     const tagCDB_LC_CTRL record = stored(cells(1.35f, 0.0f, 0.7f, 0.0f));
     const LCM_LoadCaseFactors shown = lcm_shown_factors(record, nullptr);
-    EXPECT_FLOAT_EQ(shown[LC_COL_GAMU], 1.35f);
-    EXPECT_FLOAT_EQ(shown[LC_COL_GAMA], 0.002f);
-    EXPECT_EQ(shown[LC_COL_PSI1S], 0.0f);
+    EXPECT_FLOAT_EQ(shown[LCM_FactorId::Gamu], 1.35f);
+    EXPECT_FLOAT_EQ(shown[LCM_FactorId::Gama], 0.002f);
+    EXPECT_EQ(shown[LCM_FactorId::Psi1s], 0.0f);
 }
 
 TEST(StoredFactors, OfAPairThatFollowsTheActionAreBothUndefined)
@@ -120,29 +117,12 @@ TEST(StoredFactors, OfAPairThatFollowsTheActionAreBothUndefined)
     record.psi1 = lcm_pack_pair(0.5f, 0.8f);
     record.gamf = 0.9f;
     const LCM_LoadCaseFactors factors = lcm_stored_factors(record);
-    EXPECT_EQ(factors[LC_COL_GAMU], LC_UNDEFINED);
-    EXPECT_EQ(factors[LC_COL_GAMA], LC_UNDEFINED);
-    EXPECT_EQ(factors[LC_COL_PSI1], 0.5f);
-    EXPECT_EQ(factors[LC_COL_PSI1S], 0.8f);
-    EXPECT_EQ(factors[LC_COL_GAMF], 0.9f);
-    EXPECT_EQ(factors[LC_COL_PSI2], 0.0f);
-}
-
-TEST(ActionFactor, IsFoundByTheIdOfItsColumn)
-{
-    tagCDB_LC_ACT action{};
-    float value = 0.0f;
-    for (float* field : {&action.gamu, &action.gamf, &action.gama, &action.psi0, &action.psi1, &action.psi2,
-                         &action.psi1s}) {
-        *field = ++value;
-    }
-    for (int i = 0; i < LC_FACTOR_COUNT; ++i) {
-        EXPECT_EQ(lcm_action_factor(action, LC_COL_GAMU + i), static_cast<float>(i + 1)) << i;
-    }
-    EXPECT_EQ(lcm_action_factor(action, LC_COL_DEADFACTOR), LC_UNDEFINED);
-    EXPECT_EQ(lcm_action_factor(action, LC_COL_DLX), LC_UNDEFINED);
-    EXPECT_EQ(lcm_factor_of_column(0), nullptr);
-    EXPECT_STREQ(lcm_factor_of_column(LC_COL_PSI1S)->key, "Psi1s");
+    EXPECT_EQ(factors[LCM_FactorId::Gamu], LC_UNDEFINED);
+    EXPECT_EQ(factors[LCM_FactorId::Gama], LC_UNDEFINED);
+    EXPECT_EQ(factors[LCM_FactorId::Psi1], 0.5f);
+    EXPECT_EQ(factors[LCM_FactorId::Psi1s], 0.8f);
+    EXPECT_EQ(factors[LCM_FactorId::Gamf], 0.9f);
+    EXPECT_EQ(factors[LCM_FactorId::Psi2], 0.0f);
 }
 
 TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)
@@ -152,13 +132,13 @@ TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)
     const tagCDB_LC_ACT g =
         action("G").gamu(1.35f).gamf(1.0f).gama(1.1f).psi0(0.7f).psi1(0.5f).psi2(0.3f).psi1s(0.9f);
     const LCM_LoadCaseFactors shown = lcm_shown_factors(record, &g);
-    EXPECT_EQ(shown[LC_COL_GAMU], 1.35f);
-    EXPECT_EQ(shown[LC_COL_GAMF], 1.0f);
-    EXPECT_EQ(shown[LC_COL_GAMA], 1.1f);
-    EXPECT_EQ(shown[LC_COL_PSI0], 0.7f);
-    EXPECT_EQ(shown[LC_COL_PSI1], 0.5f);
-    EXPECT_EQ(shown[LC_COL_PSI2], 0.3f);
-    EXPECT_EQ(shown[LC_COL_PSI1S], 0.9f);
+    EXPECT_EQ(shown[LCM_FactorId::Gamu], 1.35f);
+    EXPECT_EQ(shown[LCM_FactorId::Gamf], 1.0f);
+    EXPECT_EQ(shown[LCM_FactorId::Gama], 1.1f);
+    EXPECT_EQ(shown[LCM_FactorId::Psi0], 0.7f);
+    EXPECT_EQ(shown[LCM_FactorId::Psi1], 0.5f);
+    EXPECT_EQ(shown[LCM_FactorId::Psi2], 0.3f);
+    EXPECT_EQ(shown[LCM_FactorId::Psi1s], 0.9f);
 }
 
 TEST(LoadcaseRow, ImperfectionAndMissingActionShowZeros)
@@ -166,8 +146,8 @@ TEST(LoadcaseRow, ImperfectionAndMissingActionShowZeros)
     const tagCDB_LC_ACT g = action("G").all(1.0f);
     for (const auto& shown :
          {lcm_shown_factors(following(70), &g), lcm_shown_factors(following(code("X")), nullptr)}) {
-        for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
-            EXPECT_EQ(shown[column], 0.0f);
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            EXPECT_EQ(shown[factor.id], 0.0f) << factor.key;
         }
     }
 }

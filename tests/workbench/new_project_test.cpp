@@ -6,6 +6,7 @@
 
 #include "lcdata/actions.h"
 #include "lcdata/system.h"
+#include "lcdata/values/system_words.h"
 #include "tests/support/modal_answers.h"
 #include "tests/workbench/project_file.h"
 #include "workbench/new_project_dialog.h"
@@ -32,7 +33,7 @@ TEST(NewProject, CarriesDesignCodeSystemAndGravity)
 {
     const QTemporaryDir folder;
     NewProject wish = wishFor(folder);
-    wish.rawSystemClass = 20;
+    wish.systemClass = LC_SYSTEM_PLATE;
     wish.gravity = -2;
     ASSERT_EQ(createProject(wish), QString());
     const OtherProgram project(wish.file);
@@ -126,10 +127,10 @@ TEST_F(NewProjectDialogTest, GravityFollowsTheSystem)
     auto* system = find<QComboBox>("combo_system");
     system->setFocus();
     QTest::keyClick(system, Qt::Key_Down);
-    EXPECT_EQ(dialog.wish().rawSystemClass, 1);
+    EXPECT_EQ(dialog.wish().systemClass, LC_SYSTEM_PLANE);
     EXPECT_EQ(dialog.wish().gravity, -2);
     QTest::keyClick(system, Qt::Key_Down);
-    EXPECT_EQ(dialog.wish().rawSystemClass, 20);
+    EXPECT_EQ(dialog.wish().systemClass, LC_SYSTEM_PLATE);
     EXPECT_EQ(dialog.wish().gravity, -3);
 }
 

@@ -26,6 +26,12 @@ class PluginCalls : public ::testing::Test
         root.mkdir(QStringLiteral("lib"));
         EXPECT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + QStringLiteral("/mrl-workbench"),
                                 root.filePath(QStringLiteral("bin/mrl-workbench"))));
+        const QDir built(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib"));
+        const QStringList hostLibraries = built.entryList({QStringLiteral("libmrl_host*.so*")});
+        for (const QString& library : hostLibraries) {
+            EXPECT_TRUE(
+                QFile::link(built.filePath(library), root.filePath(QStringLiteral("lib/") + library)));
+        }
         EXPECT_TRUE(QFile::link(QStringLiteral(MRL_NOTING_MANAGERS),
                                 root.filePath(QStringLiteral("lib/libmrl_loadcase.so"))));
     }

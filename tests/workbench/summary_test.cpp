@@ -17,6 +17,7 @@
 namespace mrl::test {
 
 using workbench::ActionsModel;
+using workbench::FindingsModel;
 using workbench::LoadCasesModel;
 using workbench::ProjectSummary;
 using workbench::summarise;

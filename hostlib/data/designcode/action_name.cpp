@@ -1,7 +1,8 @@
 #include "hostlib/data/designcode/action_name.h"
 
 #include <algorithm>
-#include <cstring>
+
+#include "lcdata/values/action_code.h"
 
 namespace mrl::designcode {
 
@@ -10,15 +11,6 @@ namespace {
 bool isPrintableAscii(char c) { return c > 0x20 && c < 0x7F; }
 
 } // namespace
-
-std::int32_t packWord(std::string_view text)
-{
-    char bytes[4] = {' ', ' ', ' ', ' '};
-    text.copy(bytes, sizeof bytes);
-    std::int32_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
-}
 
 std::optional<std::string> setName(std::string_view joined, tagCDB_LC_ACT& record)
 {
@@ -39,10 +31,9 @@ std::optional<std::string> setName(std::string_view joined, tagCDB_LC_ACT& recor
         if (first.size() == 4) {
             return "only a first part of at most 3 characters can carry a suffix";
         }
-        suffixWord = packWord(suffix);
+        suffixWord = lcm_pack_bytes(suffix);
     }
-    const std::int32_t firstWord = packWord(first);
-    std::memcpy(record.name, &firstWord, sizeof record.name);
+    lcm_word_to_chars(lcm_pack_bytes(first), record.name);
     record.suffix = suffixWord;
     return std::nullopt;
 }

@@ -5,15 +5,14 @@
 
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
-#include "hostlib/data/designcode/action_name.h"
 #include "hostlib/data/designcode/active.h"
+#include "lcdata/values/keys.h"
 
 namespace {
 
 using mrl::designcode::DesignCode;
 using mrl::designcode::IndexedCode;
 
-constexpr int KWH_ACTIONS = 14;
 constexpr int NOT_FOUND = -1;
 
 /// The active design code and the database that it was taken from.
@@ -47,14 +46,14 @@ std::optional<tagCDB_LC_ACT> storedAction(int db, int code)
     tagCDB_LC_ACT record{};
     int length = sizeof record;
     int position = 0;
-    while (!found && mrl_cdb_get(db, KWH_ACTIONS, code, &record, &length, position) < CD_END) {
-        if (record.kind == 1) {
+    while (!found && mrl_cdb_get(db, LC_KWH_ACTIONS, code, &record, &length, position) < CD_END) {
+        if (record.kind == LC_KIND_ACTION) {
             found = record;
         }
         length = sizeof record;
         ++position;
     }
-    mrl_cdb_free_ex(db, KWH_ACTIONS, code);
+    mrl_cdb_free_ex(db, LC_KWH_ACTIONS, code);
     return found;
 }
 
@@ -72,7 +71,7 @@ int positiveLookup(int which, tagCDB_LC_ACT* out)
         }
     }
     // Below the codes stand the numbers of the superposition data, which are no actions.
-    if (which < mrl::designcode::BLANK_WORD) {
+    if (which < LC_BLANK_WORD) {
         return NOT_FOUND;
     }
     const auto stored = storedAction(mrl_cdb_status(-1), which);

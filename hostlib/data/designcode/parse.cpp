@@ -3,13 +3,17 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <initializer_list>
+#include <iterator>
 #include <unordered_map>
 
 #include "hostlib/data/designcode/action_name.h"
 #include "hostlib/data/designcode/designcode.h"
-#include "hostlib/data/designcode/factor_fields.h"
 #include "hostlib/data/designcode/ini_file.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/factors.h"
+#include "lcdata/values/keywords.h"
+#include "lcdata/values/packed_text.h"
+#include "lcdata/values/partition.h"
 
 namespace mrl::designcode {
 
@@ -17,18 +21,26 @@ namespace {
 
 constexpr int MAX_TITLE_UNITS = 2 * LC_TITLE_WORDS - 1; // the last unit stays 0
 constexpr std::size_t MAX_ACTIONS = 999;                // an enumeration of default actions stops there
-constexpr float STORED_ZERO_GAMA = 0.001f;              // a stored 0 would be shown as 1.0
 
-struct Keyword
+using Keys = std::vector<std::string_view>;
+
+/// What a section may hold beside a value for each factor.
+Keys withFactors(Keys keys)
 {
-    const char* word;
-    int value;
-};
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        keys.emplace_back(factor.key);
+    }
+    return keys;
+}
 
-constexpr Keyword CATEGORIES[] = {{"G", 1}, {"P", 2}, {"Q", 3}, {"A", 4}, {"E", 5}};
-constexpr int CATEGORY_Q = 3;
-constexpr Keyword SUPERPOSITIONS[] = {{"PERM", 0}, {"COND", 1}, {"EXCL", 2}, {"UNSI", 3},
-                                      {"USEX", 4}, {"ALEX", 5}, {"EXEX", 6}, {"PERC", 8}};
+/// The categories without the load groups, which stand in an entry of their own.
+std::vector<LCM_Partition> categories()
+{
+    std::vector<LCM_Partition> list;
+    std::copy_if(LCM_PARTITIONS.begin(), LCM_PARTITIONS.end(), std::back_inserter(list),
+                 [](const LCM_Partition& partition) { return !lcm_is_load_group(partition.id); });
+    return list;
+}
 
 /// Takes the sections of a file over into a design code. Each step returns false once `error` is set.
 class Builder
@@ -51,11 +63,12 @@ class Builder
     bool actionEntry(const IniEntry& entry, DefaultAction& action);
     bool partition(const IniSection& section, tagCDB_LC_ACT& record);
     bool enterAction(DefaultAction action);
-    bool onlyKeys(const IniSection& section, std::initializer_list<const char*> keys);
+    bool onlyKeys(const IniSection& section, const Keys& keys);
 
     bool number(const IniEntry& entry, float& value);
     bool integer(const IniEntry& entry, int& value);
-    bool keyword(const IniEntry& entry, const Keyword* first, const Keyword* last, int& value);
+    template <class List>
+    bool keyword(const IniEntry& entry, const List& list, int& value);
     bool title(const IniEntry& entry, tagCDB_LC_ACT& record);
     bool oldNumbers(const IniEntry& entry, DefaultAction& action);
 
@@ -95,7 +108,7 @@ bool Builder::build()
     return ini.find("DESIGN CODE") != nullptr || fail(0, "section 'DESIGN CODE' is missing");
 }
 
-bool Builder::onlyKeys(const IniSection& section, std::initializer_list<const char*> keys)
+bool Builder::onlyKeys(const IniSection& section, const Keys& keys)
 {
     for (const IniEntry& entry : section.entries) {
         if (std::find(keys.begin(), keys.end(), entry.key) == keys.end()) {
@@ -126,12 +139,12 @@ bool Builder::identity(const IniSection& section)
 
 bool Builder::availability(const IniSection& section)
 {
-    if (!onlyKeys(section, {"Gamu", "Gamf", "Gama", "Psi0", "Psi1", "Psi2", "Psi1s"})) {
+    if (!onlyKeys(section, withFactors({}))) {
         return false;
     }
-    for (const FactorField& factor : FACTOR_FIELDS) {
-        const IniEntry* entry = section.find(factor.name);
-        if (entry != nullptr && !number(*entry, code.availability.*factor.field)) {
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        const IniEntry* entry = section.find(factor.key);
+        if (entry != nullptr && !number(*entry, code.availability.*factor.actionField)) {
             return false;
         }
     }
@@ -171,13 +184,12 @@ bool Builder::action(const IniSection& section)
     DefaultAction result;
     result.line = section.line;
     result.name = section.name.substr(std::string("ACTION ").size());
-    result.record.kind = 1;
+    result.record.kind = LC_KIND_ACTION;
     if (const auto reason = setName(result.name, result.record)) {
         return fail(section.line, *reason);
     }
-    result.code = packWord(result.name);
-    if (!onlyKeys(section, {"title", "category", "group", "superposition", "old", "Gamu", "Gamf", "Gama",
-                            "Psi0", "Psi1", "Psi2", "Psi1s"})) {
+    result.code = lcm_pack_bytes(result.name);
+    if (!onlyKeys(section, withFactors({"title", "category", "group", "superposition", "old"}))) {
         return false;
     }
     for (const IniEntry& entry : section.entries) {
@@ -196,17 +208,15 @@ bool Builder::actionEntry(const IniEntry& entry, DefaultAction& action)
     if (entry.key == "old") {
         return oldNumbers(entry, action);
     }
-    for (const FactorField& factor : FACTOR_FIELDS) {
-        if (entry.key != factor.name) {
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (entry.key != factor.key) {
             continue;
         }
-        float& value = action.record.*factor.field;
+        float value = 0.0f;
         if (!number(entry, value)) {
             return false;
         }
-        if (factor.field == &tagCDB_LC_ACT::gama && value == 0.0f) {
-            value = STORED_ZERO_GAMA;
-        }
+        action.record.*factor.actionField = lcm_factor_to_store(factor, value);
     }
     return true;
 }
@@ -222,15 +232,18 @@ bool Builder::partition(const IniSection& section, tagCDB_LC_ACT& record)
     int categoryValue = 0;
     int superpositionValue = 0;
     int groupValue = 0;
-    if (!keyword(*category, std::begin(CATEGORIES), std::end(CATEGORIES), categoryValue) ||
-        !keyword(*superposition, std::begin(SUPERPOSITIONS), std::end(SUPERPOSITIONS), superpositionValue) ||
+    if (!keyword(*category, categories(), categoryValue) ||
+        !keyword(*superposition, LCM_SUPERPOSITIONS, superpositionValue) ||
         (group != nullptr && !integer(*group, groupValue))) {
         return false;
     }
-    if (group != nullptr && (categoryValue != CATEGORY_Q || groupValue < 1 || groupValue > 5)) {
-        return fail(group->line, "a load group is 1 to 5 and stands with category Q only");
+    const bool isGroup = groupValue >= 1 && groupValue <= LC_LOAD_GROUPS;
+    if (group != nullptr && (categoryValue != LC_CATEGORY_VARIABLE || !isGroup)) {
+        return fail(group->line, "a load group is 1 to " + std::to_string(LC_LOAD_GROUPS) +
+                                     " and stands with category Q only");
     }
-    record.partition = superpositionValue + 16 * categoryValue + 256 * groupValue;
+    record.partition =
+        lcm_partition_word(isGroup ? lcm_load_group_id(groupValue) : categoryValue, superpositionValue);
     return true;
 }
 
@@ -268,18 +281,15 @@ bool Builder::integer(const IniEntry& entry, int& value)
     return true;
 }
 
-bool Builder::keyword(const IniEntry& entry, const Keyword* first, const Keyword* last, int& value)
+template <class List>
+bool Builder::keyword(const IniEntry& entry, const List& list, int& value)
 {
-    const auto* hit = std::find_if(first, last, [&](const Keyword& k) { return entry.value == k.word; });
-    if (hit != last) {
-        value = hit->value;
+    if (const auto id = lcm_id_of_word(list, entry.value)) {
+        value = *id;
         return true;
     }
-    std::string words;
-    for (const Keyword* k = first; k != last; ++k) {
-        words += std::string(words.empty() ? "" : ", ") + k->word;
-    }
-    return fail(entry.line, "'" + entry.value + "' of entry '" + entry.key + "' is none of " + words);
+    return fail(entry.line,
+                "'" + entry.value + "' of entry '" + entry.key + "' is none of " + lcm_joined_words(list));
 }
 
 bool Builder::title(const IniEntry& entry, tagCDB_LC_ACT& record)
@@ -289,10 +299,7 @@ bool Builder::title(const IniEntry& entry, tagCDB_LC_ACT& record)
         return fail(entry.line, "the title has " + std::to_string(text.size()) + " units, at most " +
                                     std::to_string(MAX_TITLE_UNITS) + " fit");
     }
-    for (int i = 0; i < text.size(); ++i) {
-        const auto unit = static_cast<std::uint32_t>(text.at(i).unicode());
-        record.title[i / 2] |= i % 2 == 0 ? unit : unit << 16;
-    }
+    lcm_title_pack(text, record.title, LC_TITLE_WORDS);
     return true;
 }
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <set>
 
-#include "hostlib/data/designcode/action_name.h"
 #include "hostlib/data/designcode/designcode.h"
-#include "hostlib/data/designcode/factor_fields.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/factors.h"
 
 namespace mrl::designcode {
 
@@ -27,9 +27,9 @@ void checkMarks(const DesignCode& code, Warnings& out)
         warn(out, WarningRule::GamaWithoutActionsSection,
              "Gama is marked, but without the section ACTIONS it is not offered");
     }
-    for (const FactorField& factor : FACTOR_FIELDS) {
-        if (code.availability.*factor.field < 0.0f) {
-            warn(out, WarningRule::LimitBelow0, std::string("the limit of ") + factor.name + " is below 0");
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (code.availability.*factor.actionField < 0.0f) {
+            warn(out, WarningRule::LimitBelow0, std::string("the limit of ") + factor.key + " is below 0");
         }
     }
 }
@@ -41,12 +41,13 @@ void checkLabels(const DesignCode& code, Warnings& out)
             warn(out, WarningRule::LabelTooLong,
                  "the label of " + label.key + " is longer than 20 bytes and will be cut");
         }
-        const auto factor = std::find_if(FACTOR_FIELDS.begin(), FACTOR_FIELDS.end(),
-                                         [&](const auto& f) { return label.key == f.labelKey; });
-        if (factor != FACTOR_FIELDS.end() && label.text == "none" &&
-            code.availability.*(factor->field) != 0.0f) {
+        const auto factor = std::find_if(LCM_FACTORS.begin(), LCM_FACTORS.end(), [&](const auto& f) {
+            return label.key == lcm_label_key(f.key).toStdString();
+        });
+        if (factor != LCM_FACTORS.end() && label.text == "none" &&
+            code.availability.*(factor->actionField) != 0.0f) {
             warn(out, WarningRule::LabelNoneBesideMark,
-                 std::string(factor->name) + " is marked, but its label is \"none\"");
+                 std::string(factor->key) + " is marked, but its label is \"none\"");
         }
     }
 }
@@ -68,10 +69,10 @@ void checkOldNumbers(const DesignCode& code, Warnings& out)
 
 void checkUnmarkedFactors(const DesignCode& code, const DefaultAction& action, Warnings& out)
 {
-    for (const FactorField& factor : FACTOR_FIELDS) {
-        if (!(code.availability.*factor.field > 0.0f) && action.record.*factor.field != 0.0f) {
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (!(code.availability.*factor.actionField > 0.0f) && action.record.*factor.actionField != 0.0f) {
             warn(out, WarningRule::FactorNotMarked, action,
-                 std::string(factor.name) + " is stated, but not marked as known");
+                 std::string(factor.key) + " is stated, but not marked as known");
         }
     }
     if (code.availability.gama > 0.0f && action.record.gama == 0.0f) {
@@ -84,7 +85,7 @@ void checkOrder(const DesignCode& code, Warnings& out)
 {
     std::set<std::int32_t> plain;
     for (const DefaultAction& action : code.actions) {
-        const std::int32_t first = packWord({action.record.name, sizeof action.record.name});
+        const std::int32_t first = lcm_field_word(action.record.name);
         if (action.record.suffix == 0 && action.record.partition < 256) {
             plain.insert(first);
         } else if (plain.count(first) == 0) {

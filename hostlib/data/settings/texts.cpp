@@ -5,6 +5,7 @@
 
 #include "host/mrl_lib.h"
 #include "hostlib/data/settings/settings.h"
+#include "lcdata/values/packed_text.h"
 
 namespace {
 
@@ -27,22 +28,9 @@ const char* interned(const char* key)
     return keys.insert(key).first->c_str();
 }
 
-constexpr int TITLE_UNITS = 34;
-
 } // namespace
 
-void mrl_lib_ps2qs(const unsigned* text, QString& out)
-{
-    out.clear();
-    for (int i = 0; i < TITLE_UNITS; ++i) {
-        const unsigned word = text[i / 2];
-        const auto unit = static_cast<ushort>(i % 2 == 0 ? word & 0xFFFFu : word >> 16);
-        if (unit == 0) {
-            return;
-        }
-        out.append(QChar(unit));
-    }
-}
+void mrl_lib_ps2qs(const unsigned* text, QString& out) { out = lcm_packed_text(text, LC_TITLE_WORDS); }
 
 const char* mrl_lib_convtext(int /*one*/, int language, const char* key)
 {

@@ -10,6 +10,7 @@
 #include "hostlib/ui/table/column.h"
 #include "hostlib/ui/table/number_text.h"
 #include "hostlib/ui/table/table_private.h"
+#include "lcdata/values/roles.h"
 
 using Access = MRL_H_TwCellAccess;
 using mrl::table::numberLess;
@@ -132,10 +133,10 @@ QVariant MRL_H_TwItem::data(int role) const
         break;
     case Qt::ToolTipRole:
         return m_extra ? QVariant(m_extra->toolTip) : QVariant();
-    case Access::rowValidRole:
+    case ROLE_ROW_VALID:
         return (m_state & Access::RowValidKnown) != 0 ? QVariant((m_state & Access::RowValid) != 0)
                                                       : QVariant();
-    case Access::fromActionRole:
+    case ROLE_FROM_ACTION:
         return (m_state & Access::FromActionKnown) != 0 ? QVariant((m_state & Access::FromAction) != 0)
                                                         : QVariant();
     default:
@@ -170,10 +171,10 @@ void MRL_H_TwItem::setData(int role, const QVariant& value)
     case Qt::ToolTipRole:
         setToolTip(value.toString());
         return;
-    case Access::rowValidRole:
+    case ROLE_ROW_VALID:
         setBits(Access::RowValidKnown, Access::RowValid, value);
         return;
-    case Access::fromActionRole:
+    case ROLE_FROM_ACTION:
         setBits(Access::FromActionKnown, Access::FromAction, value);
         return;
     default:

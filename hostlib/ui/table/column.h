@@ -80,15 +80,12 @@ struct MRL_H_TwCellAccess
         Disabled = 1 << 0,
         TextRed = 1 << 1,
         TextBlack = 1 << 2,
-        RowValid = 1 << 3, ///< role 357
+        RowValid = 1 << 3, ///< ROLE_ROW_VALID
         RowValidKnown = 1 << 4,
-        FromAction = 1 << 5, ///< role 1234001
+        FromAction = 1 << 5, ///< ROLE_FROM_ACTION
         FromActionKnown = 1 << 6,
         Unsorted = 1 << 7 ///< the table knows that the cell may stand in the wrong row
     };
-    static constexpr int rowValidRole = 357;
-    static constexpr int fromActionRole = 1234001;
-
     static MRL_H_TwColumn* column(const MRL_H_TwItem& cell) { return cell.m_column; }
     static int& row(const MRL_H_TwItem& cell) { return cell.m_row; }
     static quint8& state(MRL_H_TwItem& cell) { return cell.m_state; }

@@ -1,0 +1,104 @@
+#pragma once
+
+/// The partition word of an action: superposition in bits 0 to 3, category in bits 4 to 7, load group in the
+/// bits from 8 up. Here stand the one list of categories with their load groups, the one list of
+/// superpositions, and the way between their ids and the word.
+
+#include <QtGlobal>
+
+#include <array>
+#include <string_view>
+
+#include "lcdata/values/records.h"
+
+/// The category of an action, as it stands in the partition word.
+enum LCM_Category : int {
+    LC_CATEGORY_PERMANENT = 1,
+    LC_CATEGORY_PRESTRESS = 2,
+    LC_CATEGORY_VARIABLE = 3,
+    LC_CATEGORY_ACCIDENTAL = 4,
+    LC_CATEGORY_EARTHQUAKE = 5
+};
+
+/// Load groups of the variable actions have the numbers 1 to 5.
+constexpr int LC_LOAD_GROUPS = 5;
+
+/// The partition id of a load group: the category of the variable actions shifted up by four bits, joined
+/// with the number of the group.
+constexpr int lcm_load_group_id(int group) { return LC_CATEGORY_VARIABLE * 16 + group; }
+
+/// A category, or a load group of the variable actions.
+struct LCM_Partition
+{
+    int id;                ///< the category, or lcm_load_group_id
+    std::string_view word; ///< in design-code files (the categories only), the command line and JSON
+    const char* caption;   ///< in the dialog, to be translated
+};
+
+inline constexpr std::array<LCM_Partition, 10> LCM_PARTITIONS{{
+    {LC_CATEGORY_PERMANENT, "G", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "G (Permanent)")},
+    {LC_CATEGORY_PRESTRESS, "P", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "P (Prestress)")},
+    {LC_CATEGORY_VARIABLE, "Q", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q (Variable)")},
+    {LC_CATEGORY_ACCIDENTAL, "A", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "A (Accidental)")},
+    {LC_CATEGORY_EARTHQUAKE, "E", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "E (Earthquake)")},
+    {lcm_load_group_id(1), "Q_1", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_1 (Variable) Loadgroup 1")},
+    {lcm_load_group_id(2), "Q_2", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_2 (Variable) Loadgroup 2")},
+    {lcm_load_group_id(3), "Q_3", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_3 (Variable) Loadgroup 3")},
+    {lcm_load_group_id(4), "Q_4", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_4 (Variable) Loadgroup 4")},
+    {lcm_load_group_id(5), "Q_5", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_5 (Variable) Loadgroup 5")},
+}};
+
+/// How the load cases of an action are superposed.
+struct LCM_Superposition
+{
+    int id;                ///< as it stands in the partition word
+    std::string_view word; ///< in design-code files, the command line, JSON and the workbench
+    const char* caption;   ///< in the dialog, to be translated
+};
+
+constexpr int LC_SUPERPOSITION_EXCL = 2; ///< that of an action whose name was typed
+constexpr int LC_SUPERPOSITION_PERC = 8;
+constexpr int LC_SUPERPOSITION_OLD_PERC = 7; ///< read as LC_SUPERPOSITION_PERC and never written
+
+inline constexpr std::array<LCM_Superposition, 8> LCM_SUPERPOSITIONS{{
+    {0, "PERM", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERM permanent")},
+    {1, "COND", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "COND conditional")},
+    {LC_SUPERPOSITION_EXCL, "EXCL", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXCL exclusive within category")},
+    {3, "UNSI", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "UNSI conditional with unfavourable sign")},
+    {4, "USEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "USEX exclusive with unfavourable sign")},
+    {5, "ALEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "ALEX permanent but exclusive")},
+    {6, "EXEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXEX exclusive within action")},
+    {LC_SUPERPOSITION_PERC, "PERC",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERC permanent with individual factors")},
+}};
+
+/// Whether a partition id is that of a load group.
+constexpr bool lcm_is_load_group(int partitionId) { return partitionId >= lcm_load_group_id(0); }
+
+/// The number of a load group by its partition id.
+constexpr int lcm_load_group(int partitionId) { return partitionId - lcm_load_group_id(0); }
+
+/// The partition id of a word. A word with a load group (256 or more) is shown as that load group of the
+/// variable actions, whatever its category says.
+constexpr int lcm_partition_id(int word) { return word >= 256 ? lcm_load_group_id(word / 256) : word / 16; }
+
+/// The superposition id of a word.
+constexpr int lcm_superposition_id(int word)
+{
+    const int id = word & 15;
+    return id == LC_SUPERPOSITION_OLD_PERC ? LC_SUPERPOSITION_PERC : id;
+}
+
+/// The word for the two ids; the reverse of the two functions above.
+constexpr int lcm_partition_word(int partitionId, int superpositionId)
+{
+    const int partition = lcm_is_load_group(partitionId)
+                              ? lcm_load_group(partitionId) * 256 + LC_CATEGORY_VARIABLE * 16
+                              : partitionId * 16;
+    const bool old = superpositionId == LC_SUPERPOSITION_OLD_PERC;
+    return partition + (old ? LC_SUPERPOSITION_PERC : superpositionId);
+}
+
+/// The type family of an action: LC_CATEGORY_PERMANENT and LC_CATEGORY_PRESTRESS are families of their own,
+/// every other value is live. A load group makes it large.
+constexpr int lcm_type_family(const tagCDB_LC_ACT& action) { return action.partition / 16; }
