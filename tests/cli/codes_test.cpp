@@ -77,8 +77,8 @@ TEST_F(Codes, DefaultActionsAreJudgedAsRowsWithTheirLines)
                           at + "20: action Q_1: GAMU has to be bigger than 0.0!\n" +                        //
                           at + "20: action Q_1: Psi1' has to be between 0.9 and 1.0!\n"));
     std::vector<std::string> rules;
-    const auto shown = done({"code", "show", own, "--json"}).json();
-    for (const auto& warning : shown["warnings"]) {
+    const auto code = done({"code", "show", own, "--json"}).json();
+    for (const auto& warning : code["warnings"]) {
         rules.push_back(warning["rule"]);
     }
     EXPECT_THAT(rules,
@@ -94,8 +94,8 @@ TEST_F(Codes, TrapsOfTheWholeFileComeFirst)
                           "[ACTION Y_AB]\ncategory = G\nsuperposition = PERM\nold = 2, 7\nPsi1 = 0.5\n"
                           "[ACTION Y]\ncategory = G\nsuperposition = PERM\nPsi1 = 1\n";
     std::vector<std::pair<int, std::string>> found;
-    const auto shown = done({"code", "show", own, "--json"}).json();
-    for (const auto& warning : shown["warnings"]) {
+    const auto code = done({"code", "show", own, "--json"}).json();
+    for (const auto& warning : code["warnings"]) {
         found.emplace_back(warning["line"], warning["rule"]);
     }
     EXPECT_THAT(found,

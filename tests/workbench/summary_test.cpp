@@ -195,12 +195,13 @@ TEST_F(SummaryTest, FindingsAreToldInGerman)
 {
     project.putAction(action(QStringLiteral("Y1")));
     project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
+    // The language counts in which they are read, not that in which they were found.
+    FindingsModel model(nullptr);
+    model.show(summarise(db).findings);
     QTranslator german;
     ASSERT_TRUE(german.load(QStringLiteral("mrl_loadcase_dll_de"),
                             QCoreApplication::applicationDirPath() + QStringLiteral("/../translations")));
     QCoreApplication::installTranslator(&german);
-    FindingsModel model(nullptr);
-    model.show(summarise(db).findings);
     ASSERT_EQ(model.rowCount(), 2);
     EXPECT_EQ(shown(model, 0, 1),
               QStringLiteral("Namen, die mit Y beginnen, sind reserviert; der Dialog lädt sie nie"));
