@@ -1,7 +1,7 @@
 #pragma once
 
-/// The judgement of a design code by the rules of the dialog. Nobody could accept the dialog with a default action
-/// that breaks one.
+/// The judgement of a design code by the rules of the dialog. Nobody could accept the dialog with a default
+/// action that breaks one.
 
 #include <vector>
 

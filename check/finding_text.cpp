@@ -156,8 +156,8 @@ QString translated(const Pattern& pattern)
                                       : QCoreApplication::translate(pattern.context, pattern.text);
 }
 
-/// The patterns of the rows are translated once in a process: a table of many faulty rows asks for them again and
-/// again.
+/// The patterns of the rows are translated once in a process: a table of many faulty rows asks for them
+/// again and again.
 QString translatedOnce(const Pattern& pattern)
 {
     static std::map<const Pattern*, QString> patterns;

@@ -8,8 +8,8 @@
 
 #include "rules/finding.h"
 
-/// The text of a finding in the language of the program. The patterns of the two tables' rows keep the language in
-/// which they were first read.
+/// The text of a finding in the language of the program. The patterns of the two tables' rows keep the
+/// language in which they were first read.
 QString lcm_finding_text(const LCM_Finding& finding);
 
 /// The same text in English, whatever the language of the program is.

@@ -16,7 +16,7 @@ struct LCM_RawRecord
     std::string_view bytes;
 };
 
-/// Judges size and kind of a record. Other modules' records are their own business: other groups, numeric keys and
-/// those that begin with Y among the actions, and foreign kinds.
+/// Judges size and kind of a record. Other modules' records are their own business: other groups, numeric
+/// keys and those that begin with Y among the actions, and foreign kinds.
 /// @return what is wrong with it, about its key; nothing when it is sound
 std::optional<LCM_Finding> lcm_check_record(const LCM_RawRecord& record);

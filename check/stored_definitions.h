@@ -1,22 +1,22 @@
 #pragma once
 
-/// What stands in a project and in its design code, as far as the check asks for more than the manager.
+/// What the check reads of a project and its design code that the dialog doesn't need.
 
 #include <optional>
 #include <set>
 
 #include "lcdata/stored_load_cases.h"
 
-/// A load case of this system, and what stands behind it under its key.
+/// A load case of this system, and whether another module stores a record behind it.
 struct LCM_CheckedLoadCase
 {
     LCM_StoredLoadCase stored;
-    std::optional<int> foreignKind; ///< kind of the first later record of the key that another module owns
+    std::optional<int> foreignKind; ///< kind of the first record of another module behind it
 };
 
 /// The load case under a number; nothing when there is none or it belongs to another module.
 std::optional<LCM_CheckedLoadCase> lcm_checked_load_case(int db, int number);
 
-/// The keys under which a stored action stands for one of the design code: its actions, and the parents that
-/// their names imply. Asks the active design code.
+/// The keys of the active design code's actions and of the parents that their names imply. A project that
+/// stores an action under one of them isn't given the default actions.
 std::set<int> lcm_design_code_keys();

@@ -13,8 +13,8 @@ designcode::DesignCode readDesignCode(const std::string& name);
 /// Name, file, label and the four numbers.
 Json identityJson(const designcode::DesignCode& code);
 
-/// The warnings of a design code by line, as objects with `line`, `rule` and `text`: those of its file, and what the
-/// rules of the dialog find wrong with its limits and default actions.
+/// The warnings of a design code by line, as objects with `line`, `rule` and `text`: those of its file, and
+/// what the rules of the dialog find wrong with its limits and default actions.
 Json warningsJson(const designcode::DesignCode& code);
 
 /// Prints the warnings, a line each: "warning: FILE:LINE: TEXT".

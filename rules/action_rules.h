@@ -1,7 +1,7 @@
 #pragma once
 
-/// The judgement of an action, of a row of the table, a stored one or a default one of a design code. Load cases
-/// have rules of their own.
+/// The judgement of an action, of a row of the table, a stored one or a default one of a design code. Load
+/// cases have rules of their own.
 
 #include "lcdata/values/records.h"
 #include "rules/finding.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-/// What a rule finds: data without words. check/finding_text.h makes the text of a finding where a person reads
-/// it; a program goes by the rule's id.
+/// What a rule finds: data without words. check/finding_text.h makes the text of a finding where a person
+/// reads it; a program goes by the rule's id.
 
 #include <QString>
 
@@ -125,5 +125,6 @@ struct LCM_Finding
     }
 };
 
-/// The findings of one row have ascending columns and no column twice. A clean row has none and allocates nothing.
+/// Findings in the order of their subjects. Those of one row have ascending columns and no column twice; a
+/// clean row has none and allocates nothing.
 using LCM_Findings = std::vector<LCM_Finding>;

@@ -21,8 +21,8 @@ struct LCM_LoadCaseVerdict
     LCM_Findings findings;
 };
 
-/// Judges a row as the table does: a "None" row and an imperfection are valid as they stand, and a row whose
-/// action the project lacks is invalid without a finding.
+/// Judges a row as the table does. A load case without an action and an imperfection are valid whatever
+/// their factors are; a row whose action the project lacks is invalid without a finding.
 /// @param action the action of the record's action word, null when the project has none
 LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
                                         const tagCDB_LC_ACT& limits);

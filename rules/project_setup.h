@@ -1,6 +1,6 @@
 #pragma once
 
-/// What a project and its design code settle for the judgement of all rows.
+/// Facts of a project and its design code by which all of its rows are judged.
 
 #include "rules/action_rules.h"
 #include "rules/load_case_row.h"

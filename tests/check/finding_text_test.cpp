@@ -183,8 +183,8 @@ TEST(FindingText, TranslationIsMadeWhenItIsReadAndEnglishStaysEnglish)
 
 namespace {
 
-/// Reads a row's finding of each table under translators of their own, then again without them. In a process that
-/// has read none before.
+/// Reads a row's finding of each table under translators of their own, then again without them. In a
+/// process that has read none before.
 void readRowsInTwoLanguages()
 {
     const Application application;

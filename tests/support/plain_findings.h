@@ -12,7 +12,7 @@
 
 namespace mrl::test {
 
-/// The rule's id and the arguments behind it, numbers in up to six digits: "gamf-not-between-0-and-gamu 0 1.35".
+/// The rule's id and its arguments, numbers in up to six digits: "gamf-not-between-0-and-gamu 0 1.35".
 inline std::string plain(const LCM_Finding& finding)
 {
     std::string text = lcm_rule_id(finding.rule);

@@ -93,8 +93,8 @@ MRL_HOST_API ReadResult read(const std::string& file);
 /// Reads a design code from text. @param file the name that errors carry
 MRL_HOST_API ReadResult parse(std::string_view content, const std::string& file);
 
-/// What would trap the user of a design code, as far as the file alone tells it; empty for every shipped one. The
-/// factors of the default actions are judged above this library.
+/// What would trap the user of a design code, as far as the file alone tells it; empty for every shipped
+/// one. The factors of the default actions are judged above this library.
 MRL_HOST_API std::vector<Warning> warnings(const DesignCode& code);
 
 /// A design-code file that was found on the search path.
