@@ -213,7 +213,7 @@ QString betweenText(const LCM_Finding& finding, const FactorWords& words, Transl
 
 QString ruleText(const LCM_Finding& finding, const RuleWords& words, Translation translation)
 {
-    const QString pattern = translation(words.pattern);
+    QString pattern = translation(words.pattern);
     switch (finding.arguments.size()) {
     case 0:
         return pattern;

@@ -161,6 +161,34 @@ TEST(FindingText, NumbersOfALoadCaseHaveTheirDigits)
                      {LC_COL_PSI1S, "Psi1' has to be between 1.13 and 1.98765!"}}));
 }
 
+TEST(FindingText, ProjectsAreToldWhatTheDialogDoes)
+{
+    const auto textOf = [](LCM_Rule rule, std::vector<LCM_Argument> arguments) {
+        return lcm_finding_text({rule, LCM_Subject::Action, 0, 0, std::move(arguments)}).toStdString();
+    };
+    EXPECT_EQ(textOf(LCM_Rule::ActionNameReserved, {}),
+              "names that begin with Y are reserved; the dialog never loads it");
+    EXPECT_EQ(textOf(LCM_Rule::ActionWithoutName, {}), "an action without a name; the dialog never loads it");
+    EXPECT_EQ(textOf(LCM_Rule::ActionNameDiffersFromKey, {QStringLiteral("W")}),
+              "the record names the action W and will move there when the dialog is accepted");
+    EXPECT_EQ(textOf(LCM_Rule::ActionMissing, {QStringLiteral("99")}), "the project has no action 99");
+    EXPECT_EQ(textOf(LCM_Rule::LoadCaseNumberAbove999999, {}), "the number is above 999999");
+    EXPECT_EQ(textOf(LCM_Rule::LoadCaseNumberSharedWithModule, {3}),
+              "another module keeps a record of kind 3 under this number; accepting the dialog drops it");
+}
+
+TEST(FindingText, DesignCodesAreToldTheirTraps)
+{
+    const auto textOf = [](LCM_Rule rule) {
+        return lcm_finding_text({rule, LCM_Subject::DesignCode, 0, 0, {}}).toStdString();
+    };
+    EXPECT_EQ(textOf(LCM_Rule::Psi1WithoutPsi2),
+              "Psi1 is marked without Psi2, so that every Psi1 below 1.0 is refused");
+    EXPECT_EQ(textOf(LCM_Rule::ActionNameLowerCase), "the name holds lower-case letters and can't be typed");
+    EXPECT_EQ(textOf(LCM_Rule::ActionSuffixTooLong),
+              "a suffix of more than one character doesn't survive editing");
+}
+
 TEST(FindingText, NumbersAndNamesStandWhereThePatternWantsThem)
 {
     EXPECT_EQ(lcm_finding_text({LCM_Rule::ActionSizeWrong, LCM_Subject::Key, 0, 0, {4, 112}, 14}),

@@ -49,11 +49,17 @@ TEST_F(ProjectCheck, FavourableFactorAboveUnfavourableCondemnsActionAndItsLoadCa
                                         "1 105 gamf-not-between-0-and-gamu 0 1.35"));
 }
 
-TEST_F(ProjectCheck, FindingOfAnActionOfAnotherNameStandsUnderItsKey)
+TEST_F(ProjectCheck, RecordOfAnotherNameIsReportedAndJudgedUnderItsKey)
 {
     project.putAction(mrl::test::codeOf("U1"), action("W").psi0(1.2f));
     EXPECT_THAT(findings(),
                 ElementsAre("U1 action-name-differs-from-key W", "U1 107 psi0-not-between-0-and-limit 0 1"));
+}
+
+TEST_F(ProjectCheck, CombinationFactorsAreJudgedByTheLimits)
+{
+    project.putAction(action("W").psi0(1.2f));
+    EXPECT_THAT(findings(), ElementsAre("W 107 psi0-not-between-0-and-limit 0 1"));
 }
 
 TEST_F(ProjectCheck, CopiedFactorsOfALoadCaseAreNotCondemned)

@@ -101,54 +101,6 @@ TEST_F(Check, UnreadableDesignCodeIsAFindingOfTheProject)
     EXPECT_EQ(found[0]["message"], own + ":1: the section's name has no closing ']'");
 }
 
-TEST_F(Check, CombinationFactorsAreJudgedByTheLimits)
-{
-    done({"action", "set", file, "W", "--psi0", "1.2"});
-    EXPECT_THAT(findings(), ElementsAre("action W Psi0: Psi0 has to be between 0.0 and 1!"));
-}
-
-TEST_F(Check, CopiedFactorsOfALoadCaseAreNotCondemned)
-{
-    // The dialog shows the action's present factors, whatever the record holds.
-    done({"case", "set", file, "1", "--gamu", "1", "--gamf", "5"});
-    EXPECT_THAT(findings(), IsEmpty());
-}
-
-TEST_F(Check, MissingActionIsAFinding)
-{
-    done({"put", file, "12", "2", following("58392020")}); // X9
-    EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action X9"));
-}
-
-TEST_F(Check, NamesInTheOtherCaseAreFoundAsTheDialogFindsThemWhenItOpens)
-{
-    done({"put", file, "12", "2", following("77202020")}); // w
-    EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action w"));
-
-    std::string w = done({"get", file, "14", "W", "--hex"}).out.substr(6, 224);
-    w.replace(8, 8, "77202020");
-    done({"del", file, "14", "W"});
-    done({"put", file, "14", "538976375", w}); // stored as w
-    done({"put", file, "12", "3", following("57202020")});
-    EXPECT_THAT(findings(), IsEmpty()) << "both 2 and 3 mean it";
-}
-
-TEST_F(Check, OldActionNumberIsResolved)
-{
-    done({"put", file, "12", "2", following("02000000")});
-    EXPECT_THAT(findings(), IsEmpty());
-    done({"put", file, "12", "3", following("63000000")});
-    EXPECT_THAT(findings(), ElementsAre("loadcase 3: the project has no action 99"));
-}
-
-TEST_F(Check, ImperfectionsAndLoadCasesWithoutActionAreValid)
-{
-    done({"case", "create", file, "2", "--action", "IMP"});
-    done({"case", "create", file, "3"});
-    done({"case", "set", file, "3", "--gamu", "-5"});
-    EXPECT_THAT(findings(), IsEmpty());
-}
-
 TEST_F(Check, ReservedAndNamelessActionsAreReported)
 {
     done({"put", file, "14", "Y1_1", "01000000" + std::string(216, '0')});
@@ -156,45 +108,6 @@ TEST_F(Check, ReservedAndNamelessActionsAreReported)
     EXPECT_THAT(findings(),
                 ElementsAre("action: an action without a name; the dialog never loads it",
                             "action Y1_1: names that begin with Y are reserved; the dialog never loads it"));
-}
-
-TEST_F(Check, RecordOfAnotherNameIsReported)
-{
-    const std::string w = done({"get", file, "14", "W", "--hex"}).out.substr(6, 224);
-    done({"put", file, "14", "U1", w});
-    EXPECT_THAT(findings(),
-                ElementsAre("action U1: the record names the action W and will move there when the dialog "
-                            "is accepted"));
-}
-
-TEST_F(Check, NumberThatAnotherModuleUsesTooIsReported)
-{
-    done({"put", file, "12", "1", "03000000", "--append"});
-    EXPECT_THAT(findings(),
-                ElementsAre("loadcase 1: another module keeps a record of kind 3 under this number; "
-                            "accepting the dialog drops it"));
-}
-
-TEST_F(Check, NumberAboveTheDialogsLimitIsReported)
-{
-    done({"put", file, "12", "1000000", following("47202020")});
-    EXPECT_THAT(findings(), ElementsAre("loadcase 1000000: the number is above 999999"));
-}
-
-TEST_F(Check, ForeignLoadCasesAreNotJudged)
-{
-    done({"put", file, "12", "2", "0500000058392020"});
-    EXPECT_THAT(findings(), IsEmpty());
-}
-
-TEST_F(Check, ProjectWithoutActionsIsJudgedWithTheDefaultOnes)
-{
-    for (const char* action : {"G", "Q", "W"}) {
-        done({"del", file, "14", action});
-    }
-    EXPECT_THAT(findings(), IsEmpty()) << "the dialog offers G and Q then";
-    done({"put", file, "12", "2", following("57202020")}); // W
-    EXPECT_THAT(findings(), ElementsAre("loadcase 2: the project has no action W"));
 }
 
 TEST_F(Check, FactorThatTheDesignCodeDoesNotKnowIsNotJudged)
