@@ -98,7 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool edits = data[0] % 2 == 0;
     const std::string content = edits ? edited(ground.good, data + 1, size - 1)
                                       : std::string(reinterpret_cast<const char*>(data + 1), size - 1);
-    std::filesystem::remove(ground.file + "-wal");
+    std::filesystem::remove(ground.file + "-journal");
     std::filesystem::remove(ground.file + "-shm");
     std::ofstream(ground.file, std::ios::binary) << content;
     const auto opened = mrl::cdb::open(ground.file);

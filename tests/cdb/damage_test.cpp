@@ -108,8 +108,7 @@ TEST_F(Damage, FlippedByteIsReportedOrWithoutEffect)
             bad[at] = static_cast<char>(bad[at] ^ bits);
             std::ofstream(file, std::ios::binary) << bad;
         }
-        std::filesystem::remove(file + "-wal");
-        std::filesystem::remove(file + "-shm");
+        std::filesystem::remove(file + "-journal");
         ++verdicts[judge()];
         ASSERT_FALSE(HasFailure()) << "byte " << at << " with " << static_cast<int>(bits);
     }

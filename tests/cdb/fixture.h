@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <filesystem>
@@ -38,6 +39,16 @@ class Folder
 
     std::string operator/(const std::string& name) const { return (folder / name).string(); }
     std::string name() const { return folder.string(); }
+    /// The names of what is in it, in order.
+    std::vector<std::string> files() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            names.push_back(entry.path().filename().string());
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
 
   private:
     std::filesystem::path folder;

@@ -16,8 +16,8 @@ class Database
 {
   public:
     explicit Database(std::unique_ptr<Store> opened)
-        : m_store(std::move(opened)), m_reader(*m_store, m_failures), m_facts(*m_store, m_failures),
-          m_transactions(*m_store, m_reader, m_facts, m_failures)
+        : m_store(std::move(opened)), m_pending(*m_store), m_reader(*m_store, m_pending, m_failures),
+          m_facts(*m_store, m_failures), m_transactions(*m_store, m_pending, m_reader, m_facts, m_failures)
     {
     }
     ~Database()
@@ -69,6 +69,7 @@ class Database
   private:
     std::unique_ptr<Store> m_store;
     Failures m_failures;
+    PendingRemovals m_pending;
     Reader m_reader;
     FactReader m_facts;
     Transactions m_transactions;

@@ -17,6 +17,9 @@ std::string FactReader::fact(const std::string& name)
     }
     std::vector<Fact> found;
     const Status status = m_store.facts(&name, found);
+    if (!m_mark.compare()) {
+        m_mark.drop(); // another commit came between
+    }
     if (status == Status::None) {
         return m_known[name] = {};
     }

@@ -2,6 +2,7 @@
 
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/registry.h"
+#include "hostlib/data/cdb/sqlite/new_file.h"
 
 namespace mrl::cdb {
 
@@ -24,7 +25,28 @@ Result resultOf(const Database& database, Outcome outcome)
 
 } // namespace
 
-Opened create(const std::string& path) { return enter(Store::create(path)); }
+Opened create(const std::string& path)
+{
+    return create(path, [](int) { return Result{}; });
+}
+
+Opened create(const std::string& path, const std::function<Result(int db)>& fill)
+{
+    NewFile file(path);
+    if (!file.state()) {
+        return {file.state(), -1};
+    }
+    const Opened building = enter(file.makeStore());
+    if (!building) {
+        return building;
+    }
+    Result result = fill(building.db);
+    close(building.db);
+    if (result) {
+        result = file.publish();
+    }
+    return result ? open(path) : Opened{std::move(result), -1};
+}
 
 Opened open(const std::string& path) { return enter(Store::open(path, false)); }
 
@@ -53,6 +75,12 @@ bool isReadOnly(int db)
 {
     const auto* database = find(db);
     return database != nullptr && database->isReadOnly();
+}
+
+int formatVersion(int db)
+{
+    auto* database = find(db);
+    return database != nullptr ? database->store().format() : 0;
 }
 
 void setLockWait(int db, int milliseconds)

@@ -10,6 +10,7 @@
 ///          the operating system then gives up all locks of the process on that file. copyOf() is the way.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -56,8 +57,13 @@ struct [[nodiscard]] Opened
     explicit operator bool() const { return static_cast<bool>(result); }
 };
 
-/// Makes a new, empty project file and opens it. An existing file is refused and stays as it is.
+/// Makes a new, empty project file and opens it. An existing file is refused and stays as it is. The file gets
+/// its name when it is whole and on the disk: a crash leaves either nothing of that name or the project.
 MRL_HOST_API Opened create(const std::string& path);
+
+/// The same for a project that is not empty.
+/// @param fill writes the content to a database that is no file of that name yet; when it fails, none appears
+MRL_HOST_API Opened create(const std::string& path, const std::function<Result(int db)>& fill);
 
 /// Opens a project for reading and writing. The whole content is checked against its checksums; a file that
 /// fails is refused and stays as it was.
@@ -90,6 +96,9 @@ MRL_HOST_API bool isOpen(int db);
 MRL_HOST_API std::string path(int db);
 
 MRL_HOST_API bool isReadOnly(int db);
+
+/// The version of the file's format. One of an older program is converted by the first write.
+MRL_HOST_API int formatVersion(int db);
 
 /// How long a write waits for another process to let go of the file, at first 5000 ms.
 MRL_HOST_API void setLockWait(int db, int milliseconds);
@@ -186,17 +195,16 @@ MRL_HOST_API Result keys(int db, const KeyRange& range, std::vector<Key>& out);
 MRL_HOST_API Result groups(int db, std::set<int>& out);
 
 /// What a key range holds, in a few words: equal content has an equal fingerprint, and different content has
-/// a different one except with probability 2^-32.
+/// a different one except with probability 2^-64.
 struct Fingerprint
 {
     std::int64_t count = 0; ///< records
-    std::uint32_t mix = 0;  ///< of the records' checksums (xor)
-    std::uint64_t sum = 0;  ///< of the records' checksums
+    std::uint64_t sum = 0;  ///< of the records' checksums, modulo 2^64
 };
 
 inline bool operator==(const Fingerprint& a, const Fingerprint& b)
 {
-    return a.count == b.count && a.mix == b.mix && a.sum == b.sum;
+    return a.count == b.count && a.sum == b.sum;
 }
 inline bool operator!=(const Fingerprint& a, const Fingerprint& b) { return !(a == b); }
 

@@ -90,6 +90,11 @@ struct Difference
 template <class Differs>
 Result compare(Database& a, Database& b, const KeyRange& range, Differs differs)
 {
+    for (Database* database : {&a, &b}) {
+        if (Result settled = database->transactions().settle(); !settled) {
+            return settled;
+        }
+    }
     RangeReader left(a, range);
     RangeReader right(b, range);
     left.next();
@@ -159,6 +164,9 @@ Result copyKeys(Database& from, Database& to, const KeyRange& range, const std::
 
 Result collectKeys(Database& database, const KeyRange* range, std::vector<Key>& out)
 {
+    if (Result settled = database.transactions().settle(); !settled) {
+        return settled;
+    }
     Rows rows = database.store().range(range, Columns::Keys);
     Status status = Status::Ok;
     bool first = true;
@@ -192,6 +200,9 @@ Result groups(int db, std::set<int>& out)
     if (database == nullptr) {
         return notOpen(db);
     }
+    if (Result settled = database->transactions().settle(); !settled) {
+        return settled;
+    }
     Rows rows = database->store().groups();
     Status status = Status::Ok;
     while ((status = rows.next()) == Status::Ok) {
@@ -207,14 +218,15 @@ Result fingerprint(int db, const KeyRange& range, Fingerprint& out)
     if (database == nullptr) {
         return notOpen(db);
     }
+    if (Result settled = database->transactions().settle(); !settled) {
+        return settled;
+    }
     Rows rows = database->store().range(&range, Columns::Checksums);
     Fingerprint sum;
     Status status = Status::Ok;
     while ((status = rows.next()) == Status::Ok) {
-        const auto checksum = rows.checksum();
         ++sum.count;
-        sum.mix ^= checksum;
-        sum.sum += checksum;
+        sum.sum += rows.checksum();
     }
     if (status == Status::Failed) {
         return database->failures().keep(database->store().failure());

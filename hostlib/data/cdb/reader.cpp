@@ -14,11 +14,24 @@ constexpr int BEFORE_FIRST = -1; // positions count from 0
 
 } // namespace
 
+/// Steps over a key that is deleted already by deleting all of them: step by step, many would be met again.
+Status Reader::next(Key& key, bool up)
+{
+    const Key from = key;
+    const Status status = m_walk.step(key, up);
+    if (status != Status::Ok || m_pending.find(key) == nullptr) {
+        return status;
+    }
+    m_walk.drop();
+    key = from;
+    return m_pending.flush() == Status::Failed ? Status::Failed : m_walk.step(key, up);
+}
+
 int Reader::step(int* kwh, int* kwl, int direction)
 {
     const bool up = direction >= 0;
     Key key{*kwh, *kwl};
-    const Status status = m_walk.step(key, up);
+    const Status status = next(key, up);
     if (status == Status::Ok) {
         *kwh = key.kwh;
         *kwl = key.kwl;
@@ -61,6 +74,9 @@ void Reader::deleted(const Key& key)
 
 cd_error_t Reader::get(const Key& key, void* buffer, int* length, int position)
 {
+    if (m_pending.find(key) != nullptr) {
+        return CD_NONE;
+    }
     const int behind = position > 0 ? lastRead(key) : BEFORE_FIRST;
     Record record;
     switch (m_walk.find(key, behind, record)) {
@@ -121,6 +137,10 @@ cd_error_t Reader::deliver(const Record& record, void* buffer, int* length)
 bool Reader::elements(int kwh, std::list<int>& out)
 {
     const KeyRange group{kwh};
+    if (m_pending.flush() == Status::Failed) {
+        static_cast<void>(m_failures.keep(m_store.failure()));
+        return false;
+    }
     Rows rows = m_store.range(&group, Columns::Keys);
     Status status = Status::Ok;
     // A key with several records comes once for each.

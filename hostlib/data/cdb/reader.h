@@ -5,6 +5,7 @@
 
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/failures.h"
+#include "hostlib/data/cdb/pending_removals.h"
 #include "hostlib/data/cdb/sqlite/store.h"
 #include "hostlib/data/cdb/walk.h"
 
@@ -14,7 +15,10 @@ namespace mrl::cdb {
 class Reader
 {
   public:
-    Reader(Store& store, Failures& failures) : m_store(store), m_failures(failures), m_walk(store) {}
+    Reader(Store& store, PendingRemovals& pending, Failures& failures)
+        : m_store(store), m_pending(pending), m_failures(failures), m_walk(store)
+    {
+    }
 
     /// See mrl_cdb_kenq_ex.
     int step(int* kwh, int* kwl, int direction);
@@ -48,7 +52,10 @@ class Reader
     cd_error_t deliver(const Record& record, void* buffer, int* length);
     cd_error_t absent(const Key& key);
 
+    Status next(Key& key, bool up);
+
     Store& m_store;
+    PendingRemovals& m_pending;
     Failures& m_failures;
     Walk m_walk;
     std::unordered_map<Key, int, Hash> m_readAt; ///< the position read last, where it is not the first

@@ -2,36 +2,34 @@
 
 #include <cstdint>
 
-#include "hostlib/data/cdb/checksum.h"
-
 namespace mrl::cdb {
 
-/// How many rows there are, and their checksums in one number.
+/// How many rows there are, and what their checksums add up to.
 struct Tally
 {
     std::int64_t count = 0;
-    std::uint32_t mix = 0; ///< xor of the checksums
+    std::uint64_t sum = 0; ///< of the checksums, modulo 2^64
 
-    void add(std::uint32_t checksum)
+    void add(std::uint64_t checksum)
     {
         ++count;
-        mix ^= checksum;
+        sum += checksum;
     }
     Tally& operator+=(const Tally& other)
     {
         count += other.count;
-        mix ^= other.mix;
+        sum += other.sum;
         return *this;
     }
     Tally& operator-=(const Tally& other)
     {
         count -= other.count;
-        mix ^= other.mix;
+        sum -= other.sum;
         return *this;
     }
 };
 
-inline bool operator==(const Tally& a, const Tally& b) { return a.count == b.count && a.mix == b.mix; }
+inline bool operator==(const Tally& a, const Tally& b) { return a.count == b.count && a.sum == b.sum; }
 
 /// What the rows of both tables add up to, or what a transaction changes in that.
 struct Summary

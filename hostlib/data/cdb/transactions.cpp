@@ -29,6 +29,10 @@ Result Transactions::begin(Pausable pausable)
     if (m_paused) {
         fail(failure(Code::Locked, m_store.file(), WAITING));
     }
+    // What is pending belongs to the level that deleted it.
+    if (!outermost && m_failed) {
+        static_cast<void>(settle());
+    }
     if (m_failed && m_store.begin(outermost ? Nesting::Outermost : Nesting::Inner) == Status::Failed) {
         fail(m_store.failure());
     }
@@ -40,8 +44,8 @@ Result Transactions::commit()
     if (m_paused) {
         fail(failure(Code::Locked, m_store.file(), WAITING));
     }
-    if (m_failed && finish() == Status::Failed) {
-        fail(m_store.failure());
+    if (m_failed) {
+        fail(finish());
     }
     if (!m_failed) {
         Result reason = m_failures.keep(m_failed);
@@ -52,15 +56,31 @@ Result Transactions::commit()
     return {};
 }
 
-Status Transactions::finish()
+Result Transactions::finish()
 {
+    if (!m_store.inTransaction()) {
+        return failure(Code::InputOutput, m_store.file(), "the transaction was rolled back");
+    }
     if (m_levels.size() > 1) {
-        return m_store.commit(Nesting::Inner);
+        return m_store.commit(Nesting::Inner) == Status::Failed ? m_store.failure() : Result{};
     }
-    if (!(m_writer.change() == Summary{}) && m_store.addToSummary(m_writer.change()) == Status::Failed) {
-        return Status::Failed;
+    if (m_writer.settle() == Outcome::Failed) {
+        return m_writer.failure();
     }
-    return m_store.commit(Nesting::Outermost);
+    if ((m_store.hasWritten() && m_store.addToSummary(m_writer.change()) == Status::Failed) ||
+        m_store.commit(Nesting::Outermost) == Status::Failed) {
+        return m_store.failure();
+    }
+    return {};
+}
+
+Result Transactions::settle()
+{
+    if (m_levels.empty() || m_paused || m_writer.settle() != Outcome::Failed) {
+        return {};
+    }
+    writeFailed(m_writer.failure());
+    return m_writer.failure();
 }
 
 void Transactions::rollback()
@@ -69,6 +89,7 @@ void Transactions::rollback()
         return;
     }
     m_store.rollback(m_levels.size() > 1 ? Nesting::Inner : Nesting::Outermost);
+    m_writer.drop();
     endLevel(false);
     forgetRead();
 }
@@ -77,7 +98,6 @@ void Transactions::forgetRead()
 {
     m_reader.drop();
     m_facts.drop();
-    m_writer.drop();
 }
 
 void Transactions::endLevel(bool keepWrites)
@@ -105,6 +125,7 @@ void Transactions::pause()
     }
     m_paused = true;
     m_store.rollback(Nesting::Outermost);
+    m_writer.drop();
     forgetRead();
 }
 
@@ -125,6 +146,7 @@ void Transactions::resume()
     if (!m_failed) {
         static_cast<void>(m_failures.keep(m_failed));
         m_store.rollback(Nesting::Outermost);
+        m_writer.drop();
     }
 }
 
@@ -133,6 +155,9 @@ Status Transactions::openLevels(std::size_t& level, std::size_t done)
 {
     for (; level < m_levels.size() && m_levels[level].journalSize == done; ++level) {
         m_levels[level].before = m_writer.change();
+        if (m_writer.settle() == Outcome::Failed) {
+            return Status::Failed;
+        }
         if (m_store.begin(Nesting::Inner) == Status::Failed) {
             return Status::Failed;
         }

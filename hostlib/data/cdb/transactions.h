@@ -13,9 +13,10 @@ namespace mrl::cdb {
 class Transactions
 {
   public:
-    Transactions(Store& store, Reader& reader, FactReader& facts, Failures& failures)
+    Transactions(Store& store, PendingRemovals& pending, Reader& reader, FactReader& facts,
+                 Failures& failures)
         : m_store(store), m_reader(reader), m_facts(facts), m_failures(failures),
-          m_writer(store, reader, facts)
+          m_writer(store, pending, reader, facts)
     {
     }
 
@@ -26,6 +27,9 @@ class Transactions
     std::size_t depth() const { return m_levels.size(); }
     /// Why the open transaction can't be committed; Code::Ok while it can.
     const Result& state() const { return m_failed; }
+
+    /// Brings the store to what the writes so far have made of it, for those who read it as a whole.
+    Result settle();
 
     /// Gives up the write lock of a pausable transaction until resume(), which does its writes again.
     void pause();
@@ -51,7 +55,7 @@ class Transactions
     bool mayWrite();
     Outcome apply(const Write& what, const void* data, int size);
     Outcome writeAlone(const Write& what, const void* data, int size);
-    Status finish();
+    Result finish();
     void endLevel(bool keepWrites);
     void forgetRead();
     Status replay();

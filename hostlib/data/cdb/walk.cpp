@@ -75,6 +75,10 @@ Status Walk::fill(const Key& from, bool up)
         status = take(from, up, true);
     }
     m_complete = status == Status::None && !full();
+    // Another commit may have come between the mark and the rows.
+    if (!m_mark.compare()) {
+        m_mark.drop();
+    }
     return status;
 }
 

@@ -40,7 +40,7 @@ class Walk
     {
         Key key;
         int position;
-        std::uint32_t checksum;
+        std::uint64_t checksum;
         std::uint32_t offset;
         int size;
     };

@@ -1,5 +1,7 @@
 #include "hostlib/data/cdb/writer.h"
 
+#include <cstring>
+
 #include "hostlib/data/cdb/checksum.h"
 #include "hostlib/data/cdb/errors.h"
 
@@ -37,7 +39,7 @@ Outcome Writer::apply(const Write& what, const void* data, int size)
     }
     switch (what.kind) {
     case Write::Kind::Put:
-        return put(what.key, data, size);
+        return put(makeRecord(what.key, 0, data, size));
     case Write::Kind::Append:
         return append(what.key, data, size);
     case Write::Kind::Overwrite:
@@ -47,34 +49,8 @@ Outcome Writer::apply(const Write& what, const void* data, int size)
     }
 }
 
-Outcome Writer::put(const Key& key, const void* data, int size)
+Outcome Writer::insert(const Record& record)
 {
-    // A key without a record at position 0 has none at all. So the insertion itself tells whether the key is
-    // new, which spares the usual put a search.
-    const Record record = makeRecord(key, 0, data, size);
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        const Status status = m_store.insert(record);
-        if (status == Status::Failed) {
-            return failed(m_store.failure());
-        }
-        if (status == Status::Ok) {
-            m_change.records.add(record.checksum);
-            return Outcome::Done;
-        }
-        if (erase(key) == Outcome::Failed) {
-            return Outcome::Failed;
-        }
-    }
-    return damaged();
-}
-
-Outcome Writer::append(const Key& key, const void* data, int size)
-{
-    int last = -1;
-    if (m_store.lastPosition(key, last) == Status::Failed) {
-        return failed(m_store.failure());
-    }
-    const Record record = makeRecord(key, last + 1, data, size);
     const Status status = m_store.insert(record);
     if (status != Status::Ok) {
         return status == Status::Failed ? failed(m_store.failure()) : damaged();
@@ -83,37 +59,156 @@ Outcome Writer::append(const Key& key, const void* data, int size)
     return Outcome::Done;
 }
 
+/// Does this very record stand in the store?
+bool Writer::stands(const Record& record)
+{
+    Rows rows = m_store.record(record.key, record.position - 1);
+    return rows.next() == Status::Ok && rows.position() == record.position &&
+           rows.checksum() == record.checksum && rows.size() == record.size &&
+           std::memcmp(rows.bytes(), record.bytes, static_cast<std::size_t>(record.size)) == 0;
+}
+
+/// Adds up the records of a key. @return false on failure
+bool Writer::find(const Key& key, Tally& out)
+{
+    int position = -1;
+    for (;;) {
+        Rows rows = m_store.record(key, position);
+        const Status status = rows.next();
+        if (status != Status::Ok) {
+            return status == Status::None;
+        }
+        position = rows.position();
+        out.add(rows.checksum());
+    }
+}
+
+Outcome Writer::put(const Record& record)
+{
+    if (const Tally* pending = m_pending.find(record.key)) {
+        const Tally there = *pending;
+        m_pending.forget(record.key);
+        m_change.records += there;
+        return replace(record, there);
+    }
+    // A key without a record at position 0 has none at all. So the insertion itself tells whether the key is
+    // new, which spares the usual put a search.
+    const Status status = m_store.insert(record);
+    if (status == Status::Ok) {
+        m_change.records.add(record.checksum);
+        return Outcome::Done;
+    }
+    Tally there;
+    if (status == Status::Failed || !find(record.key, there)) {
+        return failed(m_store.failure());
+    }
+    return replace(record, there);
+}
+
+/// @param there what the key's records add up to
+Outcome Writer::replace(const Record& record, const Tally& there)
+{
+    m_reader.deleted(record.key); // where a reader stood in the former records
+    if (there.count != 1) {
+        if (m_store.erase(record.key, there) == Status::Failed) {
+            return failed(m_store.failure());
+        }
+        m_change.records -= there;
+        return insert(record);
+    }
+    if (there.sum == record.checksum && stands(record)) {
+        return Outcome::Done;
+    }
+    const Status status = m_store.update(record);
+    if (status != Status::Ok) {
+        return status == Status::Failed ? failed(m_store.failure()) : damaged();
+    }
+    m_change.records -= there;
+    m_change.records.add(record.checksum);
+    return Outcome::Done;
+}
+
+Outcome Writer::append(const Key& key, const void* data, int size)
+{
+    if (const Tally* pending = m_pending.find(key)) {
+        if (m_store.erase(key, *pending) == Status::Failed) {
+            return failed(m_store.failure());
+        }
+        m_pending.forget(key);
+    }
+    int last = -1;
+    if (m_store.lastPosition(key, last) == Status::Failed) {
+        return failed(m_store.failure());
+    }
+    return insert(makeRecord(key, last + 1, data, size));
+}
+
 Outcome Writer::overwrite(const Key& key, int position, const void* data, int size)
 {
-    const Record record = makeRecord(key, position, data, size);
-    Tally gone;
-    const Status status = m_store.update(record, gone);
-    if (status != Status::Ok) {
-        return status == Status::Failed ? failed(m_store.failure()) : Outcome::Missing;
+    if (m_pending.find(key) != nullptr) {
+        return Outcome::Missing;
     }
-    m_change.records -= gone;
+    Tally there;
+    {
+        Rows rows = m_store.record(key, position - 1);
+        const Status status = rows.next();
+        if (status == Status::Failed) {
+            return failed(m_store.failure());
+        }
+        if (status == Status::None || rows.position() != position) {
+            return Outcome::Missing;
+        }
+        there.add(rows.checksum());
+    }
+    const Record record = makeRecord(key, position, data, size);
+    if (there.sum == record.checksum && stands(record)) {
+        return Outcome::Done;
+    }
+    if (m_store.update(record) != Status::Ok) {
+        return failed(m_store.failure());
+    }
+    m_change.records -= there;
     m_change.records.add(record.checksum);
     return Outcome::Done;
 }
 
 Outcome Writer::erase(const Key& key)
 {
-    Tally expected;
-    const bool known = m_removals.find(key, expected);
-    Tally gone;
-    const Status status = m_store.erase(key, known ? &expected : nullptr, gone);
-    if (status == Status::Failed) {
+    Tally there;
+    if (m_pending.find(key) != nullptr) {
+        return Outcome::Missing;
+    }
+    if (!m_removals.find(key, there) && !find(key, there)) {
         return failed(m_store.failure());
     }
+    if (there.count == 0) {
+        return Outcome::Missing;
+    }
+    m_pending.add(key, there);
     m_reader.deleted(key);
-    m_change.records -= gone;
-    return status == Status::Ok ? Outcome::Done : Outcome::Missing;
+    m_change.records -= there;
+    return Outcome::Done;
+}
+
+Outcome Writer::settle()
+{
+    return m_pending.flush() == Status::Failed ? failed(m_store.failure()) : Outcome::Done;
 }
 
 Outcome Writer::setFact(const std::string& name, const std::string& value)
 {
     m_facts.drop();
     const Fact fact{name, value, factChecksum(name, value)};
+    std::vector<Fact> there;
+    if (m_store.facts(&name, there) == Status::Failed) {
+        return failed(m_store.failure());
+    }
+    const bool stands = there.empty()
+                            ? value.empty()
+                            : there.front().value == value && there.front().checksum == fact.checksum;
+    if (stands) {
+        return Outcome::Done;
+    }
     Tally gone;
     if (m_store.setFact(fact, gone) == Status::Failed) {
         return failed(m_store.failure());

@@ -13,8 +13,8 @@ namespace mrl::cdb {
 class Writer
 {
   public:
-    Writer(Store& store, Reader& reader, FactReader& facts)
-        : m_store(store), m_reader(reader), m_facts(facts), m_removals(store)
+    Writer(Store& store, PendingRemovals& pending, Reader& reader, FactReader& facts)
+        : m_store(store), m_pending(pending), m_reader(reader), m_facts(facts), m_removals(store)
     {
     }
 
@@ -28,18 +28,30 @@ class Writer
     void setChange(const Summary& change) { m_change = change; }
 
     /// The transaction has ended, or was taken back to an earlier state.
-    void drop() { m_removals.drop(); }
+    void drop()
+    {
+        m_removals.drop();
+        m_pending.drop();
+    }
+
+    /// Deletes what is still pending.
+    Outcome settle();
 
   private:
-    Outcome put(const Key& key, const void* data, int size);
+    Outcome put(const Record& record);
+    Outcome insert(const Record& record);
+    Outcome replace(const Record& record, const Tally& there);
     Outcome append(const Key& key, const void* data, int size);
     Outcome overwrite(const Key& key, int position, const void* data, int size);
     Outcome erase(const Key& key);
     Outcome setFact(const std::string& name, const std::string& value);
+    bool stands(const Record& record);
+    bool find(const Key& key, Tally& out);
     Outcome failed(const Result& reason);
     Outcome damaged();
 
     Store& m_store;
+    PendingRemovals& m_pending;
     Reader& m_reader;
     FactReader& m_facts;
     RemovalAhead m_removals;

@@ -17,7 +17,7 @@ bool overlap(const cdb::KeyRange& a, const cdb::KeyRange& b)
 /// The fingerprint of two ranges side by side.
 cdb::Fingerprint together(const cdb::Fingerprint& a, const cdb::Fingerprint& b)
 {
-    return {a.count + b.count, a.mix ^ b.mix, a.sum + b.sum};
+    return {a.count + b.count, a.sum + b.sum};
 }
 
 } // namespace

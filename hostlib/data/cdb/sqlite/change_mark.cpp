@@ -1,55 +1,74 @@
 #include "hostlib/data/cdb/sqlite/change_mark.h"
 
-#include <atomic>
+#include <cstring>
 
 #include <sqlite3.h>
 
 namespace mrl::cdb {
 
-void ChangeMark::watchNothing() { m_kind = Watch::Private; }
+namespace {
 
-bool ChangeMark::watch(sqlite3* connection)
+constexpr std::chrono::microseconds BELIEVED{20};
+constexpr int COUNTER_OFFSET = 24; // in the file's header, part of SQLite's format
+
+std::uint64_t commitsHere = 0; // of all databases of the process, which belong to one thread
+
+int keepNumber(void* header, int, char** values, char**)
 {
-    constexpr int REGION_SIZE = 32768; // of the shared index, part of the format
-    sqlite3_file* file = nullptr;
-    if (sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
-        file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2) {
-        return false;
-    }
-    volatile void* region = nullptr;
-    if (file->pMethods->xShmMap(file, 0, REGION_SIZE, 0, &region) != SQLITE_OK || region == nullptr) {
-        return false;
-    }
-    m_shared = static_cast<const volatile std::uint64_t*>(region);
-    m_kind = Watch::Shared;
-    return true;
+    std::strncpy(static_cast<char*>(header), values[0], 15); // the sixteenth byte is zero from the beginning
+    return 0;
 }
 
-ChangeMark::Header ChangeMark::read() const
+} // namespace
+
+void ChangeMark::committedHere() { ++commitsHere; }
+
+void ChangeMark::watch(sqlite3* connection, int format)
 {
-    // Of the header's 48 bytes: the counter at offset 8 (with two words that never change), the checksum
-    // at 40.
-    return {m_shared[1], m_shared[5]};
+    m_format = format;
+    m_connection = connection;
+    m_kind = Watch::File;
+}
+
+bool ChangeMark::read(Header& out) const
+{
+    if (m_format == 1) {
+        return sqlite3_exec(m_connection, "PRAGMA data_version", keepNumber, out.data(), nullptr) ==
+               SQLITE_OK;
+    }
+    sqlite3_file* file = nullptr;
+    return sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK &&
+           file != nullptr && file->pMethods != nullptr &&
+           file->pMethods->xRead(file, out.data(), static_cast<int>(out.size()), COUNTER_OFFSET) == SQLITE_OK;
 }
 
 void ChangeMark::take()
 {
-    if (m_kind != Watch::Shared) {
-        return;
+    m_commitsHere = commitsHere;
+    m_noted = {};
+    m_taken = m_kind == Watch::File && read(m_noted);
+    m_compared = std::chrono::steady_clock::now();
+}
+
+bool ChangeMark::compare() const
+{
+    if (m_kind != Watch::File) {
+        return m_kind == Watch::Private;
     }
-    m_noted = read();
-    // What is read from the file after this must not be fetched before it.
-    std::atomic_thread_fence(std::memory_order_seq_cst);
+    Header now{};
+    m_compared = std::chrono::steady_clock::now();
+    return m_taken && m_commitsHere == commitsHere && read(now) && now == m_noted;
 }
 
 bool ChangeMark::unchanged() const
 {
-    if (m_kind != Watch::Shared) {
+    if (m_kind != Watch::File) {
         return m_kind == Watch::Private;
     }
-    // A header that is torn in the middle of a commit differs from the noted one, which is what counts.
-    const Header now = read();
-    return now.counter == m_noted.counter && now.checksum == m_noted.checksum;
+    if (!m_taken || m_commitsHere != commitsHere) {
+        return false;
+    }
+    return std::chrono::steady_clock::now() - m_compared < BELIEVED || compare();
 }
 
 } // namespace mrl::cdb

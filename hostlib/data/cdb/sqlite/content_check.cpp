@@ -1,8 +1,12 @@
 #include "hostlib/data/cdb/sqlite/content_check.h"
 
+#include <array>
+
+#include "hostlib/data/cdb/checksum.h"
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/sqlite/failure.h"
 #include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/version1.h"
 #include "hostlib/data/cdb/write.h"
 
 namespace mrl::cdb {
@@ -12,13 +16,16 @@ namespace {
 /// Is this the tally in two columns of the summary?
 bool fits(const Tally& tally, const Run& run, int column)
 {
-    return run.wide(column) == tally.count && run.wide(column + 1) == static_cast<sqlite3_int64>(tally.mix);
+    return run.wide(column) == tally.count && run.wide(column + 1) == static_cast<sqlite3_int64>(tally.sum);
 }
 
 class Checker
 {
   public:
-    Checker(sqlite3* connection, const std::string& file) : m_db(connection), m_file(file) {}
+    Checker(sqlite3* connection, const std::string& file, int format)
+        : m_db(connection), m_file(file), m_format(format)
+    {
+    }
 
     Result run(Depth depth)
     {
@@ -48,7 +55,10 @@ class Checker
     {
         Statement text("SELECT sql FROM sqlite_schema ORDER BY name");
         Run run(text, m_db);
-        for (const char* expected : {FACT_TABLE, RECORD_TABLE, SUMMARY_TABLE}) {
+        const std::array<const char*, 3> present{FACT_TABLE, RECORD_TABLE, SUMMARY_TABLE};
+        const std::array<const char*, 3> older{version1::FACT_TABLE, version1::RECORD_TABLE,
+                                               version1::SUMMARY_TABLE};
+        for (const char* expected : m_format == 1 ? older : present) {
             const int status = run.step();
             if (status != SQLITE_ROW && status != SQLITE_DONE) {
                 return failureOf(status, m_db, m_file);
@@ -74,7 +84,8 @@ class Checker
 
     Result records()
     {
-        Statement text("SELECT kwh,kwl,position,crc,bytes FROM record ORDER BY kwh,kwl,position");
+        Statement text("SELECT kwh,kwl,position," + sumColumn() +
+                       ",bytes FROM record ORDER BY kwh,kwl,position");
         Run run(text, m_db);
         Key last;
         int position = -1;
@@ -95,16 +106,19 @@ class Checker
         const std::string name = "record " + std::to_string(key.kwh) + "/" + std::to_string(key.kwl);
         for (int column = 0; column < 4; ++column) {
             const auto value = run.wide(column);
-            if (run.type(column) != SQLITE_INTEGER || value < INT32_MIN || value > INT32_MAX) {
+            const bool wide = column == 3 && m_format > 1;
+            if (run.type(column) != SQLITE_INTEGER || (!wide && (value < INT32_MIN || value > INT32_MAX))) {
                 return damaged(name + " is not made of what a record is made of");
             }
         }
         if (run.type(4) != SQLITE_BLOB || run.size(4) < 1 || run.size(4) > LONGEST_RECORD) {
             return damaged(name + " has an impossible length");
         }
-        const auto sum = recordChecksum(key.kwh, key.kwl, run.integer(2), run.bytes(4),
-                                        static_cast<std::size_t>(run.size(4)));
-        if (sum != static_cast<std::uint32_t>(run.integer(3))) {
+        const auto size = static_cast<std::size_t>(run.size(4));
+        const std::uint64_t sum = m_format == 1
+                                      ? version1::recordChecksum(key, run.integer(2), run.bytes(4), size)
+                                      : recordChecksum(key.kwh, key.kwl, run.integer(2), run.bytes(4), size);
+        if (sum != storedSum(run, 3)) {
             return failure(Code::Checksum, m_file, name + " does not fit its checksum");
         }
         const bool ascending = key.kwh != last.kwh ? key.kwh > last.kwh : key.kwl >= last.kwl;
@@ -114,29 +128,31 @@ class Checker
         if (run.integer(2) != position) {
             return damaged(name + " has a gap in its positions");
         }
-        m_summary.records.add(sum);
+        add(m_summary.records, sum);
         return {};
     }
 
     Result facts()
     {
-        Statement text("SELECT name,crc,value FROM fact ORDER BY name");
+        Statement text("SELECT name," + sumColumn() + ",value FROM fact ORDER BY name");
         Run run(text, m_db);
         int status = SQLITE_OK;
         while ((status = run.step()) == SQLITE_ROW) {
-            const auto sum = factChecksum(run.text(0), run.text(2));
-            if (run.wide(1) != static_cast<std::int32_t>(sum)) {
+            const std::uint64_t sum = m_format == 1 ? version1::factChecksum(run.text(0), run.text(2))
+                                                    : factChecksum(run.text(0), run.text(2));
+            if (sum != storedSum(run, 1)) {
                 return failure(Code::Checksum, m_file,
                                "the fact \"" + run.text(0) + "\" does not fit its checksum");
             }
-            m_summary.facts.add(sum);
+            add(m_summary.facts, sum);
         }
         return status == SQLITE_DONE ? Result{} : failureOf(status, m_db, m_file);
     }
 
     Result summary()
     {
-        Statement text("SELECT records,record_xor,facts,fact_xor,id FROM summary");
+        Statement text(m_format == 1 ? "SELECT records,record_xor,facts,fact_xor,id FROM summary"
+                                     : "SELECT records,record_sum,facts,fact_sum,id FROM summary");
         Run run(text, m_db);
         const int status = run.step();
         if (status != SQLITE_ROW && status != SQLITE_DONE) {
@@ -149,14 +165,31 @@ class Checker
         return run.step() == SQLITE_DONE ? Result{} : damaged("it has more than one summary");
     }
 
+    std::string sumColumn() const { return m_format == 1 ? "crc" : "hash"; }
+    std::uint64_t storedSum(const Run& run, int column) const
+    {
+        const auto sum = static_cast<std::uint64_t>(run.wide(column));
+        return m_format == 1 ? static_cast<std::uint32_t>(sum) : sum;
+    }
+    void add(Tally& tally, std::uint64_t sum) const
+    {
+        if (m_format == 1) {
+            ++tally.count;
+            tally.sum ^= sum;
+        } else {
+            tally.add(sum);
+        }
+    }
+
     sqlite3* m_db;
     const std::string& m_file;
+    int m_format;
     Summary m_summary;
 };
 
 } // namespace
 
-Result checkContent(sqlite3* connection, const std::string& file, Depth depth)
+Result checkContent(sqlite3* connection, const std::string& file, int format, Depth depth)
 {
     // One snapshot for all, since the summary has to fit the records. Inside a transaction there is one.
     const bool own = sqlite3_get_autocommit(connection) != 0;
@@ -166,7 +199,7 @@ Result checkContent(sqlite3* connection, const std::string& file, Depth depth)
             return failureOf(status, connection, file);
         }
     }
-    Result result = Checker(connection, file).run(depth);
+    Result result = Checker(connection, file, format).run(depth);
     if (own) {
         sqlite3_exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
     }

@@ -15,16 +15,16 @@
 
 namespace mrl::cdb {
 
-// The checksum stands ahead of the bytes, so that reading it alone never follows a long record's overflow
-// pages. It is kept as a signed number, which takes four bytes in the file and not six.
+// The checksum stands ahead of the bytes, so that reading it alone never follows a long record's overflow pages.
 const char* const RECORD_TABLE = "CREATE TABLE record(kwh INTEGER NOT NULL,kwl INTEGER NOT NULL,"
-                                 "position INTEGER NOT NULL,crc INTEGER NOT NULL,bytes BLOB NOT NULL,"
+                                 "position INTEGER NOT NULL,hash INTEGER NOT NULL,bytes BLOB NOT NULL,"
                                  "PRIMARY KEY(kwh,kwl,position))WITHOUT ROWID";
-const char* const FACT_TABLE = "CREATE TABLE fact(name TEXT NOT NULL PRIMARY KEY,crc INTEGER NOT NULL,"
+const char* const FACT_TABLE = "CREATE TABLE fact(name TEXT NOT NULL PRIMARY KEY,hash INTEGER NOT NULL,"
                                "value TEXT NOT NULL)WITHOUT ROWID";
-const char* const SUMMARY_TABLE = "CREATE TABLE summary(id INTEGER PRIMARY KEY,records INTEGER NOT NULL,"
-                                  "record_xor INTEGER NOT NULL,facts INTEGER NOT NULL,"
-                                  "fact_xor INTEGER NOT NULL)";
+const char* const SUMMARY_TABLE = "CREATE TABLE summary(id INTEGER PRIMARY KEY,project INTEGER NOT NULL,"
+                                  "version INTEGER NOT NULL,records INTEGER NOT NULL,"
+                                  "record_sum INTEGER NOT NULL,facts INTEGER NOT NULL,"
+                                  "fact_sum INTEGER NOT NULL)";
 
 namespace {
 
@@ -60,35 +60,39 @@ int bigEndian(const unsigned char* at) { return (at[0] << 24) | (at[1] << 16) | 
 
 } // namespace
 
+std::string tableTexts()
+{
+    return "PRAGMA application_id=" + std::to_string(APPLICATION_ID) +
+           ";PRAGMA user_version=" + std::to_string(FORMAT_VERSION) + ";" + RECORD_TABLE + ";" + FACT_TABLE +
+           ";" + SUMMARY_TABLE + ";INSERT INTO summary VALUES(1,random(),0,0,0,0,0)";
+}
+
 int makeTables(sqlite3* connection)
 {
-    const std::string statements = "BEGIN IMMEDIATE;PRAGMA application_id=" + std::to_string(APPLICATION_ID) +
-                                   ";PRAGMA user_version=" + std::to_string(FORMAT_VERSION) + ";" +
-                                   RECORD_TABLE + ";" + FACT_TABLE + ";" + SUMMARY_TABLE +
-                                   ";INSERT INTO summary VALUES(1,0,0,0,0);COMMIT";
+    const std::string statements = "BEGIN IMMEDIATE;" + tableTexts() + ";COMMIT";
     return sqlite3_exec(connection, statements.c_str(), nullptr, nullptr, nullptr);
 }
 
-Result probe(const std::string& path)
+Result probe(const std::string& file, const std::string& path, int& format)
 {
     struct stat info = {};
     if (stat(path.c_str(), &info) != 0) {
-        return failure(Code::NoFile, path, std::strerror(errno));
+        return failure(Code::NoFile, file, std::strerror(errno));
     }
     if (!S_ISREG(info.st_mode)) {
-        return failure(Code::NotAProject, path, "this is no file");
+        return failure(Code::NotAProject, file, "this is no file");
     }
     if (access(path.c_str(), R_OK) != 0) {
-        return failure(Code::NoFile, path, std::strerror(errno));
+        return failure(Code::NoFile, file, std::strerror(errno));
     }
     Header header{};
     const int status = readHeader(path, header);
     if (status != SQLITE_OK && status != SQLITE_IOERR_SHORT_READ) {
-        return failureOf(status, nullptr, path);
+        return failureOf(status, nullptr, file);
     }
     if (status != SQLITE_OK || std::memcmp(header.data(), "SQLite format 3", 16) != 0 ||
         bigEndian(&header[68]) != APPLICATION_ID) {
-        return failure(Code::NotAProject, path, "this is no project file");
+        return failure(Code::NotAProject, file, "this is no project file");
     }
     const int version = bigEndian(&header[60]);
     if (version > FORMAT_VERSION) {
@@ -97,8 +101,13 @@ Result probe(const std::string& path)
                            ", this program knows formats up to " + std::to_string(FORMAT_VERSION));
     }
     if (version < 1) {
-        return failure(Code::Corrupt, path, "the file is damaged (it has no format version)");
+        return failure(Code::Corrupt, file, "the file is damaged (it has no format version)");
     }
+    // What follows the log of format 1 is no longer this program's business in a file of the present one.
+    if (version > 1 && (header[18] != 1 || header[19] != 1)) {
+        return failure(Code::Corrupt, file, "the file is damaged (another program has put a log beside it)");
+    }
+    format = version;
     return {};
 }
 

@@ -1,13 +1,15 @@
+#include "hostlib/data/cdb/sqlite/opening.h"
+
 #include <cerrno>
 #include <cstring>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/sqlite/content_check.h"
 #include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/files.h"
 #include "hostlib/data/cdb/sqlite/format.h"
 #include "hostlib/data/cdb/sqlite/store.h"
 
@@ -17,20 +19,16 @@ namespace {
 
 constexpr int LOCK_WAIT = 5000;             // ms
 constexpr int LONGEST_CELL = 4 * (1 << 20); // bytes; what is longer in a damaged file must not be allocated
-constexpr int KEPT_LOG_BYTES = 16 * (1 << 20); // of the log, after a large transaction
 
 int run(sqlite3* connection, const char* sql)
 {
     return sqlite3_exec(connection, sql, nullptr, nullptr, nullptr);
 }
 
-/// SQLite takes some names for something else than a file.
-std::string plainName(const std::string& path) { return path.front() == '/' ? path : "./" + path; }
-
 std::string asUri(const std::string& path)
 {
     std::string uri = "file:";
-    for (const char c : plainName(path)) {
+    for (const char c : path) {
         constexpr const char* DIGITS = "0123456789ABCDEF";
         const auto byte = static_cast<unsigned char>(c);
         if (c == '?' || c == '#' || c == '%') {
@@ -44,26 +42,17 @@ std::string asUri(const std::string& path)
     return uri + "?immutable=1";
 }
 
-std::string folderOf(const std::string& path)
-{
-    const auto slash = path.rfind('/');
-    if (slash == std::string::npos) {
-        return ".";
-    }
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-long long sizeOf(const std::string& path)
+bool isEmptyOrMissing(const std::string& path)
 {
     struct stat info = {};
-    return stat(path.c_str(), &info) == 0 ? static_cast<long long>(info.st_size) : 0;
+    return stat(path.c_str(), &info) != 0 || info.st_size == 0;
 }
 
 int connect(const std::string& name, int flags, Connection& out)
 {
     sqlite3* made = nullptr;
     // One thread comes here, so the connection needs no mutex of its own.
-    const int status = sqlite3_open_v2(name.c_str(), &made, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int status = sqlite3_open_v2(name.c_str(), &made, flags | SQLITE_OPEN_NOMUTEX, fileLayer());
     out.reset(made);
     if (status != SQLITE_OK) {
         return status;
@@ -72,155 +61,42 @@ int connect(const std::string& name, int flags, Connection& out)
     sqlite3_busy_timeout(made, LOCK_WAIT);
     sqlite3_limit(made, SQLITE_LIMIT_LENGTH, LONGEST_CELL);
     sqlite3_db_config(made, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_wal_autocheckpoint(made, 0);
-    return run(made, "PRAGMA synchronous=NORMAL;PRAGMA cell_size_check=ON;PRAGMA trusted_schema=OFF;"
-                     "PRAGMA temp_store=MEMORY");
+    sqlite3_wal_autocheckpoint(made, 0); // of format 1
+    // Extra: the folder is synced after the journal is deleted, or a power loss could bring it back and undo a
+    // transaction that was reported as done. No spill: that would lock readers out before the commit.
+    return run(made, "PRAGMA synchronous=EXTRA;PRAGMA cache_spill=OFF;PRAGMA cell_size_check=ON;"
+                     "PRAGMA trusted_schema=OFF;PRAGMA temp_store=MEMORY");
 }
 
-int startLog(sqlite3* connection)
+/// A connection for reading only. With the right to write it is an ordinary one that is told not to, since only
+/// such a one can take back what a crashed program left unfinished; without, SQLite's read-only one.
+int connectForReading(const std::string& file, const std::string& path, Connection& out)
 {
-    const int status = run(connection, "PRAGMA journal_mode=WAL");
-    const std::string limit = "PRAGMA journal_size_limit=" + std::to_string(KEPT_LOG_BYTES);
-    return status == SQLITE_OK ? run(connection, limit.c_str()) : status;
-}
-
-/// Reserves the name, so that of two programs that create the same file one is refused.
-Result reserve(const std::string& path)
-{
-    const int file = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
-    if (file >= 0) {
-        ::close(file);
-        return {};
-    }
-    switch (errno) {
-    case EEXIST:
-        return failure(Code::Exists, path, "the file exists already");
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return failure(Code::ReadOnly, path, "the folder is read-only");
-    case ENOSPC:
-    case EDQUOT:
-        return failure(Code::DiskFull, path, "the disk is full");
-    case ENOENT:
-    case ENOTDIR:
-        return failure(Code::NoFile, path, "there is no such folder");
-    default:
-        return failure(Code::NoFile, path, std::strerror(errno));
-    }
-}
-
-Result mayBeWritten(const std::string& path)
-{
-    if (access(path.c_str(), W_OK) != 0) {
-        return failure(Code::ReadOnly, path, "the file is read-only");
-    }
-    // The log stands beside the file.
-    if (access(folderOf(path).c_str(), W_OK) != 0) {
-        return failure(Code::ReadOnly, path, "its folder is read-only");
-    }
-    return {};
-}
-
-/// A connection for reading only. With the right to write it is an ordinary one that is told not to, since
-/// only such a one tidies up the files that it shares with others; without, SQLite's read-only one; and where
-/// not even those files can be made, one that takes the file as unchanging, which it is there.
-int connectForReading(const std::string& path, Connection& out)
-{
-    if (mayBeWritten(path)) {
-        const int status = connect(plainName(path), SQLITE_OPEN_READWRITE, out);
+    if (mayBeWritten(file, path)) {
+        const int status = connect(path, SQLITE_OPEN_READWRITE, out);
         return status == SQLITE_OK ? run(out.get(), "PRAGMA query_only=ON") : status;
     }
-    int status = connect(plainName(path), SQLITE_OPEN_READONLY, out);
+    return connect(path, SQLITE_OPEN_READONLY, out);
+}
+
+/// The same for format 1, whose log needs an index beside it even for reading. Where none can be made and there
+/// is no log, the file is taken as unchanging, which it is there.
+int connectToFormat1(const std::string& file, const std::string& path, bool readOnly, Connection& out)
+{
+    int status = readOnly ? connectForReading(file, path, out) : connect(path, SQLITE_OPEN_READWRITE, out);
+    // Not even the log of a crashed program is copied into the file by opening it.
     if (status == SQLITE_OK) {
+        sqlite3_db_config(out.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE,
+                          isEmptyOrMissing(path + "-wal") ? 0 : 1, nullptr);
         status = run(out.get(), "SELECT 1 FROM sqlite_schema");
     }
-    if ((status & 0xFF) != SQLITE_CANTOPEN && (status & 0xFF) != SQLITE_READONLY) {
-        return status;
+    const int primary = status & 0xFF;
+    if ((primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY) && readOnly &&
+        isEmptyOrMissing(path + "-wal")) {
+        return connect(asUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, out);
     }
-    if (sizeOf(path + "-wal") > 0) {
-        return status;
-    }
-    return connect(asUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, out);
+    return status;
 }
-
-} // namespace
-
-OpenedStore Store::create(const std::string& path)
-{
-    if (path.empty()) {
-        return {cdb::failure(Code::NoFile, "\"\"", "a file needs a name"), nullptr};
-    }
-    if (Result reserved = reserve(path); !reserved) {
-        return {std::move(reserved), nullptr};
-    }
-    Connection connection;
-    int status = connect(plainName(path), SQLITE_OPEN_READWRITE, connection);
-    // The tables come ahead of the log, so that the file itself tells from its first moment what it is.
-    if (status == SQLITE_OK) {
-        status = makeTables(connection.get());
-    }
-    if (status == SQLITE_OK) {
-        status = startLog(connection.get());
-    }
-    if (status == SQLITE_OK) {
-        status = run(connection.get(), "SELECT 1 FROM summary"); // attaches the log
-    }
-    if (status != SQLITE_OK) {
-        Result error = failureOf(status, connection.get(), path);
-        connection.reset();
-        removeFile(path);
-        return {std::move(error), nullptr};
-    }
-    return {{}, std::make_unique<Store>(std::move(connection), path, Access::ReadWrite)};
-}
-
-void removeFile(const std::string& path)
-{
-    // SQLite leaves its own files when it could not finish them, or fold the log in on a full disk.
-    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
-        ::unlink((path + ending).c_str());
-    }
-}
-
-OpenedStore Store::open(const std::string& path, bool readOnly)
-{
-    if (Result looked = probe(path); !looked) {
-        return {std::move(looked), nullptr};
-    }
-    if (Result allowed = readOnly ? Result{} : mayBeWritten(path); !allowed) {
-        return {std::move(allowed), nullptr};
-    }
-    const bool leftoverLog = sizeOf(path + "-wal") > 0;
-    Connection connection;
-    int status = readOnly ? connectForReading(path, connection)
-                          : connect(plainName(path), SQLITE_OPEN_READWRITE, connection);
-    if (status != SQLITE_OK) {
-        return {failureOf(status, connection.get(), path), nullptr};
-    }
-    // Until the file is known to be sound, and for reading only for good, not even the log of a crashed
-    // program is copied into it.
-    if (leftoverLog) {
-        sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    }
-    if (Result content = checkContent(connection.get(), path, Depth::Quick); !content) {
-        return {std::move(content), nullptr};
-    }
-    if (readOnly) {
-        return {{}, std::make_unique<Store>(std::move(connection), path, Access::ReadOnly)};
-    }
-    sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
-    status = startLog(connection.get());
-    if (status == SQLITE_OK) {
-        status = run(connection.get(), "SELECT 1 FROM summary");
-    }
-    if (status != SQLITE_OK) {
-        return {failureOf(status, connection.get(), path), nullptr};
-    }
-    return {{}, std::make_unique<Store>(std::move(connection), path, Access::ReadWrite)};
-}
-
-namespace {
 
 int connectPrivate(Storage where, Connection& out)
 {
@@ -243,6 +119,49 @@ int copy(sqlite3* from, sqlite3* to)
 
 } // namespace
 
+int connectToBuild(const std::string& path, Connection& out)
+{
+    const int status = connect(path, SQLITE_OPEN_READWRITE, out);
+    return status == SQLITE_OK ? run(out.get(), "PRAGMA journal_mode=MEMORY;PRAGMA synchronous=OFF") : status;
+}
+
+OpenedStore Store::open(const std::string& path, bool readOnly)
+{
+    Place place;
+    int format = 0;
+    Result fit = findPlace(path, place);
+    if (fit) {
+        fit = probe(path, place.path, format);
+    }
+    if (fit) {
+        fit = checkCompanions(path, place.path);
+    }
+    if (fit && !readOnly) {
+        fit = mayBeWritten(path, place.path);
+    }
+    if (!fit) {
+        return {std::move(fit), nullptr};
+    }
+    Connection connection;
+    int status = SQLITE_OK;
+    if (format == 1) {
+        status = connectToFormat1(path, place.path, readOnly, connection);
+    } else {
+        status = readOnly ? connectForReading(path, place.path, connection)
+                          : connect(place.path, SQLITE_OPEN_READWRITE, connection);
+    }
+    if (status != SQLITE_OK) {
+        return {failureOf(status, connection.get(), path), nullptr};
+    }
+    if (Result content = checkContent(connection.get(), path, format, Depth::Quick); !content) {
+        return {std::move(content), nullptr};
+    }
+    return {{},
+            std::make_unique<Store>(std::move(connection), path,
+                                    readOnly ? Access::ReadOnly : Access::ReadWrite, format,
+                                    std::move(place))};
+}
+
 OpenedStore Store::makePrivate(Storage where, Store* content)
 {
     const std::string name = content != nullptr ? content->file() : std::string();
@@ -258,7 +177,8 @@ OpenedStore Store::makePrivate(Storage where, Store* content)
     if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), name), nullptr};
     }
-    return {{}, std::make_unique<Store>(std::move(connection), name, Access::Private)};
+    const int format = content != nullptr ? content->m_format : FORMAT_VERSION;
+    return {{}, std::make_unique<Store>(std::move(connection), name, Access::Private, format, Place{})};
 }
 
 } // namespace mrl::cdb

@@ -22,7 +22,7 @@ struct Record
 {
     Key key;
     int position = 0;
-    std::uint32_t checksum = 0;
+    std::uint64_t checksum = 0;
     const void* bytes = nullptr;
     int size = 0;
 };
@@ -45,6 +45,7 @@ class Rows
         sqlite3* connection;
         const std::string& file;
         Result& failure; ///< receives the reason when a step fails
+        int format;      ///< of the file
     };
     using Bound = std::initializer_list<int>; ///< the values of the statement's parameters
 
@@ -80,7 +81,11 @@ class Rows
     int kwh() const { return m_run.integer(1); }
     Key key() const { return {kwh(), kwl()}; }
     // Only of a cursor that delivers them.
-    std::uint32_t checksum() const { return static_cast<std::uint32_t>(m_run.integer(2)); }
+    std::uint64_t checksum() const
+    {
+        const auto kept = static_cast<std::uint64_t>(m_run.wide(2));
+        return m_source.format == 1 ? checksumOfFormat1(kept) : kept;
+    }
     const void* bytes() const { return m_run.bytes(3); }
     int size() const { return m_run.size(3); }
     int position() const { return m_run.integer(4); }
@@ -95,6 +100,7 @@ class Rows
         }
     }
     Status failed(int status);
+    std::uint64_t checksumOfFormat1(std::uint64_t kept) const;
 
     std::unique_ptr<Statement> m_own;
     Run m_run;

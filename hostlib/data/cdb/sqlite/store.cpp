@@ -4,13 +4,14 @@
 #include "hostlib/data/cdb/sqlite/content_check.h"
 #include "hostlib/data/cdb/sqlite/failure.h"
 #include "hostlib/data/cdb/sqlite/texts.h"
+#include "hostlib/data/cdb/sqlite/version1.h"
 
 namespace mrl::cdb {
 
 namespace {
 
-/// A checksum as SQLite stores it: a signed number takes four bytes in the file and not six.
-sqlite3_int64 stored(std::uint32_t checksum) { return static_cast<std::int32_t>(checksum); }
+/// SQLite has signed numbers only.
+sqlite3_int64 stored(std::uint64_t checksum) { return static_cast<sqlite3_int64>(checksum); }
 
 } // namespace
 
@@ -20,34 +21,38 @@ Status Rows::failed(int status)
     return Status::Failed;
 }
 
-Store::Store(Connection handle, const std::string& file, Access access)
-    : m_file(file), m_access(access), m_db(std::move(handle)), m_texts(std::make_unique<Texts>())
+/// @return the checksum that the record has in the present format; another one when its own does not fit it
+std::uint64_t Rows::checksumOfFormat1(std::uint64_t kept) const
+{
+    const auto length = static_cast<std::size_t>(size());
+    const auto present = recordChecksum(kwh(), kwl(), position(), bytes(), length);
+    const auto own = version1::recordChecksum(key(), position(), bytes(), length);
+    return own == static_cast<std::uint32_t>(kept) ? present : ~present;
+}
+
+Store::Store(Connection handle, const std::string& file, Access access, int format, Place place)
+    : m_file(file), m_access(access), m_db(std::move(handle)), m_texts(std::make_unique<Texts>(format)),
+      m_format(format), m_place(std::move(place))
 {
     sqlite3_create_function_v2(m_db.get(), "gone", 1, SQLITE_UTF8 | SQLITE_DIRECTONLY, this, gone, nullptr,
                                nullptr, nullptr);
     if (m_access == Access::Private) {
         m_mark.watchNothing();
-        return;
+    } else {
+        m_mark.watch(m_db.get(), m_format);
     }
-    // If this process can't create a log beside the file, no process with the same rights can write to it.
-    if (!m_mark.watch(m_db.get()) &&
-        sqlite3_uri_boolean(sqlite3_db_filename(m_db.get(), "main"), "immutable", 0) != 0) {
-        m_mark.watchNothing();
-    }
-    sqlite3_wal_hook(m_db.get(), committed, this);
+    m_known = m_format != 1 && readState(m_state) == SQLITE_OK;
 }
 
 Store::~Store()
 {
-    // The guard goes first: the last connection to a file is the one that may tidy up its log.
-    m_guard.reset();
-    m_texts.reset();
+    m_texts.reset(); // statements end before their connection
 }
 
 void Store::gone(sqlite3_context* context, int, sqlite3_value** values)
 {
     auto* self = static_cast<Store*>(sqlite3_user_data(context));
-    self->m_gone.add(static_cast<std::uint32_t>(sqlite3_value_int(values[0])));
+    self->m_gone.add(static_cast<std::uint64_t>(sqlite3_value_int64(values[0])));
     sqlite3_result_int(context, 1);
 }
 
@@ -59,7 +64,7 @@ Status Store::failed(int status)
 
 void Store::setLockWait(int milliseconds) { sqlite3_busy_timeout(m_db.get(), milliseconds); }
 
-Result Store::check(Depth depth) { return checkContent(m_db.get(), m_file, depth); }
+Result Store::check(Depth depth) { return checkContent(m_db.get(), m_file, m_format, depth); }
 
 Rows Store::record(const Key& key, int behind)
 {
@@ -85,7 +90,7 @@ Rows Store::range(const KeyRange* range, Columns columns)
 {
     std::string text = "SELECT kwl,kwh";
     if (columns != Columns::Keys) {
-        text += columns == Columns::Checksums ? ",crc" : ",crc,bytes,position";
+        text += columns == Columns::Checksums ? m_texts->checksums : m_texts->whole;
     }
     text += " FROM record";
     if (range != nullptr) {
@@ -124,7 +129,14 @@ Status Store::facts(const std::string* name, std::vector<Fact>& out)
     const std::size_t before = out.size();
     int status = SQLITE_OK;
     while ((status = run.step()) == SQLITE_ROW) {
-        out.push_back({run.text(0), run.text(1), static_cast<std::uint32_t>(run.integer(2))});
+        Fact fact{run.text(0), run.text(1), static_cast<std::uint64_t>(run.wide(2))};
+        if (m_format == 1) {
+            const bool fits =
+                version1::factChecksum(fact.name, fact.value) == static_cast<std::uint32_t>(fact.checksum);
+            const auto present = factChecksum(fact.name, fact.value);
+            fact.checksum = fits ? present : ~present;
+        }
+        out.push_back(std::move(fact));
     }
     if (status != SQLITE_DONE) {
         return failed(status);
@@ -149,33 +161,27 @@ Status Store::insert(const Record& record)
     return sqlite3_changes(m_db.get()) > 0 ? Status::Ok : Status::None;
 }
 
-Status Store::update(const Record& record, Tally& gone)
+Status Store::update(const Record& record)
 {
-    m_gone = {};
     if (const int status = finish(m_texts->update, record); status != SQLITE_DONE) {
         return failed(status);
     }
-    gone = m_gone;
     return sqlite3_changes(m_db.get()) > 0 ? Status::Ok : Status::None;
 }
 
-Status Store::erase(const Key& key, const Tally* known, Tally& gone)
+Status Store::erase(const Key& key, const Tally& known)
 {
     countWrite();
-    m_gone = {};
-    Run run(known != nullptr ? m_texts->eraseKnown : m_texts->erase, m_db.get());
+    Run run(m_texts->erase, m_db.get());
     if (const int status = run.bind(1, key.kwh).bind(2, key.kwl).step(); status != SQLITE_DONE) {
         return failed(status);
     }
-    if (known != nullptr && sqlite3_changes(m_db.get()) != known->count) {
-        return failed(SQLITE_CORRUPT);
-    }
-    gone = known != nullptr ? *known : m_gone;
-    return gone.count > 0 ? Status::Ok : Status::None;
+    return sqlite3_changes(m_db.get()) == known.count ? Status::Ok : failed(SQLITE_CORRUPT);
 }
 
 Status Store::setFact(const Fact& fact, Tally& gone)
 {
+    countWrite();
     m_gone = {};
     {
         Run run(m_texts->eraseFact, m_db.get());
@@ -193,13 +199,37 @@ Status Store::setFact(const Fact& fact, Tally& gone)
     return status == SQLITE_DONE ? Status::Ok : failed(status);
 }
 
+int Store::readState(State& out)
+{
+    Run run(m_texts->readState, m_db.get());
+    const int status = run.step();
+    if (status != SQLITE_ROW) {
+        return status == SQLITE_DONE ? SQLITE_CORRUPT : status;
+    }
+    out.project = run.wide(0);
+    out.version = run.wide(1);
+    out.rows.records = {run.wide(2), static_cast<std::uint64_t>(run.wide(3))};
+    out.rows.facts = {run.wide(4), static_cast<std::uint64_t>(run.wide(5))};
+    return SQLITE_OK;
+}
+
 Status Store::addToSummary(const Summary& change)
 {
-    Run run(m_texts->summary, m_db.get());
-    run.bind(1, change.records.count).bind(2, change.records.mix);
-    run.bind(3, change.facts.count).bind(4, change.facts.mix);
+    State next = m_state;
+    ++next.version;
+    next.rows.records += change.records;
+    next.rows.facts += change.facts;
+    Run run(m_texts->writeState, m_db.get());
+    run.bind(1, next.version);
+    run.bind(2, next.rows.records.count).bind(3, stored(next.rows.records.sum));
+    run.bind(4, next.rows.facts.count).bind(5, stored(next.rows.facts.sum));
     const int status = run.step();
-    return status == SQLITE_DONE ? Status::Ok : failed(status);
+    if (status != SQLITE_DONE) {
+        return failed(status);
+    }
+    m_next = next;
+    m_raised = true;
+    return Status::Ok;
 }
 
 } // namespace mrl::cdb

@@ -36,7 +36,23 @@ struct Fact
 {
     std::string name;
     std::string value;
-    std::uint32_t checksum = 0;
+    std::uint64_t checksum = 0;
+};
+
+/// The row that vouches for all others.
+struct State
+{
+    std::int64_t project = 0; ///< drawn by lot when the file was made
+    std::int64_t version = 0; ///< raised by every transaction that writes
+    Summary rows;
+};
+
+/// Which file it is: the name with links resolved, the device and the inode.
+struct Place
+{
+    std::string path;
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
 };
 
 struct OpenedStore;
@@ -45,15 +61,15 @@ struct OpenedStore;
 class Store
 {
   public:
-    /// Makes a new project file. An existing file is refused and stays as it is.
-    static OpenedStore create(const std::string& path);
     /// Opens a project file and checks its whole content. A file that fails stays as it was.
     static OpenedStore open(const std::string& path, bool readOnly);
     /// Makes a private database. @param content a database to copy; null: an empty one
     static OpenedStore makePrivate(Storage where, Store* content);
 
     /// @param handle an open connection whose content has been checked
-    Store(Connection handle, const std::string& file, Access access);
+    /// @param format of the file
+    /// @param place empty for a private database
+    Store(Connection handle, const std::string& file, Access access, int format, Place place);
     ~Store();
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
@@ -73,21 +89,24 @@ class Store
 
     /// Adds a record. @return None when its place is taken
     Status insert(const Record& record);
-    /// Replaces the bytes of a record. @param gone [out] what that takes away. @return None when there is none
-    Status update(const Record& record, Tally& gone);
-    /// Deletes the records of a key. @param known what they add up to, when the caller has read that within
-    /// the transaction; null: not known. @param gone [out] what that takes away
-    Status erase(const Key& key, const Tally* known, Tally& gone);
+    /// Replaces the bytes of a record. @return None when there is none
+    Status update(const Record& record);
+    /// Deletes the records of a key. @param known what they add up to, as the caller has read within the
+    /// transaction; another number of them is damage
+    Status erase(const Key& key, const Tally& known);
     /// Sets a fact; an empty value removes it. @param gone [out] what that takes away
     Status setFact(const Fact& fact, Tally& gone);
-    /// Adds what a transaction has changed to the summary.
+    /// Adds what a transaction has changed to the summary and raises its version.
     Status addToSummary(const Summary& change);
 
-    /// Begins a transaction. The outermost one takes the write lock at once, except on a read-only file.
+    /// Begins a transaction. The outermost one takes the write lock at once, except on a read-only file, and
+    /// is refused when the file is no longer the one that this store left. It converts a file of an older format.
     Status begin(Nesting nesting);
     Status commit(Nesting nesting);
     /// Takes a transaction back. Harmless when SQLite has taken it back by itself.
     void rollback(Nesting nesting);
+    /// Has the open transaction written anything?
+    bool hasWritten() const { return m_writes > 0; }
     /// Is a transaction open? None is when SQLite had to take it back whole.
     bool inTransaction() const { return sqlite3_get_autocommit(m_db.get()) == 0; }
 
@@ -98,6 +117,9 @@ class Store
     /// Checks the whole content: tables, pages, each row against its checksum, order, positions, summary.
     Result check(Depth depth);
 
+    /// The version of the file's format.
+    int format() const { return m_format; }
+
     const Result& failure() const { return m_failure; }
     const std::string& file() const { return m_file; }
     Access access() const { return m_access; }
@@ -105,26 +127,34 @@ class Store
   private:
     struct Texts;
 
-    Rows::Source source() { return {m_db.get(), m_file, m_failure}; }
+    Rows::Source source() { return {m_db.get(), m_file, m_failure, m_format}; }
     Status failed(int status);
     int execute(const char* sql);
     int finish(Statement& text, const Record& record);
     void countWrite();
     void forgetWrites();
-    void checkpoint();
+    Status beginWriting();
+    Status refuse(const std::string& reason);
+    Status samePlace();
+    Status sameProject();
+    Status convert();
+    int readState(State& out);
     static void gone(sqlite3_context* context, int count, sqlite3_value** values);
-    static int committed(void* self, sqlite3* connection, const char* name, int pages);
 
     std::string m_file; ///< as the caller named it
     Access m_access;
     Connection m_db;
-    Connection m_guard; ///< holds the write lock while a checkpoint runs
     ChangeMark m_mark;
     std::unique_ptr<Texts> m_texts;
     Result m_failure;
-    Tally m_gone;       ///< counted by gone() in the statement that runs now
-    int m_writes = 0;   ///< of the open transaction
-    int m_logPages = 0; ///< in the log after the last commit
+    int m_format;
+    Place m_place;
+    State m_state;         ///< what the file held when it was looked at last, with our writes
+    State m_next;          ///< what it holds once the open transaction is committed
+    bool m_known = false;  ///< m_state has been read
+    bool m_raised = false; ///< the open transaction has raised the version
+    Tally m_gone;          ///< the facts counted by gone() in the statement that runs now
+    int m_writes = 0;      ///< of the open transaction
 };
 
 /// A store that was made or opened, or the reason why not.

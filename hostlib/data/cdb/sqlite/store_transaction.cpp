@@ -1,11 +1,16 @@
+#include <sys/stat.h>
+
+#include "hostlib/data/cdb/errors.h"
+#include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/format.h"
 #include "hostlib/data/cdb/sqlite/store.h"
 #include "hostlib/data/cdb/sqlite/texts.h"
+#include "hostlib/data/cdb/sqlite/version1.h"
 
 namespace mrl::cdb {
 
 namespace {
 
-constexpr int CHECKPOINT_PAGES = 1000; // of the log, about 4 MB
 /// Writes after which a transaction counts as long: their pages nearly fill SQLite's own cache.
 constexpr int LONG_TRANSACTION = 4000;
 
@@ -24,13 +29,71 @@ Status Store::begin(Nesting nesting)
         const int status = execute("BEGIN");
         return status == SQLITE_OK ? Status::Ok : failed(status);
     }
-    // What is written to a file that was deleted or replaced meanwhile would be lost without a word.
-    int moved = 0;
-    if (m_access == Access::ReadWrite) {
-        sqlite3_file_control(m_db.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return beginWriting();
+}
+
+Status Store::refuse(const std::string& reason)
+{
+    rollback(Nesting::Outermost);
+    m_failure = cdb::failure(Code::InputOutput, m_file, reason);
+    return Status::Failed;
+}
+
+Status Store::beginWriting()
+{
+    if (m_access == Access::ReadWrite && samePlace() == Status::Failed) {
+        return Status::Failed;
     }
-    const int status = moved != 0 ? SQLITE_READONLY_DBMOVED : execute("BEGIN IMMEDIATE");
-    return status == SQLITE_OK ? Status::Ok : failed(status);
+    if (m_format == 1 && convert() == Status::Failed) {
+        return Status::Failed;
+    }
+    // SQLite keeps pages as long as the file's change counter is the one it knows, and a copy that was put over
+    // the file may have the same. So what follows reads the file anew.
+    sqlite3_db_release_memory(m_db.get());
+    const int status = execute("BEGIN IMMEDIATE");
+    if (status != SQLITE_OK) {
+        return failed(status);
+    }
+    return sameProject();
+}
+
+/// What is written to a file that was deleted or replaced meanwhile would be lost without a word.
+Status Store::samePlace()
+{
+    struct stat info = {};
+    int moved = 0;
+    sqlite3_file_control(m_db.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (moved != 0 || stat(m_place.path.c_str(), &info) != 0 || info.st_ino != m_place.inode ||
+        info.st_dev != m_place.device) {
+        return refuse("the file was moved, deleted or replaced while it was open");
+    }
+    // Another program that has it open under its other name would not see an unfinished change of ours.
+    if (info.st_nlink > 1) {
+        return refuse("the file has more than one name (hard links); write to a copy of it");
+    }
+    return Status::Ok;
+}
+
+/// Looks within the transaction whether the file still is the one that this store left, or a later state of it.
+Status Store::sameProject()
+{
+    State now;
+    if (const int status = readState(now); status != SQLITE_OK) {
+        failed(status);
+        rollback(Nesting::Outermost);
+        return Status::Failed;
+    }
+    if (m_known && now.project != m_state.project) {
+        return refuse("another project was put in the place of this one while it was open");
+    }
+    const bool same = now.version == m_state.version && now.rows == m_state.rows;
+    if (m_known && !same && now.version <= m_state.version) {
+        return refuse("an older state of the project was put over the file while it was open");
+    }
+    m_state = now;
+    m_known = true;
+    m_raised = false;
+    return Status::Ok;
 }
 
 Status Store::commit(Nesting nesting)
@@ -41,8 +104,10 @@ Status Store::commit(Nesting nesting)
     }
     if (nesting == Nesting::Outermost) {
         forgetWrites();
-        if (m_logPages >= CHECKPOINT_PAGES) {
-            checkpoint();
+        if (m_raised) {
+            m_state = m_next;
+            m_raised = false;
+            ChangeMark::committedHere();
         }
     }
     return Status::Ok;
@@ -61,8 +126,8 @@ void Store::rollback(Nesting nesting)
 void Store::countWrite()
 {
     ++m_writes;
-    // A long transaction gets room: pages that it would otherwise write to the log, read back and write again
-    // are kept until the commit.
+    // No page is written ahead of the commit, since that would lock readers out. A long transaction gets a
+    // cache of the size that it needs, where pages are found more quickly.
     if (m_writes == LONG_TRANSACTION) {
         execute("PRAGMA cache_size=-65536");
     }
@@ -77,37 +142,36 @@ void Store::forgetWrites()
     m_writes = 0;
 }
 
-int Store::committed(void* self, sqlite3*, const char*, int pages)
+/// Converts a file of format 1, in a transaction of its own. Leaving the log behind needs the file alone, so no
+/// older program has it open then, and none can write to it afterwards: its statements no longer compile.
+Status Store::convert()
 {
-    static_cast<Store*>(self)->m_logPages = pages;
-    return SQLITE_OK;
-}
-
-void Store::checkpoint()
-{
-    // Two connections that write and checkpoint at the same moment can, rarely, lose the log in the versions
-    // of SQLite that are in use. So the log is copied only while nobody can write: a connection beside this
-    // one holds the write lock. What fails here is tried again after the next commit; nothing is lost.
-    if (m_access != Access::ReadWrite) {
-        return;
+    int status = execute("PRAGMA journal_mode=DELETE");
+    if (status == SQLITE_OK) {
+        status = execute("BEGIN IMMEDIATE");
     }
-    if (!m_guard) {
-        sqlite3* made = nullptr;
-        const int status = sqlite3_open_v2(sqlite3_db_filename(m_db.get(), "main"), &made,
-                                           SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-        m_guard.reset(made);
-        if (status != SQLITE_OK) {
-            m_guard.reset();
-            return;
+    if (status == SQLITE_OK) {
+        if (Result sound = check(Depth::Quick); !sound) {
+            rollback(Nesting::Outermost);
+            m_failure = std::move(sound);
+            return Status::Failed;
         }
-        sqlite3_wal_autocheckpoint(m_guard.get(), 0);
+        status = version1::convert(m_db.get());
     }
-    if (sqlite3_exec(m_guard.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) {
-        return;
+    if (status == SQLITE_OK) {
+        status = execute("COMMIT");
     }
-    sqlite3_wal_checkpoint_v2(m_db.get(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
-    sqlite3_exec(m_guard.get(), "ROLLBACK", nullptr, nullptr, nullptr);
-    m_logPages = 0;
+    if (status != SQLITE_OK) {
+        failed(status);
+        rollback(Nesting::Outermost);
+        return Status::Failed;
+    }
+    m_format = FORMAT_VERSION;
+    m_texts = std::make_unique<Texts>(m_format);
+    if (m_access != Access::Private) {
+        m_mark.watch(m_db.get(), m_format);
+    }
+    return Status::Ok;
 }
 
 } // namespace mrl::cdb
