@@ -28,6 +28,17 @@ Project::Project(const cdb::Opened& opened, const std::string& file, Access acce
     }
 }
 
+void Project::create(const std::string& file, const std::function<void(Project&)>& fill)
+{
+    const cdb::Opened made = cdb::create(file, [&](int db) {
+        Project project({{}, db}, file, Access::Write);
+        fill(project);
+        return cdb::Result{};
+    });
+    throwUnless(made.result);
+    cdb::close(made.db);
+}
+
 void Project::commit() { throwUnless(transaction->commit()); }
 
 void Project::refuse(const std::string& reason) const

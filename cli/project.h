@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,7 +21,8 @@ class Project
     {
         return Project(cdb::open(file), file, Access::Write);
     }
-    static Project create(const std::string& file) { return Project(cdb::create(file), file, Access::Write); }
+    /// Makes a new project. Nothing of that name appears unless `fill` comes through, its commit included.
+    static void create(const std::string& file, const std::function<void(Project&)>& fill);
 
     int db() const { return handle.db; }
     const std::string& file() const { return name; }

@@ -39,6 +39,7 @@ struct Info
     int loadCases = 0;
     int foreignLoadCases = 0;
     int currentLoadCase = 0;
+    int format = 0;
 };
 
 void InfoCommand::declare(Arguments& args)
@@ -57,6 +58,7 @@ Info gather(const Project& project)
     info.gravity = lcm_word_of_id(LCM_GRAVITY_AXES, lcm_gravity_direction(db));
     info.actions = lcm_stored_actions(db).size();
     info.currentLoadCase = mrl_lc_current(db);
+    info.format = cdb::formatVersion(db);
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
         ++(walk.current().isOwn() ? info.loadCases : info.foreignLoadCases);
     }
@@ -79,7 +81,8 @@ Json infoJson(const Info& info, const std::string& file)
             {"actions", info.actions},
             {"loadCases", info.loadCases},
             {"foreignLoadCases", info.foreignLoadCases},
-            {"currentLoadCase", info.currentLoadCase}};
+            {"currentLoadCase", info.currentLoadCase},
+            {"format", info.format}};
 }
 
 ExitCode InfoCommand::run()
@@ -104,6 +107,10 @@ ExitCode InfoCommand::run()
         out.line("Of other modules:   " + std::to_string(info.foreignLoadCases));
     }
     out.line("Current load case:  " + current);
+    if (info.format < cdb::CURRENT_FORMAT) {
+        out.line("File format:        " + std::to_string(info.format) +
+                 ", of an older version; the first write converts it");
+    }
     out.finish();
     return ExitCode::Done;
 }

@@ -68,18 +68,7 @@ void NewCommand::fill(Project& project) const
 ExitCode NewCommand::run()
 {
     readDesignCode(*code);
-    bool created = false;
-    try {
-        Project project = Project::create(file);
-        created = true;
-        fill(project);
-    } catch (const Failure&) {
-        // A project without its facts would only stand in the way of the next attempt.
-        if (created) {
-            cdb::removeFile(file);
-        }
-        throw;
-    }
+    Project::create(file, [this](Project& project) { fill(project); });
     return ExitCode::Done;
 }
 

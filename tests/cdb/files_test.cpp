@@ -1,40 +1,11 @@
-#include <fstream>
-
-#include <fcntl.h>
-#include <sqlite3.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-
 #include "cdb/fixture.h"
+#include "cdb/raw_files.h"
 
 using mrl::cdb::Code;
 using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
-
-std::string contentOf(const std::string& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void write(const std::string& file, const std::string& content)
-{
-    std::ofstream(file, std::ios::binary) << content;
-}
-
-/// Runs SQL on a file behind the library's back.
-void tamper(const std::string& file, const std::string& sql)
-{
-    sqlite3* raw = nullptr;
-    ASSERT_EQ(sqlite3_open(file.c_str(), &raw), SQLITE_OK);
-    char* error = nullptr;
-    sqlite3_exec(raw, sql.c_str(), nullptr, nullptr, &error);
-    EXPECT_STREQ(error, nullptr) << sql;
-    sqlite3_free(error);
-    sqlite3_close(raw);
-}
 
 /// A closed project with a few records, to be damaged.
 class Files : public ::testing::Test
@@ -342,21 +313,6 @@ TEST_F(Files, FileLockedByAnotherConnectionIsTold)
     sqlite3_close(raw);
     EXPECT_EQ(putText(db, 12, 1, "x"), CD_OK);
     mrl::cdb::close(db);
-}
-
-/// Runs a test's body in a process that may not do what root may.
-int asNobody(const std::function<int()>& body)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) {
-            _exit(99);
-        }
-        _exit(body());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 /// The codes of opening for writing and for reading, as one number.

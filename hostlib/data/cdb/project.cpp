@@ -18,6 +18,18 @@ Opened enter(OpenedStore opened)
     return {{}, Registry::instance().add(std::make_unique<Database>(std::move(opened.store)))};
 }
 
+/// The database is closed even when an exception passes through.
+Result fillAndClose(int db, const std::function<Result(int db)>& fill)
+{
+    struct Closing
+    {
+        int db;
+        ~Closing() { close(db); }
+    };
+    const Closing closing{db};
+    return fill(db);
+}
+
 Result resultOf(const Database& database, Outcome outcome)
 {
     return outcome == Outcome::Failed ? database.transactions().lastFailure() : Result{};
@@ -40,8 +52,7 @@ Opened create(const std::string& path, const std::function<Result(int db)>& fill
     if (!building) {
         return building;
     }
-    Result result = fill(building.db);
-    close(building.db);
+    Result result = fillAndClose(building.db, fill);
     if (result) {
         result = file.publish();
     }

@@ -97,7 +97,11 @@ MRL_HOST_API std::string path(int db);
 
 MRL_HOST_API bool isReadOnly(int db);
 
-/// The version of the file's format. One of an older program is converted by the first write.
+/// The version of the format in which files are written.
+constexpr int CURRENT_FORMAT = 2;
+
+/// The version of the file's format. A file of an older one is converted by the first write, and older programs
+/// can't open it any more then.
 MRL_HOST_API int formatVersion(int db);
 
 /// How long a write waits for another process to let go of the file, at first 5000 ms.

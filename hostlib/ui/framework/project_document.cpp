@@ -288,20 +288,23 @@ cdb::Result MRL_H_ProjectDocument::saveAs(const QString& path)
     }
     const auto there = fileId(path);
     const bool isNew = there == FileId{};
-    auto file = isNew ? cdb::create(utf8(path)) : cdb::open(utf8(path));
+    const auto write = [this](int to) {
+        cdb::Transaction transaction(to);
+        if (auto result = transaction.state(); !result) {
+            return result;
+        }
+        if (auto result = replaceAll(m_copy, to); !result) {
+            return result;
+        }
+        return transaction.commit();
+    };
+    auto file = isNew ? cdb::create(utf8(path), write) : cdb::open(utf8(path));
     if (!file) {
         return file.result;
     }
     Unclaimed fileGuard(file.db, isNew ? path : QString());
-    {
-        cdb::Transaction transaction(file.db);
-        if (auto result = transaction.state(); !result) {
-            return result;
-        }
-        if (auto result = replaceAll(m_copy, file.db); !result) {
-            return result;
-        }
-        if (auto result = transaction.commit(); !result) {
+    if (!isNew) {
+        if (auto result = write(file.db); !result) {
             return result;
         }
     }

@@ -57,6 +57,11 @@ Wording wordingOf(int status, int number)
     case SQLITE_PROTOCOL:
         return {Code::Locked, "the file is locked by another process"};
     case SQLITE_READONLY:
+        if (status == SQLITE_READONLY_ROLLBACK) {
+            return {Code::ReadOnly,
+                    "a crashed program left an unfinished change, which has to be taken back by "
+                    "somebody who may write to the file and its folder"};
+        }
         return status == SQLITE_READONLY_DBMOVED
                    ? Wording{Code::InputOutput, "the file was moved or deleted while it was open"}
                    : Wording{Code::ReadOnly, "the file or its folder is read-only"};

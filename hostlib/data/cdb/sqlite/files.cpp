@@ -7,6 +7,7 @@
 #include <cstring>
 #include <list>
 #include <memory>
+#include <set>
 
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -28,12 +29,22 @@ bool isFileOrNothing(const char* path)
     return lstat(path, &info) != 0 || S_ISREG(info.st_mode);
 }
 
+/// The databases that were opened through a layer.
+std::set<std::string>& databases()
+{
+    static std::set<std::string> names;
+    return names;
+}
+
 int openFile(sqlite3_vfs* layer, const char* name, sqlite3_file* file, int flags, int* outFlags)
 {
     const bool journal = (flags & (SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_WAL)) != 0;
     if ((flags & SQLITE_OPEN_SUPER_JOURNAL) != 0 || (journal && !isFileOrNothing(name))) {
         file->pMethods = nullptr;
         return SQLITE_CANTOPEN;
+    }
+    if ((flags & SQLITE_OPEN_MAIN_DB) != 0) {
+        databases().insert(name);
     }
     return below(layer)->xOpen(below(layer), name, file, flags, outFlags);
 }
@@ -49,7 +60,8 @@ int accessFile(sqlite3_vfs* layer, const char* name, int flags, int* result)
     const std::string path = name;
     for (const char* ending : {"-journal", "-wal"}) {
         const std::size_t length = std::strlen(ending);
-        if (path.size() > length && path.compare(path.size() - length, length, ending) == 0) {
+        if (path.size() > length && path.compare(path.size() - length, length, ending) == 0 &&
+            databases().count(path.substr(0, path.size() - length)) > 0) {
             return below(layer)->xAccess(below(layer), name, flags, result);
         }
     }
@@ -121,7 +133,8 @@ Result checkCompanions(const std::string& file, const std::string& path)
     for (const char* ending : COMPANIONS) {
         const std::string companion = path + ending;
         if (!isFileOrNothing(companion.c_str())) {
-            return failure(Code::NotAProject, file, companion + " stands beside it and is no file; remove it");
+            return failure(Code::NotAProject, file,
+                           companion + " stands beside it and is no file; remove it");
         }
     }
     return {};

@@ -8,8 +8,8 @@ struct sqlite3;
 
 namespace mrl::cdb {
 
-constexpr int APPLICATION_ID = 0x4D524C43; // "MRLC", in the header of the file at offset 68
-constexpr int FORMAT_VERSION = 2;          // user_version, in the header of the file at offset 60
+constexpr int APPLICATION_ID = 0x4D524C43;     // "MRLC", in the header of the file at offset 68
+constexpr int FORMAT_VERSION = CURRENT_FORMAT; // user_version, in the header of the file at offset 60
 
 /// The texts of the tables, as the file holds them.
 extern const char* const RECORD_TABLE;

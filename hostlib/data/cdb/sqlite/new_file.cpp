@@ -169,8 +169,9 @@ OpenedStore NewFile::makeStore()
     if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), m_name), nullptr};
     }
-    return {{}, std::make_unique<Store>(std::move(connection), m_name, Access::ReadWrite, FORMAT_VERSION,
-                                        std::move(place))};
+    return {{},
+            std::make_unique<Store>(std::move(connection), m_name, Access::ReadWrite, FORMAT_VERSION,
+                                    std::move(place))};
 }
 
 Result NewFile::publish()

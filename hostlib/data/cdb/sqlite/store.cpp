@@ -146,11 +146,14 @@ Status Store::facts(const std::string* name, std::vector<Fact>& out)
 
 int Store::finish(Statement& text, const Record& record)
 {
-    countWrite();
     Run run(text, m_db.get());
     run.bind(1, record.key.kwh).bind(2, record.key.kwl).bind(3, record.position);
     run.bind(4, stored(record.checksum)).bind(5, record.bytes, record.size);
-    return run.step();
+    const int status = run.step();
+    if (status == SQLITE_DONE && sqlite3_changes(m_db.get()) > 0) {
+        countWrite();
+    }
+    return status;
 }
 
 Status Store::insert(const Record& record)
