@@ -1,6 +1,6 @@
 #include "cdb/fixture.h"
 #include "cdb/raw_files.h"
-#include "hostlib/data/cdb/sqlite/version1.h"
+#include "cdb/sql_of_format1.h"
 
 using mrl::cdb::Code;
 using testing::ElementsAre;
@@ -8,28 +8,6 @@ using testing::HasSubstr;
 namespace version1 = mrl::cdb::version1;
 
 namespace {
-
-std::string number(long long value) { return std::to_string(value); }
-
-/// The SQL by which an older program makes a project with load cases 1 to n and a design code.
-std::string sqlOfFormat1(int n)
-{
-    std::string sql = std::string("PRAGMA journal_mode=WAL;PRAGMA application_id=1297239107;") +
-                      "PRAGMA user_version=1;" + version1::RECORD_TABLE + ";" + version1::FACT_TABLE + ";" +
-                      version1::SUMMARY_TABLE + ";BEGIN;";
-    std::uint32_t mix = 0;
-    for (int i = 1; i <= n; ++i) {
-        const std::string bytes = "record " + number(i);
-        const auto crc = version1::recordChecksum({12, i}, 0, bytes.data(), bytes.size());
-        mix ^= crc;
-        sql += "INSERT INTO record VALUES(12," + number(i) + ",0," + number(static_cast<std::int32_t>(crc)) +
-               ",CAST('" + bytes + "' AS BLOB));";
-    }
-    const auto crc = version1::factChecksum("designcode", "x.ini");
-    sql += "INSERT INTO fact VALUES('designcode'," + number(static_cast<std::int32_t>(crc)) + ",'x.ini');";
-    return sql + "INSERT INTO summary VALUES(1," + number(n) + "," + number(mix) + ",1," + number(crc) +
-           ");COMMIT";
-}
 
 class Format1 : public ::testing::Test
 {
@@ -152,9 +130,9 @@ TEST_F(Format1, LogOfACrashedProgramIsReadAndKeptByAReader)
     const std::string bytes = "in the log";
     const auto crc = version1::recordChecksum({13, 1}, 0, bytes.data(), bytes.size());
     const std::string sql = "BEGIN;INSERT INTO record VALUES(13,1,0," +
-                            number(static_cast<std::int32_t>(crc)) + ",CAST('" + bytes +
+                            std::to_string(static_cast<std::int32_t>(crc)) + ",CAST('" + bytes +
                             "' AS BLOB));UPDATE summary SET records=301,record_xor=(record_xor|" +
-                            number(crc) + ")-(record_xor&" + number(crc) + ");COMMIT";
+                            std::to_string(crc) + ")-(record_xor&" + std::to_string(crc) + ");COMMIT";
     ASSERT_EQ(sqlite3_exec(older, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
     const std::string crashed = folder / "crashed.cdb";
     write(crashed, contentOf(file));

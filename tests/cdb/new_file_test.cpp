@@ -1,8 +1,8 @@
 #include <csignal>
 #include <random>
 
-#include <sys/file.h>
 #include <fcntl.h>
+#include <sys/file.h>
 
 #include "cdb/fixture.h"
 #include "cdb/raw_files.h"

@@ -98,6 +98,19 @@ int connectToFormat1(const std::string& file, const std::string& path, bool read
     return status;
 }
 
+/// The first bytes of the file may belong to a conversion that a crash left unfinished and that was taken back by
+/// the first look at the file.
+int readFormat(sqlite3* connection, int& format)
+{
+    Statement text("PRAGMA user_version");
+    Run run(text, connection);
+    const int status = run.step();
+    if (status == SQLITE_ROW) {
+        format = run.integer(0);
+    }
+    return status == SQLITE_ROW ? SQLITE_OK : status;
+}
+
 int connectPrivate(Storage where, Connection& out)
 {
     // A database without a name lives in a file that the operating system forgets with its closing.
@@ -149,6 +162,9 @@ OpenedStore Store::open(const std::string& path, bool readOnly)
     } else {
         status = readOnly ? connectForReading(path, place.path, connection)
                           : connect(place.path, SQLITE_OPEN_READWRITE, connection);
+    }
+    if (status == SQLITE_OK) {
+        status = readFormat(connection.get(), format);
     }
     if (status != SQLITE_OK) {
         return {failureOf(status, connection.get(), path), nullptr};
