@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int columns = bench::bareColumns;
-constexpr int firstFactor = 3;
+constexpr int COLUMNS = bench::bareColumns;
+constexpr int FIRST_FACTOR = 3;
 
 void addColumns(MRL_H_TableWidget& table)
 {
@@ -24,7 +24,7 @@ void addColumns(MRL_H_TableWidget& table)
     table.setHorizontalHeaderItem(
         2, new MRL_H_TwHeaderComboBoxItem(102, {{"None", 0}, {"G dead load", 71}, {"Q live load", 81}},
                                           "Action", "tip", true, Qt::AlignLeft));
-    for (int column = firstFactor; column < columns; ++column) {
+    for (int column = FIRST_FACTOR; column < COLUMNS; ++column) {
         line(column, -3, 2);
     }
 }
@@ -39,10 +39,10 @@ void writeRow(MRL_H_TableWidget& table, int row, int number, float factor)
         ->setText(QStringLiteral("Load case ") + QString::number(number));
     MRL_H_TwSimpleComboBoxItem::fromItem(table.itemOnColId(row, 102))
         ->setCurrentId(number % 2 == 0 ? 71 : 81);
-    for (int column = firstFactor; column < columns; ++column) {
+    for (int column = FIRST_FACTOR; column < COLUMNS; ++column) {
         auto* cell = MRL_H_TwSimpleLineEditItem::fromItem(table.itemOnColId(row, 100 + column));
         cell->setData(1234001, false);
-        cell->setEnabled(column < firstFactor + 4);
+        cell->setEnabled(column < FIRST_FACTOR + 4);
         cell->setVal(factor + static_cast<float>(column));
     }
 }
@@ -52,7 +52,7 @@ void judgeRow(MRL_H_TableWidget& table, int row)
     const MRL_QT_UpdateBlocker still(&table);
     const MRL_QT_SignalBlocker quiet(&table);
     static const QBrush black(Qt::black);
-    for (int column = 0; column < columns; ++column) {
+    for (int column = 0; column < COLUMNS; ++column) {
         MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(table.item(row, column));
         cell->setToolTip(QString());
         cell->setForeground(black);
@@ -62,7 +62,7 @@ void judgeRow(MRL_H_TableWidget& table, int row)
 
 std::unique_ptr<MRL_H_TableWidget> fillTable(int rows)
 {
-    auto table = std::make_unique<MRL_H_TableWidget>(0, columns);
+    auto table = std::make_unique<MRL_H_TableWidget>(0, COLUMNS);
     addColumns(*table);
     table->setSortingEnabled(true);
     const MRL_QT_SortingBlocker unsorted(table.get());
@@ -101,7 +101,7 @@ class Fill : public StandingTable
     void prepareOurs() { table.reset(); }
     void ours() { table = fillTable(rows); }
 };
-const bench::Timed<Fill> fill("table.fill", 1.0);
+const bench::Timed<Fill> FILL("table.fill", 1.0);
 
 /// All values read and other ones written, every row judged.
 class Refill : public StandingTable
@@ -116,7 +116,7 @@ class Refill : public StandingTable
         const MRL_QT_SignalBlocker quiet(table.get());
         double sum = 0.0;
         for (int row = 0; row < rows; ++row) {
-            for (int column = firstFactor; column < columns; ++column) {
+            for (int column = FIRST_FACTOR; column < COLUMNS; ++column) {
                 sum += MRL_H_TwSimpleLineEditItem::fromItem(table->itemOnColId(row, 100 + column))
                            ->getVal(nullptr);
             }
@@ -129,7 +129,7 @@ class Refill : public StandingTable
   private:
     float m_factor = 1.35f;
 };
-const bench::Timed<Refill> refill("table.refill", 0.5);
+const bench::Timed<Refill> REFILL("table.refill", 0.5);
 
 /// The order of all rows turned round.
 class Sort : public StandingTable
@@ -145,7 +145,7 @@ class Sort : public StandingTable
   private:
     Qt::SortOrder m_order = Qt::AscendingOrder;
 };
-const bench::Timed<Sort> sort("table.sort", 0.6);
+const bench::Timed<Sort> SORT("table.sort", 0.6);
 
 /// One row appended to a sorted table, selected, and moved to its place in the middle.
 class AppendSorted : public StandingTable
@@ -178,7 +178,7 @@ class AppendSorted : public StandingTable
   private:
     int m_added = -1;
 };
-const bench::Timed<AppendSorted> appendSorted("table.append_sorted", 0.05);
+const bench::Timed<AppendSorted> APPEND_SORTED("table.append_sorted", 0.05);
 
 /// Every second row removed.
 class RemoveHalf : public StandingTable
@@ -196,7 +196,7 @@ class RemoveHalf : public StandingTable
   private:
     std::set<int> m_every;
 };
-const bench::Timed<RemoveHalf> removeHalf("table.remove_half", 0.8);
+const bench::Timed<RemoveHalf> REMOVE_HALF("table.remove_half", 0.8);
 
 /// All columns fitted to their contents, of which a thousand rows at most are asked.
 class FitColumns : public StandingTable
@@ -205,7 +205,7 @@ class FitColumns : public StandingTable
     using StandingTable::StandingTable;
     void ours() { table->resizeColumnsToContents(); }
 };
-const bench::Timed<FitColumns> fitColumns("table.fit_columns", 0.2, {100'000});
+const bench::Timed<FitColumns> FIT_COLUMNS("table.fit_columns", 0.2, {100'000});
 
 /// What the filled table keeps, beside what the bare one keeps.
 class Memory
@@ -228,6 +228,6 @@ class Memory
     std::unique_ptr<MRL_H_TableWidget> m_ours;
     std::unique_ptr<QTableWidget> m_raw;
 };
-const bench::Measured<Memory> memory("table.fill_memory", 0.8);
+const bench::Measured<Memory> MEMORY("table.fill_memory", 0.8);
 
 } // namespace

@@ -34,8 +34,8 @@ struct StructLineEdit
     int precision = -1; ///< decimals of a number at the least; -1: as many as it needs
     double value = 0.0;
     double firstBound = 99999.0; ///< below the second bound: the lowest value; above it: no limit
-    double secondBound =
-        -99999.0; ///< the highest value; of a text the greatest number of characters, when above 0
+    /// The highest value; of a text the greatest number of characters, when above 0.
+    double secondBound = -99999.0;
     double thirdBound = -99998.0;
     int flags = 0; ///< callers pass 0x800, 0x80000 and their sum
     QString text;  ///< shown in place of the number when the value is `value` and this isn't null
@@ -70,8 +70,8 @@ class MRL_HOST_API MRL_H_LineEdit : public QLineEdit
     StrLineEdit& getStrLineEdit();
     /// Takes a new description and shows its value, or its text.
     void updateVal(const StrLineEdit& description);
-    /// @param ok [out] may be null; false when the text is no number within the bounds, the result is then
-    /// the last one
+    /// The number of the text; the last valid one when it is no number within the bounds.
+    /// @param ok [out] may be null; false when the text is no number within the bounds
     double getVal(bool* ok = nullptr) const;
     void setVal(double value);
 
@@ -84,15 +84,16 @@ class MRL_HOST_API MRL_QT_TableWidgetItem : public QTableWidgetItem
 {
   public:
     explicit MRL_QT_TableWidgetItem(int type = UserType);
-    /// False: the cell looks and is read-only: it loses `Qt::ItemIsEditable` and keeps `Qt::ItemIsEnabled`,
-    /// so that it can still be clicked, selected and copied. Tells nobody.
+    /// False: the cell is read-only and shown so: it loses `Qt::ItemIsEditable` and keeps `Qt::ItemIsEnabled`,
+    /// so that it can still be clicked, selected and copied. Reports no change.
     virtual void setEnabled(bool enabled);
     virtual bool isEnabled() const;
 };
 
-/// The base of all cells of a MRL_H_TableWidget. A cell keeps its value itself and makes its text on demand;
-/// colours, flags and the roles 357 and 1234001 cost bytes. Only a change of the value is reported by
-/// `cellChanged`.
+/// The base of all cells of a MRL_H_TableWidget. A cell keeps its value itself and makes its text on demand.
+/// Red and black text, the enabled state, and the bools of the first two user roles that cells of a column are
+/// given share one byte of the cell; other colours and roles, and tool tips, cost memory of their own. Only a
+/// change of the value is reported by `cellChanged`.
 class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
 {
   public:
@@ -104,6 +105,8 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
         ComboBoxCell,
         LastCell
     };
+    /// Whether an entry is made, or only tried to see what it would change.
+    enum class Entry { Try, Make };
 
     explicit MRL_H_TwItem(int type);
     ~MRL_H_TwItem() override;
@@ -138,16 +141,16 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
     /// @return true when the value was another one
     virtual bool assign(const QVariant& value);
     /// Takes what a person typed or pasted; refuses what the column's description doesn't allow.
-    /// @param dryRun the cell stays as it is
-    /// @return true when the value is another one
-    virtual bool enterText(const QString& text, bool dryRun);
-    /// Tells the table that the value is another one.
+    /// @return true when the value is, or would be, another one
+    virtual bool enterText(const QString& text, Entry entry);
+    /// Tells the table that the value has changed.
     void valueChanged();
 
   private:
     friend struct MRL_H_TwCellAccess;
     struct Extra;
     void setRole(int role, const QVariant& value);
+    bool setFlag(int role, const QVariant& value);
     void dropEmptyExtra();
 
     MRL_H_TwColumn* m_column;       ///< counted; null for a cell that no header made
@@ -179,7 +182,7 @@ class MRL_HOST_API MRL_H_TwSimpleLineEditItem : public MRL_H_TwItem
     QString shownText() const override;
     QVariant value() const override;
     bool assign(const QVariant& value) override;
-    bool enterText(const QString& text, bool dryRun) override;
+    bool enterText(const QString& text, Entry entry) override;
     /// @return true when the number was another one
     virtual bool assignNumber(double number);
 
@@ -209,7 +212,7 @@ class MRL_HOST_API MRL_H_TwEditableComboBoxItem : public MRL_H_TwSimpleLineEditI
 
   protected:
     bool assign(const QVariant& value) override;
-    bool enterText(const QString& text, bool dryRun) override;
+    bool enterText(const QString& text, Entry entry) override;
     bool assignNumber(double number) override;
 
   private:
@@ -235,7 +238,7 @@ class MRL_HOST_API MRL_H_TwSimpleComboBoxItem : public MRL_H_TwItem
     QString shownText() const override;
     QVariant value() const override;
     bool assign(const QVariant& value) override;
-    bool enterText(const QString& text, bool dryRun) override;
+    bool enterText(const QString& text, Entry entry) override;
 
   private:
     friend struct MRL_H_TwCellAccess;
@@ -311,11 +314,12 @@ class MRL_HOST_API MRL_QT_TableWidget : public QTableWidget
     bool m_resetMenu = false;
 };
 
-/// A table with column ids. It sorts by itself: never while a change is being reported, a signal block or a
-/// sorting block lasts. Sorting is stable; numbers sort as numbers and texts by their code units.
+/// A table with column ids. It keeps itself sorted, but moves no row while a change is being reported or while
+/// a signal block or a sorting block lasts. Sorting is stable; numbers sort as numbers and texts by their code
+/// units.
 ///
-/// A walk that changes cells of many rows without a signal block does well to hold a sorting block: otherwise
-/// each change of a cell in the sorted column moves its row when its report has returned.
+/// A walk that changes cells of many rows without a signal block should hold a sorting block: otherwise each
+/// change of a cell in the sorted column moves its row when its report has returned.
 class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
 {
     Q_OBJECT
@@ -399,8 +403,8 @@ class MRL_HOST_API MRL_H_TableWidgetBox : public QFrame
 
 /// The delegate of such tables: makes the editors of the cells. A text or number is edited in a
 /// MRL_H_LineEdit, a combo cell in a MRL_QT4_ComboBox, a MRL_H_TwEditableComboBoxItem in an editable
-/// MRL_QT4_ComboBox with a MRL_H_LineEdit inside. Return commits and moves down, Tab moves right, Esc gives
-/// up.
+/// MRL_QT4_ComboBox with a MRL_H_LineEdit inside. Return commits and moves down, Tab moves right, Esc discards
+/// the edit.
 class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -419,4 +423,8 @@ class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+  private:
+    QWidget* openChoice(MRL_QT4_ComboBox& combo) const;
+    bool leaveByKey(QWidget& editor, const QKeyEvent& event);
 };

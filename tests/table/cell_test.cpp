@@ -204,6 +204,28 @@ TEST_F(Cells, KeepColoursToolTipsAndRoles)
     EXPECT_EQ(item->data(356).toInt(), 71);
 }
 
+TEST_F(Cells, KeepUserRolesOfAnyNumberAndKind)
+{
+    addRows(2);
+    QTableWidgetItem* item = table.item(0, Factor);
+    for (int role = 400; role < 404; ++role) {
+        item->setData(role, role % 2 == 0);
+    }
+    for (int role = 400; role < 404; ++role) {
+        EXPECT_EQ(item->data(role), QVariant(role % 2 == 0)) << role;
+        EXPECT_FALSE(table.item(1, Factor)->data(role).isValid()) << role;
+    }
+    item->setData(400, "a text");
+    item->setData(403, 7);
+    EXPECT_EQ(item->data(400), QVariant("a text"));
+    EXPECT_EQ(item->data(401), QVariant(false));
+    EXPECT_EQ(item->data(403), QVariant(7));
+    item->setData(400, false);
+    item->setData(401, QVariant());
+    EXPECT_EQ(item->data(400), QVariant(false));
+    EXPECT_FALSE(item->data(401).isValid());
+}
+
 TEST_F(Cells, OutliveTheirHeader)
 {
     MRL_H_TwItem* kept = nullptr;

@@ -16,7 +16,7 @@ void MRL_QT_SignalBlocker::unblock()
     }
     object->blockSignals(false);
     if (auto* table = qobject_cast<MRL_H_TableWidget*>(object)) {
-        MRL_H_TableWidget::Private::of(*table).catchUp();
+        MRL_H_TableWidget::Private::of(*table).changes.catchUp();
     }
 }
 
@@ -41,9 +41,9 @@ void MRL_QT_UpdateBlocker::unblock()
 MRL_QT_SortingBlocker::MRL_QT_SortingBlocker(QTableView* table) : m_table(table)
 {
     if (auto* own = qobject_cast<MRL_H_TableWidget*>(table)) {
-        bool& sorting = MRL_H_TableWidget::Private::of(*own).sorting;
-        m_before = sorting;
-        sorting = false;
+        mrl::table::RowOrder& order = MRL_H_TableWidget::Private::of(*own).order;
+        m_before = order.isOn();
+        order.setOn(false);
     } else if (table != nullptr) {
         m_before = table->isSortingEnabled();
         table->setSortingEnabled(false);
@@ -58,8 +58,8 @@ void MRL_QT_SortingBlocker::unblock()
     m_table = nullptr;
     if (auto* own = qobject_cast<MRL_H_TableWidget*>(table)) {
         MRL_H_TableWidget::Private& d = MRL_H_TableWidget::Private::of(*own);
-        d.sorting = m_before;
-        d.sortIfDue();
+        d.order.setOn(m_before);
+        d.changes.sortIfDue();
     } else if (table != nullptr) {
         table->setSortingEnabled(m_before);
     }

@@ -7,28 +7,28 @@
 
 namespace {
 
-constexpr std::size_t cellsOfABlock = 1024;
-constexpr std::size_t alignment = alignof(std::max_align_t);
-constexpr std::size_t largestCell = 192;
+constexpr std::size_t CELLS_OF_A_BLOCK = 1024;
+constexpr std::size_t ALIGNMENT = alignof(std::max_align_t);
+constexpr std::size_t LARGEST_CELL = 192;
 
 // Under the address sanitizer each cell has a place of its own, so that it sees who uses a dead one.
 #if defined(__SANITIZE_ADDRESS__)
-constexpr bool pooled = false;
+constexpr bool POOLED = false;
 #else
-constexpr bool pooled = true;
+constexpr bool POOLED = true;
 #endif
 
 /// The pool for cells of a size. Lives as long as the process: tables may be static objects too.
 mrl::table::CellPool& poolFor(std::size_t size)
 {
-    static auto* const pools = [] {
-        auto* made = new std::array<std::unique_ptr<mrl::table::CellPool>, largestCell / alignment + 1>;
+    static auto* const POOLS = [] {
+        auto* made = new std::array<std::unique_ptr<mrl::table::CellPool>, LARGEST_CELL / ALIGNMENT + 1>;
         for (std::size_t i = 0; i < made->size(); ++i) {
-            (*made)[i] = std::make_unique<mrl::table::CellPool>(i * alignment);
+            (*made)[i] = std::make_unique<mrl::table::CellPool>(i * ALIGNMENT);
         }
         return made; // never deleted, see above
     }();
-    return *(*pools)[(size + alignment - 1) / alignment];
+    return *(*POOLS)[(size + ALIGNMENT - 1) / ALIGNMENT];
 }
 
 } // namespace
@@ -44,7 +44,7 @@ void* CellPool::take()
         return cell;
     }
     if (m_unused == m_unusedEnd) {
-        const std::size_t size = cellsOfABlock * m_cellSize;
+        const std::size_t size = CELLS_OF_A_BLOCK * m_cellSize;
         m_blocks.emplace_back(new std::byte[size]); // make_unique would write the block full of zeros
         m_unused = m_blocks.back().get();
         m_unusedEnd = m_unused + size;
@@ -70,12 +70,12 @@ void CellPool::giveBack(void* cell)
 
 void* MRL_H_TwItem::operator new(std::size_t size)
 {
-    return pooled && size <= largestCell ? poolFor(size).take() : ::operator new(size);
+    return POOLED && size <= LARGEST_CELL ? poolFor(size).take() : ::operator new(size);
 }
 
 void MRL_H_TwItem::operator delete(void* cell, std::size_t size)
 {
-    if (!pooled || size > largestCell) {
+    if (!POOLED || size > LARGEST_CELL) {
         ::operator delete(cell);
     } else if (cell != nullptr) {
         poolFor(size).giveBack(cell);

@@ -65,6 +65,22 @@ const ComboList* MRL_H_TwColumn::entryOfText(const QString& text) const
     return loose != entries.end() ? &*loose : nullptr;
 }
 
+int MRL_H_TwColumn::flagOfRole(int role) const
+{
+    const auto found = std::find(flagRoles.begin(), flagRoles.end(), role);
+    return role >= Qt::UserRole && found != flagRoles.end() ? static_cast<int>(found - flagRoles.begin())
+                                                            : -1;
+}
+
+int MRL_H_TwColumn::takeFlag(int role)
+{
+    const auto left = std::find(flagRoles.begin(), flagRoles.end(), 0);
+    if (role >= Qt::UserRole && flagOfRole(role) < 0 && left != flagRoles.end()) {
+        *left = role;
+    }
+    return flagOfRole(role);
+}
+
 QString MRL_H_TwColumn::numberText(double number) const
 {
     if (kind == Kind::Whole) {

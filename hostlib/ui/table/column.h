@@ -1,7 +1,5 @@
 #pragma once
 
-/// What the cells of a column share with its header.
-
 #include <QHash>
 #include <QSet>
 
@@ -10,8 +8,12 @@
 
 #include "host/mrl_table.h"
 
+/// What the cells of a column share with its header.
 struct MRL_H_TwColumn
 {
+    /// So many user roles of a cell may hold a bool in two bits of its state.
+    static constexpr int FLAG_ROLES = 2;
+
     enum class Kind { Text, Whole, Factor, Combo };
 
     int references = 0;
@@ -24,6 +26,8 @@ struct MRL_H_TwColumn
     StructLineEdit description;
     std::vector<ComboList> entries;
     QHash<int, int> entryOfId; ///< the first entry with the id
+    /// The first user roles that a cell of this column was given a bool in; 0: not taken yet.
+    std::array<int, FLAG_ROLES> flagRoles{};
 
     bool isNumber() const { return kind == Kind::Whole || kind == Kind::Factor; }
     void setEntries(const std::list<ComboList>& list);
@@ -35,6 +39,10 @@ struct MRL_H_TwColumn
     /// The first entry with this text, exactly, else without regard to blanks around it and case. Null for
     /// none.
     const ComboList* entryOfText(const QString& text) const;
+    /// The place of a role among the flag roles, -1 when it is none.
+    int flagOfRole(int role) const;
+    /// The same, and a user role becomes one where a place is left.
+    int takeFlag(int role);
     /// A number's text as the column shows it.
     QString numberText(double number) const;
     /// True when the description allows the number.
@@ -64,45 +72,4 @@ struct MRL_H_TwColumn
     };
     /// The texts of factors that were asked for last, each at its own place: a column has few different ones.
     mutable std::array<Worded, 32> m_worded;
-};
-
-struct MRL_H_TwItem::Extra
-{
-    QString toolTip;
-    std::vector<std::pair<int, QVariant>> roles;
-};
-
-/// The table's and the delegate's door to the private half of the cells.
-struct MRL_H_TwCellAccess
-{
-    /// Bits of a cell's state.
-    enum State : quint8 {
-        Disabled = 1 << 0,
-        TextRed = 1 << 1,
-        TextBlack = 1 << 2,
-        RowValid = 1 << 3, ///< ROLE_ROW_VALID
-        RowValidKnown = 1 << 4,
-        FromAction = 1 << 5, ///< ROLE_FROM_ACTION
-        FromActionKnown = 1 << 6,
-        Unsorted = 1 << 7 ///< the table knows that the cell may stand in the wrong row
-    };
-    static MRL_H_TwColumn* column(const MRL_H_TwItem& cell) { return cell.m_column; }
-    static int& row(const MRL_H_TwItem& cell) { return cell.m_row; }
-    static quint8& state(MRL_H_TwItem& cell) { return cell.m_state; }
-    static quint8 state(const MRL_H_TwItem& cell) { return cell.m_state; }
-    static QString text(const MRL_H_TwItem& cell) { return cell.shownText(); }
-    static bool enterText(MRL_H_TwItem& cell, const QString& text, bool dryRun)
-    {
-        return cell.enterText(text, dryRun);
-    }
-    static void applyFlags(MRL_H_TwItem& cell);
-    static double number(const MRL_H_TwSimpleLineEditItem& cell) { return cell.m_number; }
-    static const QString& ownText(const MRL_H_TwSimpleLineEditItem& cell) { return cell.m_text; }
-    /// @return true when the id was another one; reports nothing
-    static bool enterId(MRL_H_TwSimpleComboBoxItem& cell, int id)
-    {
-        const bool other = cell.m_id != id;
-        cell.m_id = id;
-        return other;
-    }
 };

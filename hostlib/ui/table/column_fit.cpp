@@ -1,10 +1,12 @@
-// How wide a column has to be for its cells.
+#include "hostlib/ui/table/column_fit.h"
 
 #include <QHeaderView>
 
 #include <algorithm>
 
-#include "hostlib/ui/table/table_private.h"
+#include "hostlib/ui/table/cell_access.h"
+
+namespace mrl::table {
 
 namespace {
 
@@ -36,30 +38,25 @@ void visitFittedRows(const QTableWidget& table, Visit visit)
 
 } // namespace
 
-int MRL_H_TableWidget::sizeHintForColumn(int column) const
+std::optional<int> ColumnFit::widthOf(const QTableWidget& table, int column)
 {
-    const bool ours = d->header(column) != nullptr && itemDelegateForColumn(column) == nullptr &&
-                      qobject_cast<MRL_H_DelegateItem*>(itemDelegate()) != nullptr;
-    // An open editor may want more room than its cell.
-    if (!ours || state() == EditingState) {
-        return MRL_QT_TableWidget::sizeHintForColumn(column);
-    }
-    ensurePolished();
-    if (!d->textWidths || d->textWidths->font() != font()) {
-        d->textWidths.emplace(font(), this);
+    if (!m_widths || m_widths->font() != table.font()) {
+        m_widths.emplace(table.font(), &table);
     }
     int widest = 0;
     bool foreign = false;
-    visitFittedRows(*this, [&](int row) {
-        const QTableWidgetItem* cell = item(row, column);
-        if (const MRL_H_TwItem* own = MRL_H_TwItem::fromItem(cell)) {
-            widest = std::max(widest, d->textWidths->of(MRL_H_TwCellAccess::text(*own)));
+    visitFittedRows(table, [&](int row) {
+        const QTableWidgetItem* item = table.item(row, column);
+        if (const MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(item)) {
+            widest = std::max(widest, m_widths->of(MRL_H_TwCellAccess::text(*cell)));
         } else {
-            foreign = foreign || cell != nullptr;
+            foreign = foreign || item != nullptr;
         }
     });
     if (foreign) {
-        return MRL_QT_TableWidget::sizeHintForColumn(column);
+        return std::nullopt;
     }
-    return widest + 2 * cellTextMargin + (showGrid() ? 1 : 0);
+    return widest + 2 * CELL_TEXT_MARGIN + (table.showGrid() ? 1 : 0);
 }
+
+} // namespace mrl::table

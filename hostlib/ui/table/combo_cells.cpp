@@ -1,8 +1,8 @@
 // Cells of choices.
 
+#include "hostlib/ui/table/cell_access.h"
 #include "hostlib/ui/table/cell_cast.h"
 #include "hostlib/ui/table/column.h"
-#include "hostlib/ui/table/table_private.h"
 
 MRL_H_TwSimpleComboBoxItem::MRL_H_TwSimpleComboBoxItem(const MRL_H_TwHeaderComboBoxItem& header)
     : MRL_H_TwItem(ComboBoxCell, header.column())
@@ -32,16 +32,10 @@ QString MRL_H_TwSimpleComboBoxItem::shownText() const { return column()->textOfI
 
 QVariant MRL_H_TwSimpleComboBoxItem::value() const { return shownText(); }
 
-bool MRL_H_TwSimpleComboBoxItem::assign(const QVariant& v) { return enterText(v.toString(), false); }
+bool MRL_H_TwSimpleComboBoxItem::assign(const QVariant& v) { return enterText(v.toString(), Entry::Make); }
 
-bool MRL_H_TwSimpleComboBoxItem::enterText(const QString& text, bool dryRun)
+bool MRL_H_TwSimpleComboBoxItem::enterText(const QString& text, Entry entry)
 {
-    const ComboList* entry = text == shownText() ? nullptr : column()->entryOfText(text);
-    if (entry == nullptr || entry->id == m_id) {
-        return false;
-    }
-    if (!dryRun) {
-        m_id = entry->id;
-    }
-    return true;
+    const ComboList* chosen = text == shownText() ? nullptr : column()->entryOfText(text);
+    return chosen != nullptr && MRL_H_TwCellAccess::enterId(*this, chosen->id, entry);
 }

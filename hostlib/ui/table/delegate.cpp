@@ -1,18 +1,22 @@
-#include <QCoreApplication>
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QTimer>
 
 #include <algorithm>
 #include <optional>
 
+#include "hostlib/ui/table/cell_access.h"
+#include "hostlib/ui/table/cell_editors.h"
 #include "hostlib/ui/table/table_private.h"
+
+using mrl::table::lineEditOf;
 
 namespace {
 
 /// The text or index that an editor was opened with: an edit that leaves it as it was writes nothing.
-constexpr char loadedProperty[] = "mrl_loaded";
+constexpr char LOADED_PROPERTY[] = "mrl_loaded";
 /// True from the opening of a combo editor's list until its choice has arrived.
-constexpr char listOpenProperty[] = "mrl_listOpen";
+constexpr char LIST_OPEN_PROPERTY[] = "mrl_listOpen";
 
 MRL_H_TableWidget* tableOf(const QModelIndex& index)
 {
@@ -35,30 +39,10 @@ MRL_H_TableWidget* tableAround(const QWidget* editor)
     return nullptr;
 }
 
-QLineEdit* lineEditOf(QWidget* editor)
-{
-    auto* combo = qobject_cast<QComboBox*>(editor);
-    return combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(editor);
-}
-
 /// A pale mix of two colours.
 QColor between(const QColor& a, const QColor& b)
 {
     return {(a.red() + 3 * b.red()) / 4, (a.green() + 3 * b.green()) / 4, (a.blue() + 3 * b.blue()) / 4};
-}
-
-/// What a combo editor needs to show each of its entries in full.
-int widthOfChoices(const QComboBox& combo)
-{
-    int text = 0;
-    for (int i = 0; i < combo.count(); ++i) {
-        text = std::max(text, combo.fontMetrics().horizontalAdvance(combo.itemText(i)));
-    }
-    QStyleOptionComboBox option;
-    option.initFrom(&combo);
-    option.frame = combo.hasFrame();
-    const QSize contents(text + cellTextMargin, combo.fontMetrics().height());
-    return combo.style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, &combo).width();
 }
 
 struct Step
@@ -68,7 +52,7 @@ struct Step
 };
 
 /// Where the current cell goes when a key ends the editing; none for any other key.
-std::optional<Step> stepOfKey(const QKeyEvent& event, bool inText)
+std::optional<Step> stepOfKey(const QKeyEvent& event, QWidget& editor)
 {
     const bool back = (event.modifiers() & Qt::ShiftModifier) != 0;
     switch (event.key()) {
@@ -81,9 +65,21 @@ std::optional<Step> stepOfKey(const QKeyEvent& event, bool inText)
         return Step{0, -1};
     case Qt::Key_Up:
     case Qt::Key_Down:
-        return inText ? std::optional<Step>({event.key() == Qt::Key_Up ? -1 : 1, 0}) : std::nullopt;
+        return lineEditOf(&editor) != nullptr ? std::optional<Step>({event.key() == Qt::Key_Up ? -1 : 1, 0})
+                                              : std::nullopt;
     default:
         return std::nullopt;
+    }
+}
+
+/// Remembers at the editor of a choice whether its list is open.
+void noteListOf(const QAbstractItemView& list, const QEvent& event)
+{
+    auto* combo = qobject_cast<QComboBox*>(list.parentWidget()->parentWidget());
+    if (combo != nullptr && event.type() == QEvent::Show) {
+        combo->setProperty(LIST_OPEN_PROPERTY, true);
+    } else if (combo != nullptr && event.type() == QEvent::Hide) {
+        QTimer::singleShot(0, combo, [combo] { combo->setProperty(LIST_OPEN_PROPERTY, false); });
     }
 }
 
@@ -101,44 +97,30 @@ QWidget* MRL_H_DelegateItem::createEditor(QWidget* parent, const QStyleOptionVie
         return QStyledItemDelegate::createEditor(parent, option, index);
     }
     const MRL_H_TwColumn& column = *MRL_H_TwCellAccess::column(*cell);
-    const auto lineEdit = [&column](QWidget* owner) {
-        auto* edit = new MRL_H_LineEdit(owner, column.description, "cell editor", {}, {}, true);
-        edit->setFrame(false);
-        return edit; // child of the owner
-    };
-    if (cell->type() == MRL_H_TwItem::LineEditCell) {
-        QLineEdit* edit = lineEdit(parent);
-        if (!column.isNumber() && column.description.secondBound > 0.0) {
-            edit->setMaxLength(static_cast<int>(column.description.secondBound));
-        }
-        edit->setAlignment(column.isNumber() ? Qt::AlignRight | Qt::AlignVCenter : column.alignment);
-        return edit;
+    switch (cell->type()) {
+    case MRL_H_TwItem::LineEditCell:
+        return mrl::table::makeLineEditor(parent, column);
+    case MRL_H_TwItem::EditableComboBoxCell:
+        return mrl::table::makeEditableCombo(parent, column);
+    default:
+        return openChoice(*mrl::table::makeChoice(parent, column));
     }
+}
 
-    auto* combo = new MRL_QT4_ComboBox(parent, "cell editor"); // child of the parent
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setFrame(false);
-    if (cell->type() == MRL_H_TwItem::EditableComboBoxCell) {
-        combo->setEditable(true);
-        combo->setLineEdit(lineEdit(combo));
-        combo->setCompleter(nullptr);
-        return combo;
-    }
-    for (const ComboList& entry : column.entries) {
-        combo->addItem(entry.text, entry.id);
-    }
-    combo->setWidthTextEnabled(true);
+/// Has the editor of a choice commit as soon as an entry was picked from its list.
+QWidget* MRL_H_DelegateItem::openChoice(MRL_QT4_ComboBox& combo) const
+{
     auto* self = const_cast<MRL_H_DelegateItem*>(this); // Qt makes editors through a const delegate
     // The list is a window of its own, where the Delete key must not reach the commands of the page either.
-    combo->view()->installEventFilter(self);
-    QObject::connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, combo] {
-        if (!combo->property(listOpenProperty).toBool()) {
+    combo.view()->installEventFilter(self);
+    QObject::connect(&combo, QOverload<int>::of(&QComboBox::activated), self, [self, &combo] {
+        if (!combo.property(LIST_OPEN_PROPERTY).toBool()) {
             return; // stepping through the entries with the arrow keys
         }
-        emit self->commitData(combo);
-        emit self->closeEditor(combo, NoHint);
+        emit self->commitData(&combo);
+        emit self->closeEditor(&combo, NoHint);
     });
-    return combo;
+    return &combo;
 }
 
 void MRL_H_DelegateItem::setEditorData(QWidget* editor, const QModelIndex& index) const
@@ -152,17 +134,17 @@ void MRL_H_DelegateItem::setEditorData(QWidget* editor, const QModelIndex& index
     // A repaint of the whole table comes here too. It must not take away what is being typed.
     if (edit != nullptr) {
         const QString text = MRL_H_TwCellAccess::text(*cell);
-        if (editor->property(loadedProperty).toString() == text &&
-            editor->property(loadedProperty).isValid()) {
+        if (editor->property(LOADED_PROPERTY).toString() == text &&
+            editor->property(LOADED_PROPERTY).isValid()) {
             return;
         }
-        editor->setProperty(loadedProperty, text);
+        editor->setProperty(LOADED_PROPERTY, text);
         edit->setText(text);
     } else if (const auto* choice = MRL_H_TwSimpleComboBoxItem::fromItem(cell)) {
-        if (editor->property(loadedProperty) == QVariant(choice->getCurrentId())) {
+        if (editor->property(LOADED_PROPERTY) == QVariant(choice->getCurrentId())) {
             return;
         }
-        editor->setProperty(loadedProperty, choice->getCurrentId());
+        editor->setProperty(LOADED_PROPERTY, choice->getCurrentId());
         auto* combo = static_cast<MRL_QT4_ComboBox*>(editor);
         if (!combo->setCurrentId(choice->getCurrentId())) {
             combo->setCurrentIndex(-1);
@@ -179,15 +161,15 @@ void MRL_H_DelegateItem::setModelData(QWidget* editor, QAbstractItemModel* model
         QStyledItemDelegate::setModelData(editor, model, index);
         return;
     }
-    MRL_H_TableWidget::Private& d = MRL_H_TableWidget::Private::of(*table);
-    const QVariant loaded = editor->property(loadedProperty);
+    mrl::table::CellEntry& entry = MRL_H_TableWidget::Private::of(*table).entry;
+    const QVariant loaded = editor->property(LOADED_PROPERTY);
     if (const QLineEdit* edit = lineEditOf(editor)) {
         if (edit->text() != loaded.toString()) {
-            d.enterFromEditor(index, edit->text(), std::nullopt);
+            entry.enterFromEditor({index.row(), index.column(), edit->text(), std::nullopt});
         }
     } else if (const auto* combo = qobject_cast<MRL_QT4_ComboBox*>(editor)) {
         if (combo->currentIndex() >= 0 && combo->getCurrentId() != loaded.toInt()) {
-            d.enterFromEditor(index, {}, combo->getCurrentId());
+            entry.enterFromEditor({index.row(), index.column(), {}, combo->getCurrentId()});
         }
     }
 }
@@ -202,7 +184,7 @@ void MRL_H_DelegateItem::updateEditorGeometry(QWidget* editor, const QStyleOptio
     }
     // A column fits the texts alone; beside them the arrow has no room.
     QRect place = editor->geometry();
-    const int missing = widthOfChoices(*combo) - place.width();
+    const int missing = mrl::table::widthOfChoices(*combo) - place.width();
     if (missing <= 0) {
         return;
     }
@@ -224,8 +206,9 @@ QSize MRL_H_DelegateItem::sizeHint(const QStyleOptionViewItem& option, const QMo
     if (cell == nullptr) {
         return QStyledItemDelegate::sizeHint(option, index);
     }
-    return {option.fontMetrics.horizontalAdvance(MRL_H_TwCellAccess::text(*cell)) + 2 * cellTextMargin,
-            option.fontMetrics.height() + cellTextMargin};
+    return {option.fontMetrics.horizontalAdvance(MRL_H_TwCellAccess::text(*cell)) +
+                2 * mrl::table::CELL_TEXT_MARGIN,
+            option.fontMetrics.height() + mrl::table::CELL_TEXT_MARGIN};
 }
 
 void MRL_H_DelegateItem::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
@@ -256,30 +239,32 @@ bool MRL_H_DelegateItem::eventFilter(QObject* object, QEvent* event)
         event->accept();
         return true;
     }
-    auto* view = qobject_cast<QAbstractItemView*>(object);
-    if (view != nullptr) { // the list of a combo editor
-        auto* combo = qobject_cast<QComboBox*>(view->parentWidget()->parentWidget());
-        if (combo != nullptr && event->type() == QEvent::Show) {
-            combo->setProperty(listOpenProperty, true);
-        } else if (combo != nullptr && event->type() == QEvent::Hide) {
-            QTimer::singleShot(0, combo, [combo] { combo->setProperty(listOpenProperty, false); });
-        }
+    if (const auto* list = qobject_cast<QAbstractItemView*>(object)) {
+        noteListOf(*list, *event);
         return false;
     }
     auto* editor = qobject_cast<QWidget*>(object);
-    MRL_H_TableWidget* table = editor != nullptr ? tableAround(editor) : nullptr;
-    if (table != nullptr && event->type() == QEvent::KeyPress) {
-        const auto step = stepOfKey(*static_cast<QKeyEvent*>(event), lineEditOf(editor) != nullptr);
-        if (step.has_value()) {
-            MRL_H_TableWidget::Private::of(*table).leaveEditor(step->rows, step->columns,
-                                                               [this, guarded = QPointer<QWidget>(editor)] {
-                                                                   emit commitData(guarded);
-                                                                   if (guarded != nullptr) {
-                                                                       emit closeEditor(guarded, NoHint);
-                                                                   }
-                                                               });
-            return true;
-        }
+    if (editor != nullptr && event->type() == QEvent::KeyPress &&
+        leaveByKey(*editor, *static_cast<QKeyEvent*>(event))) {
+        return true;
     }
     return QStyledItemDelegate::eventFilter(object, event);
+}
+
+/// Ends the editing where a key does so. @return false for any other key
+bool MRL_H_DelegateItem::leaveByKey(QWidget& editor, const QKeyEvent& event)
+{
+    MRL_H_TableWidget* table = tableAround(&editor);
+    const auto step = stepOfKey(event, editor);
+    if (table == nullptr || !step.has_value()) {
+        return false;
+    }
+    const auto commit = [this, guarded = QPointer<QWidget>(&editor)] {
+        emit commitData(guarded);
+        if (guarded != nullptr) {
+            emit closeEditor(guarded, NoHint);
+        }
+    };
+    MRL_H_TableWidget::Private::of(*table).entry.leaveEditor(step->rows, step->columns, commit);
+    return true;
 }

@@ -3,15 +3,15 @@
 
 namespace {
 
-constexpr int wholeNumberFormat = 0;
-constexpr int textFormat = -15;
+constexpr int WHOLE_NUMBER_FORMAT = 0;
+constexpr int TEXT_FORMAT = -15;
 
 MRL_H_TwColumn::Kind kindOfFormat(int format)
 {
-    if (format == textFormat) {
+    if (format == TEXT_FORMAT) {
         return MRL_H_TwColumn::Kind::Text;
     }
-    return format == wholeNumberFormat ? MRL_H_TwColumn::Kind::Whole : MRL_H_TwColumn::Kind::Factor;
+    return format == WHOLE_NUMBER_FORMAT ? MRL_H_TwColumn::Kind::Whole : MRL_H_TwColumn::Kind::Factor;
 }
 
 } // namespace
@@ -42,7 +42,7 @@ void MRL_H_TwHeaderItem::setColumnEnabled(bool enabled)
     }
     m_column->enabled = enabled;
     if (m_column->table != nullptr) {
-        MRL_H_TableWidget::Private::of(*m_column->table).applyColumnFlags(*m_column);
+        MRL_H_TableWidget::Private::of(*m_column->table).changes.noteColumnFlags(*m_column);
     }
 }
 
@@ -100,6 +100,6 @@ void MRL_H_TwHeaderComboBoxItem::setComboEntries(const std::list<ComboList>& ent
     column()->setEntries(entries);
     const QSet<int> changed = column()->idsOfOtherText(before);
     if (!changed.isEmpty() && column()->table != nullptr) {
-        MRL_H_TableWidget::Private::of(*column()->table).comboTextsChanged(*column(), changed);
+        MRL_H_TableWidget::Private::of(*column()->table).changes.noteComboTexts(*column(), changed);
     }
 }

@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr int wholeNumberFormat = 0;
-constexpr int textFormat = -15;
-constexpr int defaultMaxLength = 32767; ///< QLineEdit's own
+constexpr int WHOLE_NUMBER_FORMAT = 0;
+constexpr int TEXT_FORMAT = -15;
+constexpr int DEFAULT_MAX_LENGTH = 32767; ///< QLineEdit's own
 
 QString textOf(const StrLineEdit& description, double value)
 {
@@ -19,7 +19,7 @@ QString textOf(const StrLineEdit& description, double value)
 
 bool allows(const StrLineEdit& description, double value)
 {
-    if (description.format == wholeNumberFormat && value != std::floor(value)) {
+    if (description.format == WHOLE_NUMBER_FORMAT && value != std::floor(value)) {
         return false;
     }
     return description.firstBound >= description.secondBound ||
@@ -47,7 +47,7 @@ MRL_H_LineEdit::MRL_H_LineEdit(QWidget* parent, const StructLineEdit& descriptio
     connect(this, &QLineEdit::editingFinished, this, [this] {
         bool ok = false;
         const double value = getVal(&ok);
-        if (!ok && d->description.format != textFormat) {
+        if (!ok && d->description.format != TEXT_FORMAT) {
             setText(textOf(d->description, value));
         }
     });
@@ -60,9 +60,9 @@ StrLineEdit& MRL_H_LineEdit::getStrLineEdit() { return d->description; }
 void MRL_H_LineEdit::updateVal(const StrLineEdit& description)
 {
     d->description = description;
-    const bool limited = description.format == textFormat && description.secondBound > 0.0;
-    setMaxLength(limited ? static_cast<int>(description.secondBound) : defaultMaxLength);
-    if (description.format == textFormat) {
+    const bool limited = description.format == TEXT_FORMAT && description.secondBound > 0.0;
+    setMaxLength(limited ? static_cast<int>(description.secondBound) : DEFAULT_MAX_LENGTH);
+    if (description.format == TEXT_FORMAT) {
         setText(description.text);
     } else {
         setVal(description.value);

@@ -5,10 +5,9 @@
 #include "hostlib/ui/table/cell_cast.h"
 #include "hostlib/ui/table/column.h"
 #include "hostlib/ui/table/number_text.h"
-#include "hostlib/ui/table/table_private.h"
 
 using mrl::table::parseNumber;
-using mrl::table::undefinedValue;
+using mrl::table::UNDEFINED_VALUE;
 
 namespace {
 
@@ -71,7 +70,7 @@ QString MRL_H_TwSimpleLineEditItem::shownText() const
 
 QVariant MRL_H_TwSimpleLineEditItem::value() const
 {
-    const bool isInt = column()->kind == MRL_H_TwColumn::Kind::Whole && m_number != undefinedValue &&
+    const bool isInt = column()->kind == MRL_H_TwColumn::Kind::Whole && m_number != UNDEFINED_VALUE &&
                        std::fabs(m_number) <= 2147483647.0;
     return isInt ? QVariant(static_cast<int>(m_number)) : QVariant(shownText());
 }
@@ -79,7 +78,7 @@ QVariant MRL_H_TwSimpleLineEditItem::value() const
 bool MRL_H_TwSimpleLineEditItem::assignText(const QString& text)
 {
     if (column()->isNumber()) {
-        const auto number = text.isEmpty() ? std::optional<double>(undefinedValue) : parseNumber(text);
+        const auto number = text.isEmpty() ? std::optional<double>(UNDEFINED_VALUE) : parseNumber(text);
         return number.has_value() && assignNumber(*number);
     }
     if (m_text == text) {
@@ -105,7 +104,7 @@ bool MRL_H_TwSimpleLineEditItem::assign(const QVariant& v)
     return isNumber && column()->isNumber() ? assignNumber(v.toDouble()) : assignText(v.toString());
 }
 
-bool MRL_H_TwSimpleLineEditItem::enterText(const QString& text, bool dryRun)
+bool MRL_H_TwSimpleLineEditItem::enterText(const QString& text, Entry entry)
 {
     if (text == shownText()) {
         return false;
@@ -113,7 +112,7 @@ bool MRL_H_TwSimpleLineEditItem::enterText(const QString& text, bool dryRun)
     if (!column()->isNumber()) {
         const int most = static_cast<int>(column()->description.secondBound);
         const QString taken = most > 0 ? text.left(most) : text;
-        return dryRun ? taken != m_text : assignText(taken);
+        return entry == Entry::Try ? taken != m_text : assignText(taken);
     }
     const auto number = parseNumber(text);
     if (!number.has_value() || !column()->allows(*number)) {
@@ -125,7 +124,7 @@ bool MRL_H_TwSimpleLineEditItem::enterText(const QString& text, bool dryRun)
     if (!std::isfinite(column()->kept(*number))) {
         return false;
     }
-    return dryRun ? !sameNumber(m_number, column()->kept(*number)) : assignNumber(*number);
+    return entry == Entry::Try ? !sameNumber(m_number, column()->kept(*number)) : assignNumber(*number);
 }
 
 // ---- numbers that may be somebody else's
@@ -173,23 +172,23 @@ bool MRL_H_TwEditableComboBoxItem::assign(const QVariant& v)
     return MRL_H_TwSimpleLineEditItem::assign(v);
 }
 
-bool MRL_H_TwEditableComboBoxItem::enterText(const QString& text, bool dryRun)
+bool MRL_H_TwEditableComboBoxItem::enterText(const QString& text, Entry entry)
 {
     if (!text.isEmpty() && !parseNumber(text).has_value()) {
         const bool had = m_own;
-        if (!dryRun) {
+        if (entry == Entry::Make) {
             assign(text);
         }
         return had;
     }
-    return MRL_H_TwSimpleLineEditItem::enterText(text, dryRun);
+    return MRL_H_TwSimpleLineEditItem::enterText(text, entry);
 }
 
 bool MRL_H_TwEditableComboBoxItem::assignNumber(double number)
 {
     const bool forShow = m_showNext && !m_own;
     m_showNext = false;
-    const bool becomesOwn = !forShow && !m_own && number != undefinedValue;
+    const bool becomesOwn = !forShow && !m_own && number != UNDEFINED_VALUE;
     m_own = m_own || becomesOwn;
     return MRL_H_TwSimpleLineEditItem::assignNumber(number) || becomesOwn;
 }

@@ -7,12 +7,12 @@
 
 namespace {
 
-constexpr int wholeNumberFormat = 0;
+constexpr int WHOLE_NUMBER_FORMAT = 0;
 /// Digits of a float that a person recognises: 1.35 is stored as 1.35000002384.
-constexpr int significantDigits = 6;
+constexpr int SIGNIFICANT_DIGITS = 6;
 /// Beyond this a number is written with an exponent, so that no column of zeros appears.
-constexpr int longestFraction = 12;
-constexpr int longestInteger = 15;
+constexpr int LONGEST_FRACTION = 12;
+constexpr int LONGEST_INTEGER = 15;
 
 /// A grouped whole part such as 1.234.567: one to three digits, then groups of three.
 bool isGrouped(const QString& digits, QChar sign)
@@ -59,7 +59,7 @@ QString withDecimalPoint(QString text)
 /// Decimals that show all of the given number of significant digits and no zero behind them.
 int decimalsNeeded(double value)
 {
-    const QByteArray digits = QByteArray::number(value, 'e', significantDigits - 1);
+    const QByteArray digits = QByteArray::number(value, 'e', SIGNIFICANT_DIGITS - 1);
     const int e = digits.indexOf('e');
     const int exponent = digits.mid(e + 1).toInt();
     int last = e - 1;
@@ -80,8 +80,8 @@ QString factorText(double value, int precision)
         return QString::number(0.0, 'f', std::max(0, precision));
     }
     const int needed = decimalsNeeded(shown);
-    if (needed > longestFraction || std::fabs(shown) >= std::pow(10.0, longestInteger)) {
-        return QString::number(shown, 'g', significantDigits);
+    if (needed > LONGEST_FRACTION || std::fabs(shown) >= std::pow(10.0, LONGEST_INTEGER)) {
+        return QString::number(shown, 'g', SIGNIFICANT_DIGITS);
     }
     return QString::number(shown, 'f', std::max(needed, precision));
 }
@@ -103,11 +103,11 @@ std::optional<double> parseNumber(const QString& text)
 
 QString wholeNumberText(double value)
 {
-    if (value == undefinedValue) {
+    if (value == UNDEFINED_VALUE) {
         return {};
     }
-    constexpr double largestExact = 9007199254740992.0; // 2^53
-    if (std::fabs(value) <= largestExact && std::trunc(value) == value) {
+    constexpr double LARGEST_EXACT = 9007199254740992.0; // 2^53
+    if (std::fabs(value) <= LARGEST_EXACT && std::trunc(value) == value) {
         return QString::number(static_cast<qint64>(value));
     }
     return QString::number(value, 'f', 0);
@@ -117,8 +117,8 @@ QString wholeNumberText(double value)
 
 QString mrl_h_getDimStringFromVal(double value, int format, int precision)
 {
-    if (value == mrl::table::undefinedValue) {
+    if (value == mrl::table::UNDEFINED_VALUE) {
         return {};
     }
-    return format == wholeNumberFormat ? mrl::table::wholeNumberText(value) : factorText(value, precision);
+    return format == WHOLE_NUMBER_FORMAT ? mrl::table::wholeNumberText(value) : factorText(value, precision);
 }

@@ -12,7 +12,7 @@
 namespace mrl::table {
 
 /// Says in records and cells that nothing is set here.
-inline constexpr double undefinedValue = -99999.0;
+inline constexpr double UNDEFINED_VALUE = -99999.0;
 
 /// The number that a typed or pasted text names: either decimal sign, blanks around it and the other sign as
 /// grouping are accepted ("1,35", "1.234,5"). @return none for a text that is no finite number

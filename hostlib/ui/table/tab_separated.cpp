@@ -2,36 +2,36 @@
 
 namespace {
 
-const QChar quote = QLatin1Char('"');
-const QChar tab = QLatin1Char('\t');
-const QChar lineFeed = QLatin1Char('\n');
+const QChar QUOTE = QLatin1Char('"');
+const QChar TAB = QLatin1Char('\t');
+const QChar LINE_FEED = QLatin1Char('\n');
 
 QString quoted(const QString& cell)
 {
-    if (!cell.contains(tab) && !cell.contains(lineFeed) && !cell.startsWith(quote)) {
+    if (!cell.contains(TAB) && !cell.contains(LINE_FEED) && !cell.startsWith(QUOTE)) {
         return cell;
     }
     QString doubled = cell;
-    doubled.replace(quote, QStringLiteral("\"\""));
-    return quote + doubled + quote;
+    doubled.replace(QUOTE, QStringLiteral("\"\""));
+    return QUOTE + doubled + QUOTE;
 }
 
 /// Reads one cell. @param at [in, out] where it begins; afterwards the place of what ends it
 QString readCell(const QString& text, int& at)
 {
     QString cell;
-    const bool isQuoted = at < text.size() && text.at(at) == quote && text.indexOf(quote, at + 1) >= 0;
+    const bool isQuoted = at < text.size() && text.at(at) == QUOTE && text.indexOf(QUOTE, at + 1) >= 0;
     if (isQuoted) {
         for (++at; at < text.size(); ++at) {
-            if (text.at(at) == quote && (at + 1 >= text.size() || text.at(at + 1) != quote)) {
+            if (text.at(at) == QUOTE && (at + 1 >= text.size() || text.at(at + 1) != QUOTE)) {
                 break;
             }
-            at += text.at(at) == quote ? 1 : 0;
+            at += text.at(at) == QUOTE ? 1 : 0;
             cell += text.at(at);
         }
         ++at;
     }
-    for (; at < text.size() && text.at(at) != tab && text.at(at) != lineFeed; ++at) {
+    for (; at < text.size() && text.at(at) != TAB && text.at(at) != LINE_FEED; ++at) {
         cell += text.at(at);
     }
     return cell;
@@ -47,11 +47,11 @@ QString toTabSeparated(const std::vector<QStringList>& block)
     for (const QStringList& line : block) {
         for (int i = 0; i < line.size(); ++i) {
             if (i > 0) {
-                text += tab;
+                text += TAB;
             }
             text += quoted(line.at(i));
         }
-        text += lineFeed;
+        text += LINE_FEED;
     }
     return text;
 }
@@ -59,8 +59,8 @@ QString toTabSeparated(const std::vector<QStringList>& block)
 std::vector<QStringList> fromTabSeparated(const QString& text)
 {
     QString plain = text;
-    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), lineFeed);
-    if (plain.endsWith(lineFeed)) {
+    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), LINE_FEED);
+    if (plain.endsWith(LINE_FEED)) {
         plain.chop(1);
     }
     std::vector<QStringList> block;
@@ -73,7 +73,7 @@ std::vector<QStringList> fromTabSeparated(const QString& text)
         if (at >= plain.size()) {
             return block;
         }
-        if (plain.at(at) == lineFeed) {
+        if (plain.at(at) == LINE_FEED) {
             block.emplace_back();
         }
     }

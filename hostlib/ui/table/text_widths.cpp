@@ -11,7 +11,7 @@ int TextWidths::of(const QString& text)
 {
     qreal width = 0.0;
     for (const QChar character : text) {
-        if (character.unicode() >= simpleCharacters) {
+        if (character.unicode() >= SIMPLE_CHARACTERS) {
             return static_cast<int>(std::ceil(m_metrics.horizontalAdvance(text)));
         }
         qreal& advance = m_advances[character.unicode()];

@@ -20,9 +20,9 @@ class TextWidths
     int of(const QString& text);
 
   private:
-    static constexpr ushort simpleCharacters = 256; // Latin-1: one glyph each
+    static constexpr ushort SIMPLE_CHARACTERS = 256; // Latin-1: one glyph each
 
     QFont m_font;
     QFontMetricsF m_metrics;
-    std::array<qreal, simpleCharacters> m_advances; ///< below 0: not measured yet
+    std::array<qreal, SIMPLE_CHARACTERS> m_advances; ///< below 0: not measured yet
 };

@@ -1,4 +1,4 @@
-// The base of all cells: flags, colours, roles, and what a change of the value tells.
+// The base of all cells: flags, colours and roles.
 
 #include <QApplication>
 #include <QBrush>
@@ -6,37 +6,30 @@
 
 #include <algorithm>
 
+#include "hostlib/ui/table/cell_access.h"
 #include "hostlib/ui/table/cell_cast.h"
 #include "hostlib/ui/table/column.h"
 #include "hostlib/ui/table/number_text.h"
 #include "hostlib/ui/table/table_private.h"
-#include "lcdata/values/roles.h"
 
 using Access = MRL_H_TwCellAccess;
+using mrl::table::ChangeReports;
 using mrl::table::numberLess;
+
+struct MRL_H_TwItem::Extra
+{
+    QString toolTip;
+    std::vector<std::pair<int, QVariant>> roles;
+};
+
+static_assert(Access::FirstFlag << 2 == Access::SecondFlag && Access::SecondFlag << 2 == Access::Unsorted,
+              "two bits for each flag role");
 
 namespace {
 
-constexpr Qt::ItemFlags editableFlags = Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled |
-                                        Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
-
-/// QTableWidgetItem::setFlags tells the table, which searches all its cells for the item once rows have
-/// moved. Assigning another item copies the flags and tells nobody. The cells of this layer keep nothing else
-/// in Qt's half of the item.
-void assignFlags(QTableWidgetItem& item, bool editable)
-{
-    static const QTableWidgetItem enabledItem = [] {
-        QTableWidgetItem i;
-        i.setFlags(editableFlags);
-        return i;
-    }();
-    static const QTableWidgetItem disabledItem = [] {
-        QTableWidgetItem i;
-        i.setFlags(editableFlags & ~Qt::ItemIsEditable);
-        return i;
-    }();
-    item.QTableWidgetItem::operator=(editable ? enabledItem : disabledItem);
-}
+/// Two bits of the state for each flag role of the column: its bool, and whether it was set.
+quint8 flagBit(int flag) { return static_cast<quint8>(Access::FirstFlag << (2 * flag)); }
+quint8 flagKnownBit(int flag) { return static_cast<quint8>(flagBit(flag) << 1); }
 
 /// The shade of cells that can't be edited, of the colours that the desktop gives to fields and windows.
 QBrush disabledShade()
@@ -72,14 +65,14 @@ MRL_H_TwItem::MRL_H_TwItem(int type, MRL_H_TwColumn* column)
     : MRL_QT_TableWidgetItem(type), m_column(MRL_H_TwColumn::acquire(column))
 {
     if (column != nullptr && !column->enabled) {
-        assignFlags(*this, false);
+        Access::applyFlags(*this);
     }
 }
 
 MRL_H_TwItem::~MRL_H_TwItem()
 {
     if ((m_state & Access::Unsorted) != 0 && m_column != nullptr && m_column->table != nullptr) {
-        MRL_H_TableWidget::Private::of(*m_column->table).forgetUnsorted(*this);
+        MRL_H_TableWidget::Private::of(*m_column->table).order.forget(*this);
     }
     MRL_H_TwColumn::release(m_column);
 }
@@ -94,16 +87,14 @@ const MRL_H_TwItem* MRL_H_TwItem::fromItem(const QTableWidgetItem* item)
     return castCell<const MRL_H_TwItem>(item, FirstCell, LastCell);
 }
 
-void MRL_H_TwCellAccess::applyFlags(MRL_H_TwItem& cell) { assignFlags(cell, cell.MRL_H_TwItem::isEnabled()); }
-
 void MRL_H_TwItem::setEnabled(bool enabled)
 {
     if (enabled == ((m_state & Access::Disabled) == 0)) {
         return;
     }
     m_state = static_cast<quint8>(m_state ^ Access::Disabled);
-    assignFlags(*this, isEnabled());
-    MRL_H_TableWidget::Private::looksChanged(*this);
+    Access::applyFlags(*this);
+    ChangeReports::tellLooks(*this);
 }
 
 bool MRL_H_TwItem::isEnabled() const
@@ -133,14 +124,12 @@ QVariant MRL_H_TwItem::data(int role) const
         break;
     case Qt::ToolTipRole:
         return m_extra ? QVariant(m_extra->toolTip) : QVariant();
-    case ROLE_ROW_VALID:
-        return (m_state & Access::RowValidKnown) != 0 ? QVariant((m_state & Access::RowValid) != 0)
-                                                      : QVariant();
-    case ROLE_FROM_ACTION:
-        return (m_state & Access::FromActionKnown) != 0 ? QVariant((m_state & Access::FromAction) != 0)
-                                                        : QVariant();
     default:
         break;
+    }
+    if (const int flag = m_column != nullptr ? m_column->flagOfRole(role) : -1;
+        flag >= 0 && (m_state & flagKnownBit(flag)) != 0) {
+        return (m_state & flagBit(flag)) != 0;
     }
     if (m_extra) {
         for (const auto& entry : m_extra->roles) {
@@ -154,10 +143,6 @@ QVariant MRL_H_TwItem::data(int role) const
 
 void MRL_H_TwItem::setData(int role, const QVariant& value)
 {
-    const auto setBits = [this](quint8 known, quint8 bit, const QVariant& v) {
-        const int without = m_state & ~(known | bit);
-        m_state = static_cast<quint8>(v.isValid() ? without | known | (v.toBool() ? bit : 0) : without);
-    };
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -171,15 +156,26 @@ void MRL_H_TwItem::setData(int role, const QVariant& value)
     case Qt::ToolTipRole:
         setToolTip(value.toString());
         return;
-    case ROLE_ROW_VALID:
-        setBits(Access::RowValidKnown, Access::RowValid, value);
-        return;
-    case ROLE_FROM_ACTION:
-        setBits(Access::FromActionKnown, Access::FromAction, value);
-        return;
     default:
-        setRole(role, value);
+        setRole(role, setFlag(role, value) ? QVariant() : value);
     }
+}
+
+/// Keeps a bool in the state where the column has a place for its role; any other value gives up what the
+/// state holds. @return true when the value is kept
+bool MRL_H_TwItem::setFlag(int role, const QVariant& value)
+{
+    const bool isFlag = value.type() == QVariant::Bool;
+    const int flag = m_column == nullptr ? -1
+                     : isFlag            ? m_column->takeFlag(role)
+                                         : m_column->flagOfRole(role);
+    if (flag < 0) {
+        return false;
+    }
+    const int without = m_state & ~(flagKnownBit(flag) | flagBit(flag));
+    const int now = isFlag ? without | flagKnownBit(flag) | (value.toBool() ? flagBit(flag) : 0) : without;
+    m_state = static_cast<quint8>(now);
+    return isFlag;
 }
 
 void MRL_H_TwItem::setRole(int role, const QVariant& value)
@@ -202,7 +198,7 @@ void MRL_H_TwItem::setRole(int role, const QVariant& value)
     }
     dropEmptyExtra();
     if (role < Qt::UserRole) {
-        MRL_H_TableWidget::Private::looksChanged(*this);
+        ChangeReports::tellLooks(*this);
     }
 }
 
@@ -226,7 +222,7 @@ void MRL_H_TwItem::setForeground(const QBrush& brush)
     }
     m_state = static_cast<quint8>((m_state & ~(Access::TextRed | Access::TextBlack)) | colour);
     setRole(Qt::ForegroundRole, colour != 0 || brush.style() == Qt::NoBrush ? QVariant() : QVariant(brush));
-    MRL_H_TableWidget::Private::looksChanged(*this);
+    ChangeReports::tellLooks(*this);
 }
 
 void MRL_H_TwItem::setToolTip(const QString& toolTip)
@@ -247,9 +243,9 @@ QVariant MRL_H_TwItem::value() const { return shownText(); }
 
 bool MRL_H_TwItem::assign(const QVariant&) { return false; }
 
-bool MRL_H_TwItem::enterText(const QString&, bool) { return false; }
+bool MRL_H_TwItem::enterText(const QString&, Entry) { return false; }
 
-void MRL_H_TwItem::valueChanged() { MRL_H_TableWidget::Private::valueChanged(*this); }
+void MRL_H_TwItem::valueChanged() { ChangeReports::tellValue(*this); }
 
 bool MRL_H_TwItem::operator<(const QTableWidgetItem& other) const
 {

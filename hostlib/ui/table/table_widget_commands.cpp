@@ -1,0 +1,116 @@
+// What the commands of a table do to its rows and cells.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+#include "hostlib/ui/table/cell_block.h"
+#include "hostlib/ui/table/row_moves.h"
+#include "hostlib/ui/table/selection.h"
+#include "hostlib/ui/table/tab_separated.h"
+#include "hostlib/ui/table/table_private.h"
+
+using mrl::table::Captions;
+
+namespace {
+
+void copyToClipboard(const QTableWidget& table, Captions captions)
+{
+    const std::vector<QStringList> block = mrl::table::selectedBlock(table, captions);
+    if (!block.empty()) {
+        QApplication::clipboard()->setText(mrl::table::toTabSeparated(block));
+    }
+}
+
+} // namespace
+
+void MRL_H_TableWidget::copySelection() { copyToClipboard(*this, Captions::Leave); }
+
+void MRL_H_TableWidget::copySelectionWithHeaders() { copyToClipboard(*this, Captions::Copy); }
+
+void MRL_H_TableWidget::pasteClipboard()
+{
+    const std::vector<QStringList> lines = mrl::table::fromTabSeparated(QApplication::clipboard()->text());
+    if (lines.empty()) {
+        return;
+    }
+    const mrl::table::Paste paste = mrl::table::plannedPaste(*this, lines);
+    if (!paste.cells.isEmpty()) {
+        selectionModel()->select(paste.cells, QItemSelectionModel::ClearAndSelect);
+    }
+    d->entry.enter(paste.entries);
+}
+
+void MRL_H_TableWidget::fillDown() { d->entry.enter(mrl::table::plannedFillDown(*this)); }
+
+void MRL_H_TableWidget::fitColumns() { resizeColumnsToContents(); }
+
+void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
+{
+    std::vector<int> kept;
+    kept.reserve(static_cast<std::size_t>(rowCount()));
+    std::vector<int> gone;
+    for (int row = 0; row < rowCount(); ++row) {
+        (rows.count(row) != 0 ? gone : kept).push_back(row);
+    }
+    if (gone.empty()) {
+        return;
+    }
+    // A selection that goes with its rows is not worth moving: every second row makes a range of its own.
+    const std::vector<int> selected = mrl::table::selectedRows(*this);
+    const bool selectionGoes =
+        !selected.empty() &&
+        std::all_of(selected.begin(), selected.end(), [&](int row) { return rows.count(row) != 0; });
+    if (selectionGoes) {
+        const QSignalBlocker quiet(selectionModel());
+        selectionModel()->clearSelection();
+    }
+    if (!kept.empty() && kept.back() > gone.front()) {
+        mrl::table::dropRows(*this, kept, gone);
+    }
+    model()->removeRows(static_cast<int>(kept.size()), static_cast<int>(gone.size()));
+    if (selectionGoes) {
+        emit selectionModel()->selectionChanged({}, {});
+    }
+}
+
+void MRL_H_TableWidget::setSortingEnabled(bool on)
+{
+    if (on == d->order.isOn()) {
+        return;
+    }
+    d->order.setOn(on);
+    QHeaderView* header = horizontalHeader();
+    header->setSortIndicatorShown(on);
+    // As in QTableView: a click on a header sorts in a sorted table, and selects the column in another one.
+    if (on) {
+        disconnect(header, SIGNAL(sectionPressed(int)), this, SLOT(selectColumn(int)));
+        disconnect(header, SIGNAL(sectionEntered(int)), this, SLOT(_q_selectColumn(int)));
+        connect(header, &QHeaderView::sortIndicatorChanged, &d->context,
+                [this](int column, Qt::SortOrder order) { sortByColumn(column, order); });
+        sortByColumn(header->sortIndicatorSection(), header->sortIndicatorOrder());
+    } else {
+        disconnect(header, &QHeaderView::sortIndicatorChanged, &d->context, nullptr);
+        connect(header, SIGNAL(sectionPressed(int)), this, SLOT(selectColumn(int)), Qt::UniqueConnection);
+        connect(header, SIGNAL(sectionEntered(int)), this, SLOT(_q_selectColumn(int)), Qt::UniqueConnection);
+    }
+}
+
+bool MRL_H_TableWidget::isSortingEnabled() const { return d->order.isOn(); }
+
+void MRL_H_TableWidget::sortByColumn(int column, Qt::SortOrder order)
+{
+    {
+        const QSignalBlocker noSecondSort(horizontalHeader());
+        horizontalHeader()->setSortIndicator(column, order);
+    }
+    horizontalHeader()->viewport()->update();
+    d->order.setOrder(column, order);
+    d->order.sort();
+}
+
+void MRL_H_TableWidget::sortItems(int column, Qt::SortOrder order) { sortByColumn(column, order); }
