@@ -56,8 +56,7 @@ class MRL_HOST_API MRL_QT_Application : public QApplication, public MRL_QT_Appli
 };
 
 /// Loads the translation of a library in the user's language. May be made before the application object
-/// exists, as a static object of a library: it then notes its wish, and the translation is installed when
-/// there is one.
+/// exists, as a static object of a library: the translation is then installed with the application.
 class MRL_HOST_API MRL_QT_InitTranslator
 {
   public:
@@ -86,7 +85,7 @@ class MRL_HOST_API MRL_QT_Dialog : public QDialog
     void restoreGeometry(int width, int height);
 
   protected:
-    /// The place of the geometry in the settings, in the stead of the object name under "Geometry".
+    /// Stores the geometry under this group and name instead of "Geometry" and the object name.
     void setGeometryKey(const QString& group, const QString& name);
     void hideEvent(QHideEvent* event) override;
 
@@ -104,9 +103,8 @@ class MRL_HOST_API MRL_QT_MessageBox
 {
   public:
     /// @param defaultButton index of the button that Enter presses
-    /// @param escapeButton index of the button that Esc presses; -1: Esc and the close button do nothing
-    /// where the
-    ///                     box has more than one button
+    /// @param escapeButton index of the button that Esc presses; -1: with more than one button Esc and the
+    /// close button do nothing
     /// @return the index of the button pressed
     static int information(QWidget* parent, const QString& title, const QString& text,
                            const QString& button0 = QString(), const QString& button1 = QString(),
@@ -133,7 +131,7 @@ class MRL_HOST_API MRL_QT_InfoText : public QFrame
     QString text() const;
 
   private:
-    QLabel* m_label; ///< child of this
+    QLabel* m_label;
 };
 
 /// The row of OK and Cancel buttons.
@@ -147,8 +145,8 @@ class MRL_HOST_API MRL_QT_Ok : public QWidget
     QPushButton* cmdCancel() const;
 
   private:
-    QPushButton* m_ok = nullptr;     ///< child of this
-    QPushButton* m_cancel = nullptr; ///< child of this
+    QPushButton* m_ok = nullptr;
+    QPushButton* m_cancel = nullptr;
 };
 
 class MRL_HOST_API MRL_QT_VBoxLayout : public QVBoxLayout
@@ -230,8 +228,8 @@ class MRL_HOST_API MRL_QT4_ComboBox : public QComboBox
     void addItem(const QString& text, int id);
     /// The id of the current item, -1 when there is none.
     int getCurrentId() const;
-    /// Makes the first item with this id current. @return false when there is none; the current item stays
-    /// then
+    /// Makes the first item with this id current. @return false when there is none; the current item then
+    /// stays
     bool setCurrentId(int id);
     /// True: the list is at least as wide as its widest text.
     void setWidthTextEnabled(bool on);
@@ -286,7 +284,7 @@ class MRL_HOST_API MRL_QT_BusyDialog : public QDialog
     void reject() override;
 
   private:
-    QLabel* m_label; ///< child of this
+    QLabel* m_label;
 };
 
 /// Blocks the signals of an object until unblock() or its own end. Blocks nest: the end of an inner one gives

@@ -24,7 +24,7 @@ using mrl::test::SampleDialog;
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
-constexpr int kGroup = 12;
+constexpr int GROUP = 12;
 
 /// While it lives, no file of this process can grow, as on a full disk.
 class FullDisk
@@ -61,14 +61,14 @@ class DialogSaving : public ::testing::Test
     bool put(int key, int value) const
     {
         const int length = sizeof value;
-        return mrl_cdb_put(database.db, kGroup, key, &value, &length, 0) == CD_OK;
+        return mrl_cdb_put(database.db, GROUP, key, &value, &length, 0) == CD_OK;
     }
     int get(int key) const
     {
         int value = -1;
         int length = sizeof value;
-        mrl_cdb_get(database.db, kGroup, key, &value, &length, 0);
-        mrl_cdb_free_ex(database.db, kGroup, key);
+        mrl_cdb_get(database.db, GROUP, key, &value, &length, 0);
+        mrl_cdb_free_ex(database.db, GROUP, key);
         return value;
     }
     std::unique_ptr<SampleDialog> open(std::function<void()> save)
@@ -106,7 +106,7 @@ TEST_F(DialogSaving, AnAcceptanceIsInTheFile)
     const auto other = cdb::openReadOnly(path.toStdString());
     int value = 0;
     int length = sizeof value;
-    EXPECT_EQ(mrl_cdb_get(other.db, kGroup, 1, &value, &length, 0), CD_OK);
+    EXPECT_EQ(mrl_cdb_get(other.db, GROUP, 1, &value, &length, 0), CD_OK);
     EXPECT_EQ(value, 11);
     cdb::close(other.db);
 }
@@ -192,7 +192,7 @@ TEST_F(DialogSaving, WhatCouldNotBeReadWhileTheDialogWasBuiltKeepsItFromSaving)
     corrupt(2);
     SampleDialog dialog(&parameter);
     dialog.onInit = [&] { EXPECT_EQ(get(2), -1); };
-    dialog.onSave = [&] { mrl_cdb_del(database.db, kGroup, 2); };
+    dialog.onSave = [&] { mrl_cdb_del(database.db, GROUP, 2); };
     dialog.initDialog();
     dialog.show();
     ModalAnswers answers;
@@ -242,7 +242,7 @@ TEST_F(DialogSaving, WhileAMessageWaitsAnotherProgramCanWrite)
     answers.then([&](QWidget* box) {
         const int value = 33;
         const int length = sizeof value;
-        EXPECT_EQ(mrl_cdb_put(other.db, kGroup, 3, &value, &length, 0), CD_OK);
+        EXPECT_EQ(mrl_cdb_put(other.db, GROUP, 3, &value, &length, 0), CD_OK);
         QTest::keyClick(box, Qt::Key_Return);
     });
     dialog->accept();

@@ -9,18 +9,18 @@
 
 namespace {
 
-constexpr int kCases = 12;
-constexpr int kCount = 400;
+constexpr int CASES = 12;
+constexpr int COUNT = 400;
 
 void makeState(int db, int state)
 {
     const int length = sizeof state;
-    const int last = state % 2 ? kCount : kCount / 2;
-    for (int lc = 1; lc <= kCount; ++lc) {
+    const int last = state % 2 ? COUNT : COUNT / 2;
+    for (int lc = 1; lc <= COUNT; ++lc) {
         if (lc <= last) {
-            mrl_cdb_put(db, kCases, lc, &state, &length, 0);
+            mrl_cdb_put(db, CASES, lc, &state, &length, 0);
         } else {
-            mrl_cdb_del(db, kCases, lc);
+            mrl_cdb_del(db, CASES, lc);
         }
     }
 }
@@ -36,7 +36,7 @@ int main(int argc, char** argv)
     if (!document.host().open(QString::fromLocal8Bit(argv[1]))) {
         return 3;
     }
-    document.addSaveKwh(kCases);
+    document.addSaveKwh(CASES);
     for (int state = 1;; ++state) {
         makeState(document.index(), state);
         if (document.host().save().outcome != mrl::ui::SaveOutcome::Saved) {

@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr int kPlain = 0;
-constexpr int kCompact = 1;
+constexpr int PLAIN = 0;
+constexpr int COMPACT = 1;
 
 TEST(Generators, TheHeadEndsWithALineThatMayBeDeleted)
 {
@@ -23,23 +23,23 @@ TEST(Generators, TheHeadEndsWithALineThatMayBeDeleted)
 
 TEST(Generators, AModuleOpensWithItsNameAndTitle)
 {
-    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "", "Actions", kPlain, 0),
+    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "", "Actions", PLAIN, 0),
               "MODULE TEMPLATE\nTITLE \"Actions\"\n");
-    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "part 1", "Actions", kPlain, 0),
+    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "part 1", "Actions", PLAIN, 0),
               "MODULE TEMPLATE \"part 1\"\nTITLE \"Actions\"\n");
 }
 
 TEST(Generators, ATitleStaysOnItsLineWhateverIsInIt)
 {
-    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "", "a \"b\"\nEND", kPlain, 0),
+    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "", "a \"b\"\nEND", PLAIN, 0),
               "MODULE TEMPLATE\nTITLE \"a \"\"b\"\" END\"\n");
 }
 
 TEST(Generators, TheCompactFormHasNoTitleAndNoBlankLine)
 {
-    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "", "Actions", kCompact, 0), "MODULE TEMPLATE\n");
-    EXPECT_EQ(mrl_h_generateENDE(kCompact), "END\n");
-    EXPECT_EQ(mrl_h_generateENDE(kPlain), "END\n\n");
+    EXPECT_EQ(mrl_h_generatePROG(nullptr, "TEMPLATE", "", "Actions", COMPACT, 0), "MODULE TEMPLATE\n");
+    EXPECT_EQ(mrl_h_generateENDE(COMPACT), "END\n");
+    EXPECT_EQ(mrl_h_generateENDE(PLAIN), "END\n\n");
 }
 
 } // namespace

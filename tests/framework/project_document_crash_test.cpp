@@ -13,16 +13,16 @@ namespace {
 
 namespace cdb = mrl::cdb;
 
-constexpr int kCases = 12;
-constexpr int kCount = 400;
-constexpr int kRounds = 40;
+constexpr int CASES = 12;
+constexpr int COUNT = 400;
+constexpr int ROUNDS = 40;
 
 int get(int db, int lc)
 {
     int value = 0;
     int length = sizeof value;
-    const auto result = mrl_cdb_get(db, kCases, lc, &value, &length, 0);
-    mrl_cdb_free_ex(db, kCases, lc);
+    const auto result = mrl_cdb_get(db, CASES, lc, &value, &length, 0);
+    mrl_cdb_free_ex(db, CASES, lc);
     return result == CD_OK ? value : 0;
 }
 
@@ -33,8 +33,8 @@ int stateOf(const QString& path)
     EXPECT_TRUE(static_cast<bool>(project)) << project.result.text;
     const int state = get(project.db, 1);
     bool whole = true;
-    for (int lc = 2; lc <= kCount; ++lc) {
-        const bool gone = state % 2 == 0 && lc > kCount / 2;
+    for (int lc = 2; lc <= COUNT; ++lc) {
+        const bool gone = state % 2 == 0 && lc > COUNT / 2;
         whole = whole && get(project.db, lc) == (gone ? 0 : state);
     }
     cdb::close(project.db);
@@ -48,7 +48,7 @@ TEST(DocumentCrash, AProcessKilledWhileSavingLeavesTheOldStateOrTheNewOne)
     cdb::close(cdb::create(path.toStdString()).db);
     std::mt19937 random(4711);
     std::uniform_int_distribution<int> microseconds(0, 12000);
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < ROUNDS; ++round) {
         QProcess saver;
         saver.start(QStringLiteral(MRL_DOCUMENT_SAVER), {path});
         ASSERT_TRUE(saver.waitForReadyRead());

@@ -17,8 +17,8 @@ using mrl::ui::SaveOutcome;
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
-constexpr int kCases = 12;
-constexpr int kActions = 14;
+constexpr int CASES = 12;
+constexpr int ACTIONS = 14;
 
 void put(int db, int kwh, int kwl, int value)
 {
@@ -45,10 +45,10 @@ class Document : public ::testing::Test
     {
         const auto made = cdb::create(path.toStdString());
         for (int lc = 1; lc <= 3; ++lc) {
-            put(made.db, kCases, lc, 10 * lc);
+            put(made.db, CASES, lc, 10 * lc);
         }
-        put(made.db, kActions, 70, 700);
-        put(made.db, kActions, 0x20202047, 35);
+        put(made.db, ACTIONS, 70, 700);
+        put(made.db, ACTIONS, 0x20202047, 35);
         EXPECT_TRUE(static_cast<bool>(cdb::setFact(made.db, "designcode", "EN1990.ini")));
         cdb::close(made.db);
         EXPECT_TRUE(static_cast<bool>(document.host().open(path)));
@@ -69,8 +69,8 @@ class Document : public ::testing::Test
 
 TEST_F(Document, HoldsEveryKeyOfItsProject)
 {
-    EXPECT_EQ(get(db(), kCases, 2), 20);
-    EXPECT_EQ(get(db(), kActions, 70), 700);
+    EXPECT_EQ(get(db(), CASES, 2), 20);
+    EXPECT_EQ(get(db(), ACTIONS, 70), 700);
     EXPECT_EQ(cdb::fact(db(), "designcode"), "EN1990.ini");
     EXPECT_TRUE(document.host().hasFile());
     EXPECT_EQ(document.host().path(), path);
@@ -79,108 +79,108 @@ TEST_F(Document, HoldsEveryKeyOfItsProject)
 
 TEST_F(Document, WhatIsWrittenInItStaysOutOfTheFileUntilItIsSaved)
 {
-    put(db(), kCases, 1, 11);
-    EXPECT_EQ(get(other, kCases, 1), 10);
-    document.addSaveKwh(kCases);
+    put(db(), CASES, 1, 11);
+    EXPECT_EQ(get(other, CASES, 1), 10);
+    document.addSaveKwh(CASES);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kCases, 1), 11);
+    EXPECT_EQ(get(other, CASES, 1), 11);
 }
 
 TEST_F(Document, SavingTakesKeysAwayThatAreGone)
 {
-    mrl_cdb_del(db(), kCases, 2);
-    put(db(), kCases, 4, 40);
-    document.addSaveKwh(kCases);
+    mrl_cdb_del(db(), CASES, 2);
+    put(db(), CASES, 4, 40);
+    document.addSaveKwh(CASES);
     ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kCases, 2), -1);
-    EXPECT_EQ(get(other, kCases, 3), 30);
-    EXPECT_EQ(get(other, kCases, 4), 40);
+    EXPECT_EQ(get(other, CASES, 2), -1);
+    EXPECT_EQ(get(other, CASES, 3), 30);
+    EXPECT_EQ(get(other, CASES, 4), 40);
 }
 
 TEST_F(Document, OnlyMarkedRangesAreSaved)
 {
-    put(db(), kActions, 70, 701);
-    put(db(), kActions, 0x20202047, 36);
-    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    put(db(), ACTIONS, 70, 701);
+    put(db(), ACTIONS, 0x20202047, 36);
+    document.addSaveKwh(ACTIONS, 0x20202020, 0x7a7a7a7a);
     ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kActions, 70), 700);
-    EXPECT_EQ(get(other, kActions, 0x20202047), 36);
+    EXPECT_EQ(get(other, ACTIONS, 70), 700);
+    EXPECT_EQ(get(other, ACTIONS, 0x20202047), 36);
     EXPECT_TRUE(document.host().hasChanges()); // of what nobody has marked
 }
 
 TEST_F(Document, ARangeMarkedTwiceIsMarkedOnce)
 {
-    document.addSaveKwh(kCases);
-    document.addSaveKwh(kCases);
+    document.addSaveKwh(CASES);
+    document.addSaveKwh(CASES);
     EXPECT_THAT(document.host().marks(), SizeIs(1));
 }
 
 TEST_F(Document, ARefreshTakesWhatAnotherProgramWrote)
 {
-    put(other, kCases, 1, 99);
-    mrl_cdb_del(other, kCases, 3);
-    put(other, kActions, 70, 999);
-    EXPECT_EQ(get(db(), kCases, 1), 10);
-    document.cdb2shadow(kCases, false);
-    EXPECT_EQ(get(db(), kCases, 1), 99);
-    EXPECT_EQ(get(db(), kCases, 3), -1);
-    EXPECT_EQ(get(db(), kActions, 70), 700); // another range
+    put(other, CASES, 1, 99);
+    mrl_cdb_del(other, CASES, 3);
+    put(other, ACTIONS, 70, 999);
+    EXPECT_EQ(get(db(), CASES, 1), 10);
+    document.cdb2shadow(CASES, false);
+    EXPECT_EQ(get(db(), CASES, 1), 99);
+    EXPECT_EQ(get(db(), CASES, 3), -1);
+    EXPECT_EQ(get(db(), ACTIONS, 70), 700); // another range
     EXPECT_FALSE(document.host().hasChanges());
     EXPECT_TRUE(static_cast<bool>(document.host().refreshFailure()));
 }
 
 TEST_F(Document, ARefreshGivesUpUnsavedChangesUnlessTheyAreToBeKept)
 {
-    put(other, kCases, 1, 99);
-    put(db(), kCases, 2, 21);
-    document.cdb2shadow(kCases, true);
-    EXPECT_EQ(get(db(), kCases, 2), 21);
-    document.cdb2shadow(kCases, false);
-    EXPECT_EQ(get(db(), kCases, 2), 20);
-    EXPECT_EQ(get(db(), kCases, 1), 99);
+    put(other, CASES, 1, 99);
+    put(db(), CASES, 2, 21);
+    document.cdb2shadow(CASES, true);
+    EXPECT_EQ(get(db(), CASES, 2), 21);
+    document.cdb2shadow(CASES, false);
+    EXPECT_EQ(get(db(), CASES, 2), 20);
+    EXPECT_EQ(get(db(), CASES, 1), 99);
 }
 
 TEST_F(Document, ARefreshOfARangeKeepsSightOfUnsavedChangesBesideIt)
 {
-    put(db(), kActions, 70, 701);
-    put(other, kActions, 0x20202047, 36);
-    document.cdb2shadow(kActions, 0x20202020, 0x7a7a7a7a, false);
-    EXPECT_EQ(get(db(), kActions, 0x20202047), 36);
-    EXPECT_EQ(get(db(), kActions, 70), 701);
+    put(db(), ACTIONS, 70, 701);
+    put(other, ACTIONS, 0x20202047, 36);
+    document.cdb2shadow(ACTIONS, 0x20202020, 0x7a7a7a7a, false);
+    EXPECT_EQ(get(db(), ACTIONS, 0x20202047), 36);
+    EXPECT_EQ(get(db(), ACTIONS, 70), 701);
     EXPECT_TRUE(document.host().hasChanges());
 }
 
 TEST_F(Document, ARangeThatWasNeverReadByItselfAsksWhenBothSidesHaveChangedItsGroup)
 {
-    put(db(), kActions, 70, 701);
-    put(other, kActions, 71, 711);
-    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    put(db(), ACTIONS, 70, 701);
+    put(other, ACTIONS, 71, 711);
+    document.addSaveKwh(ACTIONS, 0x20202020, 0x7a7a7a7a);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict); // better once too often
     EXPECT_EQ(document.host().save(OnConflict::Overwrite).outcome, SaveOutcome::Saved);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kActions, 71), 711);
+    EXPECT_EQ(get(other, ACTIONS, 71), 711);
 }
 
 TEST_F(Document, ARangeReadByItselfIsToldApartFromTheRestOfItsGroup)
 {
-    document.cdb2shadow(kActions, 0x20202020, 0x7a7a7a7a, false);
-    put(db(), kActions, 70, 701);
-    put(db(), kActions, 0x20202047, 36);
-    put(other, kActions, 71, 711);
-    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    document.cdb2shadow(ACTIONS, 0x20202020, 0x7a7a7a7a, false);
+    put(db(), ACTIONS, 70, 701);
+    put(db(), ACTIONS, 0x20202047, 36);
+    put(other, ACTIONS, 71, 711);
+    document.addSaveKwh(ACTIONS, 0x20202020, 0x7a7a7a7a);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kActions, 0x20202047), 36);
+    EXPECT_EQ(get(other, ACTIONS, 0x20202047), 36);
     EXPECT_TRUE(document.host().hasChanges()); // key 70
-    put(db(), kActions, 70, 700);
+    put(db(), ACTIONS, 70, 700);
     EXPECT_FALSE(document.host().hasChanges());
 }
 
 TEST_F(Document, ChangesAreSeenFromTheDatabaseItself)
 {
     EXPECT_FALSE(document.host().hasChanges());
-    put(db(), kCases, 1, 11);
+    put(db(), CASES, 1, 11);
     EXPECT_TRUE(document.host().hasChanges());
-    put(db(), kCases, 1, 10);
+    put(db(), CASES, 1, 10);
     EXPECT_FALSE(document.host().hasChanges());
     put(db(), 99, 1, 1);
     EXPECT_TRUE(document.host().hasChanges());
@@ -190,66 +190,66 @@ TEST_F(Document, ChangesAreSeenFromTheDatabaseItself)
 
 TEST_F(Document, AfterSavingThereAreNoChanges)
 {
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
     ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
     EXPECT_FALSE(document.host().hasChanges());
-    put(db(), kCases, 1, 12);
+    put(db(), CASES, 1, 12);
     ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved); // its own save is no conflict
-    EXPECT_EQ(get(other, kCases, 1), 12);
+    EXPECT_EQ(get(other, CASES, 1), 12);
 }
 
 TEST_F(Document, WhatAnotherProgramChangedInAMarkedRangeIsReportedAndNothingIsWritten)
 {
-    put(other, kCases, 3, 33);
-    put(db(), kCases, 1, 11);
-    put(db(), kActions, 70, 701);
-    document.addSaveKwh(kActions);
-    document.addSaveKwh(kCases);
+    put(other, CASES, 3, 33);
+    put(db(), CASES, 1, 11);
+    put(db(), ACTIONS, 70, 701);
+    document.addSaveKwh(ACTIONS);
+    document.addSaveKwh(CASES);
     const auto saved = document.host().save();
     EXPECT_EQ(saved.outcome, SaveOutcome::Conflict);
     ASSERT_THAT(saved.changed, SizeIs(1));
-    EXPECT_EQ(saved.changed[0].kwh, kCases);
-    EXPECT_EQ(get(other, kCases, 1), 10);
-    EXPECT_EQ(get(other, kActions, 70), 700);
+    EXPECT_EQ(saved.changed[0].kwh, CASES);
+    EXPECT_EQ(get(other, CASES, 1), 10);
+    EXPECT_EQ(get(other, ACTIONS, 70), 700);
 }
 
 TEST_F(Document, TheUserCanOverwriteWhatAnotherProgramChanged)
 {
-    put(other, kCases, 3, 33);
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
+    put(other, CASES, 3, 33);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
     ASSERT_EQ(document.host().save(OnConflict::Overwrite).outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kCases, 1), 11);
-    EXPECT_EQ(get(other, kCases, 3), 30);
+    EXPECT_EQ(get(other, CASES, 1), 11);
+    EXPECT_EQ(get(other, CASES, 3), 30);
     EXPECT_FALSE(document.host().hasChanges());
 }
 
 TEST_F(Document, WhatAnotherProgramChangedElsewhereIsNoConflictAndStays)
 {
-    put(other, kActions, 70, 999);
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
-    document.addSaveKwh(kActions, 0x20202020, 0x7a7a7a7a);
+    put(other, ACTIONS, 70, 999);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
+    document.addSaveKwh(ACTIONS, 0x20202020, 0x7a7a7a7a);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kActions, 70), 999);
+    EXPECT_EQ(get(other, ACTIONS, 70), 999);
 }
 
 TEST_F(Document, AChangeThatWasReadAgainIsNoConflict)
 {
-    put(other, kCases, 3, 33);
-    document.cdb2shadow(kCases, false);
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
+    put(other, CASES, 3, 33);
+    document.cdb2shadow(CASES, false);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
-    EXPECT_EQ(get(other, kCases, 3), 33);
+    EXPECT_EQ(get(other, CASES, 3), 33);
 }
 
 TEST_F(Document, AFileThatAnotherProgramHoldsFailsWithItsName)
 {
     cdb::setLockWait(document.host().file(), 0);
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
     {
         const cdb::Transaction held(other);
         const auto saved = document.host().save();
@@ -265,7 +265,7 @@ TEST_F(Document, AFileThatAnotherOneHasReplacedIsReadAnew)
 {
     const QString replacement = folder.filePath("new.cdb");
     const auto made = cdb::create(replacement.toStdString());
-    put(made.db, kCases, 1, 77);
+    put(made.db, CASES, 1, 77);
     cdb::close(made.db);
     cdb::close(other);
     other = -1;
@@ -275,13 +275,13 @@ TEST_F(Document, AFileThatAnotherOneHasReplacedIsReadAnew)
     }
     ASSERT_TRUE(QFile::rename(replacement, path));
 
-    put(db(), kCases, 2, 21);
-    document.addSaveKwh(kCases);
+    put(db(), CASES, 2, 21);
+    document.addSaveKwh(CASES);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict);
     EXPECT_EQ(document.host().save(OnConflict::Overwrite).outcome, SaveOutcome::Saved);
     other = cdb::open(path.toStdString()).db;
-    EXPECT_EQ(get(other, kCases, 2), 21);
-    EXPECT_EQ(get(other, kCases, 1), 10);
+    EXPECT_EQ(get(other, CASES, 2), 21);
+    EXPECT_EQ(get(other, CASES, 1), 10);
 }
 
 TEST_F(Document, AFileThatIsGoneFailsAndKeepsTheDocument)
@@ -289,29 +289,29 @@ TEST_F(Document, AFileThatIsGoneFailsAndKeepsTheDocument)
     cdb::close(other);
     other = -1;
     ASSERT_TRUE(QFile::remove(path));
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
     const auto saved = document.host().save();
     EXPECT_EQ(saved.outcome, SaveOutcome::Failed);
     EXPECT_THAT(saved.failure.text, HasSubstr("bridge.cdb"));
-    EXPECT_EQ(get(db(), kCases, 1), 11);
+    EXPECT_EQ(get(db(), CASES, 1), 11);
 }
 
 TEST_F(Document, SaveAsMakesAFileOfTheWholeDocumentAndGoesOnWithIt)
 {
-    put(db(), kCases, 1, 11);
-    document.addSaveKwh(kCases);
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
     const QString copy = folder.filePath("copy.cdb");
     ASSERT_TRUE(static_cast<bool>(document.host().saveAs(copy)));
     EXPECT_EQ(document.host().path(), copy);
     EXPECT_FALSE(document.host().hasChanges());
-    EXPECT_EQ(get(other, kCases, 1), 10); // the former file is as it was
-    put(db(), kCases, 2, 22);
+    EXPECT_EQ(get(other, CASES, 1), 10); // the former file is as it was
+    put(db(), CASES, 2, 22);
     ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
     const auto written = cdb::openReadOnly(copy.toStdString());
-    EXPECT_EQ(get(written.db, kCases, 1), 11);
-    EXPECT_EQ(get(written.db, kCases, 2), 22);
-    EXPECT_EQ(get(written.db, kActions, 70), 700);
+    EXPECT_EQ(get(written.db, CASES, 1), 11);
+    EXPECT_EQ(get(written.db, CASES, 2), 22);
+    EXPECT_EQ(get(written.db, ACTIONS, 70), 700);
     EXPECT_EQ(cdb::fact(written.db, "designcode"), "EN1990.ini");
     cdb::close(written.db);
 }
@@ -320,16 +320,16 @@ TEST_F(Document, SaveAsReplacesAProjectThatIsThere)
 {
     const QString copy = folder.filePath("copy.cdb");
     const auto made = cdb::create(copy.toStdString());
-    put(made.db, kCases, 500, 1);
+    put(made.db, CASES, 500, 1);
     put(made.db, 55, 5, 1);
     ASSERT_TRUE(cdb::setFact(made.db, "author", "somebody else"));
     cdb::close(made.db);
     ASSERT_TRUE(static_cast<bool>(document.host().saveAs(copy)));
     const auto written = cdb::openReadOnly(copy.toStdString());
-    EXPECT_EQ(get(written.db, kCases, 500), -1);
+    EXPECT_EQ(get(written.db, CASES, 500), -1);
     EXPECT_EQ(get(written.db, 55, 5), -1);
     EXPECT_EQ(cdb::fact(written.db, "author"), "");
-    EXPECT_EQ(get(written.db, kCases, 1), 10);
+    EXPECT_EQ(get(written.db, CASES, 1), 10);
     cdb::close(written.db);
 }
 
@@ -366,9 +366,9 @@ TEST_F(Document, SaveAsCarriesEveryRecordAndFactWhoeverOwnsIt)
 
 TEST_F(Document, SaveAsOnItsOwnFileIsASave)
 {
-    put(db(), kCases, 1, 11);
+    put(db(), CASES, 1, 11);
     ASSERT_TRUE(static_cast<bool>(document.host().saveAs(path)));
-    EXPECT_EQ(get(other, kCases, 1), 11);
+    EXPECT_EQ(get(other, CASES, 1), 11);
     EXPECT_FALSE(document.host().hasChanges());
 }
 
@@ -390,13 +390,13 @@ TEST_F(Document, SaveAsIntoAFolderThatIsNotThereFailsAndLeavesTheDocument)
 {
     EXPECT_FALSE(static_cast<bool>(document.host().saveAs(folder.filePath("no/such/folder.cdb"))));
     EXPECT_EQ(document.host().path(), path);
-    EXPECT_EQ(get(db(), kCases, 1), 10);
+    EXPECT_EQ(get(db(), CASES, 1), 10);
 }
 
 TEST_F(Document, AFileThatCannotBeOpenedLeavesTheDocumentThatIsOpen)
 {
     EXPECT_FALSE(static_cast<bool>(document.host().open(folder.filePath("missing.cdb"))));
-    EXPECT_EQ(get(db(), kCases, 1), 10);
+    EXPECT_EQ(get(db(), CASES, 1), 10);
 }
 
 TEST_F(Document, ClosingUnbindsIt)
@@ -413,10 +413,10 @@ TEST(NewDocument, HasNoFileUntilItIsSavedAs)
     MRL_H_ShadowDatabase document;
     ASSERT_TRUE(static_cast<bool>(document.host().create()));
     EXPECT_FALSE(document.host().hasFile());
-    put(document.index(), kCases, 1, 10);
+    put(document.index(), CASES, 1, 10);
     EXPECT_TRUE(document.host().hasChanges());
-    document.cdb2shadow(kCases, false); // there is nothing to refresh from
-    EXPECT_EQ(get(document.index(), kCases, 1), 10);
+    document.cdb2shadow(CASES, false); // there is nothing to refresh from
+    EXPECT_EQ(get(document.index(), CASES, 1), 10);
     EXPECT_EQ(document.host().save().outcome, SaveOutcome::Failed);
     ASSERT_TRUE(static_cast<bool>(document.host().saveAs(folder.filePath("new.cdb"))));
     EXPECT_TRUE(document.host().hasFile());
@@ -426,14 +426,14 @@ TEST(NewDocument, HasNoFileUntilItIsSavedAs)
 TEST(AttachedDocument, IsTheDatabaseAsItStands)
 {
     const auto database = cdb::openMemory();
-    put(database.db, kCases, 1, 10);
+    put(database.db, CASES, 1, 10);
     {
         MRL_H_ShadowDatabase document;
         document.attach(database.db);
-        document.cdb2shadow(kCases, false);
-        document.cdb2shadow(kActions, 0x20202020, 0x7a7a7a7a, false);
-        document.addSaveKwh(kCases);
-        EXPECT_EQ(get(document.index(), kCases, 1), 10);
+        document.cdb2shadow(CASES, false);
+        document.cdb2shadow(ACTIONS, 0x20202020, 0x7a7a7a7a, false);
+        document.addSaveKwh(CASES);
+        EXPECT_EQ(get(document.index(), CASES, 1), 10);
         EXPECT_EQ(document.host().save().outcome, SaveOutcome::Failed);
     }
     EXPECT_TRUE(cdb::isOpen(database.db)); // it isn't owned

@@ -7,14 +7,14 @@
 
 namespace {
 
-constexpr auto kAuto = static_cast<Qt::ConnectionType>(0);
+constexpr auto AUTO = static_cast<Qt::ConnectionType>(0);
 
 TEST(Connect, SignaturesAsQtWritesThemConnect)
 {
     QPushButton sender;
     QPushButton receiver;
     receiver.setCheckable(true);
-    ASSERT_TRUE(mrl_connect(&sender, SIGNAL(clicked()), &receiver, SLOT(toggle()), kAuto));
+    ASSERT_TRUE(mrl_connect(&sender, SIGNAL(clicked()), &receiver, SLOT(toggle()), AUTO));
     sender.click();
     EXPECT_TRUE(receiver.isChecked());
 }
@@ -23,11 +23,11 @@ TEST(Connect, BlanksInASignatureDoNotMatter)
 {
     QTabWidget tabs;
     QPushButton receiver;
-    ASSERT_TRUE(mrl_connect(&tabs, "2currentChanged ( int )", &receiver, "1deleteLater( )", kAuto));
+    ASSERT_TRUE(mrl_connect(&tabs, "2currentChanged ( int )", &receiver, "1deleteLater( )", AUTO));
     QPushButton first;
     QPushButton second;
     second.setCheckable(true);
-    ASSERT_TRUE(mrl_connect(&first, "2toggled( bool )", &second, "1setChecked( bool )", kAuto));
+    ASSERT_TRUE(mrl_connect(&first, "2toggled( bool )", &second, "1setChecked( bool )", AUTO));
     first.setCheckable(true);
     first.click();
     EXPECT_TRUE(second.isChecked());
@@ -39,8 +39,8 @@ TEST(Connect, ASignalCanTakeASignal)
     QPushButton second;
     QPushButton counted;
     counted.setCheckable(true);
-    ASSERT_TRUE(mrl_connect(&first, "2clicked( )", &second, "2clicked( )", kAuto));
-    ASSERT_TRUE(mrl_connect(&second, "2clicked( )", &counted, "1toggle( )", kAuto));
+    ASSERT_TRUE(mrl_connect(&first, "2clicked( )", &second, "2clicked( )", AUTO));
+    ASSERT_TRUE(mrl_connect(&second, "2clicked( )", &counted, "1toggle( )", AUTO));
     first.click();
     EXPECT_TRUE(counted.isChecked());
 }
@@ -51,7 +51,7 @@ void connectWrongly(const char* signal, const char* slot)
     qputenv("QT_FATAL_CRITICALS", "1");
     QPushButton sender;
     QPushButton receiver;
-    mrl_connect(&sender, signal, &receiver, slot, kAuto);
+    mrl_connect(&sender, signal, &receiver, slot, AUTO);
 }
 
 TEST(ConnectDeathTest, ASignalThatDoesNotExistIsNoticedAtOnce)

@@ -10,7 +10,7 @@
 namespace {
 
 // Before there is an application.
-const MRL_QT_InitTranslator texts("translator_probe");
+const MRL_QT_InitTranslator TEXTS("translator_probe");
 
 void print(const QString& text) { std::printf("%s\n", qUtf8Printable(text)); }
 

@@ -60,7 +60,7 @@ MRL_H_PluginParameter* MRL_H_Dialog::parameter() const { return d->parameter; }
 
 int MRL_H_Dialog::initDialog()
 {
-    auto* layout = new MRL_QT_VBoxLayout(this); // owned by this
+    auto* layout = new MRL_QT_VBoxLayout(this);
     const int result = createContents(layout);
     layout->addLayout(makeButtons());
     if (d->place.x() >= 0 && d->place.y() >= 0) {
@@ -80,19 +80,19 @@ QLayout* MRL_H_Dialog::makeButtons()
         connect(help, &QPushButton::clicked, this, [this] { showHelp(); });
         row->addWidget(help);
     }
-    auto* buttons = new MRL_QT_Ok(this, 3, "buttons"); // child of this
+    auto* buttons = new MRL_QT_Ok(this, 3, "buttons");
     connect(buttons->cmdOk(), &QPushButton::clicked, this, &MRL_H_Dialog::accept);
     connect(buttons->cmdCancel(), &QPushButton::clicked, this, &MRL_H_Dialog::reject);
     // Keys stay in a table while it has the focus, Return and Tab too; this is the way out of it without a
     // mouse.
     for (const char* keys : {"Ctrl+Return", "Ctrl+Enter"}) {
-        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this); // child of this
+        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this);
         connect(shortcut, &QShortcut::activated, buttons->cmdOk(), [ok = buttons->cmdOk()] {
             ok->setFocus(); // commits what is being edited
             ok->click();
         });
     }
-    auto* next = new QShortcut(QKeySequence(Qt::Key_F6), this); // child of this
+    auto* next = new QShortcut(QKeySequence(Qt::Key_F6), this);
     connect(next, &QShortcut::activated, this, [this] { focusNextPrevChild(true); });
     buttons->cmdOk()->setToolTip(tr("Saves and closes (Ctrl+Enter)"));
     row->addWidget(buttons, 1);

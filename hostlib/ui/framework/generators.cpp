@@ -5,7 +5,7 @@
 namespace {
 
 /// Bit of setting 108: no remarks and no titles, only what a module computes with.
-constexpr int kCompact = 1;
+constexpr int COMPACT = 1;
 
 // A title stands on one line between quotes.
 QString quoted(QString text)
@@ -33,7 +33,7 @@ QString mrl_h_generatePROG(MRL_H_PluginParameter*, const QString& module, const 
         block += QLatin1Char(' ') + quoted(text);
     }
     block += QLatin1Char('\n');
-    if (!(setting & kCompact) && !title.isEmpty()) {
+    if (!(setting & COMPACT) && !title.isEmpty()) {
         block += QStringLiteral("TITLE ") + quoted(title) + QLatin1Char('\n');
     }
     return block;
@@ -41,5 +41,5 @@ QString mrl_h_generatePROG(MRL_H_PluginParameter*, const QString& module, const 
 
 QString mrl_h_generateENDE(int setting)
 {
-    return setting & kCompact ? QStringLiteral("END\n") : QStringLiteral("END\n\n");
+    return setting & COMPACT ? QStringLiteral("END\n") : QStringLiteral("END\n\n");
 }

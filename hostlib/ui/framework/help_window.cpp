@@ -22,13 +22,13 @@ HelpWindow::HelpWindow(QWidget* owner)
     setAttribute(Qt::WA_DeleteOnClose);
     resize(fittingSize(QSize(760, 640), *this));
 
-    auto* layout = new QVBoxLayout(this); // owned by this
+    auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar());
     layout->addWidget(m_browser, 1);
     m_browser->setObjectName(QStringLiteral("help browser"));
     m_browser->setOpenExternalLinks(false);
-    constexpr int margin = 12;
-    m_browser->document()->setDocumentMargin(margin);
+    constexpr int MARGIN = 12;
+    m_browser->document()->setDocumentMargin(MARGIN);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &HelpWindow::followTitle);
 
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
@@ -91,9 +91,9 @@ QLayout* HelpWindow::makeBar()
     m_search->setObjectName(QStringLiteral("help search"));
     m_search->setPlaceholderText(tr("Word in this page"));
     // Room for the hint; a line edit by itself is as wide as some letters.
-    const int marginOfText = 24;
+    const int MARGIN_OF_TEXT = 24;
     m_search->setMinimumWidth(m_search->fontMetrics().horizontalAdvance(m_search->placeholderText()) +
-                              marginOfText);
+                              MARGIN_OF_TEXT);
     connect(m_search, &QLineEdit::returnPressed, this, &HelpWindow::find);
     bar->addWidget(m_search);
 

@@ -29,8 +29,8 @@ class HelpWindow : public QWidget
     void find();
     void followTitle();
 
-    QTextBrowser* m_browser; ///< child of this
-    QLineEdit* m_search;     ///< child of this
+    QTextBrowser* m_browser;
+    QLineEdit* m_search;
 };
 
 } // namespace mrl::ui

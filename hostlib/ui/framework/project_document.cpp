@@ -170,18 +170,18 @@ void MRL_H_ProjectDocument::mark(const cdb::KeyRange& range)
     }
 }
 
-void MRL_H_ProjectDocument::refresh(const cdb::KeyRange& range, bool keep)
+void MRL_H_ProjectDocument::refresh(const cdb::KeyRange& range, mrl::ui::UnsavedChanges unsaved)
 {
     if (m_file < 0) {
         return;
     }
-    const auto refreshed = refreshNow(range, keep);
+    const auto refreshed = refreshNow(range, unsaved);
     if (!refreshed && m_refreshFailure) {
         m_refreshFailure = refreshed;
     }
 }
 
-cdb::Result MRL_H_ProjectDocument::refreshNow(const cdb::KeyRange& range, bool keep)
+cdb::Result MRL_H_ProjectDocument::refreshNow(const cdb::KeyRange& range, mrl::ui::UnsavedChanges unsaved)
 {
     if (auto result = followFile(); !result) {
         return result;
@@ -193,7 +193,7 @@ cdb::Result MRL_H_ProjectDocument::refreshNow(const cdb::KeyRange& range, bool k
     if (auto result = m_state.differs(m_copy, range, edited); !result) {
         return result;
     }
-    if (keep && edited) {
+    if (unsaved == mrl::ui::UnsavedChanges::Keep && edited) {
         return {};
     }
     if (auto result = cdb::replaceRange(m_file, m_copy, range); !result) {

@@ -29,6 +29,9 @@ struct [[nodiscard]] SaveResult
 /// What saving does with ranges that another program has changed since.
 enum class OnConflict { Report, Overwrite };
 
+/// What refreshing does with a range of the document that holds unsaved changes.
+enum class UnsavedChanges { Keep, Discard };
+
 } // namespace mrl::ui
 
 /// A project that is open: its file, and a private copy of it in memory, the document, which it binds to the
@@ -46,10 +49,10 @@ class MRL_HOST_API MRL_H_ProjectDocument
     /// written is opened for reading.
     mrl::cdb::Result open(const QString& path);
 
-    /// Begins an empty document without a file; it gets one by saveAs.
+    /// Begins an empty document without a file; saveAs gives it one.
     mrl::cdb::Result create();
 
-    /// Lets go of the document and its file. Unsaved changes are lost.
+    /// Closes the document and its file. Unsaved changes are lost.
     void close();
 
     bool hasFile() const { return m_file >= 0; }
@@ -78,13 +81,15 @@ class MRL_HOST_API MRL_H_ProjectDocument
     /// The first failure of a refreshing since the document was opened.
     const mrl::cdb::Result& refreshFailure() const { return m_refreshFailure; }
 
-    void refresh(const mrl::cdb::KeyRange& range, bool keep);
+    /// Reads a range of the document anew from the file. Does nothing without a file.
+    void refresh(const mrl::cdb::KeyRange& range, mrl::ui::UnsavedChanges unsaved);
+    /// Marks a range for saving, once.
     void mark(const mrl::cdb::KeyRange& range);
 
   private:
     void adopt(int file, int copy, const QString& path, mrl::ui::SyncState state);
     mrl::cdb::Result followFile();
-    mrl::cdb::Result refreshNow(const mrl::cdb::KeyRange& range, bool keep);
+    mrl::cdb::Result refreshNow(const mrl::cdb::KeyRange& range, mrl::ui::UnsavedChanges unsaved);
     mrl::cdb::Result checkForConflicts(std::vector<mrl::cdb::KeyRange>& changed);
     mrl::cdb::Result writeMarks();
 

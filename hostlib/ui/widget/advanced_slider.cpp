@@ -10,8 +10,8 @@ struct MRL_QT_AdvancedSlider::Private
 {
     MRL_QT_AdvancedSlider* q;
     std::set<int> excluded;
-    mrl::ui::NumberSpinBox* input = nullptr; ///< child of q
-    QSlider* slider = nullptr;               ///< child of q
+    mrl::ui::NumberSpinBox* input = nullptr;
+    QSlider* slider = nullptr;
     int value = 0;
     bool telling = false;
 
@@ -101,7 +101,7 @@ MRL_QT_AdvancedSlider::MRL_QT_AdvancedSlider(QWidget* parent, int, const char* n
     d->slider->setAccessibleName(tr("Number"));
     d->input->setAccessibleName(tr("Number"));
 
-    auto* layout = new QHBoxLayout(this); // owned by this
+    auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(d->input);
     layout->addWidget(d->slider, 1);
@@ -115,7 +115,7 @@ MRL_QT_AdvancedSlider::MRL_QT_AdvancedSlider(QWidget* parent, int, const char* n
 
 MRL_QT_AdvancedSlider::~MRL_QT_AdvancedSlider()
 {
-    // Losing the focus on the way out ends an open editing, which nobody is there to hear of any more.
+    // Destroying the focused input commits its edit and emits; this object can no longer receive that.
     d->input->disconnect(this);
     d->slider->disconnect(this);
 }

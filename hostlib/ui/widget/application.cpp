@@ -25,7 +25,7 @@ bool storeValue(const QString& path, const QVariant& value)
 
 QString path(const QString& group, const QString& key) { return group + QLatin1Char('/') + key; }
 
-const QString kExperimental = QStringLiteral("General/experimental");
+const QString EXPERIMENTAL_KEY = QStringLiteral("General/experimental");
 
 } // namespace
 
@@ -37,7 +37,7 @@ bool MRL_QT_ApplicationInterface::experimentalOn()
     if (!wish.isEmpty()) {
         return wish != "0";
     }
-    return openSettings().value(kExperimental, false).toBool();
+    return openSettings().value(EXPERIMENTAL_KEY, false).toBool();
 }
 
 MRL_QT_Application::MRL_QT_Application(int& argc, char** argv) : QApplication(argc, argv) {}
@@ -70,6 +70,6 @@ void storeGeometry(const QString& group, const QString& key, const QByteArray& g
     storeValue(path(group, key), geometry);
 }
 
-void setExperimental(bool on) { storeValue(kExperimental, on); }
+void setExperimental(bool on) { storeValue(EXPERIMENTAL_KEY, on); }
 
 } // namespace mrl::ui

@@ -46,7 +46,7 @@ MRL_QT_BusyDialog::MRL_QT_BusyDialog(const QString& text, QWidget* parent, const
 {
     setObjectName(QString::fromLatin1(name));
     setWindowTitle(tr("Please wait"));
-    auto* layout = new QVBoxLayout(this); // owned by this
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 20, 24, 20);
     layout->addWidget(m_label);
     m_label->setTextFormat(Qt::PlainText);
@@ -69,13 +69,13 @@ void MRL_QT_BusyDialog::setVisible(bool visible)
     }
     // The work that follows runs no event loop, so the window must be there before it begins. The window
     // system needs a moment to map it; what the user types or clicks meanwhile stays in the queue.
-    constexpr qint64 patienceMs = 300;
+    constexpr qint64 PATIENCE_MS = 300;
     const PaintedLater beneath(parentWidget() ? parentWidget()->window() : nullptr);
     QElapsedTimer waited;
     waited.start();
     do {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
-    } while (windowHandle() && !windowHandle()->isExposed() && waited.elapsed() < patienceMs);
+    } while (windowHandle() && !windowHandle()->isExposed() && waited.elapsed() < PATIENCE_MS);
     repaint();
 }
 

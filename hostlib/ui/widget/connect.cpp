@@ -6,18 +6,18 @@
 namespace {
 
 // The digits that Qt's SIGNAL and SLOT put in front of a signature.
-constexpr char kSlotCode = '1';
-constexpr char kSignalCode = '2';
+constexpr char SLOT_CODE = '1';
+constexpr char SIGNAL_CODE = '2';
 
 QByteArray signature(const char* text) { return QMetaObject::normalizedSignature(text + 1); }
 
 int methodIndex(const QObject* object, const char* text)
 {
     const QMetaObject* meta = object->metaObject();
-    return text[0] == kSignalCode ? meta->indexOfSignal(signature(text)) : meta->indexOfSlot(signature(text));
+    return text[0] == SIGNAL_CODE ? meta->indexOfSignal(signature(text)) : meta->indexOfSlot(signature(text));
 }
 
-bool isReceiving(const char* text) { return text[0] == kSlotCode || text[0] == kSignalCode; }
+bool isReceiving(const char* text) { return text[0] == SLOT_CODE || text[0] == SIGNAL_CODE; }
 
 QString describe(const QObject* object, const char* text)
 {
@@ -31,7 +31,7 @@ QString connectionFault(const QObject* sender, const char* signal, const QObject
     if (!sender || !receiver || !signal || !slot) {
         return QStringLiteral("null sender, receiver or signature");
     }
-    if (signal[0] != kSignalCode || methodIndex(sender, signal) < 0) {
+    if (signal[0] != SIGNAL_CODE || methodIndex(sender, signal) < 0) {
         return QStringLiteral("no signal ") + describe(sender, signal);
     }
     if (!isReceiving(slot) || methodIndex(receiver, slot) < 0) {
@@ -51,7 +51,7 @@ bool mrl_connect(const QObject* sender, const char* signal, const QObject* recei
 {
     const QString fault = connectionFault(sender, signal, receiver, slot);
     if (fault.isEmpty()) {
-        const QByteArray from = kSignalCode + signature(signal);
+        const QByteArray from = SIGNAL_CODE + signature(signal);
         const QByteArray to = slot[0] + signature(slot);
         return QObject::connect(sender, from.constData(), receiver, to.constData(), type);
     }

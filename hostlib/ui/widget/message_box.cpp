@@ -49,7 +49,7 @@ void limitHeight(QMessageBox& box)
     int columns = 0;
     grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
     grid->removeWidget(label);
-    auto* area = new QScrollArea(&box); // child of the box
+    auto* area = new QScrollArea(&box);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -11,7 +11,7 @@ MRL_QT_InfoText::MRL_QT_InfoText(const QString& text, QWidget* parent, const cha
 {
     setObjectName(objectNameOf(name));
     setFrameShape(QFrame::StyledPanel);
-    auto* layout = new QVBoxLayout(this); // owned by this
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 4, 8, 4);
     layout->addWidget(m_label);
     m_label->setTextFormat(Qt::PlainText);
@@ -25,18 +25,18 @@ QString MRL_QT_InfoText::text() const { return m_label->text(); }
 
 MRL_QT_Ok::MRL_QT_Ok(QWidget* parent, int buttons, const char* name) : QWidget(parent)
 {
-    constexpr int withOk = 1;
-    constexpr int withCancel = 2;
+    constexpr int WITH_OK = 1;
+    constexpr int WITH_CANCEL = 2;
     setObjectName(objectNameOf(name));
-    auto* layout = new QHBoxLayout(this); // owned by this
+    auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch(1);
-    if (buttons & withOk) {
+    if (buttons & WITH_OK) {
         m_ok = new MRL_QT_PushButton(tr("OK"), this, "button_ok");
         m_ok->setDefault(true);
         layout->addWidget(m_ok);
     }
-    if (buttons & withCancel) {
+    if (buttons & WITH_CANCEL) {
         m_cancel = new MRL_QT_PushButton(tr("Cancel"), this, "button_cancel");
         layout->addWidget(m_cancel);
     }
