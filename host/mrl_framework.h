@@ -121,17 +121,16 @@ class MRL_HOST_API MRL_H_Plugin : public QObject
 };
 
 /// The base of the managers' dialogs: OK, Cancel and Help with F1, the saved geometry, and the order of the
-/// hooks. An acceptance is one database transaction on the document's database: when the check fails, nothing
-/// is written; when anything in the saving fails, the user is told, the database is as before and the dialog
-/// stays open.
+/// hooks. An acceptance is one database transaction on the document's database. When the check fails, nothing is
+/// written; when saving fails, the user is told, the database is as before and the dialog stays open.
 class MRL_HOST_API MRL_H_Dialog : public MRL_QT_Dialog
 {
     Q_OBJECT
   public:
     /// @param parameter outlives the dialog; its parent widget becomes the dialog's parent
     /// @param name under which the geometry is kept. @param group the group of that setting
-    /// @param help a Help button and F1. @param modeless false: modal. @param place negative position:
-    /// centred
+    /// @param help a Help button and F1. @param modeless false: modal
+    /// @param place centred when its position is negative
     MRL_H_Dialog(MRL_H_PluginParameter* parameter, const QString& name, const QString& group, bool help,
                  bool modeless, const QRect& place);
     ~MRL_H_Dialog() override;

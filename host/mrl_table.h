@@ -31,7 +31,7 @@ struct StructLineEdit
 {
     std::pair<int, int> kind{2, 0};
     int format = -15;   ///< 0 a whole number, -15 a text, -3 a plain factor
-    int precision = -1; ///< decimals of a number at the least; -1: as many as it needs
+    int precision = -1; ///< the least number of decimals; -1: as many as the number needs
     double value = 0.0;
     double firstBound = 99999.0; ///< below the second bound: the lowest value; above it: no limit
     /// The highest value; of a text the greatest number of characters, when above 0.
@@ -53,9 +53,11 @@ struct ComboList
     int reserved = -99999;
 };
 
-/// The text of a number. @param format -3. @param precision decimals at the least: 1.35, 0.70, 0.002, and as
-/// many as the single-precision value has, up to six significant digits. The undefined value -99999 gives an
-/// empty text.
+/// The text of a number: 1.35, 0.70, 0.002. The undefined value -99999 gives an empty text.
+///
+/// @param format 0 for a whole number, -3 for a factor in single precision
+/// @param precision the least number of decimals of a factor; it gets as many more as it needs, up to six
+/// significant digits
 MRL_HOST_API QString mrl_h_getDimStringFromVal(double value, int format, int precision);
 
 /// A line edit with a description.
@@ -120,14 +122,14 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
     static MRL_H_TwItem* fromItem(QTableWidgetItem* item);
     static const MRL_H_TwItem* fromItem(const QTableWidgetItem* item);
 
-    /// A column that its header disabled stays disabled, whatever its cells are told.
+    /// A cell of a disabled column stays disabled.
     void setEnabled(bool enabled) override;
     bool isEnabled() const override;
     QVariant data(int role) const override;
     /// Qt::DisplayRole and Qt::EditRole set the value, unbounded; a whole number is kept exactly.
     void setData(int role, const QVariant& value) override;
     bool operator<(const QTableWidgetItem& other) const override;
-    /// As QTableWidgetItem's, at next to no cost where nothing changes.
+    /// As QTableWidgetItem's, but cheap where nothing changes.
     void setForeground(const QBrush& brush);
     void setToolTip(const QString& toolTip);
 
@@ -229,8 +231,7 @@ class MRL_HOST_API MRL_H_TwSimpleComboBoxItem : public MRL_H_TwItem
     static MRL_H_TwSimpleComboBoxItem* fromItem(QTableWidgetItem* item);
     static const MRL_H_TwSimpleComboBoxItem* fromItem(const QTableWidgetItem* item);
 
-    /// @return false when the column's list has no such id; the cell keeps it all the same and shows the
-    /// number
+    /// @return false when the column's list has no such id; the cell still keeps it, and shows the number
     bool setCurrentId(int id);
     int getCurrentId() const { return m_id; }
 
@@ -256,7 +257,7 @@ class MRL_HOST_API MRL_H_TwHeaderItem : public MRL_QT_TableWidgetItem
     MRL_H_TwHeaderItem& operator=(const MRL_H_TwHeaderItem&) = delete;
 
     int id() const;
-    /// False: the cells of the column can't be edited, whatever they are told themselves.
+    /// False: the cells of the column can't be edited, even those that are enabled themselves.
     void setColumnEnabled(bool enabled);
     bool isColumnEnabled() const;
     /// A new cell of this column. The caller owns it until it is put into a table.
@@ -288,8 +289,8 @@ class MRL_HOST_API MRL_H_TwHeaderComboBoxItem : public MRL_H_TwHeaderItem
     MRL_H_TwItem* createEmptyItem() override;
     /// The entries that the cells of the column offer, all rows the same. @param row any
     std::list<ComboList> getComboEntries(int row) const;
-    /// Replaces what the cells offer, without changing their ids. A cell whose shown text changes thereby
-    /// reports `cellChanged`, unless the table's signals are blocked. In step with the number of entries, and
+    /// Replaces what the cells offer, without changing their ids. A cell whose shown text changes reports
+    /// `cellChanged`, unless the table's signals are blocked. The cost grows with the number of entries, and
     /// with the number of rows only where a text changes.
     void setComboEntries(const std::list<ComboList>& entries);
 };
@@ -315,8 +316,7 @@ class MRL_HOST_API MRL_QT_TableWidget : public QTableWidget
 };
 
 /// A table with column ids. It keeps itself sorted, but moves no row while a change is being reported or while
-/// a signal block or a sorting block lasts. Sorting is stable; numbers sort as numbers and texts by their code
-/// units.
+/// a signal block or a sorting block lasts. Sorting is stable: numbers by value, texts by their code units.
 ///
 /// A walk that changes cells of many rows without a signal block should hold a sorting block: otherwise each
 /// change of a cell in the sorted column moves its row when its report has returned.
@@ -358,7 +358,7 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     /// The menu with the standard entries of the table, owned by the table.
     virtual MRL_QT_Menu* getContextMenu();
 
-    /// These replace QTableView's: its own sorting, which moves rows in the middle of a report, stays off.
+    /// These replace QTableView's sorting, which would move rows in the middle of a report and stays off.
     void setSortingEnabled(bool on);
     bool isSortingEnabled() const;
     void sortByColumn(int column, Qt::SortOrder order);
@@ -401,10 +401,10 @@ class MRL_HOST_API MRL_H_TableWidgetBox : public QFrame
     MRL_H_TableWidgetBox(MRL_H_TableWidget* table, QWidget* parent, const char* name);
 };
 
-/// The delegate of such tables: makes the editors of the cells. A text or number is edited in a
+/// The delegate of such tables, which makes the editors of the cells. A text or number is edited in a
 /// MRL_H_LineEdit, a combo cell in a MRL_QT4_ComboBox, a MRL_H_TwEditableComboBoxItem in an editable
-/// MRL_QT4_ComboBox with a MRL_H_LineEdit inside. Return commits and moves down, Tab moves right, Esc discards
-/// the edit.
+/// MRL_QT4_ComboBox with a MRL_H_LineEdit inside. Return commits and moves down, Tab commits and moves right,
+/// Esc discards the edit.
 class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -25,9 +25,9 @@
 class QTableView;
 class MRL_QT_TableWidget;
 
-/// A connect by the textual signatures that Qt's SIGNAL and SLOT produce, such as "2clicked( )" and "1accept(
-/// )"; blanks in them don't matter. Fails loudly (assertion, or a critical message in builds without
-/// assertions) when a signature does not exist or the arguments don't fit.
+/// Connects by the signatures that Qt's SIGNAL and SLOT produce, such as "2clicked()" and "1accept()"; blanks
+/// in them don't matter. Fails with an assertion, or with a critical message in builds without assertions, when
+/// a signature does not exist or the arguments don't fit.
 MRL_HOST_API bool mrl_connect(const QObject* sender, const char* signal, const QObject* receiver,
                               const char* slot, Qt::ConnectionType type);
 
@@ -228,8 +228,7 @@ class MRL_HOST_API MRL_QT4_ComboBox : public QComboBox
     void addItem(const QString& text, int id);
     /// The id of the current item, -1 when there is none.
     int getCurrentId() const;
-    /// Makes the first item with this id current. @return false when there is none; the current item then
-    /// stays
+    /// Makes the first item with this id current. @return false, and no change, when there is none
     bool setCurrentId(int id);
     /// True: the list is at least as wide as its widest text.
     void setWidthTextEnabled(bool on);
@@ -249,7 +248,7 @@ class MRL_HOST_API MRL_QT_AdvancedSlider : public QWidget
     ~MRL_QT_AdvancedSlider() override;
 
     void setRange(int lowest, int highest, int step);
-    /// Shows a number. With the signals blocked it isn't corrected, and nothing is told.
+    /// Shows a number. While the signals are blocked it is not corrected, and no signal is emitted.
     void setDisplayValue(double value);
     double getDisplayValue() const;
     /// True: the input is as wide as the longest number of the range.
@@ -287,9 +286,9 @@ class MRL_HOST_API MRL_QT_BusyDialog : public QDialog
     QLabel* m_label;
 };
 
-/// Blocks the signals of an object until unblock() or its own end. Blocks nest: the end of an inner one gives
-/// back the state that it found. The items of a MRL_H_TableWidget gather their changes meanwhile; when the
-/// last block of the table ends, it catches up at once.
+/// Blocks the signals of an object until unblock() or its own end. Blocks nest: the end of an inner one restores
+/// the state that it found. A MRL_H_TableWidget remembers that its cells have changed meanwhile; when the last
+/// block of the table ends, it repaints and sorts once.
 class MRL_HOST_API MRL_QT_SignalBlocker
 {
   public:
@@ -319,7 +318,7 @@ class MRL_HOST_API MRL_QT_UpdateBlocker
     bool m_before;
 };
 
-/// Blocks the sorting of a table; otherwise like MRL_QT_SignalBlocker. A table that was sorted is so again
+/// Blocks the sorting of a table; otherwise like MRL_QT_SignalBlocker. A table that was sorted is sorted again
 /// when the last block ends.
 class MRL_HOST_API MRL_QT_SortingBlocker
 {

@@ -17,7 +17,7 @@ struct MRL_H_Dialog::Private
     bool withHelp = false;
     bool accepting = false;
     bool accepted = false;
-    cdb::Result loadFailure; ///< a read error since the dialog was built: it doesn't show all that there is
+    cdb::Result loadFailure; ///< a read error since the dialog was built, which therefore shows only a part
 
     int database() const { return parameter && parameter->document ? parameter->document->index() : -1; }
 };
@@ -83,8 +83,7 @@ QLayout* MRL_H_Dialog::makeButtons()
     auto* buttons = new MRL_QT_Ok(this, 3, "buttons");
     connect(buttons->cmdOk(), &QPushButton::clicked, this, &MRL_H_Dialog::accept);
     connect(buttons->cmdCancel(), &QPushButton::clicked, this, &MRL_H_Dialog::reject);
-    // Keys stay in a table while it has the focus, Return and Tab too; this is the way out of it without a
-    // mouse.
+    // A table that has the focus keeps Return and Tab to itself; these keys leave it without a mouse.
     for (const char* keys : {"Ctrl+Return", "Ctrl+Enter"}) {
         auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this);
         connect(shortcut, &QShortcut::activated, buttons->cmdOk(), [ok = buttons->cmdOk()] {

@@ -21,7 +21,7 @@ QString mrl_h_generateAutomatic(const QString& title)
 {
     const QString remark = QCoreApplication::translate("MRL_H_Generators",
                                                        "made anew with each run, changes made here are lost");
-    // The last line only parts the head from what follows; callers may delete it.
+    // The last line only separates the head from what follows; callers may delete it.
     return QStringLiteral("# %1\n# %2\n#\n").arg(title, remark);
 }
 

@@ -38,7 +38,7 @@ bool sameRange(const cdb::KeyRange& a, const cdb::KeyRange& b)
     return a.kwh == b.kwh && a.first == b.first && a.last == b.last;
 }
 
-/// Closes a database that nobody has taken over, and removes the file that was made for it.
+/// Unless claimed, closes a database at its end, and removes the file that was made for it.
 class Unclaimed
 {
   public:
@@ -274,7 +274,7 @@ mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
     if (auto result = transaction.commit(); !result) {
         return {SaveOutcome::Failed, result, {}};
     }
-    // The project is saved. Should this fail, the document only counts as changed still.
+    // The project is saved. If this fails, the document only counts as changed.
     for (const auto& range : m_marks) {
         (void)m_state.note(m_copy, range);
     }

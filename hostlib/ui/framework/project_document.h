@@ -62,15 +62,14 @@ class MRL_HOST_API MRL_H_ProjectDocument
     /// The file of the project, empty while there is none.
     QString path() const { return m_path; }
 
-    /// Does the document, as it stands in its database, differ from what was read or saved last?
-    /// A document that can't be read counts as changed.
+    /// True if the document differs from what was read or saved last, or can't be read.
     bool hasChanges() const;
 
     /// What the plug-ins and the workbench have marked for saving.
     const std::vector<mrl::cdb::KeyRange>& marks() const { return m_marks; }
 
-    /// Makes the marked ranges of the file equal to the document's, keys that are gone included, in one
-    /// transaction.
+    /// Makes the marked ranges of the file equal to the document's in one transaction; keys that the document
+    /// no longer has are deleted.
     mrl::ui::SaveResult save(mrl::ui::OnConflict onConflict = mrl::ui::OnConflict::Report);
 
     /// Writes the whole document to another file, in one transaction, and goes on with that file. A project

@@ -17,9 +17,9 @@ class SyncState
     /// From now on everything that the database holds counts as common.
     mrl::cdb::Result reset(int db);
 
-    /// Cuts the pieces at the ends of a range, so that it is asked and noted exactly. The fingerprints of the
-    /// parts come from the database that still is as it was, document or file; when both have changed, the
-    /// parts are unknown, and count as changed on both sides.
+    /// Cuts the pieces at the ends of a range, so that it can be compared and noted by itself. The fingerprints
+    /// of the parts come from the database that is still unchanged, document or file; when both have changed,
+    /// the parts are unknown, and count as changed on both sides.
     mrl::cdb::Result cut(const mrl::cdb::KeyRange& range, int document, int file);
 
     /// Does a database differ from what was common, in this range?

@@ -10,7 +10,8 @@ struct MRL_H_TwCellAccess
         Disabled = 1 << 0,
         TextRed = 1 << 1,
         TextBlack = 1 << 2,
-        FirstFlag = 1 << 3, ///< of the column's first flag role: its bool, and in the next bit whether it was set
+        FirstFlag =
+            1 << 3, ///< of the column's first flag role: its bool, and in the next bit whether it was set
         SecondFlag = 1 << 5, ///< the same for the second one
         Unsorted = 1 << 7    ///< the table knows that the cell may stand in the wrong row
     };

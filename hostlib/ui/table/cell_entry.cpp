@@ -21,8 +21,8 @@ bool enterInto(MRL_H_TwItem& cell, const Entry& entry, MRL_H_TwItem::Entry mode)
     return combo != nullptr && MRL_H_TwCellAccess::enterId(*combo, *entry.id, mode);
 }
 
-/// Narrows the selection to the cell that is being reported, and gives it back; tells nobody. Whoever judges
-/// the selected rows at each report judges each row once so, and not all rows each time.
+/// Narrows the selection to the cell that is being reported, and restores it, without a signal. A receiver that
+/// judges the selected rows at each report thus judges each row once, and not all rows each time.
 class NarrowedSelection
 {
   public:
@@ -118,7 +118,7 @@ void CellEntry::enterFromEditor(const Entry& entry)
 void CellEntry::leaveEditor(int rows, int columns, const std::function<void()>& commit)
 {
     const QPointer<MRL_H_TableWidget> alive(&m_table);
-    // Taken before the entry, which may sort: whoever fills a column goes on with the cell that stood below.
+    // Taken before the entry, which may sort: filling a column goes on with the cell that stood below.
     const QPersistentModelIndex next = neighbour(m_table, m_table.currentIndex(), rows, columns);
     m_reachedManyRows = false;
     commit();

@@ -74,7 +74,7 @@ void ChangeReports::noteLooks()
     }
 }
 
-/// Not everybody blocks signals with this library's blocker, which calls catchUp() itself.
+/// Signals can also be blocked without this library's blocker, which calls catchUp() itself.
 void ChangeReports::catchUpLater()
 {
     if (m_catchUpPosted) {

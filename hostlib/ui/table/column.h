@@ -36,8 +36,7 @@ struct MRL_H_TwColumn
     QHash<int, QString> textsById() const;
     /// The ids whose text is another one than before.
     QSet<int> idsOfOtherText(const QHash<int, QString>& before) const;
-    /// The first entry with this text, exactly, else without regard to blanks around it and case. Null for
-    /// none.
+    /// The first entry with exactly this text, else with this text but for case and blanks around it; or null.
     const ComboList* entryOfText(const QString& text) const;
     /// The place of a role among the flag roles, -1 when it is none.
     int flagOfRole(int role) const;

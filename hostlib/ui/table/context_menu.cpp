@@ -51,7 +51,8 @@ void ContextMenu::build()
         [this] { m_table.copySelectionWithHeaders(); });
     add(Table::tr("Paste"), QKeySequence::Paste, PASTE, [this] { m_table.pasteClipboard(); });
     add(Table::tr("Fill down"), fillDownKey(), FILL_DOWN, [this] { m_table.fillDown(); });
-    add(Table::tr("Select all"), QKeySequence::SelectAll, "table select all", [this] { m_table.selectAll(); });
+    add(Table::tr("Select all"), QKeySequence::SelectAll, "table select all",
+        [this] { m_table.selectAll(); });
     add(Table::tr("Fit columns"), QKeySequence(), "table fit columns", [this] { m_table.fitColumns(); });
     if (!m_newDeleteEntries) {
         return;

@@ -1,4 +1,4 @@
-// Cells of texts and numbers, and of numbers that may be somebody else's.
+// Cells of texts and numbers, and of numbers that need not be the cell's own.
 
 #include <cmath>
 
@@ -127,7 +127,7 @@ bool MRL_H_TwSimpleLineEditItem::enterText(const QString& text, Entry entry)
     return entry == Entry::Try ? !sameNumber(m_number, column()->kept(*number)) : assignNumber(*number);
 }
 
-// ---- numbers that may be somebody else's
+// ---- numbers that need not be the cell's own
 
 MRL_H_TwEditableComboBoxItem::MRL_H_TwEditableComboBoxItem(const MRL_H_TwHeaderLineEditItem& header)
     : MRL_H_TwSimpleLineEditItem(EditableComboBoxCell, header)

@@ -8,8 +8,7 @@ namespace mrl::table {
 
 /// By which column a table is sorted, and which of its rows may stand wrong.
 ///
-/// Up to a few changed rows are moved one by one, each for one shift of the model's cells; more are sorted at
-/// once.
+/// A few changed rows are moved one by one, each for one shift of the model's cells; more are sorted at once.
 class RowOrder
 {
   public:

@@ -27,8 +27,7 @@ std::vector<RowOrder::Stray> RowOrder::takeStrays()
     return strays;
 }
 
-/// Finds how many of the rows that stand right come before a stray. Equal ones keep the order in which they
-/// stand.
+/// Finds how many of the rows that stand right come before a stray. Equal ones keep their order.
 /// @param strays all of them, ascending by row
 /// @return false when a row without a cell was met, which can't be compared
 bool RowOrder::findPlace(Stray& stray, const std::vector<Stray>& strays) const

@@ -28,7 +28,8 @@ void sortByKeys(std::vector<int>& rows, const std::vector<Key>& keys, Qt::SortOr
 }
 
 /// Keys taken once: comparing through the cells would touch their memory at every comparison.
-template <typename Key, typename KeyOf> std::vector<Key> keysOf(const Cells& cells, KeyOf keyOf)
+template <typename Key, typename KeyOf>
+std::vector<Key> keysOf(const Cells& cells, KeyOf keyOf)
 {
     std::vector<Key> keys(cells.size());
     std::transform(cells.begin(), cells.end(), keys.begin(), keyOf);
@@ -76,8 +77,7 @@ std::vector<int> sortedRows(const QTableWidget& table, int column, Qt::SortOrder
     std::vector<int> rows(static_cast<std::size_t>(table.rowCount()));
     std::iota(rows.begin(), rows.end(), 0);
     Cells cells(rows.size());
-    std::transform(rows.begin(), rows.end(), cells.begin(),
-                   [&](int row) { return table.item(row, column); });
+    std::transform(rows.begin(), rows.end(), cells.begin(), [&](int row) { return table.item(row, column); });
     if (std::all_of(cells.begin(), cells.end(), isNumberCell)) {
         sortNumbers(rows, cells, order);
     } else if (std::all_of(cells.begin(), cells.end(), isCell)) {

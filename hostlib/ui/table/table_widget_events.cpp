@@ -96,8 +96,7 @@ void MRL_H_TableWidget::mouseReleaseEvent(QMouseEvent* event)
 void MRL_H_TableWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
     MRL_QT_TableWidget::selectionChanged(selected, deselected);
-    // A header that emphasises selected rows walks through all pieces of the selection for each row it
-    // paints.
+    // A header that emphasises selected rows walks through all pieces of the selection for each painted row.
     const bool emphasise = selectionModel()->selection().size() <= MOST_EMPHASISED_RANGES;
     for (QHeaderView* header : {horizontalHeader(), verticalHeader()}) {
         if (header->highlightSections() != emphasise) {

@@ -45,7 +45,7 @@ int MRL_QT_AdvancedSlider::Private::corrected(int wanted) const
     return below >= input->minimum() ? below : inRange;
 }
 
-// A step goes on in its own direction: stepping down onto a number that is excluded would be stuck otherwise.
+// A step goes on in its own direction: otherwise stepping down onto an excluded number would get stuck.
 int MRL_QT_AdvancedSlider::Private::stepped(int from, int steps) const
 {
     const qint64 target = qint64(from) + qint64(steps) * input->singleStep();
@@ -145,7 +145,7 @@ void MRL_QT_AdvancedSlider::setDisplayValue(double value)
 
 double MRL_QT_AdvancedSlider::getDisplayValue() const
 {
-    // A number that was typed and not yet left counts too; while it is being told it is still the old one.
+    // A typed number counts before the editing ends; while its change is being signalled the old one does.
     if (!d->telling) {
         d->input->interpretText();
     }

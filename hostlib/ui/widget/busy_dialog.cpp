@@ -7,8 +7,7 @@
 
 namespace {
 
-/// Puts the painting of a window off while this lives: what the work is about to change need not be painted
-/// before it.
+/// While it lives, a window is not painted: the work is about to change what it shows.
 class PaintedLater : public QObject
 {
   public:
@@ -79,5 +78,5 @@ void MRL_QT_BusyDialog::setVisible(bool visible)
     repaint();
 }
 
-// Only the work ends it, by hide().
+// Only hide(), called when the work is done, closes it.
 void MRL_QT_BusyDialog::reject() {}

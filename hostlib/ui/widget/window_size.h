@@ -8,7 +8,7 @@ class QWidget;
 
 namespace mrl::ui {
 
-/// The size for a new window: the one wished for, as far as its screen has room for it and for its frame.
+/// The size for a new window: the wanted one, cut to what its screen has room for together with the frame.
 MRL_HOST_API QSize fittingSize(const QSize& wish, const QWidget& window);
 
 /// Shrinks and moves a window whose place was restored, perhaps from a larger screen, until the screen that
