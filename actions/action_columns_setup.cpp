@@ -21,8 +21,8 @@ std::list<ComboList> comboList(const List& entries)
     return list;
 }
 
-/// The description of a text column (format -15) or of a factor (format -3). Its bounds set no limit: the
-/// first lies above the second, and what is out of range is told by the rules, not refused by the cell.
+/// The description of a text column (format -15) or of a factor (format -3). Its first bound lies above the
+/// second, so that the cell refuses nothing: the rules judge the range.
 StructLineEdit description(int format, int precision)
 {
     StructLineEdit result;
@@ -35,7 +35,7 @@ StructLineEdit description(int format, int precision)
 void createComboHeader(MRL_H_TableWidget* table, int id, const std::list<ComboList>& entries,
                        const QString& caption, const QString& toolTip)
 {
-    // Child of the table; the fixed columns stand at the places that their ids count.
+    // The ids of the fixed columns count their positions.
     table->setHorizontalHeaderItem(
         id - ACT_COL_ACTION,
         new MRL_H_TwHeaderComboBoxItem(id, entries, caption, toolTip, true, Qt::AlignLeft));

@@ -37,7 +37,6 @@ LCM_ActionsWidget::~LCM_ActionsWidget() { model->release(); }
 void LCM_ActionsWidget::createWidgets()
 {
     modified = false;
-    // Layouts and widgets below become children of this.
     auto* outer = new MRL_QT_VBoxLayout;
     setLayout(outer);
     setupTable();
@@ -52,7 +51,7 @@ void LCM_ActionsWidget::createWidgets()
 
 void LCM_ActionsWidget::createCommands()
 {
-    // Stands in no menu, so nobody reads its text.
+    // The text stands in no menu.
     auto* remove =
         new MRL_QT_Action(QStringLiteral("entf-action"), QKeySequence(Qt::Key_Delete), this, nullptr);
     mrl_connect(remove, "2triggered( bool )", this, "1slot_deleteClicked( )", Qt::AutoConnection);
@@ -69,9 +68,9 @@ void LCM_ActionsWidget::createCommands()
 
 QBoxLayout* LCM_ActionsWidget::createButtons(QWidget* box)
 {
-    auto* column = new MRL_QT_VBoxLayout; // goes to the caller's layout
+    auto* column = new MRL_QT_VBoxLayout;
     const auto addButton = [this, box, column](const QString& text, const char* name, const char* slot) {
-        auto* button = new MRL_QT_PushButton(text, box, name); // child of the box
+        auto* button = new MRL_QT_PushButton(text, box, name);
         button->setFocusPolicy(Qt::TabFocus);
         mrl_connect(button, "2clicked( )", this, slot, Qt::AutoConnection);
         column->addWidget(button);
@@ -132,16 +131,16 @@ void LCM_ActionsWidget::readAllRows(std::vector<tagCDB_LC_ACT>& actions)
 
 const std::map<int, tagCDB_LC_ACT>& LCM_ActionsWidget::getActionMap()
 {
-    if (rowCacheDirty) {
-        rowCache.clear();
+    if (m_rowCacheDirty) {
+        m_rowCache.clear();
         tagCDB_LC_ACT action;
         for (int row = 0; row < table->rowCount(); ++row) {
             const int code = readRow(row, action);
-            rowCache[code] = action;
+            m_rowCache[code] = action;
         }
-        rowCacheDirty = false;
+        m_rowCacheDirty = false;
     }
-    return rowCache;
+    return m_rowCache;
 }
 
 bool LCM_ActionsWidget::findAction(int code, tagCDB_LC_ACT& action)

@@ -46,15 +46,14 @@ class LCM_ActionsWidget : public LCM_TabInterface
     bool actionExists(int code);
     /// Whether the design code shows a factor column other than that of `Gama`.
     bool hasFactorColumns() const;
-    /// The action codes of the selected rows. @param codes [out] is replaced; -1 stands for a row without a
-    /// code
+    /// @param codes [out] the action codes of the selected rows; -1 stands for a row without a code
     void getSelectedActionCodes(std::set<int>& codes) const;
 
     MRL_LC_ActionsTable* actionsTable() const { return m_actionsTable; }
 
   signals:
     void signal_newAction();
-    /// Nobody emits it; it stays for those who connect to it.
+    /// Never emitted; kept for callers that connect to it.
     void signal_deleteAction();
     /// Rows came or went.
     void signal_actionCountChanged();
@@ -70,7 +69,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
     void slot_newClicked();
     /// Deletes the selected actions; asks first where load cases use them.
     void slot_deleteClicked();
-    /// Judges the selected rows and tells of the change.
+    /// Judges the selected rows and emits signal_actionValuesChanged.
     void slot_cellChanged(int row, int col);
     /// Puts every row that the design code knows back to its values.
     void slot_reInitAllActions();
@@ -82,8 +81,6 @@ class LCM_ActionsWidget : public LCM_TabInterface
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
-    struct Deletion;
-
     void setupTable();
     void createCommands();
     QBoxLayout* createButtons(QWidget* box);
@@ -94,18 +91,13 @@ class LCM_ActionsWidget : public LCM_TabInterface
     bool checkRow(const LCM_RowCells& cells);
     void appendRow(const tagCDB_LC_ACT& action);
 
-    Deletion selectedForDeletion();
-    std::vector<int> rowsInSelectionOrder() const;
-    bool userAgreesToDelete(const std::vector<int>& used);
-    void addUsed(Deletion& deletion);
-    tagCDB_LC_ACT actionOf(int code);
     void reinitialise(const std::set<int>& rows, bool reportAll);
 
     int m_dialogOption;
-    MRL_LC_ActionsTable* m_actionsTable = nullptr;   ///< the base's table with its full type
-    LCM_LoadCaseTab* m_loadCaseTab;                  ///< not owned; null in a dialog of the actions alone
-    MRL_QT_Action* m_reinitAllAction = nullptr;      ///< child of this
-    MRL_QT_Action* m_reinitSelectedAction = nullptr; ///< child of this
-    std::map<int, tagCDB_LC_ACT> rowCache;           ///< the records of all rows as of its last making
-    bool rowCacheDirty = true;
+    MRL_LC_ActionsTable* m_actionsTable = nullptr; ///< the base's table with its full type
+    LCM_LoadCaseTab* m_loadCaseTab;                ///< not owned; null in a dialog of the actions alone
+    MRL_QT_Action* m_reinitAllAction = nullptr;
+    MRL_QT_Action* m_reinitSelectedAction = nullptr;
+    std::map<int, tagCDB_LC_ACT> m_rowCache; ///< the records of all rows, as of the last rebuild
+    bool m_rowCacheDirty = true;
 };

@@ -2,11 +2,9 @@
 
 #include <QStringList>
 
-#include <unordered_set>
-
+#include "actions/action_deletion.h"
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "actions/load_case_tab.h"
 #include "actions/new_action.h"
 #include "actions/new_action_dialog.h"
 #include "actions/row_cells.h"
@@ -18,9 +16,9 @@
 
 void LCM_ActionsWidget::slot_newClicked()
 {
-    rowCacheDirty = true;
+    m_rowCacheDirty = true;
     modified = true;
-    // To the end of the slot: the receivers of the signals find the new row last, then it sorts into place.
+    // Until the end of the slot: receivers of the signals find the new row last, before it sorts into place.
     const MRL_QT_SortingBlocker sortingBlocker(table);
     QStringList names;
     for (int row = 0; row < table->rowCount(); ++row) {
@@ -38,7 +36,7 @@ void LCM_ActionsWidget::slot_newClicked()
 
 void LCM_ActionsWidget::slot_addAllClicked()
 {
-    rowCacheDirty = true;
+    m_rowCacheDirty = true;
     const MRL_QT_SortingBlocker sortingBlocker(table);
     for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*model)) {
         appendRow(action);
@@ -53,100 +51,15 @@ void LCM_ActionsWidget::appendRow(const tagCDB_LC_ACT& action)
     fillRow(table->rowCount() - 1, action, true);
 }
 
-struct LCM_ActionsWidget::Deletion
-{
-    std::set<int> codes;   ///< action codes that will leave the project
-    std::set<int> rows;    ///< their positions
-    std::vector<int> used; ///< selected actions that load cases refer to, in the order of their discovery
-};
-
 void LCM_ActionsWidget::slot_deleteClicked()
 {
     modified = true;
-    Deletion deletion = selectedForDeletion();
-    // A refusal spares the used actions alone.
-    if (!deletion.used.empty() && userAgreesToDelete(deletion.used)) {
-        addUsed(deletion);
-    }
-    model->removeActions(deletion.codes);
-    removeRows(table, deletion.rows);
-    rowCacheDirty = true;
+    LCM_ActionDeletion deletion(*this, m_loadCaseTab);
+    deletion.askForUsed();
+    model->removeActions(deletion.codes());
+    removeRows(table, deletion.rows());
+    m_rowCacheDirty = true;
     emit signal_actionCountChanged();
-}
-
-LCM_ActionsWidget::Deletion LCM_ActionsWidget::selectedForDeletion()
-{
-    Deletion deletion;
-    std::unordered_set<int> used; // the same codes as the list, to be found fast
-    for (const int row : rowsInSelectionOrder()) {
-        const int code = LCM_RowCells(table, row).actionCode();
-        if (m_loadCaseTab != nullptr) {
-            if (deletion.codes.count(code) != 0 || used.count(code) != 0) {
-                continue;
-            }
-            if (m_loadCaseTab->isActionUsed(actionOf(code))) {
-                used.insert(code);
-                deletion.used.push_back(code);
-                continue;
-            }
-        }
-        deletion.codes.insert(code);
-        deletion.rows.insert(row);
-    }
-    return deletion;
-}
-
-std::vector<int> LCM_ActionsWidget::rowsInSelectionOrder() const
-{
-    // The order of the selected cells, without asking each of them for its row, which searches the whole
-    // table.
-    std::vector<int> rows;
-    std::unordered_set<int> seen;
-    for (const QItemSelectionRange& range : table->selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            if (LCM_RowCells(table, row).anyCell() != nullptr && seen.insert(row).second) {
-                rows.push_back(row);
-            }
-        }
-    }
-    return rows;
-}
-
-bool LCM_ActionsWidget::userAgreesToDelete(const std::vector<int>& used)
-{
-    QString text = tr("One or more actions are in use. Do you want to delete the selected actions and all "
-                      "assigned loadcases?\n\nThe actions are:\n");
-    for (const int code : used) {
-        text += lcm_action_label(actionOf(code)) + QLatin1Char('\n');
-    }
-    return MRL_QT_MessageBox::warning(this, tr("Action used!"), text, tr("Delete"), tr("Cancel"), QString(),
-                                      0, -1) == 0;
-}
-
-void LCM_ActionsWidget::addUsed(Deletion& deletion)
-{
-    std::map<int, int> rowOfCode;
-    for (int row = 0; row < table->rowCount(); ++row) {
-        tagCDB_LC_ACT action;
-        rowOfCode.emplace(readRow(row, action), row); // the first row of a code counts
-    }
-    std::vector<tagCDB_LC_ACT> actions;
-    for (const int code : deletion.used) {
-        actions.push_back(actionOf(code));
-    }
-    m_loadCaseTab->removeLoadCasesOf(actions);
-    for (const int code : deletion.used) {
-        deletion.codes.insert(code);
-        const auto row = rowOfCode.find(code);
-        deletion.rows.insert(row == rowOfCode.end() ? -1 : row->second);
-    }
-}
-
-tagCDB_LC_ACT LCM_ActionsWidget::actionOf(int code)
-{
-    tagCDB_LC_ACT action{};
-    findAction(code, action);
-    return action;
 }
 
 void LCM_ActionsWidget::slot_reInitAllActions()
@@ -162,7 +75,7 @@ void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedR
 
 void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
 {
-    rowCacheDirty = true;
+    m_rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
     for (const int row : rows) {
         taken.emplace_back(table, row);
@@ -182,6 +95,6 @@ void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
             }
         }
     }
-    // Only now: the rows may have moved.
+    // After the block, since its end may have moved the rows.
     emit signal_reinitActions(lcm_positions(table, reported));
 }

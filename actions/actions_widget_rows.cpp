@@ -1,4 +1,4 @@
-// The table of the actions tab: its making, its filling, and the judgement of its rows.
+// How the table of the actions tab is made and filled, and how its rows are judged.
 
 #include <QFontMetrics>
 #include <QHeaderView>
@@ -28,7 +28,7 @@ struct Shown
     const tagCDB_LC_ACT* record;
 };
 
-/// All active entries, by name as the rows will stand: records are sorted at less cost than rows of cells. A
+/// All active entries, sorted by name as the rows will stand: sorting records costs less than sorting rows. A
 /// parent's state says nothing about its children.
 std::vector<Shown> activeRecords(const LCM_DataClass& model)
 {
@@ -53,11 +53,10 @@ std::vector<Shown> activeRecords(const LCM_DataClass& model)
 
 void LCM_ActionsWidget::setupTable()
 {
-    // Child of this.
     m_actionsTable = new MRL_LC_ActionsTable(4 + model->optionalColumnCount(), this, "actions table");
     table = m_actionsTable;
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    // Measuring a cell costs more than filling it; the first rows tell enough.
+    // Measuring a cell costs more than filling it, and the first rows are a fair sample.
     table->horizontalHeader()->setResizeContentsPrecision(ROWS_TO_FIT);
     QHeaderView* rows = table->verticalHeader();
     rows->setSectionResizeMode(QHeaderView::Fixed);
@@ -122,9 +121,9 @@ bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
 void LCM_ActionsWidget::slot_cellChanged(int row, int col)
 {
     modified = true;
-    rowCacheDirty = true;
-    // Taken before anything is judged: the colouring may let a sorted table move its rows, and the signal has
-    // to name the row that was edited.
+    m_rowCacheDirty = true;
+    // Taken before the judgement: colouring can move rows of a sorted table, and the signal must name the
+    // edited row.
     const LCM_RowCells edited(table, row);
     std::vector<LCM_RowCells> selected;
     for (const int selectedRow : getSelectedRows(table)) {

@@ -6,8 +6,8 @@
 
 class LCM_DataClass;
 
-/// What the actions tab needs of the load-case tab. The load-case tab stands above the actions tab and knows
-/// it; this interface keeps the actions tab from having to know the load-case tab in turn.
+/// What the actions tab needs of the load-case tab. The load-case tab depends on the actions tab; this
+/// interface keeps the dependency from going both ways.
 class LCM_LoadCaseTab
 {
   public:
@@ -17,7 +17,7 @@ class LCM_LoadCaseTab
     virtual LCM_DataClass* workingModel() const = 0;
     /// Whether a row of the load-case table holds the action's code.
     virtual bool isActionUsed(const tagCDB_LC_ACT& action) = 0;
-    /// Removes the load cases of an action, without a question of its own.
+    /// Removes the load cases of an action without asking.
     virtual void removeActionLoadcases(const tagCDB_LC_ACT& action) = 0;
     /// The same for several actions in turn; the load-case tab does it in one pass.
     virtual void removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)

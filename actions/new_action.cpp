@@ -30,7 +30,7 @@ LCM_SubAction* chosenEntry(const std::vector<LCM_ActionEntry*>& actions, const L
     if (choice.categoryIndex >= 0) {
         return parent->subActions.at(static_cast<std::size_t>(choice.categoryIndex));
     }
-    // A typed category asks for an action of its own, whatever parent is chosen beside it.
+    // A typed category makes an action of its own, whichever parent is chosen.
     return choice.categoryName.isEmpty() ? parent : nullptr;
 }
 

@@ -24,7 +24,7 @@ struct LCM_NewAction
 /// @return the record of the action
 tagCDB_LC_ACT lcm_add_action(LCM_DataClass& model, const LCM_NewAction& choice);
 
-/// Makes every action that is still free part of the project. Placeholders stay as they are, their children
-/// don't.
+/// Makes every action that is still free part of the project, children of placeholders too; placeholders
+/// themselves stay as they are.
 /// @return the records of these actions, children ahead of their parent
 std::vector<tagCDB_LC_ACT> lcm_activate_free_actions(LCM_DataClass& model);

@@ -27,7 +27,6 @@ constexpr int MAX_ACTION_WITH_CATEGORY = 2;
 
 struct MRL_LC_AddNewActionDialog::Private
 {
-    // All widgets are children of the dialog.
     QButtonGroup* ways = nullptr;
     QWidget* preBox = nullptr;
     MRL_QT4_ComboBox* actionCombo = nullptr;
@@ -70,7 +69,7 @@ struct MRL_LC_AddNewActionDialog::Private
 MRL_LC_AddNewActionDialog::MRL_LC_AddNewActionDialog(int option, LCM_DataClass* model,
                                                      const QStringList& usedNames, QWidget* parent,
                                                      const char* name)
-    : MRL_QT_Dialog(parent, name), d(std::make_unique<Private>()), dialogOption(option)
+    : MRL_QT_Dialog(parent, name), d(std::make_unique<Private>()), m_dialogOption(option)
 {
     setCaption(tr("New action"));
     d->model = model;
@@ -87,13 +86,13 @@ QSize MRL_LC_AddNewActionDialog::sizeHint() const { return {300, 100}; }
 
 void MRL_LC_AddNewActionDialog::createWidgets()
 {
-    // The focus follows the order in which the widgets are made, which is that of the eye.
-    setLayout(new MRL_QT_VBoxLayout); // the dialog owns it
+    // Tab order is the order in which the widgets are made: from top to bottom.
+    setLayout(new MRL_QT_VBoxLayout);
     d->ways = new QButtonGroup(this);
     mrl_connect(d->ways, "2buttonClicked( int )", this, "1slot_radioClicked( int )", Qt::AutoConnection);
     d->ways->setExclusive(true);
     createPredefinedHalf();
-    if ((dialogOption & WITHOUT_USER_DEFINED) == 0) {
+    if ((m_dialogOption & WITHOUT_USER_DEFINED) == 0) {
         createUserHalf();
     }
     createFoot();
@@ -101,7 +100,7 @@ void MRL_LC_AddNewActionDialog::createWidgets()
 
 QRadioButton* MRL_LC_AddNewActionDialog::createRadioButton(int id, const QString& text)
 {
-    auto* button = new QRadioButton(text, this); // child of this
+    auto* button = new QRadioButton(text, this);
     d->ways->addButton(button, id);
     layout()->addWidget(button);
     return button;
@@ -147,7 +146,7 @@ void MRL_LC_AddNewActionDialog::createUserHalf()
 void MRL_LC_AddNewActionDialog::createFoot()
 {
     d->infoText = new MRL_QT_InfoText(QString(), this, nullptr);
-    // Keeps its place while hidden, that of a line of text, so that nothing jumps while a name is typed.
+    // Keeps the height of a line of text while hidden, so that nothing jumps while a name is typed.
     d->infoText->setText(tr("Name already used!"));
     d->infoText->setMinimumHeight(d->infoText->sizeHint().height());
     d->infoText->setText(QString());
@@ -264,7 +263,7 @@ void MRL_LC_AddNewActionDialog::slot_radioClicked(int id)
         categoryIndex = d->categoryCombo->getCurrentId();
         d->buttons->cmdOk()->setEnabled(true);
     } else if (d->userBox != nullptr) {
-        // The name was judged when it was typed and isn't again: the message and OK stay as that left them.
+        // The message and OK stay as the judgement of the typed name left them.
         actionName = d->userActionEdit->text().toUpper();
         categoryName = d->userCategoryEdit->text().toUpper();
         actionIndex = -1;

@@ -45,9 +45,9 @@ class MRL_LC_AddNewActionDialog : public MRL_QT_Dialog, public LCM_NewAction
     void fillActionCombo();
     void fillCategoryCombo();
     void setCategoryEnabled(bool enabled);
-    /// Tells why the name is refused, or hides what was told last; OK follows.
+    /// Shows why the name is refused or hides the message, and enables OK for a valid name.
     void judgeName(bool actionChanged);
 
     std::unique_ptr<Private> d;
-    int dialogOption;
+    int m_dialogOption;
 };

@@ -6,14 +6,14 @@ LCM_NewActionFields::LCM_NewActionFields(QWidget* parent, const QStringList& lab
     : m_box(new QWidget(parent)), m_labels(labels), m_labelColumn(new MRL_QT_VBoxLayout),
       m_fieldColumn(new MRL_QT_VBoxLayout)
 {
-    auto* line = new MRL_QT_HBoxLayout(m_box, nullptr); // child of the box
+    auto* line = new MRL_QT_HBoxLayout(m_box, nullptr);
     line->addLayout(m_labelColumn);
     line->addLayout(m_fieldColumn);
 }
 
 MRL_QT4_ComboBox* LCM_NewActionFields::addComboBox()
 {
-    auto* combo = new MRL_QT4_ComboBox(m_box); // child of the box
+    auto* combo = new MRL_QT4_ComboBox(m_box);
     combo->setWidthTextEnabled(true);
     addField(combo);
     return combo;
@@ -25,7 +25,6 @@ MRL_H_LineEdit* LCM_NewActionFields::addLineEdit(const char* name, double maxCha
     description.format = -15;
     description.secondBound = maxCharacters;
     description.flags = flags;
-    // Child of the box.
     auto* edit = new MRL_H_LineEdit(m_box, description, name, QString(), QString(), true);
     addField(edit);
     return edit;
@@ -33,7 +32,7 @@ MRL_H_LineEdit* LCM_NewActionFields::addLineEdit(const char* name, double maxCha
 
 void LCM_NewActionFields::addField(QWidget* field)
 {
-    auto* label = new QLabel(m_labels.takeFirst(), m_box); // child of the box
+    auto* label = new QLabel(m_labels.takeFirst(), m_box);
     label->setBuddy(field);
     label->setFixedHeight(field->sizeHint().height());
     m_labelColumn->addWidget(label);

@@ -7,9 +7,8 @@
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
 
-/// The cells of a row, taken all at once. A table that sorts may move a row as soon as one of its cells is
-/// written; what is written through the taken cells reaches the same row all the same. Good until the row is
-/// removed.
+/// The cells of a row, taken all at once. A sorted table may move a row when one of its cells is written; the
+/// taken cells stay those of the same row. Good until the row is removed.
 class LCM_RowCells
 {
   public:
@@ -24,7 +23,7 @@ class LCM_RowCells
     bool hasColumn(int columnId) const;
     /// Where the row stands now. Constant time as long as it hasn't moved.
     int position() const;
-    /// A cell that tells the row from every other one. @return null for a row without cells
+    /// A cell that identifies the row. @return null for a row without cells
     const QTableWidgetItem* anyCell() const;
 
     /// See markRowErrors.
@@ -34,8 +33,7 @@ class LCM_RowCells
     /// The row's action code, -1 without a cell that holds it.
     int actionCode() const;
 
-    /// Writes an action into the row, its code included. A cell that is missing is passed over. Judges
-    /// nothing.
+    /// Writes an action and its code into the row; skips missing cells and judges nothing.
     void show(const tagCDB_LC_ACT& action) const;
     /// Reads the row into a record. @param action [out] is written whole @return the action code
     int read(tagCDB_LC_ACT& action) const;

@@ -6,13 +6,13 @@ class LCM_DataClass;
 class MRL_H_TableWidget;
 class MRL_H_TwSimpleLineEditItem;
 
-/// The user has yet to be told that the inputs of the superposition may need care. One accepted dialog tells
-/// it once: each tab sets this when it is made, the actions tab clears it with its notice, the load-case tab,
-/// which saves later, reads it before its own. Only the thread of the user interface comes here.
+/// The user hasn't been told yet that the inputs of the superposition may need changes. An accepted dialog
+/// says so once: each tab sets this when it is made, the actions tab clears it when it shows its notice, and
+/// the load-case tab, which saves later, shows its own only while it is set. GUI thread only.
 extern bool modificationNoticePending;
 
-/// The base of the manager's two tabs. While the dialog is open the rows of a tab's table are the truth about
-/// what it edits; the model receives them when the dialog is accepted.
+/// The base of the manager's two tabs. While the dialog is open the rows of a tab's table hold what it edits;
+/// the model receives them when the dialog is accepted.
 class LCM_TabInterface : public QWidget
 {
     Q_OBJECT
@@ -23,11 +23,11 @@ class LCM_TabInterface : public QWidget
 
     /// Builds the page. The constructor of each tab calls it.
     virtual void createWidgets() = 0;
-    /// Gives the rows to the model, tells the user what the changes may touch, and writes if asked to.
+    /// Gives the rows to the model, tells the user what the changes may affect, and writes if asked to.
     /// @param writeToDatabase false: the database stays as it is
     virtual void save(bool writeToDatabase) = 0;
-    /// Whether all rows were found right when they were judged last. Judges nothing anew. A table without
-    /// rows is valid, a row without a cell of column id 100 isn't.
+    /// Whether the last judgement of every row found no fault; judges nothing. A table without rows is valid,
+    /// a row without a cell of column id 100 isn't.
     virtual bool isValid();
     /// Selects the first row that isn't valid and brings it into sight. Does nothing when all are.
     void showInvalidRow();
@@ -44,8 +44,8 @@ class LCM_TabInterface : public QWidget
     bool isModified() const { return modified; }
 
   protected:
-    MRL_H_TableWidget* table = nullptr; ///< child of this
-    LCM_DataClass* model = nullptr;     ///< shared, see LCM_DataClass::release
+    MRL_H_TableWidget* table = nullptr;
+    LCM_DataClass* model = nullptr; ///< shared, see LCM_DataClass::release
     int db;
     bool modified = false;
 

@@ -8,7 +8,6 @@ MRL_H_TwHeaderLineEditItem* createLineEditHeader(MRL_H_TableWidget* table, int i
                                                  const StructLineEdit& description, const QString& caption,
                                                  const QString& toolTip, int position)
 {
-    // Child of the table from the next line on.
     auto* header =
         new MRL_H_TwHeaderLineEditItem(id, description, caption, toolTip, true, true, Qt::AlignLeft);
     table->setHorizontalHeaderItem(position, header);

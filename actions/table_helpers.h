@@ -26,7 +26,7 @@ void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_ErrorList& error
 /// Stores the verdict on a row, see ROLE_ROW_VALID; does nothing without a cell for it.
 void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid);
 
-/// Removes rows and selects the row that now stands where the lowest of them stood, or the last row if there
-/// is none. Positions without a row are passed over. One pass over the table, however many rows go.
+/// Removes rows in one pass and selects the row that follows the first of them, or the last row if there is
+/// none. Skips positions without a row.
 /// @param rows positions; of an empty set row 0 is selected
 void removeRows(QTableWidget* table, const std::set<int>& rows);

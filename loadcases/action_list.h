@@ -15,9 +15,7 @@
 class LCM_ActionList
 {
   public:
-    /// @param none, imperfection texts of the two fixed entries; an action with one of them as its label
-    /// stands
-    ///                           for no action
+    /// @param none, imperfection texts of the two fixed entries; an action labelled so stands for no action
     LCM_ActionList(const QString& none, const QString& imperfection,
                    const std::vector<tagCDB_LC_ACT>& actions);
     LCM_ActionList() = default;

@@ -12,7 +12,7 @@ class QWidget;
 class TableLoadCases;
 struct LCM_LoadcaseCopy;
 
-/// The ways in which load cases leave the table. What they leave becomes real on saving.
+/// How load cases leave the table. They leave the database on saving.
 class LCM_LoadCaseDeletion
 {
   public:

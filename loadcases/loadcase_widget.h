@@ -114,11 +114,11 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     void readSystem();
     LCM_LoadCaseReconciliation reconciliation();
 
-    TableLoadCases* loadcaseTable = nullptr;    ///< the base's table with its full type
-    LCM_ActionsWidget* actionsWidget = nullptr; ///< the actions tab, not owned; null without one
-    MRL_QT_CheckBox* checkDeadload = nullptr;
-    MRL_QT_CheckBox* checkIncrease = nullptr;
-    std::vector<LCM_LoadcaseCopy> copies;
+    TableLoadCases* m_loadcaseTable = nullptr;    ///< the base's table with its full type
+    LCM_ActionsWidget* m_actionsWidget = nullptr; ///< the actions tab, not owned; null without one
+    MRL_QT_CheckBox* m_checkDeadload = nullptr;
+    MRL_QT_CheckBox* m_checkIncrease = nullptr;
+    std::vector<LCM_LoadcaseCopy> m_copies;
 
     LCM_LoadCaseSetup m_setup; ///< the system as it was read last
     // They work on the table and live as long as it.

@@ -14,7 +14,7 @@ void LCM_LoadcaseWidget::slot_newClicked() { createLoadcases(false); }
 
 void LCM_LoadcaseWidget::slot_copyClicked()
 {
-    if (getSelectedRows(loadcaseTable).empty()) {
+    if (getSelectedRows(m_loadcaseTable).empty()) {
         MRL_QT_MessageBox::critical(this, tr("Loadcase selection"), tr("Please select a loadcase to copy!"));
     } else {
         createLoadcases(true);
@@ -24,18 +24,18 @@ void LCM_LoadcaseWidget::slot_copyClicked()
 void LCM_LoadcaseWidget::createLoadcases(bool copy)
 {
     modified = true;
-    LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).run(copy);
+    LCM_LoadCaseCreation(*this, *m_loadcaseTable, *m_numbering, m_copies).run(copy);
 }
 
 bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows,
                                      LCM_LoadcaseCopy& info)
 {
-    return LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).add(copy, entry, rows, info);
+    return LCM_LoadCaseCreation(*this, *m_loadcaseTable, *m_numbering, m_copies).add(copy, entry, rows, info);
 }
 
 int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
 {
-    const bool automatic = !copy && checkIncrease->checkState() == Qt::Checked;
+    const bool automatic = !copy && m_checkIncrease->checkState() == Qt::Checked;
     return automatic ? nextNumber() : m_numbering->ask(copy, info);
 }
 
@@ -43,7 +43,7 @@ int LCM_LoadcaseWidget::nextNumber() { return m_numbering->next(); }
 
 void LCM_LoadcaseWidget::getAllLoadcases(std::set<int>& out)
 {
-    for (const int number : loadcaseTable->numbers()) {
+    for (const int number : m_loadcaseTable->numbers()) {
         out.insert(out.end(), number);
     }
 }
@@ -51,9 +51,9 @@ void LCM_LoadcaseWidget::getAllLoadcases(std::set<int>& out)
 void LCM_LoadcaseWidget::slot_deleteClicked()
 {
     modified = true;
-    const std::size_t count = getSelectedRows(loadcaseTable).size();
+    const std::size_t count = getSelectedRows(m_loadcaseTable).size();
     if (count > 0 && LCM_LoadCaseDeletion::confirmed(this, count)) {
-        LCM_LoadCaseDeletion(*loadcaseTable, *model, *m_actions).removeSelected(copies);
+        LCM_LoadCaseDeletion(*m_loadcaseTable, *model, *m_actions).removeSelected(m_copies);
     }
 }
 
@@ -61,7 +61,7 @@ void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { re
 
 void LCM_LoadcaseWidget::removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)
 {
-    LCM_LoadCaseDeletion(*loadcaseTable, *model, *m_actions).removeLoadCasesOf(actions);
+    LCM_LoadCaseDeletion(*m_loadcaseTable, *model, *m_actions).removeLoadCasesOf(actions);
 }
 
 bool LCM_LoadcaseWidget::isActionUsed(const tagCDB_LC_ACT& action)

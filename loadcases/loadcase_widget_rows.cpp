@@ -16,66 +16,66 @@
 
 void LCM_LoadcaseWidget::fillRow(int row, const LCM_LoadcaseEntry& entry)
 {
-    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
     LCM_RowContext context = rowContext();
-    LCM_LoadCaseCells cells(*loadcaseTable, row);
+    LCM_LoadCaseCells cells(*m_loadcaseTable, row);
     m_rows->fill(cells, entry, context);
 }
 
 void LCM_LoadcaseWidget::readRow(int row, LCM_LoadcaseEntry& entry)
 {
-    m_rows->read(LCM_LoadCaseCells(*loadcaseTable, row), entry, rowContext());
+    m_rows->read(LCM_LoadCaseCells(*m_loadcaseTable, row), entry, rowContext());
 }
 
 bool LCM_LoadcaseWidget::checkRow(int row)
 {
-    if (!actionsWidget) {
+    if (!m_actionsWidget) {
         return true;
     }
-    const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
-    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
+    const MRL_QT_UpdateBlocker updateBlocker(m_loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
     LCM_RowContext context = rowContext();
-    return m_rows->judge(row, LCM_LoadCaseCells(*loadcaseTable, row), context);
+    return m_rows->judge(row, LCM_LoadCaseCells(*m_loadcaseTable, row), context);
 }
 
 void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
 {
-    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
     modified = true;
-    const int column = loadcaseTable->getColumnId(col);
+    const int column = m_loadcaseTable->getColumnId(col);
     LCM_RowContext context = rowContext();
     if (column == LC_COL_ACTION) {
-        LCM_LoadCaseCells cells(*loadcaseTable, row);
+        LCM_LoadCaseCells cells(*m_loadcaseTable, row);
         m_actions->takeChoice(cells);
         m_rows->followAction(cells, context);
     }
     if (column != LC_COL_TITLE) {
         updateCoupledItem(row, column);
     }
-    m_rows->judgeAndStore(getSelectedRows(loadcaseTable), context);
+    m_rows->judgeAndStore(getSelectedRows(m_loadcaseTable), context);
 }
 
 void LCM_LoadcaseWidget::updateCoupledItem(int row, int colId)
 {
-    const LCM_LoadCaseCells cells(*loadcaseTable, row);
-    LCM_ActionLookup lookup(actionsWidget, *model);
-    lcm_couple_factors(cells, colId, actionsWidget ? lookup.find(m_actions->word(cells)) : nullptr);
+    const LCM_LoadCaseCells cells(*m_loadcaseTable, row);
+    LCM_ActionLookup lookup(m_actionsWidget, *model);
+    lcm_couple_factors(cells, colId, m_actionsWidget ? lookup.find(m_actions->word(cells)) : nullptr);
 }
 
 float LCM_LoadcaseWidget::getActionVal(int row, int colId)
 {
-    if (!actionsWidget) {
+    if (!m_actionsWidget) {
         return LC_UNDEFINED;
     }
-    const auto& actions = actionsWidget->getActionMap();
-    const auto action = actions.find(lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
+    const auto& actions = m_actionsWidget->getActionMap();
+    const auto action = actions.find(lcm_cell_id(m_loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
     const LCM_Factor* factor = lcm_factor_of_load_case_column(colId);
     return factor && action != actions.end() ? lcm_stored_factor(action->second, *factor) : LC_UNDEFINED;
 }
 
 void LCM_LoadcaseWidget::setItemVal(int row, int colId, float val, bool enabled)
 {
-    QTableWidgetItem* cell = loadcaseTable->itemOnColId(row, colId);
+    QTableWidgetItem* cell = m_loadcaseTable->itemOnColId(row, colId);
     const bool asksAction = val == LC_UNDEFINED && MRL_H_TwEditableComboBoxItem::fromItem(cell);
     lcm_set_cell_value(cell, val, enabled ? LCM_CellInput::Open : LCM_CellInput::Locked,
                        asksAction ? getActionVal(row, colId) : LC_UNDEFINED);
@@ -86,35 +86,35 @@ void LCM_LoadcaseWidget::setItemVal(int row, int colId, float val, bool enabled)
 
 float LCM_LoadcaseWidget::getItemVal(int row, int colId)
 {
-    return lcm_cell_value(loadcaseTable->itemOnColId(row, colId));
+    return lcm_cell_value(m_loadcaseTable->itemOnColId(row, colId));
 }
 
 QString LCM_LoadcaseWidget::getItemText(int row, int colId)
 {
-    return lcm_cell_text(loadcaseTable->itemOnColId(row, colId));
+    return lcm_cell_text(m_loadcaseTable->itemOnColId(row, colId));
 }
 
 bool LCM_LoadcaseWidget::isItemFromAction(int row, int colId)
 {
-    return lcm_cell_from_action(loadcaseTable->itemOnColId(row, colId));
+    return lcm_cell_from_action(m_loadcaseTable->itemOnColId(row, colId));
 }
 
 void LCM_LoadcaseWidget::setItemFromAction(int row, int colId, bool fromAction)
 {
-    lcm_set_cell_from_action(loadcaseTable->itemOnColId(row, colId), fromAction);
+    lcm_set_cell_from_action(m_loadcaseTable->itemOnColId(row, colId), fromAction);
 }
 
 void LCM_LoadcaseWidget::setActionItem(int row, int colId, int code)
 {
     if (colId == LC_COL_ACTION) {
-        LCM_LoadCaseCells cells(*loadcaseTable, row);
+        LCM_LoadCaseCells cells(*m_loadcaseTable, row);
         m_actions->bindAgain(cells, code);
     }
 }
 
 LCM_LoadCaseReconciliation LCM_LoadcaseWidget::reconciliation()
 {
-    return {*this, *loadcaseTable, *m_actions, *m_rows, actionsWidget};
+    return {*this, *m_loadcaseTable, *m_actions, *m_rows, m_actionsWidget};
 }
 
 void LCM_LoadcaseWidget::slot_actionCountChanged()
@@ -126,12 +126,12 @@ void LCM_LoadcaseWidget::slot_actionCountChanged()
 
 void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
 {
-    if (!actionsWidget) {
+    if (!m_actionsWidget) {
         return;
     }
     tagCDB_LC_ACT action{};
-    const int code = actionsWidget->readRow(row, action);
-    if (actionsWidget->tableWidget()->getColumnId(col) == ACT_COL_DESCRIPTION) {
+    const int code = m_actionsWidget->readRow(row, action);
+    if (m_actionsWidget->tableWidget()->getColumnId(col) == ACT_COL_DESCRIPTION) {
         slot_actionCountChanged();
     }
     reconciliation().refreshLoadCasesOf(code);
@@ -139,7 +139,7 @@ void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
 
 void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
 {
-    if (actionsWidget && reconciliation().reinitialise(rows)) {
+    if (m_actionsWidget && reconciliation().reinitialise(rows)) {
         modified = true;
     }
 }

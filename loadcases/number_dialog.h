@@ -8,8 +8,8 @@
 class MRL_H_LineEdit;
 class MySlider;
 
-/// Asks for the number of a new load case, and for the factor of a copy. A taken number is never accepted
-/// without the user's word.
+/// Asks for the number of a new load case, and for the factor of a copy. In place of a taken number it accepts
+/// the next free one only if the user agrees.
 class LCM_LoadcaseNumberDialog : public MRL_QT_Dialog
 {
     Q_OBJECT
@@ -33,9 +33,9 @@ class LCM_LoadcaseNumberDialog : public MRL_QT_Dialog
     void createLayout(const LCM_LoadcaseCopy& info);
     bool confirmCorrection();
 
-    MRL_QT_Ok* buttons = nullptr; ///< child of this
-    std::set<int> usedNumbers;
-    MySlider* slider = nullptr; ///< child of this
-    bool copy;
-    MRL_H_LineEdit* m_pFac = nullptr; ///< child of this; null unless `copy`
+    MRL_QT_Ok* m_buttons = nullptr;
+    std::set<int> m_usedNumbers;
+    MySlider* m_slider = nullptr;
+    bool m_copy;
+    MRL_H_LineEdit* m_pFac = nullptr; ///< null unless `copy`
 };

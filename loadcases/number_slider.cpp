@@ -9,6 +9,6 @@ MySlider::MySlider(QWidget* parent, const char* name, const std::set<int>& exclu
 
 void MySlider::slot_valueAboutToChange(double value)
 {
-    wanted = static_cast<int>(value);
-    corrected = static_cast<int>(checkValidValue(value)) != wanted;
+    m_wanted = static_cast<int>(value);
+    m_corrected = static_cast<int>(checkValidValue(value)) != m_wanted;
 }

@@ -10,15 +10,15 @@ class MySlider : public MRL_QT_AdvancedSlider
     MySlider(QWidget* parent, const char* name, const std::set<int>& excluded);
 
     /// Whether the number asked for was taken, so that the slider went to another one.
-    bool isCorrected() const { return corrected; }
-    void clearCorrected() { corrected = false; }
+    bool isCorrected() const { return m_corrected; }
+    void clearCorrected() { m_corrected = false; }
     /// The number asked for last.
-    int wantedNumber() const { return wanted; }
+    int wantedNumber() const { return m_wanted; }
 
   public slots:
     void slot_valueAboutToChange(double value);
 
   private:
-    bool corrected = false;
-    int wanted = 0;
+    bool m_corrected = false;
+    int m_wanted = 0;
 };

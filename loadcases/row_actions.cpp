@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The code that a row's id is looked for by: names of old records may be in the other case.
+/// The code to look a row's id up by: names in old records may be in lower case.
 int normalised(int id)
 {
     return id == LC_ACTION_NONE || id == LC_ACTION_IMPERFECTION ? id : lcm_upper_code(id);

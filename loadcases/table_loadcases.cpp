@@ -10,12 +10,12 @@
 #include "rules/load_case_row.h"
 
 TableLoadCases::TableLoadCases(int columns, LCM_LoadcaseWidget* tab, const char* name)
-    : MRL_H_TableWidget(0, columns, tab, name), widget(tab)
+    : MRL_H_TableWidget(0, columns, tab, name), m_widget(tab)
 {
     setResetContextMenuOnCreation(true);
     deleteUnusedAction =
         new MRL_QT_Action(LCM_LoadcaseWidget::tr("Delete unused loadcases"), this, "delete unused loadcases");
-    mrl_connect(deleteUnusedAction, "2triggered( bool )", widget, "2signal_deleteUnusedLoadcases( )",
+    mrl_connect(deleteUnusedAction, "2triggered( bool )", m_widget, "2signal_deleteUnusedLoadcases( )",
                 Qt::AutoConnection);
 }
 
@@ -44,7 +44,7 @@ std::vector<int> TableLoadCases::numbers() const
 
 void TableLoadCases::selectWholeRows(const std::set<int>& rows, int current)
 {
-    // Rows that follow each other become one range: the cost of a selection goes with its ranges.
+    // Adjacent rows become one range, since each range of a selection costs.
     QItemSelection selection;
     const QAbstractItemModel* items = model();
     const int lastColumn = columnCount() - 1;
@@ -63,7 +63,7 @@ void TableLoadCases::selectWholeRows(const std::set<int>& rows, int current)
 void removeSelectedRows(TableLoadCases* table) { removeRows(table, getSelectedRows(table)); }
 
 MyDelegate::MyDelegate(TableLoadCases* loadcases, LCM_LoadcaseWidget* tab)
-    : MRL_H_DelegateItem(loadcases), table(loadcases), widget(tab)
+    : MRL_H_DelegateItem(loadcases), m_table(loadcases), m_widget(tab)
 {
     mrl_connect(this, "2closeEditor( QWidget*, QAbstractItemDelegate::EndEditHint )", this,
                 "1slot_closeEditor( QWidget*, QAbstractItemDelegate::EndEditHint )", Qt::AutoConnection);
@@ -73,10 +73,10 @@ QWidget* MyDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& o
                                   const QModelIndex& index) const
 {
     QWidget* editor = MRL_H_DelegateItem::createEditor(parent, option, index);
-    if (!index.isValid() || !lcm_is_factor_column(table->getColumnId(index.column()))) {
+    if (!index.isValid() || !lcm_is_factor_column(m_table->getColumnId(index.column()))) {
         return editor;
     }
-    const int action = lcm_cell_id(table->itemOnColId(table->currentRow(), LC_COL_ACTION));
+    const int action = lcm_cell_id(m_table->itemOnColId(m_table->currentRow(), LC_COL_ACTION));
     auto* combo = qobject_cast<MRL_QT4_ComboBox*>(editor);
     if (!combo) {
         return editor;
@@ -98,7 +98,7 @@ QWidget* MyDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& o
         line->updateVal(description);
     }
     combo->setCurrentText(text);
-    if (QTableWidgetItem* cell = table->currentItem()) {
+    if (QTableWidgetItem* cell = m_table->currentItem()) {
         cell->setText(text);
     }
     return editor;

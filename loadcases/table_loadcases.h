@@ -21,13 +21,13 @@ class TableLoadCases : public MRL_H_TableWidget
     /// Selects whole rows, in one step however many there are. @param current the row of the current cell
     void selectWholeRows(const std::set<int>& rows, int current);
 
-    MRL_QT_Action* deleteUnusedAction; ///< child of this
+    MRL_QT_Action* deleteUnusedAction;
 
   protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
-    LCM_LoadcaseWidget* widget; ///< the tab that owns the table
+    LCM_LoadcaseWidget* m_widget; ///< the tab that owns the table
 };
 
 /// The delegate of the table of load cases. A factor of a load case with an action is offered as "Use from
@@ -45,8 +45,8 @@ class MyDelegate : public MRL_H_DelegateItem
     void slot_closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint);
 
   private:
-    TableLoadCases* table;      ///< parent of this
-    LCM_LoadcaseWidget* widget; ///< the tab that owns the table
+    TableLoadCases* m_table;      ///< parent of this
+    LCM_LoadcaseWidget* m_widget; ///< the tab that owns the table
 };
 
 /// Removes the selected rows and selects the row that followed them, or the new last one.

@@ -52,7 +52,7 @@ void LoadcaseManager::accept()
     if (result() == QDialog::Accepted) {
         return;
     }
-    // The saving may have come as far as these before it failed and was rolled back.
+    // Saving may have set these before it failed and was rolled back.
     m_control->mode = mode;
     m_control->copies = copies;
 }
@@ -139,7 +139,7 @@ void LoadcaseManager::initContents()
     if (!m_actions || m_actions->hasFactorColumns()) {
         return;
     }
-    // The page goes, the widget stays: it is still checked and saved.
+    // Only the page is removed; the widget is still checked and saved.
     m_tabs->removeTab(m_tabs->indexOf(m_actions));
     if (m_loadCases) {
         m_tabs->setCurrentWidget(m_loadCases);
@@ -153,7 +153,7 @@ bool LoadcaseManager::refuseInvalid(LCM_TabInterface* tab)
     if (m_tabs->indexOf(tab) >= 0) {
         m_tabs->setCurrentWidget(tab);
     }
-    // It may be one of thousands, and one whose action is missing has no red cell.
+    // The row may be one of thousands, and a row whose action is missing has no red cell.
     tab->showInvalidRow();
     return false;
 }

@@ -45,9 +45,9 @@ class LoadcaseManager : public MRL_H_Dialog
     bool refuseInvalid(LCM_TabInterface* tab);
     bool takeSelectedLoadCases();
 
-    QTabWidget* m_tabs = nullptr;              ///< child of this
-    LCM_ActionsWidget* m_actions = nullptr;    ///< child of this; null without an actions tab
-    LCM_LoadcaseWidget* m_loadCases = nullptr; ///< child of this; null without a load-case tab
+    QTabWidget* m_tabs = nullptr;
+    LCM_ActionsWidget* m_actions = nullptr;    ///< null without an actions tab
+    LCM_LoadcaseWidget* m_loadCases = nullptr; ///< null without a load-case tab
     MRL_LC_CtrlStruct* m_control;
     int m_db;
 };

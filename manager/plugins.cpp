@@ -100,7 +100,7 @@ void ActionManagerPlugin::generate(MRL_H_PluginParameter& parameter)
     const int setting = mrl_lib_setting(SETTING_GENERATOR);
     auto lines = std::make_unique<MRL_T_Liste>(parameter.projectTask->getName());
     lines->Append(mrl_h_generateAutomatic(tr("Marlavon Action Manager")));
-    // The head ends with a line that is not wanted here.
+    // The last line of the head doesn't belong into this text.
     lines->Delete(lines->GetLast());
     lines->Append(
         mrl_h_generatePROG(&parameter, QStringLiteral("TEMPLATE"), QString(), tr("Actions"), setting, 0));

@@ -78,8 +78,7 @@ void LCM_ActionIndex::add(LCM_ActionEntry* parent)
     std::unordered_set<int> seen;
     for (LCM_SubAction* child : parent->subActions) {
         LCM_ActionTargets& targets = m_targets[child->code];
-        // Of one parent only the first child with a code counts, and behind the first parent with that code
-        // none.
+        // Only a parent's first child with a code counts, and none behind the first parent with that code.
         if (seen.insert(child->code).second && !targets.parent) {
             targets.children.push_back(child);
         }

@@ -1,37 +1,41 @@
 #include "model/working_model.h"
 
 #include "host/mrl_dlib.h"
+#include "lcdata/load_case_factors.h"
+#include "lcdata/stored_load_cases.h"
 #include "lcdata/system.h"
 #include "lcdata/values/action_code.h"
 #include "model/action_tree.h"
+#include "model/superposition_data.h"
+#include "model/write_back.h"
 
-LCM_DataClass::LCM_DataClass(int database) : db(database)
+LCM_DataClass::LCM_DataClass(int database) : m_usedNumbers(database), m_db(database)
 {
-    // Switches to the database and its design code, which all that follows relies on.
-    info.init(db);
-    mrl_dlib_lcact_info(0, &availability);
+    // Switches to the database and its design code; the following calls rely on it.
+    m_info.init(m_db);
+    mrl_dlib_lcact_info(0, &m_availability);
     loadActionsFromDesignCode();
-    if (loadActionsFromDatabase(db) == 0) {
+    if (loadActionsFromDatabase(m_db) == 0) {
         activateDefaultActions();
     }
-    readLoadCaseNumbers();
+    m_usedNumbers.read();
     loadLoadCases();
 }
 
 LCM_DataClass::~LCM_DataClass() = default;
 
-void LCM_DataClass::addReference() { ++refCount; }
+void LCM_DataClass::addReference() { ++m_refCount; }
 
 void LCM_DataClass::release()
 {
-    if (--refCount == 0) {
+    if (--m_refCount == 0) {
         delete this;
     }
 }
 
 LCM_ActionEntry* LCM_DataClass::newEntry(const tagCDB_LC_ACT& record, int state, bool userDefined)
 {
-    LCM_ActionEntry& entry = entryArena.emplace_back();
+    LCM_ActionEntry& entry = m_entryArena.emplace_back();
     entry.record = record;
     entry.state = state;
     entry.code = lcm_action_code(record);
@@ -41,7 +45,7 @@ LCM_ActionEntry* LCM_DataClass::newEntry(const tagCDB_LC_ACT& record, int state,
 
 LCM_SubAction* LCM_DataClass::newSubAction(const tagCDB_LC_ACT& record)
 {
-    LCM_SubAction& entry = subActionArena.emplace_back();
+    LCM_SubAction& entry = m_subActionArena.emplace_back();
     entry.record = record;
     entry.code = lcm_action_code(record);
     return &entry;
@@ -49,7 +53,7 @@ LCM_SubAction* LCM_DataClass::newSubAction(const tagCDB_LC_ACT& record)
 
 int LCM_DataClass::findAction(int code, tagCDB_LC_ACT& out, bool inDesignCode) const
 {
-    const LCM_SubAction* found = lcm_find_action(inDesignCode ? designCodeActions : actions, code);
+    const LCM_SubAction* found = lcm_find_action(inDesignCode ? m_designCodeActions : actions, code);
     if (!found) {
         return 0;
     }
@@ -74,4 +78,27 @@ bool LCM_DataClass::activeActions(std::vector<tagCDB_LC_ACT>& out) const
     return !out.empty();
 }
 
-int LCM_DataClass::gravityDirection() const { return lcm_gravity_direction(db); }
+int LCM_DataClass::gravityDirection() const { return lcm_gravity_direction(m_db); }
+
+void LCM_DataClass::loadLoadCases()
+{
+    LCM_ActionWords words;
+    loadcases.reserve(m_usedNumbers.countRead());
+    for (LCM_LoadCaseWalk walk(m_db); walk.next();) {
+        if (!walk.current().isOwn()) {
+            continue;
+        }
+        LCM_LoadcaseEntry& entry = loadcases.emplace_back();
+        entry.number = walk.current().number;
+        entry.record = walk.current().record;
+        entry.record.action = words.resolved(entry.record.action);
+    }
+}
+
+void LCM_DataClass::writeActions(int database) { lcm_replace_actions(database, actions); }
+
+void LCM_DataClass::writeLoadcases(int database) { lcm_replace_load_cases(database, loadcases); }
+
+bool LCM_DataClass::hasSuperpositionKeys() const { return lcm_has_superposition_keys(m_db); }
+
+bool LCM_DataClass::hasSuperpositionContent() const { return lcm_has_superposition_content(m_db); }

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <deque>
-#include <list>
 #include <map>
 #include <set>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "lcdata/actions.h"
 #include "lcdata/values/factors.h"
 #include "lcdata/values/records.h"
+#include "model/used_numbers.h"
 
 /// What an entry of the action tree is to the project.
 enum LCM_ActionState : int {
@@ -73,7 +73,7 @@ class LCM_DataClass : public QObject
     void addReference();
     /// One tab less; the last one destroys the model, which therefore stands on the heap.
     void release();
-    int referenceCount() const { return refCount; }
+    int referenceCount() const { return m_refCount; }
 
     std::vector<LCM_ActionEntry*> actions;    ///< the live tree: parents; entries are made by newEntry
     std::vector<LCM_LoadcaseEntry> loadcases; ///< by number as loaded; replaced whole by the load-case tab
@@ -83,7 +83,7 @@ class LCM_DataClass : public QObject
     LCM_ActionEntry* newEntry(const tagCDB_LC_ACT& record, int state, bool userDefined);
 
     /// The tree as the design code gave it.
-    const std::vector<LCM_ActionEntry*>& designCodeTree() const { return designCodeActions; }
+    const std::vector<LCM_ActionEntry*>& designCodeTree() const { return m_designCodeActions; }
 
     /// Looks an action up. @param out [out] its record; as it was when it isn't found. @return 1 found, 0 not
     int findAction(int code, tagCDB_LC_ACT& out, bool inDesignCode) const;
@@ -94,14 +94,14 @@ class LCM_DataClass : public QObject
 
     /// The load-case numbers in the database, of all modules. Read once; read again as long as there are
     /// none.
-    std::set<int> getUsedLoadcaseNumbers();
+    std::set<int> getUsedLoadcaseNumbers() { return m_usedNumbers.known(); }
     /// The same without the copy; good until the next call that changes the model.
-    const std::set<int>& knownLoadCaseNumbers();
-    void removeUsedLoadcaseNumber(int number);
+    const std::set<int>& knownLoadCaseNumbers() { return m_usedNumbers.known(); }
+    void removeUsedLoadcaseNumber(int number) { m_usedNumbers.remove(number); }
 
     /// The design code's marks; its factor fields also are the limits of the cell checks. Zero when the
     /// design code has none.
-    const tagCDB_LC_ACT* availabilityRecord() const { return &availability; }
+    const tagCDB_LC_ACT* availabilityRecord() const { return &m_availability; }
 
     /// Plus or minus 1, 2, 3 for X, Y, Z; 1 when the project doesn't say.
     int gravityDirection() const;
@@ -157,20 +157,17 @@ class LCM_DataClass : public QObject
     LCM_SubAction* newSubAction(const tagCDB_LC_ACT& record);
     void addTableEntry(std::vector<LCM_ActionEntry*>& tree, const tagCDB_LC_ACT& record);
     void loadLoadCases();
-    void readLoadCaseNumbers();
-    std::set<int>& usedNumbers();
 
-    std::vector<LCM_ActionEntry*> designCodeActions;
-    std::list<int> readNumbers; ///< as read; becomes the set below when somebody asks for it
-    std::set<int> usedLoadcaseNumbers;
-    std::map<QString, QString> textCache; ///< labels by key in upper case, also for keys without an entry
-    int db;
-    int refCount = 1;
-    MRL_LC_Action_Info info;
-    tagCDB_LC_ACT availability{};
-    bool textWarningShown = false;
+    std::vector<LCM_ActionEntry*> m_designCodeActions;
+    LCM_UsedNumbers m_usedNumbers;
+    std::map<QString, QString> m_textCache; ///< labels by key in upper case, also for keys without an entry
+    int m_db;
+    int m_refCount = 1;
+    MRL_LC_Action_Info m_info;
+    tagCDB_LC_ACT m_availability{};
+    bool m_textWarningShown = false;
 
     // A deque keeps its elements in place.
-    std::deque<LCM_ActionEntry> entryArena;
-    std::deque<LCM_SubAction> subActionArena;
+    std::deque<LCM_ActionEntry> m_entryArena;
+    std::deque<LCM_SubAction> m_subActionArena;
 };

@@ -1,5 +1,5 @@
-// How the action tree is built from the design code and the project, and put back to the design code's
-// values.
+// How the action tree is built from the design code and the project, changed, and put back to the design
+// code's values.
 #include <algorithm>
 #include <unordered_set>
 
@@ -78,10 +78,10 @@ void takeKey(int db, int code, StoredActions& stored)
 void LCM_DataClass::loadActionsFromDesignCode()
 {
     actions.clear();
-    mrl_dlib_ini_switch(db);
+    mrl_dlib_ini_switch(m_db);
     lcm_enumerate_default_actions([this](const tagCDB_LC_ACT& record) {
         addTableEntry(actions, record);
-        addTableEntry(designCodeActions, record);
+        addTableEntry(m_designCodeActions, record);
         return false;
     });
 }
@@ -118,7 +118,7 @@ void LCM_DataClass::activateDefaultActions()
     std::map<int, tagCDB_LC_ACT> defaults;
     for (const bool dead : {true, false}) {
         tagCDB_LC_ACT record{};
-        const int code = mrl_lc_get_default_action(db, dead, record);
+        const int code = mrl_lc_get_default_action(m_db, dead, record);
         if (code >= 1) {
             defaults[code] = record;
         }
@@ -152,7 +152,7 @@ void LCM_DataClass::removeAction(int code) { removeActions({code}); }
 void LCM_DataClass::removeActions(const std::set<int>& codes)
 {
     const LCM_ActionIndex live(actions);
-    const LCM_ActionIndex defaults(designCodeActions);
+    const LCM_ActionIndex defaults(m_designCodeActions);
     std::unordered_set<const LCM_ActionEntry*> gone;
     for (const int code : codes) {
         const LCM_ActionTargets& targets = live.at(code);
@@ -172,4 +172,27 @@ void LCM_DataClass::removeActions(const std::set<int>& codes)
     }
     const auto isGone = [&](const LCM_ActionEntry* entry) { return gone.count(entry) != 0; };
     actions.erase(std::remove_if(actions.begin(), actions.end(), isGone), actions.end());
+}
+
+void LCM_DataClass::storeAction(int code, const tagCDB_LC_ACT& record, bool mayCreate)
+{
+    const LCM_ActionTargets targets = lcm_action_targets(actions, code);
+    targets.store(record);
+    if (targets.empty() && mayCreate) {
+        actions.push_back(newEntry(record, LCM_STATE_ACTIVE, false));
+    }
+}
+
+void LCM_DataClass::storeActions(const std::vector<LCM_CodedAction>& rows, bool mayCreate)
+{
+    LCM_ActionIndex index(actions);
+    for (const LCM_CodedAction& row : rows) {
+        const LCM_ActionTargets& targets = index.at(row.code);
+        targets.store(row.record);
+        if (!targets.empty() || !mayCreate) {
+            continue;
+        }
+        actions.push_back(newEntry(row.record, LCM_STATE_ACTIVE, false));
+        index.add(actions.back());
+    }
 }
