@@ -98,10 +98,25 @@ int sectorSize(sqlite3_file*) { return SECTOR; }
 // A disk that promises nothing.
 int characteristics(sqlite3_file*) { return 0; }
 
-const sqlite3_io_methods layer{1,        close,    read,   write,           truncate,
-                               sync,     fileSize, lock,   unlock,          checkReservedLock,
-                               fileControl, sectorSize, characteristics, nullptr, nullptr,
-                               nullptr,  nullptr,  nullptr, nullptr};
+const sqlite3_io_methods layer{1,
+                               close,
+                               read,
+                               write,
+                               truncate,
+                               sync,
+                               fileSize,
+                               lock,
+                               unlock,
+                               checkReservedLock,
+                               fileControl,
+                               sectorSize,
+                               characteristics,
+                               nullptr,
+                               nullptr,
+                               nullptr,
+                               nullptr,
+                               nullptr,
+                               nullptr};
 
 /// @return the name within the watched folder; empty elsewhere
 std::string watchedName(const char* name)
@@ -167,7 +182,7 @@ struct Disk
     {
         std::string synced;
         std::vector<const Note*> loose;
-        bool exists = false;        ///< for certain
+        bool exists = false;       ///< for certain
         std::vector<bool> perhaps; ///< creations and deletions since
     };
     std::map<std::string, State> files;

@@ -35,7 +35,8 @@ constexpr int RECORDS = 60;
 void writeAll(int db, int n)
 {
     for (int i = 1; i <= RECORDS; ++i) {
-        putText(db, 12, i, std::to_string(n) + " " + std::string(static_cast<std::size_t>(100 + 40 * (n % 3)), 'x'));
+        putText(db, 12, i,
+                std::to_string(n) + " " + std::string(static_cast<std::size_t>(100 + 40 * (n % 3)), 'x'));
     }
 }
 
@@ -122,10 +123,7 @@ class Trial
 
 void makeEmpty(const std::string& file) { mrl::cdb::close(mrl::cdb::create(file).db); }
 
-void makeFormat1(const std::string& file)
-{
-    tamper(file, sqlOfFormat1(0));
-}
+void makeFormat1(const std::string& file) { tamper(file, sqlOfFormat1(0)); }
 
 void transactions(const std::string& file, Saves& saves)
 {

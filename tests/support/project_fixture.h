@@ -98,7 +98,6 @@ class MemoryProject
             mrl::cdb::Fingerprint one;
             check(mrl::cdb::fingerprint(db(), {key.kwh, key.kwl, key.kwl}, one));
             sum.count += one.count;
-            sum.mix ^= one.mix;
             sum.sum += one.sum;
         }
         return sum;
