@@ -10,18 +10,35 @@
 #include <string>
 #include <vector>
 
+#include "lcdata/values/factors.h"
+#include "lcdata/values/partition.h"
 #include "lcdata/values/situation.h"
 
 namespace mrl::combine {
 
 /// The categories, with their numbers in the records.
-enum class Category { Permanent = 1, Prestress, Variable, Accidental, Seismic };
+enum class Category {
+    Permanent = LC_CATEGORY_PERMANENT,
+    Prestress = LC_CATEGORY_PRESTRESS,
+    Variable = LC_CATEGORY_VARIABLE,
+    Accidental = LC_CATEGORY_ACCIDENTAL,
+    Seismic = LC_CATEGORY_EARTHQUAKE
+};
 
 /// How the load cases of an action act together; the numbers of the records.
-enum class Superposition { Perm = 0, Cond, Excl, Unsi, Usex, Alex, Exex, Perc = 8 };
+enum class Superposition {
+    Perm = LC_SUPERPOSITION_PERM,
+    Cond = LC_SUPERPOSITION_COND,
+    Excl = LC_SUPERPOSITION_EXCL,
+    Unsi = LC_SUPERPOSITION_UNSI,
+    Usex = LC_SUPERPOSITION_USEX,
+    Alex = LC_SUPERPOSITION_ALEX,
+    Exex = LC_SUPERPOSITION_EXEX,
+    Perc = LC_SUPERPOSITION_PERC
+};
 
 /// The factors of an action by LCM_SituationFactor, as they are stored: `Gama` is still under its zero rule.
-using Factors = std::array<float, 7>;
+using Factors = std::array<float, LCM_FACTORS.size()>;
 
 inline float& factor(Factors& factors, LCM_SituationFactor which)
 {

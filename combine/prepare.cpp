@@ -25,17 +25,12 @@ bool bringsIn(const LCM_Situation& situation, LCM_Role role)
         });
 }
 
-std::array<double, 7> decimals(const Factors& stored)
+DecimalFactors decimals(const Factors& stored)
 {
-    std::array<double, 7> result{};
+    DecimalFactors result{};
     std::transform(stored.begin(), stored.end(), result.begin(), shortest);
-    const float gama = factor(stored, LCM_SituationFactor::Gama);
-    double& accidental = result[static_cast<std::size_t>(LCM_SituationFactor::Gama)];
-    if (std::fabs(gama) < LC_GAMA_TOLERANCE) {
-        accidental = 1;
-    } else if (std::fabs(gama - LC_GAMA_ZERO) < LC_GAMA_TOLERANCE) {
-        accidental = 0;
-    }
+    result[static_cast<std::size_t>(LCM_FactorId::Gama)] =
+        shortest(lcm_shown_gama(factor(stored, LCM_FactorId::Gama)));
     return result;
 }
 

@@ -10,16 +10,19 @@
 
 namespace mrl::combine {
 
+/// The factors of an action as decimals, `Gama` without its zero rule.
+using DecimalFactors = std::array<double, LCM_FACTORS.size()>;
+
 /// An action with load cases, or a load case that is its own action.
 struct Member
 {
     std::string name; ///< the action's; "LC 17" for load case 17 that has none; "IMP" for the imperfections
     Category category = Category::Variable;
     Superposition superposition = Superposition::Cond;
-    int group = 0;                   ///< load group; 0 where the situation gives it no meaning
-    std::array<double, 7> factors{}; ///< as decimals, `Gama` without its zero rule
-    int first = 0;                   ///< its load cases in Prepared::numbers
-    int count = 0;                   ///< above 0
+    int group = 0; ///< load group; 0 where the situation gives it no meaning
+    DecimalFactors factors{};
+    int first = 0; ///< its load cases in Prepared::numbers
+    int count = 0; ///< above 0
 };
 
 enum class UnitKind { Permanent, Imperfection, Accidental, Variable };

@@ -48,26 +48,36 @@ inline constexpr std::array<LCM_Partition, 10> LCM_PARTITIONS{{
     {lcm_load_group_id(5), "Q_5", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "Q_5 (Variable) Loadgroup 5")},
 }};
 
-/// How the load cases of an action are superposed.
+/// How the load cases of an action are superposed, as it stands in the partition word.
+enum LCM_SuperpositionId : int {
+    LC_SUPERPOSITION_PERM = 0,
+    LC_SUPERPOSITION_COND = 1,
+    LC_SUPERPOSITION_EXCL = 2,
+    LC_SUPERPOSITION_UNSI = 3,
+    LC_SUPERPOSITION_USEX = 4,
+    LC_SUPERPOSITION_ALEX = 5,
+    LC_SUPERPOSITION_EXEX = 6,
+    LC_SUPERPOSITION_OLD_PERC = 7, ///< read as LC_SUPERPOSITION_PERC and never written
+    LC_SUPERPOSITION_PERC = 8
+};
+
 struct LCM_Superposition
 {
-    int id;                ///< as it stands in the partition word
+    int id;                ///< an LCM_SuperpositionId
     std::string_view word; ///< in design-code files, the command line, JSON and the workbench
     const char* caption;   ///< in the dialog, to be translated
 };
 
-constexpr int LC_SUPERPOSITION_EXCL = 2; ///< that of an action whose name was typed
-constexpr int LC_SUPERPOSITION_PERC = 8;
-constexpr int LC_SUPERPOSITION_OLD_PERC = 7; ///< read as LC_SUPERPOSITION_PERC and never written
-
 inline constexpr std::array<LCM_Superposition, 8> LCM_SUPERPOSITIONS{{
-    {0, "PERM", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERM permanent")},
-    {1, "COND", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "COND conditional")},
+    {LC_SUPERPOSITION_PERM, "PERM", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERM permanent")},
+    {LC_SUPERPOSITION_COND, "COND", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "COND conditional")},
     {LC_SUPERPOSITION_EXCL, "EXCL", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXCL exclusive within category")},
-    {3, "UNSI", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "UNSI conditional with unfavourable sign")},
-    {4, "USEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "USEX exclusive with unfavourable sign")},
-    {5, "ALEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "ALEX permanent but exclusive")},
-    {6, "EXEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXEX exclusive within action")},
+    {LC_SUPERPOSITION_UNSI, "UNSI",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "UNSI conditional with unfavourable sign")},
+    {LC_SUPERPOSITION_USEX, "USEX",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "USEX exclusive with unfavourable sign")},
+    {LC_SUPERPOSITION_ALEX, "ALEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "ALEX permanent but exclusive")},
+    {LC_SUPERPOSITION_EXEX, "EXEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXEX exclusive within action")},
     {LC_SUPERPOSITION_PERC, "PERC",
      QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERC permanent with individual factors")},
 }};

@@ -8,11 +8,10 @@
 #include <string>
 #include <vector>
 
-/// The factors of an action that a term may name, in the order of LCM_SITUATION_FACTOR_NAMES.
-enum class LCM_SituationFactor { Gamu, Gamf, Gama, Psi0, Psi1, Psi2, Psi1s };
+#include "lcdata/values/factors.h"
 
-inline constexpr std::array<const char*, 7> LCM_SITUATION_FACTOR_NAMES{"Gamu", "Gamf", "Gama", "Psi0",
-                                                                       "Psi1", "Psi2", "Psi1s"};
+/// A factor of an action that a term may name.
+using LCM_SituationFactor = LCM_FactorId;
 
 /// A product of a number, constants of the design code and factors of the action that it stands for.
 struct LCM_Term

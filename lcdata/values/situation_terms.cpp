@@ -56,13 +56,16 @@ bool LCM_TermReader::fail(std::string message, std::string cure)
 
 bool LCM_TermReader::unknown(const std::string& word)
 {
-    std::vector<std::string> words(LCM_SITUATION_FACTOR_NAMES.begin(), LCM_SITUATION_FACTOR_NAMES.end());
+    std::vector<std::string> words;
+    std::string factors;
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        words.emplace_back(factor.key);
+        factors += words.back() + ", ";
+    }
     words.insert(words.end(), m_constants.begin(), m_constants.end());
     const std::string nearest = lcm_nearest_word(word, words);
     return fail("'" + word + "' is neither a factor nor a constant of [COMBINATIONS]",
-                nearest.empty()
-                    ? "write a number or one of Gamu, Gamf, Gama, Psi0, Psi1, Psi2, Psi1s, KFI, XSI"
-                    : "write " + nearest);
+                nearest.empty() ? "write a number or one of " + factors + "KFI, XSI" : "write " + nearest);
 }
 
 bool LCM_TermReader::number(const std::string& text, std::size_t& at)
@@ -159,10 +162,10 @@ bool LCM_TermReader::part(LCM_Term& term, std::string* action)
                               : fail("'" + word.text + "' stands where a number or a name is wanted",
                                      "write a number or a name");
     }
-    const auto& names = LCM_SITUATION_FACTOR_NAMES;
-    const auto factor = std::find(names.begin(), names.end(), word.text);
-    if (factor != names.end()) {
-        term.factors.push_back(static_cast<LCM_SituationFactor>(factor - names.begin()));
+    const auto factor = std::find_if(LCM_FACTORS.begin(), LCM_FACTORS.end(),
+                                     [&](const LCM_Factor& each) { return word.text == each.key; });
+    if (factor != LCM_FACTORS.end()) {
+        term.factors.push_back(factor->id);
     } else if (std::find(m_constants.begin(), m_constants.end(), word.text) != m_constants.end()) {
         term.constants.push_back(word.text);
     } else if (action != nullptr && action->empty()) {
