@@ -11,62 +11,81 @@ namespace mrl::combine {
 namespace {
 
 constexpr double NEVER = -std::numeric_limits<double>::infinity();
-constexpr double TOLERANCE = 1e-12; // of factors that were typed
-
-bool same(double a, double b) { return std::fabs(a - b) <= TOLERANCE; }
 
 } // namespace
 
 Checker::Checker(const Model& model, const LCM_Situation& situation) : m_model(model), m_situation(situation)
 {
-    std::map<std::string, Piece> named;
+    std::vector<Piece> pieces = actions();
+    std::map<std::string, std::size_t> places;
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        places[pieces[i].name] = i;
+    }
     Piece imperfections;
     imperfections.name = "IMP";
     imperfections.isImperfection = true;
     imperfections.superposition = Superposition::Excl;
-    std::vector<Piece> own;
-    const auto readFactors = [](Piece& piece, const Factors& factors) {
-        for (std::size_t i = 0; i < factors.size(); ++i) {
-            piece.factors[static_cast<LCM_SituationFactor>(i)] = shortest(factors[i]);
-        }
-        double& gama = piece.factors[LCM_SituationFactor::Gama];
-        gama = std::fabs(gama) < 1e-7 ? 1 : std::fabs(gama - 0.001) < 1e-7 ? 0 : gama;
-    };
-    for (const Action& action : model.actions) {
-        Piece& piece = named[action.name];
-        piece.name = action.name;
-        piece.category = action.category;
-        piece.superposition = action.superposition;
-        piece.group =
-            situation.groups == LCM_Groups::Apart || action.category != Category::Variable ? 0 : action.group;
-        piece.pool =
-            action.superposition == Superposition::Exex ? action.name.substr(0, action.name.find('_')) : "";
-        readFactors(piece, action.factors);
-    }
     for (const LoadCase& loadCase : model.loadCases) {
         if (loadCase.isImperfection) {
             imperfections.numbers.push_back(loadCase.number);
         } else if (!loadCase.action.empty()) {
-            named[loadCase.action].numbers.push_back(loadCase.number);
+            pieces[places.at(loadCase.action)].numbers.push_back(loadCase.number);
         } else if (loadCase.own) {
-            const bool isPermanent = factor(*loadCase.own, LCM_SituationFactor::Gamf) > 0;
-            Piece piece;
-            piece.name = "LC " + std::to_string(loadCase.number);
-            piece.category = isPermanent ? Category::Permanent : Category::Variable;
-            piece.superposition = isPermanent ? Superposition::Perm : Superposition::Cond;
-            piece.numbers = {loadCase.number};
-            readFactors(piece, *loadCase.own);
-            own.push_back(piece);
+            pieces.push_back(ownPiece(loadCase));
         }
     }
-    m_pieces.reserve(named.size() + own.size() + 1); // pieces are pointed at
-    for (auto& [name, piece] : named) {
+    pieces.push_back(std::move(imperfections));
+    m_pieces.reserve(pieces.size()); // they are pointed at
+    for (Piece& piece : pieces) {
         addPiece(std::move(piece));
     }
-    for (Piece& piece : own) {
-        addPiece(std::move(piece));
+    findSharedPools();
+}
+
+std::map<LCM_SituationFactor, double> Checker::decimals(const Factors& stored)
+{
+    std::map<LCM_SituationFactor, double> factors;
+    for (std::size_t i = 0; i < stored.size(); ++i) {
+        factors[static_cast<LCM_SituationFactor>(i)] = shortest(stored[i]);
     }
-    addPiece(std::move(imperfections));
+    double& gama = factors[LCM_SituationFactor::Gama];
+    gama = std::fabs(gama) < 1e-7 ? 1 : std::fabs(gama - 0.001) < 1e-7 ? 0 : gama;
+    return factors;
+}
+
+std::vector<Checker::Piece> Checker::actions() const
+{
+    std::vector<Piece> pieces;
+    for (const Action& action : m_model.actions) {
+        Piece piece;
+        piece.name = action.name;
+        piece.category = action.category;
+        piece.superposition = action.superposition;
+        const bool isGrouped =
+            m_situation.groups != LCM_Groups::Apart && action.category == Category::Variable;
+        piece.group = isGrouped ? action.group : 0;
+        const bool isPool = action.superposition == Superposition::Exex;
+        piece.pool = isPool ? action.name.substr(0, action.name.find('_')) : "";
+        piece.factors = decimals(action.factors);
+        pieces.push_back(std::move(piece));
+    }
+    return pieces;
+}
+
+Checker::Piece Checker::ownPiece(const LoadCase& loadCase)
+{
+    const bool isPermanent = factor(*loadCase.own, LCM_SituationFactor::Gamf) > 0;
+    Piece piece;
+    piece.name = "LC " + std::to_string(loadCase.number);
+    piece.category = isPermanent ? Category::Permanent : Category::Variable;
+    piece.superposition = isPermanent ? Superposition::Perm : Superposition::Cond;
+    piece.numbers = {loadCase.number};
+    piece.factors = decimals(*loadCase.own);
+    return piece;
+}
+
+void Checker::findSharedPools()
+{
     std::map<std::string, int> homes;
     for (const Block& block : m_blocks) {
         std::set<std::string> inBlock;
@@ -120,126 +139,27 @@ bool Checker::allows(const Key& key) const
         }
         factors[share.number] = share.factor;
     }
-    const auto fits = [&](const Piece& piece, const Part* part) {
-        const auto all = [&](const std::vector<double>& wanted, int marked, double mark) {
-            int count = 0; // load cases that have the marked factor and couldn't have another one
-            int could = 0;
-            for (const int number : piece.numbers) {
-                const double x = factors.count(number) == 0 ? 0 : factors.at(number);
-                const bool isWanted =
-                    std::any_of(wanted.begin(), wanted.end(), [&](double w) { return same(w, x); });
-                const bool isMarked = marked != 0 && same(std::fabs(x), std::fabs(mark));
-                if (!isWanted && !isMarked) {
-                    return false;
-                }
-                count += isWanted ? 0 : 1;
-                could += isMarked ? 1 : 0;
-            }
-            return marked == 0 || (could > 0 && (marked < 0 || count <= 1));
-        };
-        const auto fitsOne = [&](double factor, bool hasSigns, bool isSome) {
-            // Without signs, a load case with the other sign is neither wanted nor marked.
-            for (const int number : piece.numbers) {
-                const double x = factors.count(number) == 0 ? 0 : factors.at(number);
-                if (!hasSigns && !same(x, factor) && !same(x, 0)) {
-                    return false;
-                }
-            }
-            return all({0}, isSome ? -1 : 1, factor);
-        };
-        if (part == nullptr) {
-            return all({0}, 0, 0) ? 0 : NEVER;
+    const auto worth = [&](const Piece& piece, const CheckedPart* part) {
+        std::vector<double> own;
+        for (const int number : piece.numbers) {
+            own.push_back(factors.count(number) == 0 ? 0 : factors.at(number));
         }
-        const double u = part->worse;
-        const double f = part->better;
-        bool isFit = false;
-        if (part->first > 0) {
-            const double second = u * part->others;
-            return all({second, -second}, 1, u * part->first) ? 0 : NEVER;
-        }
-        switch (part->superposition) {
-        case Superposition::Cond:
-            isFit = part->isPermanent ? all({0, u}, 0, 0) : fitsOne(u, false, true);
-            break;
-        case Superposition::Excl:
-        case Superposition::Exex:
-            isFit = fitsOne(u, false, false) || (part->isPermanent && fitsOne(f, false, false));
-            break;
-        case Superposition::Alex:
-            isFit = fitsOne(u, false, false) || (!part->leads && fitsOne(f, false, false));
-            break;
-        case Superposition::Unsi:
-        case Superposition::Usex:
-            isFit = fitsOne(u, true, part->superposition == Superposition::Unsi) ||
-                    (part->isPermanent && fitsOne(f, true, part->superposition == Superposition::Unsi));
-            break;
-        case Superposition::Perm:
-            isFit = all({u}, 0, 0) || (!part->leads && all({f}, 0, 0));
-            break;
-        case Superposition::Perc:
-            isFit = all({u, f}, 0, 0) && (!part->leads || !all({f}, 0, 0) || same(u, f));
-            break;
-        }
-        return isFit ? 0 : NEVER;
+        const bool fits = part == nullptr
+                              ? std::count(own.begin(), own.end(), 0.0) == static_cast<long>(own.size())
+                              : partFits(*part, own);
+        return fits ? 0 : NEVER;
     };
-    return search(fits) == 0;
+    return search(worth) == 0;
 }
 
 double Checker::greatest(const std::map<int, double>& responses) const
 {
-    return search([&](const Piece& piece, const Part* part) {
-        if (part == nullptr) {
-            return 0.0;
-        }
-        std::vector<double> r;
+    return search([&](const Piece& piece, const CheckedPart* part) {
+        std::vector<double> own;
         for (const int number : piece.numbers) {
-            r.push_back(responses.at(number));
+            own.push_back(responses.at(number));
         }
-        const double u = part->worse;
-        const double f = part->better;
-        const auto sum = [&](const std::function<double(double)>& each) {
-            double total = 0;
-            for (const double x : r) {
-                total += each(x);
-            }
-            return total;
-        };
-        const auto most = [&](const std::function<double(double)>& each) {
-            double best = NEVER;
-            for (const double x : r) {
-                best = std::max(best, each(x));
-            }
-            return best;
-        };
-        const double worst = part->isPermanent ? std::max(std::fabs(u), std::fabs(f)) : std::fabs(u);
-        if (part->first > 0) {
-            return sum([&](double x) { return std::fabs(u * part->others * x); }) +
-                   most([&](double x) { return std::fabs(u * x) * (part->first - part->others); });
-        }
-        switch (part->superposition) {
-        case Superposition::Cond: {
-            const double best = most([&](double x) { return u * x; });
-            const double all = sum([&](double x) { return std::max(0.0, u * x); });
-            return part->isPermanent || best >= 0 ? all : best;
-        }
-        case Superposition::Excl:
-        case Superposition::Exex:
-            return most([&](double x) { return part->isPermanent ? std::max(u * x, f * x) : u * x; });
-        case Superposition::Alex:
-            return most([&](double x) { return part->leads ? u * x : std::max(u * x, f * x); });
-        case Superposition::Unsi:
-            return sum([&](double x) { return worst * std::fabs(x); });
-        case Superposition::Usex:
-            return most([&](double x) { return worst * std::fabs(x); });
-        case Superposition::Perm: {
-            const double all = sum([](double x) { return x; });
-            return part->leads ? u * all : std::max(u * all, f * all);
-        }
-        case Superposition::Perc:
-            break;
-        }
-        const double loss = most([&](double x) { return u * x - std::max(u * x, f * x); });
-        return sum([&](double x) { return std::max(u * x, f * x); }) + (part->leads ? loss : 0);
+        return part == nullptr ? 0 : partGreatest(*part, own);
     });
 }
 
@@ -266,25 +186,35 @@ Superposition Checker::coded(const Piece& piece) const
                                                                       : own;
 }
 
-const LCM_SumTerm* Checker::sumTerm(const Guess& guess, const Piece& piece) const
+/// The bracket and the alternative of a piece in the sum; -1 where it has none.
+std::pair<int, int> Checker::place(const Guess& guess, const Piece& piece) const
 {
-    const LCM_SumTerm* found = nullptr;
-    bool isPicked = false;
+    std::pair<int, int> found{-1, -1};
     int closest = 0;
     for (std::size_t i = 0; i < guess.expression->sum->size(); ++i) {
         const LCM_Bracket& bracket = guess.expression->sum->at(i);
         for (std::size_t j = 0; j < bracket.size(); ++j) {
             if (lcm_action_matches(bracket[j].action, piece.name) > closest) {
                 closest = lcm_action_matches(bracket[j].action, piece.name);
-                found = &bracket[j];
-                isPicked = guess.alternatives.at(i) == j;
+                found = {static_cast<int>(i), static_cast<int>(j)};
             }
         }
     }
-    return isPicked ? found : nullptr;
+    return found;
 }
 
-bool Checker::term(const Guess& guess, LCM_Role role, const Piece& piece, Part& part) const
+const LCM_SumTerm* Checker::sumTerm(const Guess& guess, const Piece& piece) const
+{
+    const auto [bracket, alternative] = place(guess, piece);
+    if (bracket < 0 ||
+        guess.alternatives.at(static_cast<std::size_t>(bracket)) != static_cast<std::size_t>(alternative)) {
+        return nullptr;
+    }
+    return &guess.expression->sum->at(static_cast<std::size_t>(bracket))
+                .at(static_cast<std::size_t>(alternative));
+}
+
+bool Checker::term(const Guess& guess, LCM_Role role, const Piece& piece, CheckedPart& part) const
 {
     LCM_RoleEntry entry;
     const bool isVariable = role == LCM_Role::Lead || role == LCM_Role::Others || role == LCM_Role::Second;
@@ -338,13 +268,22 @@ bool Checker::canLead(const Guess& guess, const Piece& piece) const
 
 bool Checker::mustAct(const Guess& guess, const Block& unit) const
 {
-    const bool isShared = std::find(m_shared.begin(), m_shared.end(), unit.front()->pool) != m_shared.end();
-    const bool isExcluded =
-        guess.expression->sum && m_situation.groups == LCM_Groups::Exclude && unit.front()->group > 0;
-    return !isShared && !isExcluded && std::any_of(unit.begin(), unit.end(), [&](const Piece* piece) {
-        const Superposition code = coded(*piece);
-        return code == Superposition::Perm || code == Superposition::Perc || code == Superposition::Alex;
-    });
+    const Piece& front = *unit.front();
+    const bool isSum = guess.expression->sum.has_value();
+    const bool isShared = std::find(m_shared.begin(), m_shared.end(), front.pool) != m_shared.end();
+    const bool isExcluded = isSum && m_situation.groups == LCM_Groups::Exclude && front.group > 0;
+    const bool isSpread =
+        isSum && std::any_of(unit.begin(), unit.end(), [&](const Piece* piece) {
+            return place(guess, *piece) != place(guess, front) || place(guess, front).first < 0;
+        });
+    return !isShared && !isExcluded && !isSpread &&
+           std::any_of(unit.begin(), unit.end(), [&](const Piece* piece) {
+               const Superposition code = coded(*piece);
+               const LCM_RoleEntry* others = lcm_role_entry(*guess.expression, LCM_Role::Others, piece->name);
+               return (code == Superposition::Perm || code == Superposition::Perc ||
+                       code == Superposition::Alex) &&
+                      (isSum || (others != nullptr && others->unfavourable));
+           });
 }
 
 bool Checker::isShort(const Guess& guess, const Block& block) const
@@ -372,8 +311,16 @@ std::vector<Checker::Block> Checker::units(const Block& block) const
     return units;
 }
 
-double Checker::unitRests(const Guess&, const Block& unit, const Worth& worth) const
+/// A unit at rest; never where it must act.
+double Checker::unitRests(const Guess& guess, const Block& unit, bool isExcluded, const Worth& worth) const
 {
+    CheckedPart unused;
+    const bool hasTerm = std::any_of(unit.begin(), unit.end(), [&](const Piece* piece) {
+        return term(guess, LCM_Role::Others, *piece, unused);
+    });
+    if (!isExcluded && hasTerm && mustAct(guess, unit)) {
+        return NEVER;
+    }
     double sum = 0;
     for (const Piece* piece : unit) {
         sum += worth(*piece, nullptr);
@@ -387,7 +334,7 @@ double Checker::unitActs(const Guess& guess, const Block& unit, std::size_t numb
 {
     double best = NEVER;
     for (const Piece* piece : unit) {
-        Part part;
+        CheckedPart part;
         const bool leads = role == LCM_Role::Lead;
         const auto owner = guess.poolOwners.find(piece->pool);
         const bool isElsewhere = owner != guess.poolOwners.end() && owner->second != number;
@@ -416,12 +363,8 @@ double Checker::block(const Guess& guess, std::size_t number, LCM_Role role, con
     double none = 0;     // the best with no unit yet in the role that is asked for
     double some = NEVER; // with one or more
     for (const Block& unit : units(m_blocks[number])) {
-        Part unused;
-        const bool hasTerm = std::any_of(unit.begin(), unit.end(), [&](const Piece* piece) {
-            return term(guess, LCM_Role::Others, *piece, unused);
-        });
         const LCM_Role own = role == LCM_Role::Second && !isShort(guess, unit) ? LCM_Role::Others : role;
-        double rest = mustAct(guess, unit) && hasTerm ? NEVER : unitRests(guess, unit, worth);
+        double rest = unitRests(guess, unit, false, worth);
         if (role == LCM_Role::Lead) {
             rest = std::max(rest, unitActs(guess, unit, number, LCM_Role::Others, worth));
         }
@@ -445,11 +388,7 @@ double Checker::variable(const Guess& guess, const Worth& worth) const
         const bool isFurther = isShort(guess, own) && guess.firstShort != &own;
         double rest = 0;
         for (const Block& unit : units(own)) {
-            Part unused;
-            const bool hasTerm = std::any_of(unit.begin(), unit.end(), [&](const Piece* piece) {
-                return term(guess, LCM_Role::Others, *piece, unused);
-            });
-            rest += mustAct(guess, unit) && hasTerm && !isExcluded ? NEVER : unitRests(guess, unit, worth);
+            rest += unitRests(guess, unit, isExcluded, worth);
         }
         double acts = NEVER;
         if (guess.leader == &own) {
@@ -573,7 +512,7 @@ double Checker::constant(const Guess& guess, const Worth& worth) const
         double best = NEVER;
         bool acts = false;
         for (const Piece* piece : unit) {
-            Part part;
+            CheckedPart part;
             if (!term(guess, isPrestress ? LCM_Role::Prestress : LCM_Role::Permanent, *piece, part)) {
                 continue;
             }
@@ -584,10 +523,14 @@ double Checker::constant(const Guess& guess, const Worth& worth) const
             }
             best = std::max(best, value);
         }
-        sum += mayRest || !acts ? std::max(best, unitRests(guess, unit, worth)) : best;
+        double rest = 0;
+        for (const Piece* piece : unit) {
+            rest += worth(*piece, nullptr);
+        }
+        sum += mayRest || !acts ? std::max(best, rest) : best;
     }
     for (const Piece* piece : m_imperfections) {
-        Part part;
+        CheckedPart part;
         const bool acts = term(guess, LCM_Role::Imperfection, *piece, part);
         sum += std::max(worth(*piece, nullptr), acts ? worth(*piece, &part) : NEVER);
     }
@@ -606,7 +549,7 @@ double Checker::accidents(Guess& guess, const Worth& worth) const
     std::vector<const Piece*> all = m_accidental;
     all.push_back(nullptr);
     for (const Piece* acting : all) {
-        Part part;
+        CheckedPart part;
         const bool isSeismic = acting != nullptr && acting->category == Category::Seismic;
         guess.accident = acting;
         if (acting == nullptr

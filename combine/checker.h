@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "combine/checked_part.h"
 #include "combine/model.h"
 
 namespace mrl::combine {
@@ -41,21 +42,9 @@ class Checker
         std::vector<int> numbers;
     };
 
-    /// How a piece acts.
-    struct Part
-    {
-        Superposition superposition = Superposition::Cond;
-        double worse = 0;
-        double better = 0;
-        bool isPermanent = false;
-        bool leads = false;
-        double first = 0; ///< components; 0: none
-        double others = 0;
-    };
-
     /// What the worth of a piece is that acts, or rests (null). A key has worth 0 where it fits and minus infinity where
     /// it doesn't; a response has its best value.
-    using Worth = std::function<double(const Piece&, const Part*)>;
+    using Worth = std::function<double(const Piece&, const CheckedPart*)>;
     using Block = std::vector<const Piece*>;
 
     /// Everything that is tried.
@@ -71,7 +60,11 @@ class Checker
         std::vector<std::size_t> alternatives;         ///< of each bracket of a sum
     };
 
+    static std::map<LCM_SituationFactor, double> decimals(const Factors& stored);
+    static Piece ownPiece(const LoadCase& loadCase);
+    std::vector<Piece> actions() const;
     void addPiece(Piece piece);
+    void findSharedPools();
     double search(const Worth& worth) const;
     double accidents(Guess& guess, const Worth& worth) const;
     double pools(Guess& guess, std::size_t pool, const Worth& worth) const;
@@ -84,11 +77,12 @@ class Checker
     double block(const Guess& guess, std::size_t number, LCM_Role role, const Worth& worth) const;
     double unitActs(const Guess& guess, const Block& unit, std::size_t number, LCM_Role role,
                     const Worth& worth) const;
-    double unitRests(const Guess& guess, const Block& unit, const Worth& worth) const;
+    double unitRests(const Guess& guess, const Block& unit, bool isExcluded, const Worth& worth) const;
     std::vector<Block> units(const Block& block) const;
 
-    bool term(const Guess& guess, LCM_Role role, const Piece& piece, Part& part) const;
+    bool term(const Guess& guess, LCM_Role role, const Piece& piece, CheckedPart& part) const;
     double product(const LCM_Term& term, const Piece& piece) const;
+    std::pair<int, int> place(const Guess& guess, const Piece& piece) const;
     const LCM_SumTerm* sumTerm(const Guess& guess, const Piece& piece) const;
     bool canLead(const Guess& guess, const Piece& piece) const;
     bool mustAct(const Guess& guess, const Block& unit) const;

@@ -22,6 +22,7 @@ class Enumerator
   private:
     bool node(int number, std::size_t unit);
     bool act(const Edge& edge, std::size_t unit);
+    bool uniform(const Edge& edge, std::size_t unit);
     bool loadCase(const Edge& edge, std::size_t unit, int at, bool isMarked);
     bool tell();
 
@@ -75,9 +76,37 @@ bool Enumerator::act(const Edge& edge, std::size_t unit)
     if (act.leads) {
         m_leading.push_back(act.member);
     }
-    const bool goesOn = loadCase(edge, unit, 0, false);
+    // A million load cases with one choice each are no reason to go a million calls deep.
+    const bool isUniform = act.pattern.stay.size() == 1 && act.pattern.marks != Marks::Some;
+    const bool goesOn = isUniform ? uniform(edge, unit) : loadCase(edge, unit, 0, false);
     if (act.leads) {
         m_leading.pop_back();
+    }
+    return goesOn;
+}
+
+/// Load cases that have all the same factor, but for the one that may be marked.
+bool Enumerator::uniform(const Edge& edge, std::size_t unit)
+{
+    const Act& act = m_plan.acts[static_cast<std::size_t>(edge.act)];
+    const Member& member = m_plan.prepared.members[static_cast<std::size_t>(act.member)];
+    const double stay = act.pattern.stay.front();
+    const std::size_t before = m_path.size();
+    const auto tellWith = [&](int marked, double mark) {
+        for (int i = 0; i < member.count; ++i) {
+            const double factor = i == marked ? mark : stay;
+            if (factor != 0) {
+                m_path.emplace_back(member.first + i, factor);
+            }
+        }
+        const bool goesOn = node(edge.to, unit + 1);
+        m_path.resize(before);
+        return goesOn;
+    };
+    bool goesOn = act.pattern.marks == Marks::One || tellWith(-1, 0);
+    for (int i = 0; act.pattern.marks == Marks::One && goesOn && i < member.count; ++i) {
+        goesOn = std::all_of(act.pattern.mark.begin(), act.pattern.mark.end(),
+                             [&](double mark) { return tellWith(i, mark); });
     }
     return goesOn;
 }

@@ -109,15 +109,21 @@ int ResolvedExpression::accidentKind(int member) const
 
 bool ResolvedExpression::mustAct(const Unit& unit) const
 {
-    // On the safe side a pool across load groups need not act, nor a load group of a sum that another one excludes.
-    const bool isExcluded = isSum() && unit.group > 0 && m_situation.groups == LCM_Groups::Exclude;
-    return unit.pool < 0 && !isExcluded &&
-           std::any_of(unit.members.begin(), unit.members.end(), [&](int member) {
-               const Member& each = m_prepared.members[static_cast<std::size_t>(member)];
-               return m_factors.mustAct(each) &&
-                      (isSum() ? place(member).bracket >= 0
-                               : m_factors.pair(LCM_Role::Others, each, {}).has_value());
-           });
+    const auto actsAnyway = [&](int number) {
+        const Member& each = m_prepared.members[static_cast<std::size_t>(number)];
+        return m_factors.mustAct(each) && (isSum() || m_factors.pair(LCM_Role::Others, each, {}));
+    };
+    if (unit.pool >= 0 || std::none_of(unit.members.begin(), unit.members.end(), actsAnyway)) {
+        return false; // a pool across load groups need not act, on the safe side
+    }
+    // Neither need, in a sum, a pool across alternatives, nor a load group that another one excludes.
+    const SumPlace& first = place(unit.members.front());
+    const bool isExcluded = unit.group > 0 && m_situation.groups == LCM_Groups::Exclude;
+    return !isSum() || (!isExcluded && first.bracket >= 0 &&
+                        std::all_of(unit.members.begin(), unit.members.end(), [&](int number) {
+                            const SumPlace& other = place(number);
+                            return other.bracket == first.bracket && other.alternative == first.alternative;
+                        }));
 }
 
 bool ResolvedExpression::isShort(const Unit& unit) const

@@ -27,7 +27,7 @@ BigInt ways(const Pattern& pattern, int loadCases)
     case Marks::None:
         return pow(stay, n);
     case Marks::One:
-        return mark * n * pow(stay, n - 1);
+        return pow(stay, n - 1) * (mark * n);
     case Marks::Some:
         break;
     }

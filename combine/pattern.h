@@ -11,7 +11,9 @@
 
 namespace mrl::combine {
 
-using BigInt = boost::multiprecision::cpp_int;
+/// A whole number of any size.
+using BigInt =
+    boost::multiprecision::number<boost::multiprecision::cpp_int_backend<>, boost::multiprecision::et_off>;
 
 enum class Marks { None, One, Some };
 

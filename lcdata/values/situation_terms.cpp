@@ -35,7 +35,7 @@ std::size_t distance(const std::string& a, const std::string& b)
 std::string lcm_nearest_word(const std::string& word, const std::vector<std::string>& words)
 {
     std::string best;
-    std::size_t least = std::min<std::size_t>(3, word.size() / 2 + 2); // further away it is another word
+    std::size_t least = std::min<std::size_t>(3, word.size() / 2 + 1); // further away it is another word
     for (const std::string& candidate : words) {
         const std::size_t far = distance(word.substr(0, 40), candidate);
         if (far < least) {

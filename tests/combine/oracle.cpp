@@ -225,8 +225,20 @@ class Trial
         const bool isShared = isPool(i) && m_poolBlocks.at(first(m_acts[i].name)).size() > 1;
         const bool isLoose =
             m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
-        return !isShared && !isLoose &&
+        return !isShared && !isLoose && !isSpread(i) && (m_expression.sum || mustByPlain(i)) &&
                (code == Superposition::Perm || code == Superposition::Perc || code == Superposition::Alex);
+    }
+    /// Whether a pool stands in several alternatives of a sum.
+    bool isSpread(std::size_t i) const
+    {
+        for (std::size_t j = 0; j < m_acts.size() && m_expression.sum && isExex(i); ++j) {
+            const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
+                                first(m_acts[i].name) == first(m_acts[j].name);
+            if (isSame && place(i) != place(j)) {
+                return true;
+            }
+        }
+        return false;
     }
     bool isShort(const std::string& name) const
     {
