@@ -2,11 +2,18 @@
 
 #include <QHeaderView>
 
+#include "tests/support/record_layout.h"
+
 using mrl::test::action;
 using mrl::test::ActionBuilder;
 using mrl::test::ActionsTab;
+using mrl::test::FACTOR_PLACES;
+using mrl::test::FactorPlace;
+using mrl::test::floatAt;
 using mrl::test::FULL_CODE;
+using mrl::test::partitionWords;
 using mrl::test::Project;
+using mrl::test::putFloatAt;
 using mrl::test::replaced;
 
 namespace {
@@ -176,6 +183,40 @@ TEST(ActionsTable, SuperpositionSevenShowsPercAndIsReadAsEight)
     ActionsTab tab(project);
     EXPECT_EQ(tab.text(0, ACT_COL_SUPERPOSITION), QStringLiteral("PERC permanent with individual factors"));
     EXPECT_EQ(tab.record("Q").partition, 0x38);
+}
+
+TEST(ActionsTable, EveryWordShowsTheBitsOfThePartitionWordAndIsReadAsThem)
+{
+    Project project;
+    const auto words = partitionWords();
+    const auto name = [](std::size_t i) { return QStringLiteral("A%1").arg(i); };
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        project.store(action(name(i)).partition(words[i].word));
+    }
+    ActionsTab tab(project);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const QString partition = tab.text(name(i), ACT_COL_PARTITION);
+        const QString superposition = tab.text(name(i), ACT_COL_SUPERPOSITION);
+        EXPECT_TRUE(partition.startsWith(QString::fromStdString(words[i].partition) + " ("))
+            << partition.toStdString();
+        EXPECT_TRUE(superposition.startsWith(QString::fromStdString(words[i].superposition) + ' '))
+            << superposition.toStdString();
+        EXPECT_EQ(tab.record(name(i)).partition, words[i].word);
+    }
+}
+
+TEST(ActionsTable, EveryFactorColumnShowsItsPlaceInTheRecordAndIsReadIntoIt)
+{
+    for (const FactorPlace& place : FACTOR_PLACES) {
+        Project project;
+        tagCDB_LC_ACT stored = action("G").gama(0.25f);
+        putFloatAt(stored, place.actionByte, 0.5f);
+        project.store(stored);
+        ActionsTab tab(project);
+        EXPECT_EQ(tab.text("G", place.column), QStringLiteral("0.50")) << place.key;
+        tab.cell("G", place.column)->setText(QStringLiteral("0.75"));
+        EXPECT_EQ(floatAt(tab.record("G"), place.actionByte), 0.75f) << place.key;
+    }
 }
 
 TEST(ActionsTable, StoredZeroOfGamaShowsOneAndStoredThousandthShowsZero)

@@ -1,9 +1,15 @@
 #include <gmock/gmock.h>
 
 #include "cli/run.h"
+#include "support/record_layout.h"
 
 using mrl::test::CliTest;
 using mrl::test::contentOf;
+using mrl::test::FACTOR_PLACES;
+using mrl::test::FactorPlace;
+using mrl::test::floatAt;
+using mrl::test::PartitionWord;
+using mrl::test::partitionWords;
 using testing::HasSubstr;
 
 namespace {
@@ -122,6 +128,30 @@ TEST_F(ActionCommand, SetTakesEveryFactor)
     EXPECT_EQ(w["Psi1"], 0.6);
     EXPECT_EQ(w["Psi2"], 0.2);
     EXPECT_EQ(w["Psi1s"], 0.7);
+}
+
+TEST_F(ActionCommand, EveryFactorOptionAndFieldHasItsPlaceInTheRecord)
+{
+    for (const FactorPlace& place : FACTOR_PLACES) {
+        const std::string option = "--" + QString(place.key).toLower().toStdString();
+        const float value = 0.25f + static_cast<float>(place.actionByte) / 128.0f;
+        done({"action", "set", file, "W", option, std::to_string(value)});
+        EXPECT_EQ(floatAt(stored<tagCDB_LC_ACT>(14, "W"), place.actionByte), value) << place.key;
+        EXPECT_EQ(action("W")[place.key], static_cast<double>(value)) << place.key;
+    }
+}
+
+TEST_F(ActionCommand, EveryWordHasItsBitsInTheRecordBothWays)
+{
+    for (const PartitionWord& expected : partitionWords()) {
+        done({"action", "set", file, "W", "--partition", expected.partition, "--superposition",
+              expected.superposition});
+        EXPECT_EQ(stored<tagCDB_LC_ACT>(14, "W").partition, expected.word)
+            << expected.partition << ' ' << expected.superposition;
+        const auto shown = action("W");
+        EXPECT_EQ(shown["partition"], expected.partition);
+        EXPECT_EQ(shown["superposition"], expected.superposition);
+    }
 }
 
 TEST_F(ActionCommand, SetStoresAGamaOfZeroAsAThousandth)

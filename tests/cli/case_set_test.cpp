@@ -1,8 +1,13 @@
 #include <gmock/gmock.h>
 
 #include "cli/run.h"
+#include "support/record_layout.h"
 
 using mrl::test::CliTest;
+using mrl::test::FACTOR_PLACES;
+using mrl::test::FactorPlace;
+using mrl::test::floatAt;
+using mrl::test::Half;
 using testing::HasSubstr;
 
 namespace {
@@ -47,6 +52,21 @@ TEST_F(CaseSet, NewActionKeepsTitleAndDeadWeightAndIsFollowed)
     EXPECT_EQ(lc["factor"], 2.0);
     for (const char* name : {"Gamu", "Gamf", "Gama", "Psi0", "Psi1", "Psi2", "Psi1s"}) {
         EXPECT_TRUE(lc[name].is_null()) << name;
+    }
+}
+
+TEST_F(CaseSet, EveryFactorOptionAndFieldHasItsPlaceInTheRecord)
+{
+    for (const FactorPlace& place : FACTOR_PLACES) {
+        done({"case", "set", file, "1", "--action", "NONE"});
+        done({"case", "set", file, "1", "--" + QString(place.key).toLower().toStdString(), "0.5"});
+        // The minor one of a pair stands in the field as its ten-thousandth.
+        const float expected = place.half == Half::Minor ? 0.5e-4f : 0.5f;
+        EXPECT_FLOAT_EQ(floatAt(stored<tagCDB_LC_CTRL>(12, "1"), place.loadCaseByte), expected) << place.key;
+        const auto shown = loadCase(1);
+        for (const FactorPlace& other : FACTOR_PLACES) {
+            EXPECT_EQ(shown[other.key], &other == &place ? 0.5 : 0.0) << place.key << ' ' << other.key;
+        }
     }
 }
 

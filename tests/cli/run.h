@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QByteArray>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <cstring>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -69,6 +72,19 @@ class CliTest : public testing::Test
     nlohmann::json loadCase(int number) const
     {
         return done({"case", "show", file, std::to_string(number), "--json"}).json();
+    }
+    /// The first record of a key as it is stored.
+    template <class Record>
+    Record stored(int group, const std::string& element) const
+    {
+        const auto digits = done({"get", file, std::to_string(group), element, "--json"})
+                                .json()[0]["bytes"]
+                                .get<std::string>();
+        const QByteArray bytes = QByteArray::fromHex(QByteArray::fromStdString(digits));
+        Record record{};
+        EXPECT_EQ(bytes.size(), int(sizeof record));
+        std::memcpy(&record, bytes.constData(), std::min(sizeof record, std::size_t(bytes.size())));
+        return record;
     }
     nlohmann::json action(const std::string& name) const
     {

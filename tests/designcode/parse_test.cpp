@@ -6,6 +6,7 @@
 
 #include "designcode/sample_code.h"
 #include "support/own_folder.h"
+#include "support/record_layout.h"
 
 using mrl::designcode::DesignCode;
 using mrl::test::parsed;
@@ -45,6 +46,34 @@ TEST(ParseDesignCode, AvailabilityHoldsMarksAndPartitionZero)
     EXPECT_EQ(code.availability.gamu, 1.0f);
     EXPECT_EQ(code.availability.psi1s, 0.0f);
     EXPECT_EQ(code.availability.partition, 0);
+}
+
+TEST(ParseDesignCode, EveryFactorGoesToItsPlaceInTheRecord)
+{
+    for (const mrl::test::FactorPlace& place : mrl::test::FACTOR_PLACES) {
+        const std::string entry = std::string(place.key) + " = 0.125\n";
+        const DesignCode code = parsed("[DESIGN CODE]\nlabel = x\nntcode = 0\nidcode = 2\ncountry = 0\n"
+                                       "year = 2002\n[AVAILABILITY]\n" +
+                                       entry + "[ACTION G]\ncategory = G\nsuperposition = PERM\n" + entry);
+        ASSERT_EQ(code.actions.size(), 1u);
+        EXPECT_EQ(mrl::test::floatAt(code.availability, place.actionByte), 0.125f) << place.key;
+        EXPECT_EQ(mrl::test::floatAt(code.actions[0].record, place.actionByte), 0.125f) << place.key;
+    }
+}
+
+TEST(ParseDesignCode, EveryWordGivesTheBitsOfThePartitionWord)
+{
+    for (const mrl::test::PartitionWord& expected : mrl::test::partitionWords()) {
+        const bool isGroup = expected.partition.size() > 1;
+        std::string entries = "category = " + expected.partition.substr(0, 1) +
+                              "\nsuperposition = " + expected.superposition + "\n";
+        if (isGroup) {
+            entries += "group = " + expected.partition.substr(2) + "\n";
+        }
+        const DesignCode code = parsed(sampleWith("category = G\nsuperposition = PERM\n", entries));
+        EXPECT_EQ(code.actions[0].record.partition, expected.word)
+            << expected.partition << ' ' << expected.superposition;
+    }
 }
 
 TEST(ParseDesignCode, ActionsKeepTheOrderOfTheFile)

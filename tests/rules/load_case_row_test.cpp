@@ -6,6 +6,7 @@
 
 #include "lcdata/values/packing.h"
 #include "support/loadcase_builders.h"
+#include "support/record_layout.h"
 
 namespace {
 
@@ -123,6 +124,19 @@ TEST(StoredFactors, OfAPairThatFollowsTheActionAreBothUndefined)
     EXPECT_EQ(factors[LCM_FactorId::Psi1s], 0.8f);
     EXPECT_EQ(factors[LCM_FactorId::Gamf], 0.9f);
     EXPECT_EQ(factors[LCM_FactorId::Psi2], 0.0f);
+}
+
+TEST(LoadcaseRow, EveryFactorHasItsPlaceInTheRecordBothWays)
+{
+    for (const mrl::test::FactorPlace& place : mrl::test::FACTOR_PLACES) {
+        // The minor one of a pair stands in the field as its ten-thousandth.
+        const float field = place.half == mrl::test::Half::Minor ? 0.5e-4f : 0.5f;
+        tagCDB_LC_CTRL record = standalone();
+        mrl::test::putFloatAt(record, place.loadCaseByte, field);
+        LCM_LoadCaseFactors factors = lcm_shown_factors(record, nullptr);
+        EXPECT_EQ(factors[lcm_factor_of_load_case_column(place.column)->id], 0.5f) << place.key;
+        EXPECT_FLOAT_EQ(mrl::test::floatAt(stored(factors), place.loadCaseByte), field) << place.key;
+    }
 }
 
 TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)

@@ -9,6 +9,7 @@
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/packing.h"
 #include "tests/support/project_fixture.h"
+#include "tests/support/record_layout.h"
 #include "workbench/actions_model.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
@@ -132,6 +133,46 @@ TEST_F(SummaryTest, ActionsAreShownAsEngineersWriteThem)
     EXPECT_EQ(shown(model, 0, ActionsModel::Superposition), QStringLiteral("EXCL"));
     EXPECT_EQ(shown(model, 0, ActionsModel::FirstFactor), QStringLiteral("1.35"));
     EXPECT_EQ(shown(model, 0, ActionsModel::FirstFactor + 2), QStringLiteral("0.00")) << "Gama";
+}
+
+TEST_F(SummaryTest, EveryWordShowsTheBitsOfThePartitionWord)
+{
+    const std::map<std::string, QString> names{
+        {"G", "permanent"},           {"P", "prestress"},           {"Q", "variable"},
+        {"A", "accidental"},          {"E", "earthquake"},          {"Q_1", "variable, group 1"},
+        {"Q_2", "variable, group 2"}, {"Q_3", "variable, group 3"}, {"Q_4", "variable, group 4"},
+        {"Q_5", "variable, group 5"}};
+    for (const PartitionWord& expected : partitionWords()) {
+        project.putAction(action(QStringLiteral("G")).partition(expected.word));
+        ActionsModel model(nullptr);
+        const ProjectSummary summary = summarise(db);
+        model.show(summary.actions, summary.factors);
+        EXPECT_EQ(shown(model, 0, ActionsModel::Category), names.at(expected.partition));
+        EXPECT_EQ(shown(model, 0, ActionsModel::Superposition),
+                  QString::fromStdString(expected.superposition));
+    }
+}
+
+TEST_F(SummaryTest, EveryFactorIsShownFromItsPlaceInTheRecord)
+{
+    project.setDesignCode("no-such-code"); // shows all factors under their plain names
+    for (const FactorPlace& place : FACTOR_PLACES) {
+        tagCDB_LC_ACT stored = action(QStringLiteral("G"));
+        putFloatAt(stored, place.actionByte, 0.5f);
+        project.putAction(stored);
+        tagCDB_LC_CTRL own = loadcase();
+        putFloatAt(own, place.loadCaseByte, place.half == Half::Minor ? 0.5e-4f : 0.5f);
+        project.putLoadcase(1, own);
+        const ProjectSummary summary = summarise(db);
+        ActionsModel actions(nullptr);
+        actions.show(summary.actions, summary.factors);
+        EXPECT_EQ(shown(actions, 0, headers(actions).indexOf(place.key)), QStringLiteral("0.50"))
+            << place.key;
+        LoadCasesModel loadCases(nullptr);
+        loadCases.show(summary.loadCases, summary.factors, 0, summary.actions);
+        EXPECT_EQ(shown(loadCases, 0, headers(loadCases).indexOf(place.key)), QStringLiteral("0.50"))
+            << place.key;
+    }
 }
 
 TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndThoseOfTheirActionInGrey)
