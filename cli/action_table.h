@@ -1,5 +1,7 @@
 #pragma once
 
+/// How actions are printed, for people and as JSON.
+
 #include "cli/output.h"
 #include "lcdata/values/records.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The arguments of a command. The parser behind it is the business of arguments.cpp and main.cpp alone.
+/// The arguments of a command. Only arguments.cpp and main.cpp know the parser behind it.
 
 #include <QString>
 #include <map>

@@ -1,5 +1,7 @@
 #pragma once
 
+/// Design codes as commands name and print them.
+
 #include <string>
 
 #include "cli/output.h"

@@ -1,6 +1,6 @@
 #include "cli/load_case_table.h"
 
-#include "cli/stored_load_cases.h"
+#include "cli/project_records.h"
 #include "cli/words.h"
 #include "lcdata/values/packed_text.h"
 #include "rules/load_case_row.h"

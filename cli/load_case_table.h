@@ -1,5 +1,7 @@
 #pragma once
 
+/// How load cases are printed: as a list for people, and as JSON.
+
 #include <string>
 
 #include "cli/output.h"
@@ -7,8 +9,8 @@
 
 namespace mrl::cli {
 
-// The list that people get. Its columns have fixed widths, so that no load case has to wait for another one.
-
+/// The head of the list. Its columns have fixed widths, so that each line can be printed as soon as its load
+/// case is read.
 std::string loadCaseHead();
 
 /// One load case; a star marks the current one.

@@ -30,13 +30,13 @@ std::string blanks(const std::string& text, std::size_t width)
 
 } // namespace
 
-Output::~Output() { std::fwrite(buffer.data(), 1, buffer.size(), stdout); }
+Output::~Output() { std::fwrite(m_buffer.data(), 1, m_buffer.size(), stdout); }
 
 void Output::flush()
 {
-    const std::size_t size = buffer.size();
-    const std::size_t written = std::fwrite(buffer.data(), 1, size, stdout);
-    buffer.clear();
+    const std::size_t size = m_buffer.size();
+    const std::size_t written = std::fwrite(m_buffer.data(), 1, size, stdout);
+    m_buffer.clear();
     if (written != size) {
         throw Failure{ExitCode::File, std::string("standard output: ") + std::strerror(errno)};
     }
@@ -44,8 +44,8 @@ void Output::flush()
 
 void Output::write(std::string_view text)
 {
-    buffer.append(text);
-    if (buffer.size() >= BLOCK_BYTES) {
+    m_buffer.append(text);
+    if (m_buffer.size() >= BLOCK_BYTES) {
         flush();
     }
 }
@@ -110,7 +110,7 @@ std::string Table::lineOf(const std::vector<std::string>& row, const std::vector
 {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        const bool right = columns[i].align == Align::Right;
+        const bool right = m_columns[i].align == Align::Right;
         line += (i == 0 ? "" : "  ") + (right ? paddedLeft(row[i], widths[i]) : padded(row[i], widths[i]));
     }
     line.erase(line.find_last_not_of(' ') + 1);
@@ -121,18 +121,18 @@ void Table::print() const
 {
     std::vector<std::string> head;
     std::vector<std::size_t> widths;
-    for (const Column& column : columns) {
+    for (const Column& column : m_columns) {
         head.push_back(column.title);
         widths.push_back(widthOf(column.title));
     }
-    for (const auto& row : rows) {
+    for (const auto& row : m_rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
             widths[i] = std::max(widths[i], widthOf(row[i]));
         }
     }
     Output out;
     out.line(lineOf(head, widths));
-    for (const auto& row : rows) {
+    for (const auto& row : m_rows) {
         out.line(lineOf(row, widths));
     }
     out.finish();

@@ -30,7 +30,7 @@ class Output
   private:
     void flush();
 
-    std::string buffer;
+    std::string m_buffer;
 };
 
 /// Prints a whole JSON value.
@@ -67,16 +67,16 @@ class Table
         Align align = Align::Left;
     };
 
-    explicit Table(std::vector<Column> head) : columns(std::move(head)) {}
+    explicit Table(std::vector<Column> head) : m_columns(std::move(head)) {}
 
-    void add(std::vector<std::string> row) { rows.push_back(std::move(row)); }
+    void add(std::vector<std::string> row) { m_rows.push_back(std::move(row)); }
     void print() const;
 
   private:
     std::string lineOf(const std::vector<std::string>& row, const std::vector<std::size_t>& widths) const;
 
-    std::vector<Column> columns;
-    std::vector<std::vector<std::string>> rows;
+    std::vector<Column> m_columns;
+    std::vector<std::vector<std::string>> m_rows;
 };
 
 } // namespace mrl::cli

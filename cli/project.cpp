@@ -17,14 +17,14 @@ void throwUnless(const cdb::Result& result)
 } // namespace
 
 Project::Project(const cdb::Opened& opened, const std::string& file, Access access)
-    : handle(opened.db), name(file)
+    : m_handle(opened.db), m_name(file)
 {
     throwUnless(opened.result);
     // A project without a design code is still a project; those who need one ask for it.
     mrl_dlib_ini_switch(db());
     if (access == Access::Write) {
-        transaction = std::make_unique<cdb::Transaction>(db());
-        throwUnless(transaction->state());
+        m_transaction = std::make_unique<cdb::Transaction>(db());
+        throwUnless(m_transaction->state());
     }
 }
 
@@ -39,12 +39,12 @@ void Project::create(const std::string& file, const std::function<void(Project&)
     cdb::close(made.db);
 }
 
-void Project::commit() { throwUnless(transaction->commit()); }
+void Project::commit() { throwUnless(m_transaction->commit()); }
 
 void Project::refuse(const std::string& reason) const
 {
     throwOnError();
-    throw Failure{ExitCode::Refused, name + ": " + reason};
+    throw Failure{ExitCode::Refused, m_name + ": " + reason};
 }
 
 void Project::throwOnError() const { throwUnless(cdb::stickyError(db())); }

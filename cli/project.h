@@ -1,5 +1,7 @@
 #pragma once
 
+/// The project that a command works on.
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -24,8 +26,8 @@ class Project
     /// Makes a new project. Nothing of that name appears unless `fill` comes through, its commit included.
     static void create(const std::string& file, const std::function<void(Project&)>& fill);
 
-    int db() const { return handle.db; }
-    const std::string& file() const { return name; }
+    int db() const { return m_handle.db; }
+    const std::string& file() const { return m_name; }
 
     /// Makes the writes of the command durable.
     void commit();
@@ -49,9 +51,9 @@ class Project
 
     Project(const cdb::Opened& opened, const std::string& file, Access access);
 
-    Handle handle;
-    std::string name;
-    std::unique_ptr<cdb::Transaction> transaction; // ends before the handle
+    Handle m_handle;
+    std::string m_name;
+    std::unique_ptr<cdb::Transaction> m_transaction; // ends before the handle
 };
 
 } // namespace mrl::cli

@@ -1,5 +1,7 @@
 #pragma once
 
+/// Records as bytes, whatever they hold.
+
 #include <string>
 #include <vector>
 

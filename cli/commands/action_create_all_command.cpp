@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
+#include "cli/project_records.h"
 #include "cli/words.h"
 #include "lcdata/actions.h"
 
@@ -20,16 +20,16 @@ class ActionCreateAllCommand : public Command
   private:
     std::vector<int> codesToCreate(const Project& project) const;
 
-    std::string file;
-    bool force = false;
-    bool missing = false;
+    std::string m_file;
+    bool m_force = false;
+    bool m_missing = false;
 };
 
 void ActionCreateAllCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.flag("--force", force, "Overwrite stored actions");
-    args.flag("--missing", missing, "Leave stored actions as they are and create the others");
+    args.file(m_file);
+    args.flag("--force", m_force, "Overwrite stored actions");
+    args.flag("--missing", m_missing, "Leave stored actions as they are and create the others");
     args.exclude("--missing", "--force");
 }
 
@@ -37,7 +37,7 @@ std::vector<int> ActionCreateAllCommand::codesToCreate(const Project& project) c
 {
     std::vector<int> defaults;
     mrl_lc_get_default_action_list(project.db(), defaults);
-    if (force) {
+    if (m_force) {
         return defaults;
     }
     std::vector<int> codes;
@@ -49,7 +49,7 @@ std::vector<int> ActionCreateAllCommand::codesToCreate(const Project& project) c
             codes.push_back(code);
         }
     }
-    if (!stored.empty() && !missing) {
+    if (!stored.empty() && !m_missing) {
         project.refuse("stored already:" + stored + "; --force overwrites them, --missing leaves them");
     }
     return codes;
@@ -57,7 +57,7 @@ std::vector<int> ActionCreateAllCommand::codesToCreate(const Project& project) c
 
 ExitCode ActionCreateAllCommand::run()
 {
-    Project project = Project::openForWriting(file);
+    Project project = Project::openForWriting(m_file);
     for (const int code : codesToCreate(project)) {
         mrl_lc_create_default_action(project.db(), code);
     }

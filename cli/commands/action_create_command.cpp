@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
+#include "cli/project_records.h"
 #include "lcdata/actions.h"
 #include "lcdata/values/action_code.h"
 
@@ -18,28 +18,28 @@ class ActionCreateCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    std::string action;
-    bool force = false;
+    std::string m_file;
+    std::string m_action;
+    bool m_force = false;
 };
 
 void ActionCreateCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.positional("NAME", action, "Name of the action, such as Q_A");
-    args.flag("--force", force, "Overwrite a stored action");
+    args.file(m_file);
+    args.positional("NAME", m_action, "Name of the action, such as Q_A");
+    args.flag("--force", m_force, "Overwrite a stored action");
 }
 
 ExitCode ActionCreateCommand::run()
 {
-    Project project = Project::openForWriting(file);
+    Project project = Project::openForWriting(m_file);
     // The function for names has the last word on what a name means.
-    const int code = lcm_normalise_code(qtext(action));
-    if (!force && isStored(project.db(), code)) {
-        project.refuse("action " + action + " is stored already; --force overwrites it");
+    const int code = lcm_normalise_code(qtext(m_action));
+    if (!m_force && isStored(project.db(), code)) {
+        project.refuse("action " + m_action + " is stored already; --force overwrites it");
     }
     if (!mrl_lc_create_default_action(project.db(), code)) {
-        project.refuse("the design code has no action " + action);
+        project.refuse("the design code has no action " + m_action);
     }
     project.throwOnError();
     project.commit();

@@ -17,22 +17,22 @@ class ActionListCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    bool json = false;
+    std::string m_file;
+    bool m_json = false;
 };
 
 void ActionListCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.json(json);
+    args.file(m_file);
+    args.json(m_json);
 }
 
 ExitCode ActionListCommand::run()
 {
-    const Project project = Project::openForReading(file);
+    const Project project = Project::openForReading(m_file);
     const std::vector<LCM_StoredAction> actions = lcm_stored_actions(project.db());
     project.throwOnError();
-    if (json) {
+    if (m_json) {
         Json list = Json::array();
         for (const LCM_StoredAction& action : actions) {
             list.push_back(actionJson(action.code, action.record));

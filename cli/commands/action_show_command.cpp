@@ -2,7 +2,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
+#include "cli/project_records.h"
 
 namespace mrl::cli {
 
@@ -17,23 +17,23 @@ class ActionShowCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    std::string action;
-    bool json = false;
+    std::string m_file;
+    std::string m_action;
+    bool m_json = false;
 };
 
 void ActionShowCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.positional("NAME", action, "Name of the action, such as Q_A");
-    args.json(json);
+    args.file(m_file);
+    args.positional("NAME", m_action, "Name of the action, such as Q_A");
+    args.json(m_json);
 }
 
 ExitCode ActionShowCommand::run()
 {
-    const Project project = Project::openForReading(file);
-    const LCM_StoredAction found = requireAction(project, action);
-    if (json) {
+    const Project project = Project::openForReading(m_file);
+    const LCM_StoredAction found = requireAction(project, m_action);
+    if (m_json) {
         printJson(actionJson(found.code, found.record));
         return ExitCode::Done;
     }

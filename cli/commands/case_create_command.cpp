@@ -2,7 +2,7 @@
 #include "cli/commands/commands.h"
 #include "cli/output.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
+#include "cli/project_records.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_load_cases.h"
 #include "lcdata/values/keys.h"
@@ -25,30 +25,30 @@ class CaseCreateCommand : public Command
     int chosenNumber(const Project& project) const;
     void create(const Project& project, int lc) const;
 
-    std::string file;
-    int number = 0;
-    std::optional<std::string> action;
-    std::optional<std::string> title;
+    std::string m_file;
+    int m_number = 0;
+    std::optional<std::string> m_action;
+    std::optional<std::string> m_title;
 };
 
 void CaseCreateCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.number(number, Arguments::Need::Optional);
+    args.file(m_file);
+    args.number(m_number, Arguments::Need::Optional);
     args.text(
-        "--action", action, Arguments::Need::Optional,
+        "--action", m_action, Arguments::Need::Optional,
         "Action of the project; IMP for an imperfection, NONE (the default) for a load case without one");
-    args.title(title);
+    args.title(m_title);
 }
 
 /// The number given, or the one that the dialog would propose without a selection.
 int CaseCreateCommand::chosenNumber(const Project& project) const
 {
-    if (number != 0) {
-        if (mrl_lc_exists(project.db(), number)) {
-            project.refuse("load case " + std::to_string(number) + " exists already");
+    if (m_number != 0) {
+        if (mrl_lc_exists(project.db(), m_number)) {
+            project.refuse("load case " + std::to_string(m_number) + " exists already");
         }
-        return number;
+        return m_number;
     }
     std::vector<int> own;
     std::set<int> used;
@@ -72,10 +72,10 @@ int CaseCreateCommand::chosenNumber(const Project& project) const
 void CaseCreateCommand::create(const Project& project, int lc) const
 {
     const int db = project.db();
-    const int word = action ? typedActionWord(db, *action) : LC_ACTION_NONE;
-    const QString text = title ? qtext(*title) : QStringLiteral("Loadcase %1").arg(lc);
+    const int word = m_action ? typedActionWord(db, *m_action) : LC_ACTION_NONE;
+    const QString text = m_title ? qtext(*m_title) : QStringLiteral("Loadcase %1").arg(lc);
     if (word != LC_ACTION_NONE && !mrl_lc_create_load_case(db, lc, word, text)) {
-        project.refuse("the project has no action " + *action + "; 'mrl-lc action create' takes one over");
+        project.refuse("the project has no action " + *m_action + "; 'mrl-lc action create' takes one over");
     }
     tagCDB_LC_CTRL record{};
     mrl_lc_get(db, lc, record);
@@ -87,7 +87,7 @@ void CaseCreateCommand::create(const Project& project, int lc) const
 
 ExitCode CaseCreateCommand::run()
 {
-    Project project = Project::openForWriting(file);
+    Project project = Project::openForWriting(m_file);
     const int lc = chosenNumber(project);
     create(project, lc);
     project.throwOnError();

@@ -20,22 +20,22 @@ class CaseCurrentCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    bool json = false;
+    std::string m_file;
+    bool m_json = false;
 };
 
 void CaseCurrentCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.json(json);
+    args.file(m_file);
+    args.json(m_json);
 }
 
 ExitCode CaseCurrentCommand::run()
 {
-    const Project project = Project::openForReading(file);
+    const Project project = Project::openForReading(m_file);
     const int current = mrl_lc_current(project.db());
     project.throwOnError();
-    if (json) {
+    if (m_json) {
         printJson({{"currentLoadCase", current}});
         return ExitCode::Done;
     }

@@ -20,32 +20,32 @@ class CaseInitCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    int number = 0;
-    bool dead = false;
-    bool makeCurrent = false;
-    std::optional<std::string> title;
+    std::string m_file;
+    int m_number = 0;
+    bool m_dead = false;
+    bool m_makeCurrent = false;
+    std::optional<std::string> m_title;
 };
 
 void CaseInitCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.number(number, Arguments::Need::Required);
-    args.flag("--dead", dead, "Take the default dead action instead of the live one");
-    args.flag("--current", makeCurrent, "Make the load case current");
-    args.title(title);
+    args.file(m_file);
+    args.number(m_number, Arguments::Need::Required);
+    args.flag("--dead", m_dead, "Take the default dead action instead of the live one");
+    args.flag("--current", m_makeCurrent, "Make the load case current");
+    args.title(m_title);
 }
 
 ExitCode CaseInitCommand::run()
 {
-    Project project = Project::openForWriting(file);
+    Project project = Project::openForWriting(m_file);
     tagCDB_LC_CTRL record{};
-    if (!mrl_lc_init(project.db(), number, record, dead, makeCurrent)) {
-        project.refuse("load case " + std::to_string(number) + " exists already");
+    if (!mrl_lc_init(project.db(), m_number, record, m_dead, m_makeCurrent)) {
+        project.refuse("load case " + std::to_string(m_number) + " exists already");
     }
-    if (title) {
-        lcm_title_pack(qtext(*title), record.title, LC_TITLE_WORDS);
-        mrl_lc_put(project.db(), number, record);
+    if (m_title) {
+        lcm_title_pack(qtext(*m_title), record.title, LC_TITLE_WORDS);
+        mrl_lc_put(project.db(), m_number, record);
     }
     project.throwOnError();
     project.commit();

@@ -4,8 +4,7 @@
 #include "cli/commands/commands.h"
 #include "cli/load_case_table.h"
 #include "cli/project.h"
-#include "cli/stored_actions.h"
-#include "cli/stored_load_cases.h"
+#include "cli/project_records.h"
 #include "lcdata/load_cases.h"
 
 namespace mrl::cli {
@@ -25,23 +24,23 @@ class CaseListCommand : public Command
     void printJsonList(const Project& project) const;
     void printTable(const Project& project) const;
 
-    std::string file;
-    std::optional<std::string> action;
-    std::optional<int> actionWord;
-    bool json = false;
+    std::string m_file;
+    std::optional<std::string> m_action;
+    std::optional<int> m_actionWord;
+    bool m_json = false;
 };
 
 void CaseListCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.text("--action", action, Arguments::Need::Optional,
+    args.file(m_file);
+    args.text("--action", m_action, Arguments::Need::Optional,
               "Only those of an action; IMP for imperfections, NONE for those without");
-    args.json(json);
+    args.json(m_json);
 }
 
 bool CaseListCommand::wanted(const LCM_StoredLoadCase& loadCase) const
 {
-    return !actionWord || (loadCase.isOwn() && actionWordOf(loadCase.record) == *actionWord);
+    return !m_actionWord || (loadCase.isOwn() && actionWordOf(loadCase.record) == *m_actionWord);
 }
 
 /// Written one by one, so that a hundred thousand load cases need no memory of their own.
@@ -79,11 +78,11 @@ void CaseListCommand::printTable(const Project& project) const
 
 ExitCode CaseListCommand::run()
 {
-    const Project project = Project::openForReading(file);
-    if (action) {
-        actionWord = typedActionWord(project.db(), *action);
+    const Project project = Project::openForReading(m_file);
+    if (m_action) {
+        m_actionWord = typedActionWord(project.db(), *m_action);
     }
-    json ? printJsonList(project) : printTable(project);
+    m_json ? printJsonList(project) : printTable(project);
     return ExitCode::Done;
 }
 

@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/project.h"
-#include "cli/stored_load_cases.h"
+#include "cli/project_records.h"
 #include "lcdata/load_cases.h"
 
 namespace mrl::cli {
@@ -17,27 +17,27 @@ class CaseRemoveCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    int number = 0;
-    bool force = false;
+    std::string m_file;
+    int m_number = 0;
+    bool m_force = false;
 };
 
 void CaseRemoveCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.number(number, Arguments::Need::Required);
-    args.flag("--force", force, "Remove it even if it belongs to another module");
+    args.file(m_file);
+    args.number(m_number, Arguments::Need::Required);
+    args.flag("--force", m_force, "Remove it even if it belongs to another module");
 }
 
 ExitCode CaseRemoveCommand::run()
 {
-    Project project = Project::openForWriting(file);
-    const std::string text = "load case " + std::to_string(number);
-    const LCM_StoredLoadCase loadCase = requireLoadCase(project, number);
-    if (!force && !loadCase.isOwn()) {
+    Project project = Project::openForWriting(m_file);
+    const std::string text = "load case " + std::to_string(m_number);
+    const LCM_StoredLoadCase loadCase = requireLoadCase(project, m_number);
+    if (!m_force && !loadCase.isOwn()) {
         project.refuse(text + " belongs to another module; --force removes it all the same");
     }
-    if (!mrl_lc_remove(project.db(), number)) {
+    if (!mrl_lc_remove(project.db(), m_number)) {
         project.refuse(text + " could not be removed");
     }
     project.throwOnError();

@@ -16,23 +16,23 @@ class CaseSetCurrentCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    int number = 0;
+    std::string m_file;
+    int m_number = 0;
 };
 
 void CaseSetCurrentCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.number(number, Arguments::Need::Required);
+    args.file(m_file);
+    args.number(m_number, Arguments::Need::Required);
 }
 
 ExitCode CaseSetCurrentCommand::run()
 {
-    Project project = Project::openForWriting(file);
-    if (!mrl_lc_exists(project.db(), number)) {
-        project.refuse("there is no load case " + std::to_string(number));
+    Project project = Project::openForWriting(m_file);
+    if (!mrl_lc_exists(project.db(), m_number)) {
+        project.refuse("there is no load case " + std::to_string(m_number));
     }
-    mrl_lc_set_current(project.db(), number);
+    mrl_lc_set_current(project.db(), m_number);
     project.throwOnError();
     project.commit();
     return ExitCode::Done;

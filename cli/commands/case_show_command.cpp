@@ -2,7 +2,7 @@
 #include "cli/commands/commands.h"
 #include "cli/load_case_table.h"
 #include "cli/project.h"
-#include "cli/stored_load_cases.h"
+#include "cli/project_records.h"
 #include "lcdata/load_cases.h"
 
 namespace mrl::cli {
@@ -18,24 +18,24 @@ class CaseShowCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    int number = 0;
-    bool json = false;
+    std::string m_file;
+    int m_number = 0;
+    bool m_json = false;
 };
 
 void CaseShowCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.number(number, Arguments::Need::Required);
-    args.json(json);
+    args.file(m_file);
+    args.number(m_number, Arguments::Need::Required);
+    args.json(m_json);
 }
 
 ExitCode CaseShowCommand::run()
 {
-    const Project project = Project::openForReading(file);
+    const Project project = Project::openForReading(m_file);
     const int currentNumber = mrl_lc_current(project.db());
-    const LCM_StoredLoadCase loadCase = requireLoadCase(project, number);
-    if (json) {
+    const LCM_StoredLoadCase loadCase = requireLoadCase(project, m_number);
+    if (m_json) {
         printJson(loadCaseJson(loadCase, currentNumber));
         return ExitCode::Done;
     }

@@ -20,14 +20,14 @@ class CodeShowCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string code;
-    bool json = false;
+    std::string m_code;
+    bool m_json = false;
 };
 
 void CodeShowCommand::declare(Arguments& args)
 {
-    args.positional("CODE", code, "Name of a design code, or the path of its file");
-    args.json(json);
+    args.positional("CODE", m_code, "Name of a design code, or the path of its file");
+    args.json(m_json);
 }
 
 /// The label of a factor as the file has it.
@@ -104,8 +104,8 @@ void printActions(const designcode::DesignCode& code)
 
 ExitCode CodeShowCommand::run()
 {
-    const designcode::DesignCode read = readDesignCode(code);
-    if (json) {
+    const designcode::DesignCode read = readDesignCode(m_code);
+    if (m_json) {
         printJson(codeJson(read));
         return ExitCode::Done;
     }

@@ -15,11 +15,11 @@ class CodesCommand : public Command
   public:
     std::string name() const override { return "codes"; }
     std::string description() const override { return "List the design codes on the search path"; }
-    void declare(Arguments& args) override { args.json(json); }
+    void declare(Arguments& args) override { args.json(m_json); }
     ExitCode run() override;
 
   private:
-    bool json = false;
+    bool m_json = false;
 };
 
 ExitCode CodesCommand::run()
@@ -35,7 +35,7 @@ ExitCode CodesCommand::run()
         }
         codes.push_back(std::get<designcode::DesignCode>(std::move(read)));
     }
-    if (json) {
+    if (m_json) {
         Json list = Json::array();
         for (const auto& code : codes) {
             Json entry = identityJson(code);

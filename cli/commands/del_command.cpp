@@ -17,22 +17,22 @@ class DelCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    int kwh = 0;
-    int kwl = 0;
+    std::string m_file;
+    int m_kwh = 0;
+    int m_kwl = 0;
 };
 
 void DelCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.key(kwh, kwl);
+    args.file(m_file);
+    args.key(m_kwh, m_kwl);
 }
 
 ExitCode DelCommand::run()
 {
-    Project project = Project::openForWriting(file);
-    if (mrl_cdb_del(project.db(), kwh, kwl) >= CD_END) {
-        project.refuse("there is no key " + keyText(kwh, kwl));
+    Project project = Project::openForWriting(m_file);
+    if (mrl_cdb_del(project.db(), m_kwh, m_kwl) >= CD_END) {
+        project.refuse("there is no key " + keyText(m_kwh, m_kwl));
     }
     project.throwOnError();
     project.commit();

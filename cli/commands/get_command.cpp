@@ -24,19 +24,19 @@ class GetCommand : public Command
   private:
     void printLines(const std::vector<std::string>& records) const;
 
-    std::string file;
-    int kwh = 0;
-    int kwl = 0;
-    bool hex = false;
-    bool json = false;
+    std::string m_file;
+    int m_kwh = 0;
+    int m_kwl = 0;
+    bool m_hex = false;
+    bool m_json = false;
 };
 
 void GetCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.key(kwh, kwl);
-    args.flag("--hex", hex, "Bytes in one run, as 'put' takes them, instead of word by word");
-    args.json(json);
+    args.file(m_file);
+    args.key(m_kwh, m_kwl);
+    args.flag("--hex", m_hex, "Bytes in one run, as 'put' takes them, instead of word by word");
+    args.json(m_json);
 }
 
 std::string inWords(const std::string& digits)
@@ -54,20 +54,20 @@ void GetCommand::printLines(const std::vector<std::string>& records) const
     for (std::size_t i = 0; i < records.size(); ++i) {
         const std::string digits = toHex(records[i]);
         out.line(std::to_string(i) + " " + std::to_string(records[i].size()) + " " +
-                 (hex ? digits : inWords(digits)));
+                 (m_hex ? digits : inWords(digits)));
     }
     out.finish();
 }
 
 ExitCode GetCommand::run()
 {
-    const Project project = Project::openForReading(file);
-    const std::vector<std::string> records = readRecords(project.db(), kwh, kwl);
+    const Project project = Project::openForReading(m_file);
+    const std::vector<std::string> records = readRecords(project.db(), m_kwh, m_kwl);
     project.throwOnError();
     if (records.empty()) {
-        project.refuse("there is no key " + keyText(kwh, kwl));
+        project.refuse("there is no key " + keyText(m_kwh, m_kwl));
     }
-    if (!json) {
+    if (!m_json) {
         printLines(records);
         return ExitCode::Done;
     }

@@ -5,7 +5,7 @@
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/keywords.h"
 #include "lcdata/values/system_words.h"
 
@@ -25,8 +25,8 @@ class InfoCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    bool json = false;
+    std::string m_file;
+    bool m_json = false;
 };
 
 struct Info
@@ -44,8 +44,8 @@ struct Info
 
 void InfoCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.json(json);
+    args.file(m_file);
+    args.json(m_json);
 }
 
 Info gather(const Project& project)
@@ -87,16 +87,16 @@ Json infoJson(const Info& info, const std::string& file)
 
 ExitCode InfoCommand::run()
 {
-    const Project project = Project::openForReading(file);
+    const Project project = Project::openForReading(m_file);
     const Info info = gather(project);
-    if (json) {
-        printJson(infoJson(info, file));
+    if (m_json) {
+        printJson(infoJson(info, m_file));
         return ExitCode::Done;
     }
     const auto& code = info.designCode.code;
     const std::string current = info.currentLoadCase == 0 ? "none" : std::to_string(info.currentLoadCase);
     Output out;
-    out.line("Project:            " + file);
+    out.line("Project:            " + m_file);
     out.line("Design code:        " + (code ? code->name + ", " + printable(qtext(code->label))
                                             : "none active: " + info.designCode.reason));
     out.line("System:             " + lcm_word_of_id(LCM_SYSTEMS, info.systemClass));

@@ -1,6 +1,6 @@
+#include "cli/all_keys.h"
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
-#include "cli/key_list.h"
 #include "cli/output.h"
 #include "cli/project.h"
 #include "cli/words.h"
@@ -22,16 +22,16 @@ class KeysCommand : public Command
     ExitCode run() override;
 
   private:
-    std::string file;
-    std::optional<int> kwh;
-    bool json = false;
+    std::string m_file;
+    std::optional<int> m_kwh;
+    bool m_json = false;
 };
 
 void KeysCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.integer("--kwh", kwh, "Only the keys of one group");
-    args.json(json);
+    args.file(m_file);
+    args.integer("--kwh", m_kwh, "Only the keys of one group");
+    args.json(m_json);
 }
 
 std::string nameOf(int kwh, int kwl)
@@ -53,15 +53,15 @@ std::string asJson(int kwh, int kwl)
 
 ExitCode KeysCommand::run()
 {
-    const Project project = Project::openForReading(file);
-    AllKeys keys = kwh ? AllKeys(project.db(), *kwh) : AllKeys(project.db());
+    const Project project = Project::openForReading(m_file);
+    AllKeys keys = m_kwh ? AllKeys(project.db(), *m_kwh) : AllKeys(project.db());
     Output out;
     const char* separator = "\n";
-    if (json) {
+    if (m_json) {
         out.write("[");
     }
     while (keys.next()) {
-        if (json) {
+        if (m_json) {
             out.write(separator);
             out.write(asJson(keys.kwh(), keys.kwl()));
             separator = ",\n";
@@ -70,7 +70,7 @@ ExitCode KeysCommand::run()
         }
     }
     project.throwOnError();
-    if (json) {
+    if (m_json) {
         out.line("\n]");
     }
     out.finish();

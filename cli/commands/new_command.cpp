@@ -6,7 +6,7 @@
 #include "cli/failure.h"
 #include "cli/project.h"
 #include "lcdata/default_actions.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/system_words.h"
 
 namespace mrl::cli {
@@ -25,29 +25,29 @@ class NewCommand : public Command
     void fill(Project& project) const;
     std::string codeToStore() const;
 
-    std::string file;
-    std::optional<std::string> code;
-    std::optional<int> system;
-    std::optional<int> gravity;
-    bool defaultActions = false;
+    std::string m_file;
+    std::optional<std::string> m_code;
+    std::optional<int> m_system;
+    std::optional<int> m_gravity;
+    bool m_defaultActions = false;
 };
 
 void NewCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.text("--code", code, Arguments::Need::Required, "Name of a design code, or the path of its file");
-    args.choice("--system", system, LCM_SYSTEMS, "; spatial unless given");
-    args.choice("--gravity", gravity, LCM_GRAVITY_AXES, "; -Z unless given, -Y for a plane system");
-    args.flag("--default-actions", defaultActions, "Take over every default action of the design code");
+    args.file(m_file);
+    args.text("--code", m_code, Arguments::Need::Required, "Name of a design code, or the path of its file");
+    args.choice("--system", m_system, LCM_SYSTEMS, "; spatial unless given");
+    args.choice("--gravity", m_gravity, LCM_GRAVITY_AXES, "; -Z unless given, -Y for a plane system");
+    args.flag("--default-actions", m_defaultActions, "Take over every default action of the design code");
 }
 
 /// A path is stored whole, so that the project finds the file from any folder.
 std::string NewCommand::codeToStore() const
 {
-    if (code->find('/') == std::string::npos) {
-        return *code;
+    if (m_code->find('/') == std::string::npos) {
+        return *m_code;
     }
-    return QDir().absoluteFilePath(qtext(*code)).toStdString();
+    return QDir().absoluteFilePath(qtext(*m_code)).toStdString();
 }
 
 void NewCommand::fill(Project& project) const
@@ -56,9 +56,9 @@ void NewCommand::fill(Project& project) const
     if (!named) {
         throw Failure{ExitCode::File, named.text};
     }
-    const int chosen = system.value_or(LC_SYSTEM_SPATIAL);
-    lcm_write_system(project.db(), lcm_raw_system(chosen), gravity.value_or(lcm_usual_gravity(chosen)));
-    if (defaultActions) {
+    const int chosen = m_system.value_or(LC_SYSTEM_SPATIAL);
+    lcm_write_system(project.db(), lcm_raw_system(chosen), m_gravity.value_or(lcm_usual_gravity(chosen)));
+    if (m_defaultActions) {
         lcm_store_default_actions(project.db());
     }
     project.throwOnError();
@@ -67,8 +67,8 @@ void NewCommand::fill(Project& project) const
 
 ExitCode NewCommand::run()
 {
-    readDesignCode(*code);
-    Project::create(file, [this](Project& project) { fill(project); });
+    readDesignCode(*m_code);
+    Project::create(m_file, [this](Project& project) { fill(project); });
     return ExitCode::Done;
 }
 

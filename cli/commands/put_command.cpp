@@ -20,42 +20,42 @@ class PutCommand : public Command
   private:
     void write(const Project& project, const std::string& bytes) const;
 
-    std::string file;
-    int kwh = 0;
-    int kwl = 0;
-    std::string hex;
-    bool append = false;
+    std::string m_file;
+    int m_kwh = 0;
+    int m_kwl = 0;
+    std::string m_hex;
+    bool m_append = false;
 };
 
 void PutCommand::declare(Arguments& args)
 {
-    args.file(file);
-    args.key(kwh, kwl);
-    args.hex(hex);
-    args.flag("--append", append, "Add the record behind those that the key holds");
+    args.file(m_file);
+    args.key(m_kwh, m_kwl);
+    args.hex(m_hex);
+    args.flag("--append", m_append, "Add the record behind those that the key holds");
 }
 
 void PutCommand::write(const Project& project, const std::string& bytes) const
 {
     const int length = static_cast<int>(bytes.size());
-    if (append) {
-        const cdb::Result result = cdb::append(project.db(), kwh, kwl, bytes.data(), length);
+    if (m_append) {
+        const cdb::Result result = cdb::append(project.db(), m_kwh, m_kwl, bytes.data(), length);
         if (!result) {
             throw Failure{ExitCode::File, result.text};
         }
         return;
     }
-    if (mrl_cdb_put(project.db(), kwh, kwl, bytes.data(), &length, 0) >= CD_END) {
+    if (mrl_cdb_put(project.db(), m_kwh, m_kwl, bytes.data(), &length, 0) >= CD_END) {
         project.refuse("the record could not be written");
     }
-    mrl_cdb_free_ex(project.db(), kwh, kwl);
+    mrl_cdb_free_ex(project.db(), m_kwh, m_kwl);
 }
 
 ExitCode PutCommand::run()
 {
     std::string bytes;
-    fromHex(hex, bytes);
-    Project project = Project::openForWriting(file);
+    fromHex(m_hex, bytes);
+    Project project = Project::openForWriting(m_file);
     write(project, bytes);
     project.throwOnError();
     project.commit();

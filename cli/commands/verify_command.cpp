@@ -1,8 +1,8 @@
 #include "check/record_check.h"
+#include "cli/all_keys.h"
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/finding.h"
-#include "cli/key_list.h"
 #include "cli/project.h"
 #include "cli/raw_records.h"
 

@@ -46,7 +46,7 @@ std::vector<LCM_Partition> categories()
 class Builder
 {
   public:
-    explicit Builder(const IniFile& file) : ini(file) {}
+    explicit Builder(const IniFile& file) : m_ini(file) {}
 
     bool build();
 
@@ -72,9 +72,9 @@ class Builder
     bool title(const IniEntry& entry, tagCDB_LC_ACT& record);
     bool oldNumbers(const IniEntry& entry, DefaultAction& action);
 
-    const IniFile& ini;
-    std::unordered_map<int, int> codeLines;
-    std::unordered_map<int, int> oldNumberLines;
+    const IniFile& m_ini;
+    std::unordered_map<int, int> m_codeLines;
+    std::unordered_map<int, int> m_oldNumberLines;
 };
 
 bool Builder::fail(int line, std::string reason)
@@ -85,7 +85,7 @@ bool Builder::fail(int line, std::string reason)
 
 bool Builder::build()
 {
-    for (const IniSection& section : ini.sections) {
+    for (const IniSection& section : m_ini.sections) {
         const bool isAction = section.name.rfind("ACTION ", 0) == 0;
         bool good = false;
         if (section.name == "DESIGN CODE") {
@@ -105,7 +105,7 @@ bool Builder::build()
             return false;
         }
     }
-    return ini.find("DESIGN CODE") != nullptr || fail(0, "section 'DESIGN CODE' is missing");
+    return m_ini.find("DESIGN CODE") != nullptr || fail(0, "section 'DESIGN CODE' is missing");
 }
 
 bool Builder::onlyKeys(const IniSection& section, const Keys& keys)
@@ -249,7 +249,7 @@ bool Builder::partition(const IniSection& section, tagCDB_LC_ACT& record)
 
 bool Builder::enterAction(DefaultAction action)
 {
-    const auto [first, isNew] = codeLines.emplace(action.code, action.line);
+    const auto [first, isNew] = m_codeLines.emplace(action.code, action.line);
     if (!isNew) {
         return fail(action.line, "the first four characters of the name are those of the action in line " +
                                      std::to_string(first->second));
@@ -314,7 +314,7 @@ bool Builder::oldNumbers(const IniEntry& entry, DefaultAction& action)
         if (number < 1 || number > 999) {
             return fail(entry.line, "an old number is 1 to 999");
         }
-        const auto [first, isNew] = oldNumberLines.emplace(number, entry.line);
+        const auto [first, isNew] = m_oldNumberLines.emplace(number, entry.line);
         if (!isNew) {
             return fail(entry.line, "the old number " + std::to_string(number) +
                                         " is already given in line " + std::to_string(first->second));

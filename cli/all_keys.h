@@ -10,8 +10,8 @@ namespace mrl::cli {
 class AllKeys
 {
   public:
-    explicit AllKeys(int index) : db(index) {}
-    AllKeys(int index, int group) : db(index), last(group)
+    explicit AllKeys(int db) : m_db(db) {}
+    AllKeys(int db, int group) : m_db(db), m_last(group)
     {
         if (group > INT_MIN) {
             m_kwh = group - 1;
@@ -21,13 +21,13 @@ class AllKeys
 
     bool next()
     {
-        if (!started) {
-            started = true;
+        if (!m_started) {
+            m_started = true;
             if (isLowestKey()) {
                 return true;
             }
         }
-        return mrl_cdb_kenq_ex(db, &m_kwh, &m_kwl, +1) == 0 && m_kwh <= last;
+        return mrl_cdb_kenq_ex(m_db, &m_kwh, &m_kwl, +1) == 0 && m_kwh <= m_last;
     }
 
     int kwh() const { return m_kwh; }
@@ -40,14 +40,14 @@ class AllKeys
         char byte = 0;
         int length = sizeof byte;
         return m_kwh == INT_MIN && m_kwl == INT_MIN &&
-               mrl_cdb_get(db, m_kwh, m_kwl, &byte, &length, 0) < CD_END;
+               mrl_cdb_get(m_db, m_kwh, m_kwl, &byte, &length, 0) < CD_END;
     }
 
-    int db;
+    int m_db;
     int m_kwh = INT_MIN;
     int m_kwl = INT_MIN;
-    int last = INT_MAX;
-    bool started = false;
+    int m_last = INT_MAX;
+    bool m_started = false;
 };
 
 } // namespace mrl::cli

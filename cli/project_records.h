@@ -1,11 +1,12 @@
 #pragma once
 
-/// The actions of a project as commands name, find and change them.
+/// The actions and load cases of a project as commands name, find and change them.
 
 #include <string>
 
 #include "cli/project.h"
 #include "lcdata/stored_actions.h"
+#include "lcdata/stored_load_cases.h"
 
 namespace mrl::cli {
 
@@ -25,5 +26,11 @@ int typedActionWord(int db, const std::string& name);
 /// @param action as it was found, with its record changed
 /// @return false when it can't be written
 bool rewriteAction(int db, const LCM_StoredAction& action);
+
+/// The load case under a number, also one of another module. Refuses when there is none.
+LCM_StoredLoadCase requireLoadCase(const Project& project, int number);
+
+/// The action word of a load case, an old number replaced by the code of its action.
+int actionWordOf(const tagCDB_LC_CTRL& record);
 
 } // namespace mrl::cli

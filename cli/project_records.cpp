@@ -1,9 +1,10 @@
-#include "cli/stored_actions.h"
+#include "cli/project_records.h"
 
 #include "cli/arguments.h"
 #include "cli/raw_records.h"
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
+#include "lcdata/load_case_factors.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 
@@ -45,6 +46,24 @@ bool rewriteAction(int db, const LCM_StoredAction& action)
 {
     return overwriteRecord(db, LC_KWH_ACTIONS, action.code, action.position, &action.record,
                            sizeof action.record);
+}
+
+LCM_StoredLoadCase requireLoadCase(const Project& project, int number)
+{
+    const auto loadCase = lcm_stored_load_case(project.db(), number);
+    if (!loadCase) {
+        project.refuse("there is no load case " + std::to_string(number));
+    }
+    return *loadCase;
+}
+
+int actionWordOf(const tagCDB_LC_CTRL& record)
+{
+    int word = record.action;
+    if (word < LC_BLANK_WORD) {
+        lcm_resolve_action_word(word);
+    }
+    return word;
 }
 
 } // namespace mrl::cli
