@@ -21,9 +21,8 @@ MRL_LC_API bool mrl_lc_code_has_actions(int db);
 MRL_LC_API bool mrl_lc_has_action(int db, int code);
 
 /// Reads an action of the project.
-/// @param code   below 1000 it is an old action number, which the design code resolves; a number that it
-/// doesn't
-///               know stands for 2 (2 to 6) or 7 (all others). 0 gives a zeroed record.
+/// @param code below 1000 it is an old action number, which the design code resolves; a number that it
+/// doesn't know stands for 2 (2 to 6) or 7 (all others). 0 gives a zeroed record.
 /// @param action [out] on failure whatever the last look-up wrote
 /// @param create writes the design code's action to the project when it is missing there
 /// @return whether the action was found or written

@@ -11,8 +11,7 @@
 /// @param word the action word when it is 0 or 70; for any other word the action's code is set
 void lcm_load_case_from_action(const tagCDB_LC_ACT& action, tagCDB_LC_CTRL& rec, std::int32_t word);
 
-/// Sets all factors of an action record to 0.0 if the action word is 0 or 70, else to the undefined
-/// value.
+/// Sets all factors of an action record to 0.0 if the action word is 0 or 70, else to the undefined value.
 void lcm_default_factors(std::int32_t word, tagCDB_LC_ACT& action);
 
 /// Replaces an old action number by the code of its action, as the active design code knows it. The words 0

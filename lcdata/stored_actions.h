@@ -1,6 +1,6 @@
 #pragma once
 
-/// The actions of a project as they are stored, for those who look at a project without its manager.
+/// The actions of a project as they are stored, for callers that read a project without opening the dialog.
 
 #include <optional>
 #include <vector>
@@ -9,14 +9,16 @@
 
 struct LCM_StoredAction
 {
-    int code = 0; ///< the element of its key, whatever name the record bears
-    tagCDB_LC_ACT
-        record{};     ///< the last definition among the records of the key, which is the one that counts
-    int position = 0; ///< of that definition among them
-};
+    int code = 0;           ///< the element of its key, whatever name the record bears
+    tagCDB_LC_ACT record{}; ///< of several definitions under the key the last one, which counts
+    int position = 0;       ///< of that definition among the records of the key
+};                ///< the last definition among the records of the key, which is the one that counts
+int position = 0; ///< of that definition among them
+}
+;
 
-/// The actions ascending by code, those of the reserved letter and one without a name too. Numeric keys of
-/// the superposition module are none, and neither is a key that holds no definition.
+/// All stored actions by code, reserved (Y) and nameless ones too. Skips the numeric keys of the superposition
+/// module and keys without a definition.
 std::vector<LCM_StoredAction> lcm_stored_actions(int db);
 
 /// The action under a code; nothing when there is none.

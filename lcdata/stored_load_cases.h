@@ -12,8 +12,9 @@ constexpr bool lcm_is_own_kind(int kind) { return kind == 0 || kind == 1; }
 
 struct LCM_StoredLoadCase
 {
-    int number = 0;          ///< the element of its key
-    tagCDB_LC_CTRL record{}; ///< the first record of the key; of another module's only the kind has a meaning
+    int number = 0; ///< the element of its key
+    tagCDB_LC_CTRL
+        record{}; ///< the first record of the key; only `kind` is meaningful in that of another module
 
     bool isOwn() const { return lcm_is_own_kind(record.kind); }
 };

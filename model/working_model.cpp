@@ -3,7 +3,7 @@
 #include "host/mrl_dlib.h"
 #include "lcdata/load_case_factors.h"
 #include "lcdata/stored_load_cases.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/action_code.h"
 #include "model/action_tree.h"
 #include "model/superposition_data.h"

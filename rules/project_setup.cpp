@@ -1,7 +1,7 @@
 #include "rules/project_setup.h"
 
 #include "host/mrl_dlib.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 
 LCM_DesignCodeIdentity lcm_active_design_code()
 {

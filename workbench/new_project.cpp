@@ -5,7 +5,7 @@
 #include "hostlib/ui/framework/failure_text.h"
 #include "hostlib/ui/framework/project_document.h"
 #include "lcdata/default_actions.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/system_words.h"
 
 namespace mrl::workbench {

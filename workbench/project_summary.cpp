@@ -11,7 +11,7 @@
 #include "hostlib/data/designcode/designcode.h"
 #include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/action_code.h"
 #include "rules/design_code_label.h"
 #include "rules/dialog_settings.h"

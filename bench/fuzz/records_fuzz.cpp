@@ -13,7 +13,7 @@
 #include "lcdata/actions.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/load_cases.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packing.h"
 #include "model/working_model.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-/// How the accidental factor of an action is stored. A stored 0 is a factor that nobody has set and is shown
-/// as 1.0; a stored 0.001 is shown as 0.0. The way back isn't symmetric: 0.0 is stored as 0.001, and nothing
-/// stores 0.
+/// How the accidental factor of an action is stored. A stored 0 means that the factor was never set and is
+/// shown as 1.0; a stored 0.001 is shown as 0.0. The way back isn't symmetric: 0.0 is stored as 0.001, and
+/// nothing stores 0.
 
 #include <cmath>
 

@@ -61,7 +61,7 @@ inline constexpr std::array<LCM_GravityAxis, 6> LCM_GRAVITY_AXES{{
     {-3, "-Z"},
 }};
 
-/// The direction that a new project gets unless somebody chooses another one.
+/// The default direction of a new project.
 constexpr int lcm_usual_gravity(int systemClass)
 {
     return systemClass == LC_SYSTEM_PLANE ? -2 : -3; // dead weight of a plane system acts in its plane

@@ -86,7 +86,8 @@ TEST(SystemWords, ClassesHaveTheNumbersOfTheSystemRecord)
     for (const LCM_System& system : LCM_SYSTEMS) {
         EXPECT_EQ(lcm_class_of_raw_system(system.raw), system.id) << system.word;
     }
-    const std::vector<std::pair<int, int>> classes{{0, 0}, {1, 1}, {19, 1}, {20, 3}, {39, 3}, {40, 0}, {-1, 1}};
+    const std::vector<std::pair<int, int>> classes{{0, 0},  {1, 1},  {19, 1}, {20, 3},
+                                                   {39, 3}, {40, 0}, {-1, 1}};
     for (const auto& [raw, expected] : classes) {
         EXPECT_EQ(lcm_class_of_raw_system(raw), expected) << raw;
     }

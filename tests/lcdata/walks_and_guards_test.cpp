@@ -6,7 +6,7 @@
 
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "tests/support/project_fixture.h"
 
 namespace {

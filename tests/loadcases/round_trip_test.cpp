@@ -9,7 +9,7 @@
 
 #include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "rules/action_row.h"
 #include "support/loadcase_project.h"
 

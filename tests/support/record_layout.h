@@ -24,8 +24,9 @@ struct FactorPlace
 };
 
 inline const std::vector<FactorPlace> FACTOR_PLACES{
-    {"Gamu", 12, 80, Half::Main, 104},  {"Gamf", 16, 84, Half::Whole, 105}, {"Gama", 36, 80, Half::Minor, 106},
-    {"Psi0", 20, 28, Half::Whole, 107}, {"Psi1", 24, 32, Half::Main, 108},  {"Psi2", 28, 36, Half::Whole, 109},
+    {"Gamu", 12, 80, Half::Main, 104},   {"Gamf", 16, 84, Half::Whole, 105},
+    {"Gama", 36, 80, Half::Minor, 106},  {"Psi0", 20, 28, Half::Whole, 107},
+    {"Psi1", 24, 32, Half::Main, 108},   {"Psi2", 28, 36, Half::Whole, 109},
     {"Psi1s", 32, 32, Half::Minor, 110},
 };
 

@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "lcdata/actions.h"
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 #include "lcdata/values/system_words.h"
 #include "tests/support/modal_answers.h"
 #include "tests/workbench/project_file.h"

@@ -1,4 +1,4 @@
-#include "lcdata/system.h"
+#include "lcdata/system_record.h"
 
 #include <cstdint>
 
