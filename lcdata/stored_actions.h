@@ -12,10 +12,7 @@ struct LCM_StoredAction
     int code = 0;           ///< the element of its key, whatever name the record bears
     tagCDB_LC_ACT record{}; ///< of several definitions under the key the last one, which counts
     int position = 0;       ///< of that definition among the records of the key
-};                ///< the last definition among the records of the key, which is the one that counts
-int position = 0; ///< of that definition among them
-}
-;
+};
 
 /// All stored actions by code, reserved (Y) and nameless ones too. Skips the numeric keys of the superposition
 /// module and keys without a definition.

@@ -1,20 +1,22 @@
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <QHeaderView>
 
+#include <cmath>
+
 #include "tests/support/record_layout.h"
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
+using mrl::test::ACTIONS_CODE;
+using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
 using mrl::test::FACTOR_PLACES;
 using mrl::test::FactorPlace;
 using mrl::test::floatAt;
-using mrl::test::FULL_CODE;
 using mrl::test::partitionWords;
-using mrl::test::Project;
 using mrl::test::putFloatAt;
 using mrl::test::replaced;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -38,7 +40,7 @@ std::vector<int> columnIds(const ActionsTab& tab)
 
 std::string withoutFactors()
 {
-    std::string code = FULL_CODE;
+    std::string code = ACTIONS_CODE;
     for (const char* mark : {"Gamu", "Gamf", "Gama", "Psi0", "Psi1", "Psi2", "Psi1s"}) {
         code = replaced(code, std::string(mark) + " = 1\n", std::string(mark) + " = 0\n");
     }
@@ -49,7 +51,7 @@ std::string withoutFactors()
 
 TEST(ActionsTable, FactorColumnsFollowTheFixedOnesInTheirOwnOrder)
 {
-    const Project project;
+    const ActionsProject project;
     const ActionsTab tab(project);
     EXPECT_EQ(captions(tab), QStringList({"Action", "Description", "Partition", "Superposition", "gU", "gF",
                                           "gA", "p0", "p1", "p2", "p1s"}));
@@ -58,7 +60,7 @@ TEST(ActionsTable, FactorColumnsFollowTheFixedOnesInTheirOwnOrder)
 
 TEST(ActionsTable, HeadersTellWhatTheirColumnIs)
 {
-    const Project project;
+    const ActionsProject project;
     const ActionsTab tab(project);
     QStringList toolTips;
     for (int column = 0; column < tab.table.columnCount(); ++column) {
@@ -73,14 +75,14 @@ TEST(ActionsTable, HeadersTellWhatTheirColumnIs)
 
 TEST(ActionsTable, LaterFactorTakesTheNextFreePlace)
 {
-    const Project project(replaced(FULL_CODE, "Psi0 = 1\n", "Psi0 = 0\n"));
+    const ActionsProject project(replaced(ACTIONS_CODE, "Psi0 = 1\n", "Psi0 = 0\n"));
     const ActionsTab tab(project);
     EXPECT_EQ(columnIds(tab), (std::vector<int>{100, 101, 102, 103, 104, 105, 106, 108, 109, 110}));
 }
 
 TEST(ActionsTable, CodeWithoutFactorsHasFourColumns)
 {
-    const Project project(withoutFactors());
+    const ActionsProject project(withoutFactors());
     ActionsTab tab(project);
     EXPECT_EQ(tab.table.columnCount(), 4);
     EXPECT_FALSE(tab.widget.hasFactorColumns());
@@ -90,7 +92,7 @@ TEST(ActionsTable, CodeWithoutFactorsHasFourColumns)
 TEST(ActionsTable, AccidentalFactorAloneDoesNotCountAsAFactorColumn)
 {
     std::string code = withoutFactors();
-    const Project project(replaced(code, "Gama = 0\n", "Gama = 1\n"));
+    const ActionsProject project(replaced(code, "Gama = 0\n", "Gama = 1\n"));
     const ActionsTab tab(project);
     EXPECT_EQ(tab.table.columnCount(), 5);
     EXPECT_FALSE(tab.widget.hasFactorColumns());
@@ -98,8 +100,8 @@ TEST(ActionsTable, AccidentalFactorAloneDoesNotCountAsAFactorColumn)
 
 TEST(ActionsTable, LabelNoneHidesASafetyFactorAndNoCombinationFactor)
 {
-    const Project project(replaced(replaced(FULL_CODE, "TXT_GAMA = gA", "TXT_GAMA = none"), "TXT_PSI0 = p0",
-                                   "TXT_PSI0 = none"));
+    const ActionsProject project(replaced(replaced(ACTIONS_CODE, "TXT_GAMA = gA", "TXT_GAMA = none"),
+                                          "TXT_PSI0 = p0", "TXT_PSI0 = none"));
     const ActionsTab tab(project);
     EXPECT_EQ(tab.table.getColumnNumber(ACT_COL_GAMA), -1);
     ASSERT_GE(tab.table.getColumnNumber(ACT_COL_PSI0), 0);
@@ -108,7 +110,7 @@ TEST(ActionsTable, LabelNoneHidesASafetyFactorAndNoCombinationFactor)
 
 TEST(ActionsTable, HiddenFactorWithALimitKeepsTheTabInvalid)
 {
-    const Project project(replaced(FULL_CODE, "TXT_GAMU = gU", "TXT_GAMU = none"));
+    const ActionsProject project(replaced(ACTIONS_CODE, "TXT_GAMU = gU", "TXT_GAMU = none"));
     ActionsTab tab(project);
     EXPECT_EQ(tab.cell("G", ACT_COL_GAMU), nullptr);
     EXPECT_FALSE(tab.isRowValid("G"));
@@ -117,9 +119,9 @@ TEST(ActionsTable, HiddenFactorWithALimitKeepsTheTabInvalid)
 
 TEST(ActionsTable, RowsStandSortedByNameWithTheChildrenAmongThem)
 {
-    Project project;
+    ActionsProject project;
     for (const char* name : {"W_1", "Q_2", "A", "U1", "G"}) {
-        project.store(action(name));
+        project.putAction(soundAction(name));
     }
     const ActionsTab tab(project);
     EXPECT_EQ(tab.names(), QStringList({"A", "G", "Q_2", "U1", "W_1"}));
@@ -127,15 +129,15 @@ TEST(ActionsTable, RowsStandSortedByNameWithTheChildrenAmongThem)
 
 TEST(ActionsTable, ActiveChildShowsWithoutItsFreeParent)
 {
-    Project project;
-    project.store(action("Q_1"));
+    ActionsProject project;
+    project.putAction(soundAction("Q_1"));
     const ActionsTab tab(project);
     EXPECT_EQ(tab.names(), QStringList({"Q_1"}));
 }
 
 TEST(ActionsTable, ProjectWithoutActionsShowsTheTwoDefaults)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     EXPECT_EQ(tab.names(), QStringList({"G", "Q"}));
     EXPECT_TRUE(tab.widget.isValid());
@@ -143,7 +145,7 @@ TEST(ActionsTable, ProjectWithoutActionsShowsTheTwoDefaults)
 
 TEST(ActionsTable, FillingIsNoChangeByTheUser)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project, nullptr, 0, false);
     QSignalSpy count(&tab.widget, SIGNAL(signal_actionCountChanged()));
     QSignalSpy values(&tab.widget, SIGNAL(signal_actionValuesChanged(int, int)));
@@ -155,8 +157,8 @@ TEST(ActionsTable, FillingIsNoChangeByTheUser)
 
 TEST(ActionsTable, RowShowsItsRecord)
 {
-    Project project;
-    project.store(action("Q_1").title("Offices, own").partition(0x131).gamu(1.5f).psi0(0.7f));
+    ActionsProject project;
+    project.putAction(soundAction("Q_1").title("Offices, own").partition(0x131).gamu(1.5f).psi0(0.7f));
     const ActionsTab tab(project);
     EXPECT_EQ(tab.text(0, ACT_COL_ACTION), QStringLiteral("Q_1 "));
     EXPECT_EQ(tab.text(0, ACT_COL_DESCRIPTION), QStringLiteral("Offices, own"));
@@ -169,8 +171,8 @@ TEST(ActionsTable, RowShowsItsRecord)
 
 TEST(ActionsTable, LoadGroupWithPermShowsBoth)
 {
-    Project project;
-    project.store(action("Q").partition(0x130));
+    ActionsProject project;
+    project.putAction(soundAction("Q").partition(0x130));
     const ActionsTab tab(project);
     EXPECT_EQ(tab.text(0, ACT_COL_PARTITION), QStringLiteral("Q_1 (Variable) Loadgroup 1"));
     EXPECT_EQ(tab.text(0, ACT_COL_SUPERPOSITION), QStringLiteral("PERM permanent"));
@@ -178,8 +180,8 @@ TEST(ActionsTable, LoadGroupWithPermShowsBoth)
 
 TEST(ActionsTable, SuperpositionSevenShowsPercAndIsReadAsEight)
 {
-    Project project;
-    project.store(action("Q").partition(0x37));
+    ActionsProject project;
+    project.putAction(soundAction("Q").partition(0x37));
     ActionsTab tab(project);
     EXPECT_EQ(tab.text(0, ACT_COL_SUPERPOSITION), QStringLiteral("PERC permanent with individual factors"));
     EXPECT_EQ(tab.record("Q").partition, 0x38);
@@ -187,11 +189,11 @@ TEST(ActionsTable, SuperpositionSevenShowsPercAndIsReadAsEight)
 
 TEST(ActionsTable, EveryWordShowsTheBitsOfThePartitionWordAndIsReadAsThem)
 {
-    Project project;
+    ActionsProject project;
     const auto words = partitionWords();
     const auto name = [](std::size_t i) { return QStringLiteral("A%1").arg(i); };
     for (std::size_t i = 0; i < words.size(); ++i) {
-        project.store(action(name(i)).partition(words[i].word));
+        project.putAction(soundAction(name(i)).partition(words[i].word));
     }
     ActionsTab tab(project);
     for (std::size_t i = 0; i < words.size(); ++i) {
@@ -208,10 +210,10 @@ TEST(ActionsTable, EveryWordShowsTheBitsOfThePartitionWordAndIsReadAsThem)
 TEST(ActionsTable, EveryFactorColumnShowsItsPlaceInTheRecordAndIsReadIntoIt)
 {
     for (const FactorPlace& place : FACTOR_PLACES) {
-        Project project;
-        tagCDB_LC_ACT stored = action("G").gama(0.25f);
+        ActionsProject project;
+        tagCDB_LC_ACT stored = soundAction("G").gama(0.25f);
         putFloatAt(stored, place.actionByte, 0.5f);
-        project.store(stored);
+        project.putAction(stored);
         ActionsTab tab(project);
         EXPECT_EQ(tab.text("G", place.column), QStringLiteral("0.50")) << place.key;
         tab.cell("G", place.column)->setText(QStringLiteral("0.75"));
@@ -221,9 +223,9 @@ TEST(ActionsTable, EveryFactorColumnShowsItsPlaceInTheRecordAndIsReadIntoIt)
 
 TEST(ActionsTable, StoredZeroOfGamaShowsOneAndStoredThousandthShowsZero)
 {
-    Project project;
-    project.store(action("A").gama(0.0f));
-    project.store(action("G").gama(0.001f));
+    ActionsProject project;
+    project.putAction(soundAction("A").gama(0.0f));
+    project.putAction(soundAction("G").gama(0.001f));
     const ActionsTab tab(project);
     EXPECT_EQ(tab.text("A", ACT_COL_GAMA), QStringLiteral("1.00"));
     EXPECT_EQ(tab.text("G", ACT_COL_GAMA), QStringLiteral("0.00"));
@@ -231,7 +233,7 @@ TEST(ActionsTable, StoredZeroOfGamaShowsOneAndStoredThousandthShowsZero)
 
 TEST(ActionsTable, NameCannotBeEdited)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     EXPECT_FALSE(tab.cell("G", ACT_COL_ACTION)->flags() & Qt::ItemIsEditable);
     EXPECT_TRUE(tab.cell("G", ACT_COL_ACTION)->flags() & Qt::ItemIsSelectable);
@@ -239,7 +241,7 @@ TEST(ActionsTable, NameCannotBeEdited)
 
 TEST(ActionsTable, CombosOfferTheirListsInOrder)
 {
-    const Project project;
+    const ActionsProject project;
     const ActionsTab tab(project);
     const auto ids = [&tab](int column) {
         auto* header = dynamic_cast<MRL_H_TwHeaderComboBoxItem*>(
@@ -257,17 +259,17 @@ TEST(ActionsTable, CombosOfferTheirListsInOrder)
 
 TEST(ActionsTable, ForeignCategoriesAndSuperpositionsSurviveTheRow)
 {
-    Project project;
-    project.store(action("Q").partition(0xB9));
+    ActionsProject project;
+    project.putAction(soundAction("Q").partition(0xB9));
     ActionsTab tab(project);
     EXPECT_EQ(tab.record("Q").partition, 0xB9);
 }
 
 TEST(ActionsTable, FactorsThatAreNoNumbersAreShownAndJudged)
 {
-    Project project;
+    ActionsProject project;
     const float infinity = std::numeric_limits<float>::infinity();
-    project.store(action("Q").gamu(std::numeric_limits<float>::quiet_NaN()).psi0(infinity));
+    project.putAction(soundAction("Q").gamu(std::numeric_limits<float>::quiet_NaN()).psi0(infinity));
     ActionsTab tab(project);
     EXPECT_TRUE(tab.isRed("Q", ACT_COL_GAMU));
     EXPECT_TRUE(tab.isRed("Q", ACT_COL_PSI0));
@@ -278,7 +280,7 @@ TEST(ActionsTable, FactorsThatAreNoNumbersAreShownAndJudged)
 
 TEST(ActionsTable, TableStaysSortable)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     EXPECT_TRUE(tab.table.isSortingEnabled());
     tab.table.sortByColumn(tab.table.getColumnNumber(ACT_COL_GAMU), Qt::DescendingOrder);
@@ -287,7 +289,7 @@ TEST(ActionsTable, TableStaysSortable)
 
 TEST(ActionsTable, RowsAreAsHighAsTheirTextAndEightPixelsMore)
 {
-    const Project project;
+    const ActionsProject project;
     const ActionsTab tab(project);
     const QHeaderView* rows = tab.table.verticalHeader();
     EXPECT_EQ(rows->defaultSectionSize(), rows->fontMetrics().height() + 8);

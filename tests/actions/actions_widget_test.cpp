@@ -1,27 +1,20 @@
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <QMenu>
 #include <QMetaMethod>
 
-using mrl::test::action;
+using mrl::test::ACTIONS_CODE;
+using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
 using mrl::test::codeOf;
 using mrl::test::FakeLoadcaseTab;
-using mrl::test::FULL_CODE;
 using mrl::test::ModalAnswers;
-using mrl::test::Project;
+using mrl::test::soundAction;
 
 namespace {
 
 const char* const NOTICE = "You have made modifications to the actions.\nPlease check your inputs in the "
                            "Superposition Manager and adapt them if necessary manually or by reinitializing.";
-
-/// Data of the superposition module: a key below the action codes.
-void storeSuperposition(Project& project)
-{
-    const int words[2] = {1, 1};
-    project.put(14, 7, words);
-}
 
 /// The menu that opens next, closed again. @return the texts of its entries
 QStringList entriesOfNextMenu(const std::function<void()>& open)
@@ -82,7 +75,7 @@ TEST(ActionsWidget, ReinitSignalConnectsToASlotThatTakesAReference)
 
 TEST(ActionsWidget, SharesTheModelOfTheLoadcaseTab)
 {
-    const Project project;
+    const ActionsProject project;
     FakeLoadcaseTab loadcases(project.db());
     {
         const ActionsTab tab(project, &loadcases);
@@ -94,14 +87,14 @@ TEST(ActionsWidget, SharesTheModelOfTheLoadcaseTab)
 
 TEST(ActionsWidget, MakesAModelOfItsOwnWithoutALoadcaseTab)
 {
-    const Project project;
+    const ActionsProject project;
     const ActionsTab tab(project);
     EXPECT_EQ(tab.widget.workingModel()->referenceCount(), 1);
 }
 
 TEST(ActionsWidget, ButtonsAreReachedByTab)
 {
-    const Project project;
+    const ActionsProject project;
     const ActionsTab tab(project);
     for (const char* name : {"button_new", "button_delete"}) {
         const auto* button = tab.widget.findChild<QAbstractButton*>(QLatin1String(name));
@@ -116,7 +109,7 @@ TEST(ActionsWidget, ButtonsAreReachedByTab)
 TEST(ActionsWidget, ExperimentalRunOffersAddAllAtTheFoot)
 {
     qputenv("MRL_EXPERIMENTAL", "1");
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     qunsetenv("MRL_EXPERIMENTAL");
     const auto* addAll = tab.widget.findChild<QAbstractButton*>("button_add_all");
@@ -131,14 +124,14 @@ TEST(ActionsWidget, ExperimentalRunOffersAddAllAtTheFoot)
 
 TEST(ActionsWidget, TableWithoutRowsIsValid)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project, nullptr, 0, false);
     EXPECT_TRUE(tab.widget.isValid());
 }
 
 TEST(ActionsWidget, RowWithoutItsFirstCellIsInvalid)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     ASSERT_TRUE(tab.widget.isValid());
     delete tab.table.takeItem(1, 0);
@@ -147,7 +140,7 @@ TEST(ActionsWidget, RowWithoutItsFirstCellIsInvalid)
 
 TEST(ActionsWidget, ValidityIsTheStoredVerdict)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     tab.widget.setRowValid(0, false);
     EXPECT_FALSE(tab.widget.isValid());
@@ -159,9 +152,9 @@ TEST(ActionsWidget, ValidityIsTheStoredVerdict)
 
 TEST(ActionsWidget, SelectedCodesAreThoseOfTheSelectedRows)
 {
-    Project project;
+    ActionsProject project;
     for (const char* name : {"A", "G", "U1"}) {
-        project.store(action(name));
+        project.putAction(soundAction(name));
     }
     ActionsTab tab(project);
     std::set<int> codes{1, 2};
@@ -175,7 +168,7 @@ TEST(ActionsWidget, SelectedCodesAreThoseOfTheSelectedRows)
 
 TEST(ActionsWidget, SelectedRowWithoutItsFirstCellCountsAsMinusOne)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     delete tab.table.takeItem(0, 0);
     tab.table.clearSelection();
@@ -187,12 +180,12 @@ TEST(ActionsWidget, SelectedRowWithoutItsFirstCellCountsAsMinusOne)
 
 TEST(ActionsWidget, SaveWithoutWritingLeavesTheDatabase)
 {
-    Project project;
-    project.store(action("G"));
+    ActionsProject project;
+    project.putAction(soundAction("G"));
     ActionsTab tab(project);
     tab.enter("G", ACT_COL_GAMU, "1.45");
     tab.widget.save(false);
-    EXPECT_EQ(project.stored().at("G   ").gamu, 1.35f);
+    EXPECT_EQ(project.storedActions().at("G   ").gamu, 1.35f);
     tagCDB_LC_ACT record{};
     EXPECT_EQ(tab.widget.workingModel()->findAction(codeOf("G"), record, false), 1);
     EXPECT_EQ(record.gamu, 1.45f);
@@ -200,26 +193,26 @@ TEST(ActionsWidget, SaveWithoutWritingLeavesTheDatabase)
 
 TEST(ActionsWidget, SaveWritesWhatTheRowsShow)
 {
-    Project project;
-    project.store(action("G"));
-    project.store(action("U1").title("Crane"));
+    ActionsProject project;
+    project.putAction(soundAction("G"));
+    project.putAction(soundAction("U1").title("Crane"));
     ActionsTab tab(project);
     tab.enter("G", ACT_COL_GAMU, "1.45");
     tab.enter("U1", ACT_COL_GAMA, "0");
     tab.widget.save(true);
-    const auto stored = project.stored();
+    const auto stored = project.storedActions();
     ASSERT_EQ(stored.size(), 2u);
-    const tagCDB_LC_ACT g = action("G").gamu(1.45f);
-    const tagCDB_LC_ACT u1 = action("U1").title("Crane").gama(0.001f); // a shown 0 is stored so
+    const tagCDB_LC_ACT g = soundAction("G").gamu(1.45f);
+    const tagCDB_LC_ACT u1 = soundAction("U1").title("Crane").gama(0.001f); // a shown 0 is stored so
     EXPECT_EQ(std::memcmp(&stored.at("G   "), &g, sizeof g), 0);
     EXPECT_EQ(std::memcmp(&stored.at("U1  "), &u1, sizeof u1), 0);
 }
 
 TEST(ActionsWidget, SaveAfterAnEditTellsOfSuperpositionInput)
 {
-    Project project;
-    project.store(action("G"));
-    storeSuperposition(project);
+    ActionsProject project;
+    project.putAction(soundAction("G"));
+    project.putSuperposition();
     ActionsTab tab(project);
     EXPECT_TRUE(modificationNoticePending);
     tab.enter("G", ACT_COL_GAMU, "1.45");
@@ -234,8 +227,8 @@ TEST(ActionsWidget, SaveAfterAnEditTellsOfSuperpositionInput)
 
 TEST(ActionsWidget, SaveAfterAnEditSaysNothingWithoutSuperpositionInput)
 {
-    Project project;
-    project.store(action("G"));
+    ActionsProject project;
+    project.putAction(soundAction("G"));
     ActionsTab tab(project);
     tab.enter("G", ACT_COL_GAMU, "1.45");
     const ModalAnswers nothing;
@@ -245,9 +238,9 @@ TEST(ActionsWidget, SaveAfterAnEditSaysNothingWithoutSuperpositionInput)
 
 TEST(ActionsWidget, ReinitialisingAloneBringsNoNotice)
 {
-    Project project;
-    project.store(action("G"));
-    storeSuperposition(project);
+    ActionsProject project;
+    project.putAction(soundAction("G"));
+    project.putSuperposition();
     ActionsTab tab(project);
     tab.widget.slot_reInitAllActions();
     tab.widget.slot_addAllClicked();
@@ -259,7 +252,7 @@ TEST(ActionsWidget, ReinitialisingAloneBringsNoNotice)
 
 TEST(ActionsWidget, EachTabSetsThePendingNotice)
 {
-    const Project project;
+    const ActionsProject project;
     modificationNoticePending = false;
     const ActionsTab tab(project);
     EXPECT_TRUE(modificationNoticePending);
@@ -267,7 +260,7 @@ TEST(ActionsWidget, EachTabSetsThePendingNotice)
 
 TEST(ActionsWidget, TableMenuOffersTheSelectedOnlyWithASelection)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     tab.table.clearSelection();
     const auto open = [&tab] { rightClick(*tab.table.viewport(), QPoint(5, 5)); };
@@ -282,7 +275,7 @@ TEST(ActionsWidget, TableMenuOffersTheSelectedOnlyWithASelection)
 
 TEST(ActionsWidget, PageMenuNeverOffersTheSelected)
 {
-    const Project project;
+    const ActionsProject project;
     ActionsTab tab(project);
     tab.selectRows({"G"});
     const QStringList entries =
@@ -293,8 +286,8 @@ TEST(ActionsWidget, PageMenuNeverOffersTheSelected)
 
 TEST(ActionsWidget, ChosenMenuEntryReinitialises)
 {
-    Project project;
-    project.store(action("G").gamu(9.0f));
+    ActionsProject project;
+    project.putAction(soundAction("G").gamu(9.0f));
     ActionsTab tab(project);
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [] {

@@ -1,15 +1,15 @@
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <QLineEdit>
 #include <QRadioButton>
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
+using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
 using mrl::test::codeOf;
 using mrl::test::FakeLoadcaseTab;
 using mrl::test::ModalAnswers;
-using mrl::test::Project;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -22,10 +22,10 @@ class Commands : public ::testing::Test
   protected:
     Commands()
     {
-        project.store(action("A").gamu(1.0f));
-        project.store(action("G").gamu(1.35f).title("Permanent"));
-        project.store(action("Q").gamu(1.5f));
-        project.store(action("U1").gamu(1.2f).title("Crane"));
+        project.putAction(soundAction("A").gamu(1.0f));
+        project.putAction(soundAction("G").gamu(1.35f).title("Permanent"));
+        project.putAction(soundAction("Q").gamu(1.5f));
+        project.putAction(soundAction("U1").gamu(1.2f).title("Crane"));
     }
 
     const LCM_ActionEntry* entry(const ActionsTab& tab, const QString& name) const
@@ -38,7 +38,7 @@ class Commands : public ::testing::Test
         return nullptr;
     }
 
-    Project project;
+    ActionsProject project;
 };
 
 void clickRadio(QWidget* dialog, int way)
@@ -192,8 +192,8 @@ TEST_F(Commands, EmptyAndReservedNamesCanComeAboutOnTheirPaths)
     tab.press("button_new");
     EXPECT_EQ(tab.names(), QStringList({"", "A", "G", "Q", "U1", "Y1"}));
     tab.widget.save(true);
-    EXPECT_EQ(project.stored().count("    "), 1u);
-    EXPECT_EQ(project.stored().count("Y1  "), 1u);
+    EXPECT_EQ(project.storedActions().count("    "), 1u);
+    EXPECT_EQ(project.storedActions().count("Y1  "), 1u);
     ActionsTab again(project);
     EXPECT_EQ(again.names(), QStringList({"A", "G", "Q", "U1"})); // neither key is ever loaded again
 }
@@ -240,7 +240,7 @@ TEST_F(Commands, DeletedOwnActionLeavesTheTree)
     EXPECT_EQ(entry(tab, "U1"), nullptr);
     EXPECT_EQ(tab.names(), QStringList({"A", "G", "Q"}));
     tab.widget.save(true);
-    EXPECT_EQ(project.stored().count("U1  "), 0u);
+    EXPECT_EQ(project.storedActions().count("U1  "), 0u);
 }
 
 TEST_F(Commands, DeletedOwnActionIsTypedAnew)
@@ -279,8 +279,8 @@ TEST_F(Commands, DeletingEveryRowLeavesAnEmptyValidTable)
 
 TEST_F(Commands, DeletingTheOnlyRowLeavesNothingSelected)
 {
-    Project other;
-    other.store(action("A"));
+    ActionsProject other;
+    other.putAction(soundAction("A"));
     ActionsTab tab(other);
     tab.selectRows({"A"});
     tab.press("button_delete");
@@ -388,8 +388,8 @@ TEST_F(Commands, WithoutALoadcaseTabNothingIsAsked)
 
 TEST_F(Commands, ActionsOfOneCodeAreDeletedOneRowAtATimeBesideLoadCases)
 {
-    Project other;
-    other.storeAt(codeOf("G_12"), ActionBuilder("G_123").gamu(1.1f));
+    ActionsProject other;
+    other.putAction(codeOf("G_12"), ActionBuilder("G_123").gamu(1.1f));
     FakeLoadcaseTab loadcases(other.db());
     // A second entry of the same code, as a foreign tree may hold it.
     LCM_DataClass& model = *loadcases.workingModel();
@@ -403,7 +403,7 @@ TEST_F(Commands, ActionsOfOneCodeAreDeletedOneRowAtATimeBesideLoadCases)
 
 TEST_F(Commands, ReinitAllPutsEveryKnownRowBack)
 {
-    project.store(action("G").gamu(9.0f).title("changed").partition(0x55));
+    project.putAction(soundAction("G").gamu(9.0f).title("changed").partition(0x55));
     ActionsTab tab(project);
     std::set<int> rows;
     QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_reinitActions, &tab.widget,
@@ -432,7 +432,7 @@ TEST_F(Commands, ReinitHealsARedRow)
 
 TEST_F(Commands, ReinitSelectedReportsUnknownActionsToo)
 {
-    project.store(action("Q").gamu(9.0f));
+    project.putAction(soundAction("Q").gamu(9.0f));
     ActionsTab tab(project);
     std::set<int> rows;
     QObject::connect(&tab.widget, &LCM_ActionsWidget::signal_reinitActions, &tab.widget,
@@ -450,10 +450,10 @@ TEST_F(Commands, ReinitSelectedReportsUnknownActionsToo)
 TEST_F(Commands, RowsKeepTheirOwnValuesWhenASortedFactorIsReinitialised)
 {
     // Sorted by Gamu, every known row moves when it gets the code's value back.
-    project.store(action("A").gamu(9.0f).psi0(0.1f));
-    project.store(action("G").gamu(8.0f).psi0(0.2f));
-    project.store(action("Q").gamu(0.1f).psi0(0.3f));
-    project.store(action("Q_1").gamu(5.0f).psi0(0.4f));
+    project.putAction(soundAction("A").gamu(9.0f).psi0(0.1f));
+    project.putAction(soundAction("G").gamu(8.0f).psi0(0.2f));
+    project.putAction(soundAction("Q").gamu(0.1f).psi0(0.3f));
+    project.putAction(soundAction("Q_1").gamu(5.0f).psi0(0.4f));
     ActionsTab tab(project);
     tab.table.sortByColumn(tab.table.getColumnNumber(ACT_COL_GAMU), Qt::AscendingOrder);
     ASSERT_EQ(tab.names(), QStringList({"Q", "U1", "Q_1", "G", "A"}));
@@ -482,7 +482,7 @@ TEST_F(Commands, RowsKeepTheirOwnValuesWhenASortedFactorIsReinitialised)
 
 TEST_F(Commands, ReinitSelectedReportsWhereTheRowsHaveMoved)
 {
-    project.store(action("A").gamu(9.0f));
+    project.putAction(soundAction("A").gamu(9.0f));
     ActionsTab tab(project);
     tab.table.sortByColumn(tab.table.getColumnNumber(ACT_COL_GAMU), Qt::AscendingOrder);
     ASSERT_EQ(tab.rowOf("A"), 3);

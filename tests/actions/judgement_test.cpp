@@ -1,12 +1,12 @@
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <QClipboard>
 
-using mrl::test::action;
+using mrl::test::ACTIONS_CODE;
+using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
-using mrl::test::FULL_CODE;
-using mrl::test::Project;
 using mrl::test::replaced;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -15,13 +15,13 @@ class Judgement : public ::testing::Test
   protected:
     Judgement()
     {
-        project.store(action("A").gamu(1.0f).gamf(1.0f));
-        project.store(action("G").gamu(1.35f).gamf(1.0f));
-        project.store(action("Q").gamu(1.5f).gamf(0.0f));
-        project.store(action("U1").gamu(1.2f).gamf(0.5f));
+        project.putAction(soundAction("A").gamu(1.0f).gamf(1.0f));
+        project.putAction(soundAction("G").gamu(1.35f).gamf(1.0f));
+        project.putAction(soundAction("Q").gamu(1.5f).gamf(0.0f));
+        project.putAction(soundAction("U1").gamu(1.2f).gamf(0.5f));
     }
 
-    Project project;
+    ActionsProject project;
 };
 
 } // namespace
@@ -262,7 +262,7 @@ TEST_F(Judgement, FindActionSeesTheEdit)
 TEST_F(Judgement, FindActionLeavesTheRecordWhenThereIsNoRow)
 {
     ActionsTab tab(project);
-    tagCDB_LC_ACT record = action("G").gamu(7.0f);
+    tagCDB_LC_ACT record = soundAction("G").gamu(7.0f);
     EXPECT_FALSE(tab.widget.findAction(mrl::test::codeOf("Z"), record));
     EXPECT_EQ(record.gamu, 7.0f);
     EXPECT_FALSE(tab.widget.actionExists(mrl::test::codeOf("Z")));
@@ -288,10 +288,9 @@ TEST_F(Judgement, AllRowsAreReadInTheirOrder)
 TEST_F(Judgement, DanishAnnexSteersTheTabToo)
 {
     const std::string danish =
-        replaced(replaced(replaced(FULL_CODE, "ntcode = 1", "ntcode = 0"), "country = 49", "country = 45"),
-                 "2010", "2004");
-    Project other(danish);
-    other.store(action("G").psi1s(0.8f));
+        replaced(replaced(ACTIONS_CODE, "country = 0", "country = 45"), "2002", "2004");
+    ActionsProject other(danish);
+    other.putAction(soundAction("G").psi1s(0.8f));
     const ActionsTab tab(other);
     EXPECT_EQ(tab.toolTip("G", ACT_COL_PSI1S), QStringLiteral("Psi1' has to be between 0.9 and 1.0!"));
 }

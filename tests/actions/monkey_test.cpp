@@ -1,5 +1,5 @@
 // Random but valid actions of a person, from a fixed seed. After each of them table, model and signals agree.
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <QLineEdit>
 #include <QRadioButton>
@@ -10,10 +10,10 @@
 #include "host/mrl_dlib.h"
 #include "rules/action_rules.h"
 
-using mrl::test::action;
+using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
 using mrl::test::FakeLoadcaseTab;
-using mrl::test::Project;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -266,9 +266,9 @@ class Monkey
 TEST(Monkey, TableModelAndSignalsAgreeAfterEachRandomAction)
 {
     std::mt19937 random(20240229);
-    Project project;
+    ActionsProject project;
     for (const char* name : {"A", "G", "Q", "Q_1", "U1", "U2"}) {
-        project.store(action(name));
+        project.putAction(soundAction(name));
     }
     FakeLoadcaseTab loadcases(project.db());
     ActionsTab tab(project, &loadcases);

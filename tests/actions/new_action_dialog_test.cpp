@@ -1,4 +1,4 @@
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -7,10 +7,10 @@
 #include "actions/new_action_dialog.h"
 #include "host/mrl_table.h"
 
-using mrl::test::action;
+using mrl::test::ACTIONS_CODE;
+using mrl::test::ActionsProject;
 using mrl::test::codeOf;
-using mrl::test::FULL_CODE;
-using mrl::test::Project;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -100,7 +100,7 @@ class NewActionDialog : public ::testing::Test
 {
   protected:
     /// Only G is part of the project.
-    NewActionDialog() { project.store(action("G")); }
+    NewActionDialog() { project.putAction(soundAction("G")); }
     ~NewActionDialog() override
     {
         if (m_model != nullptr) {
@@ -118,7 +118,7 @@ class NewActionDialog : public ::testing::Test
     void storeAllOfTheCode()
     {
         for (const char* name : {"G", "Q", "Q_1", "Q_2", "W_1", "W_2", "A"}) {
-            project.store(action(name));
+            project.putAction(soundAction(name));
         }
     }
     LCM_ActionEntry& entry(const QString& name)
@@ -132,7 +132,7 @@ class NewActionDialog : public ::testing::Test
         return *model().actions.front();
     }
 
-    Project project;
+    ActionsProject project;
 
   private:
     LCM_DataClass* m_model = nullptr; ///< counted
@@ -181,7 +181,7 @@ TEST_F(NewActionDialog, PlaceholderOffersItsChildrenWithoutStandard)
 
 TEST_F(NewActionDialog, ActiveParentWithAFreeChildHasNoStandard)
 {
-    project.store(action("Q"));
+    project.putAction(soundAction("Q"));
     Shown shown(model());
     EXPECT_EQ(shown.offered().first(), QStringLiteral("Q    ")); // the stored Q has no title
     EXPECT_EQ(shown.categories(), QStringList({"1    Offices", "2    Storage"}));
@@ -189,8 +189,8 @@ TEST_F(NewActionDialog, ActiveParentWithAFreeChildHasNoStandard)
 
 TEST_F(NewActionDialog, FreeParentWithAllChildrenActiveOffersStandardAlone)
 {
-    project.store(action("Q_1"));
-    project.store(action("Q_2"));
+    project.putAction(soundAction("Q_1"));
+    project.putAction(soundAction("Q_2"));
     Shown shown(model());
     EXPECT_EQ(shown.categories(), QStringList({"Standard"}));
     EXPECT_FALSE(shown.categoryCombo().isEnabled());
@@ -208,15 +208,15 @@ TEST_F(NewActionDialog, ActionWithoutCategoriesSaysWhyTheFieldIsDisabled)
 
 TEST_F(NewActionDialog, PlaceholderWithAllChildrenActiveIsNotOffered)
 {
-    project.store(action("W_1"));
-    project.store(action("W_2"));
+    project.putAction(soundAction("W_1"));
+    project.putAction(soundAction("W_2"));
     Shown shown(model());
     EXPECT_EQ(shown.offered(), QStringList({"Q    Variable load", "A    Impact"}));
 }
 
 TEST_F(NewActionDialog, UserDefinedActionIsNotOffered)
 {
-    project.store(action("U1"));
+    project.putAction(soundAction("U1"));
     LCM_DataClass& tree = model();
     tree.actions.back()->state = LCM_STATE_FREE;
     ASSERT_TRUE(tree.actions.back()->userDefined);

@@ -1,10 +1,10 @@
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include "actions/new_action.h"
 
-using mrl::test::action;
+using mrl::test::ActionsProject;
 using mrl::test::codeOf;
-using mrl::test::Project;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -13,7 +13,7 @@ class NewAction : public ::testing::Test
   protected:
     NewAction()
     {
-        project.store(action("G").gamu(1.2f));
+        project.putAction(soundAction("G").gamu(1.2f));
         m_model = new LCM_DataClass(project.db());
     }
     ~NewAction() override { m_model->release(); }
@@ -33,7 +33,7 @@ class NewAction : public ::testing::Test
         return *model().actions.at(static_cast<std::size_t>(indexOf(name)));
     }
 
-    Project project;
+    ActionsProject project;
 
   private:
     LCM_DataClass* m_model; ///< counted

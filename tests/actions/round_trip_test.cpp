@@ -1,15 +1,15 @@
 // Through the real table and the real database: what a person didn't touch comes back as it was.
-#include "tests/actions/fixture.h"
+#include "tests/actions/actions_fixture.h"
 
 #include <random>
 
 #include "hostlib/data/designcode/designcode.h"
 #include "rules/action_row.h"
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
+using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
-using mrl::test::Project;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -63,7 +63,7 @@ tagCDB_LC_ACT randomAction(std::mt19937& random, int number)
 }
 
 /// The manager's OK on a project that nobody edited.
-void accept(const Project& project)
+void accept(const ActionsProject& project)
 {
     ActionsTab tab(project);
     tab.widget.save(true);
@@ -75,7 +75,7 @@ TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
 {
     ASSERT_GE(mrl::designcode::list().size(), 7u);
     for (const mrl::designcode::Found& code : mrl::designcode::list()) {
-        const auto project = Project::ofShippedCode(code.name);
+        const auto project = ActionsProject::ofShippedCode(code.name);
         ActionsTab tab(*project);
         tab.widget.slot_addAllClicked();
         const auto records = modelRecords(*tab.widget.workingModel());
@@ -97,7 +97,7 @@ TEST(RoundTrip, EveryActionOfEveryShippedCodeComesBackFromItsRow)
 TEST(RoundTrip, EveryShippedActionIsFreeOfFindings)
 {
     for (const mrl::designcode::Found& code : mrl::designcode::list()) {
-        const auto project = Project::ofShippedCode(code.name);
+        const auto project = ActionsProject::ofShippedCode(code.name);
         ActionsTab tab(*project);
         tab.widget.slot_addAllClicked();
         EXPECT_TRUE(tab.widget.isValid()) << code.name;
@@ -107,17 +107,17 @@ TEST(RoundTrip, EveryShippedActionIsFreeOfFindings)
 TEST(RoundTrip, RandomActionsAreStoredAsTheyWere)
 {
     std::mt19937 random(4711);
-    Project project;
+    ActionsProject project;
     for (int i = 0; i < 300; ++i) {
-        project.store(randomAction(random, i));
+        project.putAction(randomAction(random, i));
     }
-    const auto before = project.stored();
+    const auto before = project.storedActions();
     ActionsTab tab(project);
     // The two defaults come on top, since no stored action is one of the design code.
     ASSERT_EQ(tab.table.rowCount(), 302);
     tab.table.sortByColumn(tab.table.getColumnNumber(ACT_COL_PSI1), Qt::DescendingOrder);
     tab.widget.save(true);
-    const auto after = project.stored();
+    const auto after = project.storedActions();
     for (const auto& [name, record] : before) {
         ASSERT_EQ(after.count(name), 1u) << name;
         EXPECT_EQ(std::memcmp(&after.at(name), &record, sizeof record), 0) << name;
@@ -126,126 +126,126 @@ TEST(RoundTrip, RandomActionsAreStoredAsTheyWere)
 
 TEST(RoundTrip, FactorWithoutAColumnIsStoredAsZero)
 {
-    Project project(mrl::test::replaced(mrl::test::FULL_CODE, "Psi0 = 1\n", "Psi0 = 0\n"));
-    project.store(action("G").psi0(0.7f));
+    ActionsProject project(mrl::test::replaced(mrl::test::ACTIONS_CODE, "Psi0 = 1\n", "Psi0 = 0\n"));
+    project.putAction(soundAction("G").psi0(0.7f));
     accept(project);
-    EXPECT_EQ(project.stored().at("G   ").psi0, 0.0f);
+    EXPECT_EQ(project.storedActions().at("G   ").psi0, 0.0f);
 }
 
 TEST(RoundTrip, GamaWithoutAColumnIsStoredAsAThousandth)
 {
-    Project project(mrl::test::replaced(mrl::test::FULL_CODE, "Gama = 1\n", "Gama = 0\n"));
-    project.store(action("G").gama(1.3f));
+    ActionsProject project(mrl::test::replaced(mrl::test::ACTIONS_CODE, "Gama = 1\n", "Gama = 0\n"));
+    project.putAction(soundAction("G").gama(1.3f));
     accept(project);
-    EXPECT_EQ(project.stored().at("G   ").gama, 0.001f);
+    EXPECT_EQ(project.storedActions().at("G   ").gama, 0.001f);
 }
 
 TEST(RoundTrip, StoredZeroOfGamaIsStoredAsOne)
 {
-    Project project;
-    project.store(action("G").gama(0.0f));
+    ActionsProject project;
+    project.putAction(soundAction("G").gama(0.0f));
     accept(project);
-    EXPECT_EQ(project.stored().at("G   ").gama, 1.0f);
+    EXPECT_EQ(project.storedActions().at("G   ").gama, 1.0f);
 }
 
 TEST(RoundTrip, StoredThousandthOfGamaStays)
 {
-    Project project;
-    project.store(action("G").gama(0.001f));
+    ActionsProject project;
+    project.putAction(soundAction("G").gama(0.001f));
     accept(project);
-    EXPECT_EQ(project.stored().at("G   ").gama, 0.001f);
+    EXPECT_EQ(project.storedActions().at("G   ").gama, 0.001f);
 }
 
 TEST(RoundTrip, TitleOfThirtyFourUnitsLosesTheLast)
 {
-    Project project;
-    tagCDB_LC_ACT foreign = action("G");
+    ActionsProject project;
+    tagCDB_LC_ACT foreign = soundAction("G");
     for (std::uint32_t& word : foreign.title) {
         word = 0x00780078; // two x
     }
-    project.store(foreign);
+    project.putAction(foreign);
     accept(project);
-    EXPECT_EQ(lcm_title_text(project.stored().at("G   ").title), QString(33, 'x'));
+    EXPECT_EQ(lcm_title_text(project.storedActions().at("G   ").title), QString(33, 'x'));
 }
 
 TEST(RoundTrip, SuffixOfTwoCharactersKeepsTheFirstAndMovesWithTheNextAcceptance)
 {
-    Project project;
-    project.store(ActionBuilder("G_12").gamu(1.0f));
+    ActionsProject project;
+    project.putAction(ActionBuilder("G_12").gamu(1.0f));
     accept(project);
-    ASSERT_EQ(project.stored().count("G_12"), 1u);
-    EXPECT_EQ(project.stored().at("G_12").suffix, lcm_pack_word("1"));
+    ASSERT_EQ(project.storedActions().count("G_12"), 1u);
+    EXPECT_EQ(project.storedActions().at("G_12").suffix, lcm_pack_word("1"));
     accept(project);
-    EXPECT_EQ(project.stored().count("G_12"), 0u);
-    EXPECT_EQ(project.stored().count("G_1 "), 1u);
+    EXPECT_EQ(project.storedActions().count("G_12"), 0u);
+    EXPECT_EQ(project.storedActions().count("G_1 "), 1u);
 }
 
 TEST(RoundTrip, UnderscoreInTheFirstPartBeginsTheSuffix)
 {
-    Project project;
-    tagCDB_LC_ACT foreign = action("G");
+    ActionsProject project;
+    tagCDB_LC_ACT foreign = soundAction("G");
     lcm_pack_field("A_BC", foreign.name);
-    project.store(foreign);
+    project.putAction(foreign);
     accept(project);
-    const tagCDB_LC_ACT stored = project.stored().at("A_BC");
+    const tagCDB_LC_ACT stored = project.storedActions().at("A_BC");
     EXPECT_EQ(std::memcmp(stored.name, "A   ", 4), 0);
     EXPECT_EQ(stored.suffix, lcm_pack_word("B"));
 }
 
 TEST(RoundTrip, SuffixBehindFourCharactersIsLost)
 {
-    Project project;
-    project.store(ActionBuilder("ABCD_1").gamu(1.0f));
+    ActionsProject project;
+    project.putAction(ActionBuilder("ABCD_1").gamu(1.0f));
     accept(project);
-    EXPECT_EQ(project.stored().at("ABCD").suffix, 0);
+    EXPECT_EQ(project.storedActions().at("ABCD").suffix, 0);
 }
 
 TEST(RoundTrip, BlankSuffixBecomesZero)
 {
-    Project project;
-    tagCDB_LC_ACT foreign = action("G");
+    ActionsProject project;
+    tagCDB_LC_ACT foreign = soundAction("G");
     foreign.suffix = 0x20202020;
-    project.store(foreign);
+    project.putAction(foreign);
     accept(project);
-    EXPECT_EQ(project.stored().at("G   ").suffix, 0);
+    EXPECT_EQ(project.storedActions().at("G   ").suffix, 0);
 }
 
 TEST(RoundTrip, NameThatIsNoUtf8GetsAKeyOfItsOwn)
 {
-    Project project;
-    tagCDB_LC_ACT foreign = action("G");
+    ActionsProject project;
+    tagCDB_LC_ACT foreign = soundAction("G");
     foreign.name[0] = '\xE4'; // a Latin-1 letter
-    project.store(foreign);
+    project.putAction(foreign);
     accept(project);
-    EXPECT_EQ(project.stored().count(std::string("\xE4   ")), 1u);
-    EXPECT_EQ(project.stored().count(std::string("\xEF\xBF\xBD ")),
+    EXPECT_EQ(project.storedActions().count(std::string("\xE4   ")), 1u);
+    EXPECT_EQ(project.storedActions().count(std::string("\xEF\xBF\xBD ")),
               1u); // the replacement character, three bytes
 }
 
 TEST(RoundTrip, RecordUnderAForeignKeyMovesToTheKeyOfItsName)
 {
-    Project project;
-    project.storeAt(mrl::test::codeOf("U2"), action("U1"));
+    ActionsProject project;
+    project.putAction(mrl::test::codeOf("U2"), soundAction("U1"));
     accept(project);
-    EXPECT_EQ(project.stored().count("U2  "), 0u);
-    EXPECT_EQ(project.stored().count("U1  "), 1u);
+    EXPECT_EQ(project.storedActions().count("U2  "), 0u);
+    EXPECT_EQ(project.storedActions().count("U1  "), 1u);
 }
 
 TEST(RoundTrip, RecordUnderAKeyOfTheDesignCodeStandsBesideItsOwn)
 {
-    Project project;
-    project.storeAt(mrl::test::codeOf("A"), action("U1"));
+    ActionsProject project;
+    project.putAction(mrl::test::codeOf("A"), soundAction("U1"));
     accept(project);
-    EXPECT_EQ(project.stored().count("A   "), 1u);
-    EXPECT_EQ(project.stored().count("U1  "), 1u);
+    EXPECT_EQ(project.storedActions().count("A   "), 1u);
+    EXPECT_EQ(project.storedActions().count("U1  "), 1u);
 }
 
 TEST(RoundTrip, OtherRecordsOfAnActionsKeyGoAndTheLastOfKindOneStays)
 {
-    Project project;
-    project.store(action("G").gamu(1.1f));
-    const tagCDB_LC_ACT second = action("G").gamu(1.2f);
-    tagCDB_LC_ACT foreign = action("G").gamu(1.3f);
+    ActionsProject project;
+    project.putAction(soundAction("G").gamu(1.1f));
+    const tagCDB_LC_ACT second = soundAction("G").gamu(1.2f);
+    tagCDB_LC_ACT foreign = soundAction("G").gamu(1.3f);
     foreign.kind = 2;
     const int code = mrl::test::codeOf("G");
     project.append(14, code, second);
@@ -261,22 +261,22 @@ TEST(RoundTrip, OtherRecordsOfAnActionsKeyGoAndTheLastOfKindOneStays)
 
 TEST(RoundTrip, LoadGroupWithAnotherCategoryBecomesVariable)
 {
-    Project project;
-    project.store(action("G").partition(0x210));
+    ActionsProject project;
+    project.putAction(soundAction("G").partition(0x210));
     accept(project);
-    EXPECT_EQ(project.stored().at("G   ").partition, 0x230);
+    EXPECT_EQ(project.storedActions().at("G   ").partition, 0x230);
 }
 
 TEST(RoundTrip, KeysOfOtherModulesStay)
 {
-    Project project;
-    project.store(action("G"));
+    ActionsProject project;
+    project.putAction(soundAction("G"));
     const int words[2] = {1, 5};
     project.put(14, 12, words);
-    project.storeAt(0x20202020, action("G").gamu(1.1f));
-    project.storeAt(mrl::test::codeOf("Y1"), action("G").gamu(1.2f));
+    project.putAction(0x20202020, soundAction("G").gamu(1.1f));
+    project.putAction(mrl::test::codeOf("Y1"), soundAction("G").gamu(1.2f));
     accept(project);
-    const auto stored = project.stored();
+    const auto stored = project.storedActions();
     EXPECT_EQ(stored.size(), 4u);
     EXPECT_EQ(stored.at("    ").gamu, 1.1f);
     EXPECT_EQ(stored.at("Y1  ").gamu, 1.2f);

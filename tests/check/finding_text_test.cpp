@@ -11,9 +11,10 @@
 #include "rules/load_case_rules.h"
 #include "tests/support/action_builder.h"
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
-using mrl::test::limits;
+using mrl::test::limitsOfOne;
+using mrl::test::noLimits;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -28,7 +29,7 @@ Texts plain(const LCM_ErrorList& errors)
     return result;
 }
 
-Texts textsOfAction(const tagCDB_LC_ACT& row, const tagCDB_LC_ACT& limit = limits(),
+Texts textsOfAction(const tagCDB_LC_ACT& row, const tagCDB_LC_ACT& limit = limitsOfOne(),
                     const LCM_DesignCodeIdentity& identity = {1, 2, 49, 2010})
 {
     return plain(lcm_error_list(lcm_check_action(row, limit, identity)));
@@ -75,39 +76,39 @@ class OneWord : public QTranslator
 
 } // namespace
 
-TEST(FindingText, CleanRowHasAnEmptyErrorList) { EXPECT_EQ(textsOfAction(action()), Texts{}); }
+TEST(FindingText, CleanRowHasAnEmptyErrorList) { EXPECT_EQ(textsOfAction(soundAction()), Texts{}); }
 
 TEST(FindingText, ZeroGamuOfAnActionHasToBeBigger)
 {
-    EXPECT_EQ(textsOfAction(action().gamu(0.0f).gamf(0.0f)),
+    EXPECT_EQ(textsOfAction(soundAction().gamu(0.0f).gamf(0.0f)),
               (Texts{{ACT_COL_GAMU, "GAMU has to be bigger than 0.0!"}}));
 }
 
 TEST(FindingText, NegativeGamuOfALoadCaseHasToBeGreater)
 {
-    EXPECT_EQ(textsOfLoadCase(0, 0, 0, 0, action(), ActionBuilder(QString()).gamu(1.0f), -1.0f),
+    EXPECT_EQ(textsOfLoadCase(0, 0, 0, 0, soundAction(), noLimits().gamu(1.0f), -1.0f),
               (Texts{{LC_COL_GAMU, "GAMU has to be greater than 0.0!"}}));
 }
 
 TEST(FindingText, BoundsOfAnActionShowThreeSignificantDigits)
 {
     // 1.234 in the format g with precision 3, and the limit 1.0 as 1.
-    EXPECT_EQ(textsOfAction(action().gamu(1.234f).gamf(1.3f).psi0(1.2f)),
+    EXPECT_EQ(textsOfAction(soundAction().gamu(1.234f).gamf(1.3f).psi0(1.2f)),
               (Texts{{ACT_COL_GAMF, "GAMF has to be between 0.0 and 1.23!"},
                      {ACT_COL_PSI0, "Psi0 has to be between 0.0 and 1!"}}));
 }
 
 TEST(FindingText, UndefinedGamuIsABoundLikeAnyOther)
 {
-    EXPECT_EQ(textsOfAction(action().gamu(LC_UNDEFINED).gamf(0.0f)),
+    EXPECT_EQ(textsOfAction(soundAction().gamu(LC_UNDEFINED).gamf(0.0f)),
               (Texts{{ACT_COL_GAMF, "GAMF has to be between 0.0 and -1e+05!"}}));
 }
 
 TEST(FindingText, LowerBoundOfPsi1ShowsSixDigitsAndTheUpperThree)
 {
     // Psi2 = 0.71234: six significant digits below, three above (0.87654 becomes 0.877).
-    const Texts texts =
-        textsOfAction(action().psi1(0.5f).psi2(0.71234f), limits().psi1(0.87654f).psi2(1.0f).psi1s(0.0f));
+    const Texts texts = textsOfAction(soundAction().psi1(0.5f).psi2(0.71234f),
+                                      limitsOfOne().psi1(0.87654f).psi2(1.0f).psi1s(0.0f));
     EXPECT_EQ(texts.at(ACT_COL_PSI1), "Psi1 has to be between 0.71234 and 0.877!");
     EXPECT_EQ(texts.at(ACT_COL_PSI2), "Psi2 has to be between 0.0 and 0.5!");
 }
@@ -115,47 +116,47 @@ TEST(FindingText, LowerBoundOfPsi1ShowsSixDigitsAndTheUpperThree)
 TEST(FindingText, LimitsOfThePsiOfAnAction)
 {
     // Each above its limit and in order among themselves, or, for Psi1, below 0 with a Psi2 below it.
-    EXPECT_EQ(textsOfAction(action().psi1(-0.2f).psi2(-0.3f).psi1s(-0.1f)),
+    EXPECT_EQ(textsOfAction(soundAction().psi1(-0.2f).psi2(-0.3f).psi1s(-0.1f)),
               (Texts{{ACT_COL_PSI1, "Psi1 has to be between 0.0 and 1!"},
                      {ACT_COL_PSI2, "Psi2 has to be between 0.0 and -0.2!"},
                      {ACT_COL_PSI1S, "Psi1' has to be between 0.0 and 1!"}}));
-    EXPECT_EQ(textsOfAction(action().psi1(0.9f).psi2(0.85f).psi1s(0.9f), limits().psi2(0.8f)),
+    EXPECT_EQ(textsOfAction(soundAction().psi1(0.9f).psi2(0.85f).psi1s(0.9f), limitsOfOne().psi2(0.8f)),
               (Texts{{ACT_COL_PSI2, "Psi2 has to be between 0.0 and 0.8!"}}));
 }
 
 TEST(FindingText, UpperBoundOfPsi1sReadsOneWhateverTheLimitIs)
 {
-    EXPECT_EQ(textsOfAction(action().psi1s(0.85f), limits().psi1s(0.8f)),
+    EXPECT_EQ(textsOfAction(soundAction().psi1s(0.85f), limitsOfOne().psi1s(0.8f)),
               (Texts{{ACT_COL_PSI1S, "Psi1' has to be between 0.5 and 1.0!"}}));
 }
 
 TEST(FindingText, DanishAnnexNamesPointNineAndOne)
 {
-    EXPECT_EQ(textsOfAction(action().psi1s(0.8f), limits(), {0, 2, 45, 2004}),
+    EXPECT_EQ(textsOfAction(soundAction().psi1s(0.8f), limitsOfOne(), {0, 2, 45, 2004}),
               (Texts{{ACT_COL_PSI1S, "Psi1' has to be between 0.9 and 1.0!"}}));
 }
 
 TEST(FindingText, NotANumberIsTold)
 {
-    EXPECT_EQ(textsOfAction(action().psi1(std::numeric_limits<float>::quiet_NaN()), limits().psi2(0.0f)),
-              (Texts{{ACT_COL_PSI1, "Psi1 has to be between 1 and 1!"},
-                     {ACT_COL_PSI1S, "Psi1' has to be between nan and 1.0!"}}));
+    EXPECT_EQ(
+        textsOfAction(soundAction().psi1(std::numeric_limits<float>::quiet_NaN()), limitsOfOne().psi2(0.0f)),
+        (Texts{{ACT_COL_PSI1, "Psi1 has to be between 1 and 1!"},
+               {ACT_COL_PSI1S, "Psi1' has to be between nan and 1.0!"}}));
 }
 
 // Gamu and the limit of Psi1s in up to six digits, the others in three.
 TEST(FindingText, NumbersOfALoadCaseHaveTheirDigits)
 {
     const ActionBuilder fine =
-        ActionBuilder(QString()).gamu(1.0f).gamf(1.0f).psi0(0.87654f).psi1(1.16789f).psi2(1.0f).psi1s(
-            1.98765f);
+        noLimits().gamu(1.0f).gamf(1.0f).psi0(0.87654f).psi1(1.16789f).psi2(1.0f).psi1s(1.98765f);
     EXPECT_EQ(textsOfLoadCase(LC_UNDEFINED, LC_UNDEFINED, LC_UNDEFINED, LC_UNDEFINED,
-                              action().gamu(1.234567f).gamf(2.0f), fine),
+                              soundAction().gamu(1.234567f).gamf(2.0f), fine),
               (Texts{{LC_COL_GAMF, "GAMF has to be between 0.0 and 1.23457!"}}));
-    EXPECT_EQ(textsOfLoadCase(2.0f, 0.1f, 1.0f, 0.12345f, action(), fine),
+    EXPECT_EQ(textsOfLoadCase(2.0f, 0.1f, 1.0f, 0.12345f, soundAction(), fine),
               (Texts{{LC_COL_PSI0, "Psi0 has to be between 0.0 and 0.877!"},
                      {LC_COL_PSI1, "Psi1 has to be between 0.123 and 1.17!"},
                      {LC_COL_PSI2, "Psi2 has to be between 0.0 and 0.1!"}}));
-    EXPECT_EQ(textsOfLoadCase(0.0f, 1.126f, 0.9f, 1.2f, action(), fine),
+    EXPECT_EQ(textsOfLoadCase(0.0f, 1.126f, 0.9f, 1.2f, soundAction(), fine),
               (Texts{{LC_COL_PSI1, "Psi1 has to be between 1.2 and 1.17!"},
                      {LC_COL_PSI2, "Psi2 has to be between 0.0 and 1.13!"},
                      {LC_COL_PSI1S, "Psi1' has to be between 1.13 and 1.98765!"}}));

@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/plain_findings.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
-using mrl::test::loadcase;
+using mrl::test::bareLoadCase;
+using mrl::test::soundAction;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -18,8 +18,8 @@ class ProjectCheck : public mrl::test::ProjectTest
   protected:
     ProjectCheck()
     {
-        project.putAction(action("G"));
-        project.putLoadcase(1, loadcase("G"));
+        project.putAction(soundAction("G"));
+        project.putLoadCase(1, bareLoadCase("G"));
     }
 
     /// The findings as "SUBJECT COLUMN RULE ARGUMENTS", the column left out for the whole subject.
@@ -44,112 +44,114 @@ TEST_F(ProjectCheck, SoundProjectHasNoFinding) { EXPECT_THAT(findings(), IsEmpty
 
 TEST_F(ProjectCheck, FavourableFactorAboveUnfavourableCondemnsActionAndItsLoadCases)
 {
-    project.putAction(action("G").gamu(1.35f).gamf(1.36f));
+    project.putAction(soundAction("G").gamu(1.35f).gamf(1.36f));
     EXPECT_THAT(findings(), ElementsAre("G 105 gamf-not-between-0-and-gamu 0 1.35",
                                         "1 105 gamf-not-between-0-and-gamu 0 1.35"));
 }
 
 TEST_F(ProjectCheck, RecordOfAnotherNameIsReportedAndJudgedUnderItsKey)
 {
-    project.putAction(mrl::test::codeOf("U1"), action("W").psi0(1.2f));
+    project.putAction(mrl::test::codeOf("U1"), soundAction("W").psi0(1.2f));
     EXPECT_THAT(findings(),
                 ElementsAre("U1 action-name-differs-from-key W", "U1 107 psi0-not-between-0-and-limit 0 1"));
 }
 
 TEST_F(ProjectCheck, CombinationFactorsAreJudgedByTheLimits)
 {
-    project.putAction(action("W").psi0(1.2f));
+    project.putAction(soundAction("W").psi0(1.2f));
     EXPECT_THAT(findings(), ElementsAre("W 107 psi0-not-between-0-and-limit 0 1"));
 }
 
 TEST_F(ProjectCheck, CopiedFactorsOfALoadCaseAreNotCondemned)
 {
     // The dialog shows the action's present factors, whatever the record holds.
-    tagCDB_LC_CTRL record = loadcase("G");
+    tagCDB_LC_CTRL record = bareLoadCase("G");
     record.gamu = 1.0f;
     record.gamf = 5.0f;
-    project.putLoadcase(2, record);
+    project.putLoadCase(2, record);
     EXPECT_THAT(findings(), IsEmpty());
 }
 
 TEST_F(ProjectCheck, MissingActionIsAFinding)
 {
-    project.putLoadcase(2, loadcase("X9"));
+    project.putLoadCase(2, bareLoadCase("X9"));
     EXPECT_THAT(findings(), ElementsAre("2 action-missing X9"));
 }
 
 TEST_F(ProjectCheck, NamesInTheOtherCaseAreFoundAsTheDialogFindsThemWhenItOpens)
 {
-    project.putLoadcase(2, loadcase().action(0x20202077)); // w
-    project.putAction(action("W"));
+    project.putLoadCase(2, bareLoadCase().action(0x20202077)); // w
+    project.putAction(soundAction("W"));
     EXPECT_THAT(findings(), ElementsAre("2 action-missing w")) << "W is stored in upper case";
 
-    project.putLoadcase(2, loadcase("V"));
-    project.putAction(0x20202076, action("v"));
+    project.putLoadCase(2, bareLoadCase("V"));
+    project.putAction(0x20202076, soundAction("v"));
     EXPECT_THAT(findings(), IsEmpty());
 }
 
 TEST_F(ProjectCheck, OldActionNumberIsResolved)
 {
-    project.putLoadcase(2, loadcase().action(2)); // G
-    project.putLoadcase(3, loadcase().action(99));
+    project.putLoadCase(2, bareLoadCase().action(2)); // G
+    project.putLoadCase(3, bareLoadCase().action(99));
     EXPECT_THAT(findings(), ElementsAre("3 action-missing 99"));
 }
 
 TEST_F(ProjectCheck, ImperfectionsAndLoadCasesWithoutActionAreValid)
 {
-    tagCDB_LC_CTRL own = loadcase();
+    tagCDB_LC_CTRL own = bareLoadCase();
     own.gamu = -5.0f;
-    project.putLoadcase(2, own);
-    project.putLoadcase(3, loadcase().action(LC_ACTION_IMPERFECTION));
+    project.putLoadCase(2, own);
+    project.putLoadCase(3, bareLoadCase().action(LC_ACTION_IMPERFECTION));
     EXPECT_THAT(findings(), IsEmpty());
 }
 
 TEST_F(ProjectCheck, ReservedAndNamelessActionsAreReportedAndNotJudged)
 {
-    project.putAction(action("Y1").gamf(9.0f));
-    project.putAction(LC_BLANK_WORD, action("").gamf(9.0f));
+    project.putAction(soundAction("Y1").gamf(9.0f));
+    project.putAction(LC_BLANK_WORD, soundAction("").gamf(9.0f));
     EXPECT_THAT(findings(), ElementsAre(" action-without-name", "Y1 action-name-reserved"));
 }
 
 TEST_F(ProjectCheck, NumberThatAnotherModuleUsesTooIsReported)
 {
-    project.append(LC_KWH_CASES, 1, loadcase().kind(3).record());
+    project.append(LC_KWH_CASES, 1, bareLoadCase().kind(3).record());
     EXPECT_THAT(findings(), ElementsAre("1 load-case-number-shared-with-module 3"));
 }
 
 TEST_F(ProjectCheck, NumberAboveTheDialogsLimitIsReported)
 {
-    project.putLoadcase(999999, loadcase("G"));
-    project.putLoadcase(1000000, loadcase("G"));
+    project.putLoadCase(999999, bareLoadCase("G"));
+    project.putLoadCase(1000000, bareLoadCase("G"));
     EXPECT_THAT(findings(), ElementsAre("1000000 load-case-number-above-999999"));
 }
 
 TEST_F(ProjectCheck, ForeignLoadCasesAreNotJudged)
 {
-    project.putLoadcase(2, loadcase("X9").kind(5));
+    project.putLoadCase(2, bareLoadCase("X9").kind(5));
     EXPECT_THAT(findings(), IsEmpty());
 }
 
 TEST_F(ProjectCheck, ProjectWithoutAnActionOfItsCodeIsJudgedWithTheDefaultOnes)
 {
     mrl_cdb_del(db, LC_KWH_ACTIONS, mrl::test::codeOf("G"));
-    project.putLoadcase(2, loadcase("Q"));
-    project.putLoadcase(3, loadcase("W"));
+    project.putLoadCase(2, bareLoadCase("Q"));
+    project.putLoadCase(3, bareLoadCase("W"));
     EXPECT_THAT(findings(), ElementsAre("3 action-missing W")) << "the dialog offers G and Q then";
 }
 
 TEST_F(ProjectCheck, FactorThatTheDesignCodeDoesNotKnowIsNotJudged)
 {
-    useCode(mrl::test::DesignCodeFile().marks(mrl::test::limits().psi0(0.0f)).add(action("G"), {2, 7}));
-    project.putAction(action("G").psi0(7.0f));
+    useCode(mrl::test::DesignCodeBuilder()
+                .marks(mrl::test::limitsOfOne().psi0(0.0f))
+                .add(soundAction("G"), {2, 7}));
+    project.putAction(soundAction("G").psi0(7.0f));
     EXPECT_THAT(findings(), IsEmpty());
 }
 
 TEST_F(ProjectCheck, WithoutADesignCodeOnlyWhatNeedsNoLimitIsJudged)
 {
     project.setDesignCode("/nowhere/none.ini");
-    project.putAction(action("G").gamf(9.0f));
-    project.putLoadcase(2, loadcase("X9"));
+    project.putAction(soundAction("G").gamf(9.0f));
+    project.putLoadCase(2, bareLoadCase("X9"));
     EXPECT_THAT(findings(), ElementsAre("2 action-missing X9"));
 }

@@ -59,6 +59,18 @@ bool isChangedByALoadCase(const Action& action, const Model& model)
            !isUsed || action.category == Category::Accidental || action.category == Category::Seismic;
 }
 
+/// Whether an action in `short` must act: one more that acts then takes the place of the first short action from it.
+bool mustAShortActionAct(const LCM_Situation& situation, const Model& model)
+{
+    return std::any_of(model.actions.begin(), model.actions.end(), [&](const Action& action) {
+        const auto& names = situation.expressions.back().shortActions;
+        const bool isShort = std::find(names.begin(), names.end(), action.name) != names.end();
+        return isShort &&
+               (action.superposition == Superposition::Perm || action.superposition == Superposition::Perc ||
+                action.superposition == Superposition::Alex);
+    });
+}
+
 TEST_F(Properties, ALoadCaseWithoutResponseChangesNothing)
 {
     const std::vector<LCM_Situation> situations{
@@ -78,6 +90,9 @@ TEST_F(Properties, ALoadCaseWithoutResponseChangesNothing)
             loadCase.action = action.name;
             more.loadCases.push_back(loadCase);
             for (const LCM_Situation& tried : situations) {
+                if (mustAShortActionAct(tried, model)) {
+                    continue;
+                }
                 EXPECT_NEAR(extremes(more, tried, longer).max.value, extremes(model, tried, row).max.value,
                             1e-9)
                     << action.name << " of\n"

@@ -9,7 +9,7 @@
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "hostlib/data/cdb/project.h"
-#include "support/own_folder.h"
+#include "tests/support/own_folder.h"
 
 using mrl::test::SAMPLE_CODE;
 using mrl::test::sampleWith;

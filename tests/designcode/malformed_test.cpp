@@ -2,7 +2,7 @@
 #include <fstream>
 
 #include "designcode/sample_code.h"
-#include "support/own_folder.h"
+#include "tests/support/own_folder.h"
 
 using mrl::test::errorOf;
 using mrl::test::SAMPLE_CODE;

@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "designcode/sample_code.h"
-#include "support/own_folder.h"
-#include "support/record_layout.h"
+#include "tests/support/own_folder.h"
+#include "tests/support/record_layout.h"
 
 using mrl::designcode::DesignCode;
 using mrl::test::parsed;

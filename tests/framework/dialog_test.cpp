@@ -5,7 +5,7 @@
 
 #include "framework/sample_dialog.h"
 #include "hostlib/data/cdb/project.h"
-#include "support/modal_answers.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 

@@ -3,17 +3,16 @@
 #include <gmock/gmock.h>
 
 #include "lcdata/load_cases.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace {
 
-using mrl::test::action;
 using mrl::test::codeOf;
-using mrl::test::DesignCodeFile;
-using mrl::test::limits;
+using mrl::test::DesignCodeBuilder;
+using mrl::test::limitsOfOne;
 using mrl::test::MemoryProject;
 using mrl::test::ProjectTest;
-using mrl::test::smallDesignCode;
+using mrl::test::soundAction;
 using ::testing::ElementsAre;
 
 bool sameBytes(const tagCDB_LC_ACT& a, const tagCDB_LC_ACT& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
@@ -34,7 +33,7 @@ TEST_F(CodeHasActions, AnyOfTheSixMarksWillDo)
                               &tagCDB_LC_ACT::psi1, &tagCDB_LC_ACT::psi2, &tagCDB_LC_ACT::psi1s}) {
         tagCDB_LC_ACT marks{};
         marks.*field = 0.5f;
-        useCode(DesignCodeFile().marks(marks));
+        useCode(DesignCodeBuilder().marks(marks));
         EXPECT_TRUE(mrl_lc_code_has_actions(db));
     }
     EXPECT_TRUE(otherIsCurrent());
@@ -45,7 +44,7 @@ TEST_F(CodeHasActions, TheAccidentalFactorAloneIsNotLookedAt)
     tagCDB_LC_ACT marks{};
     marks.gama = 1.0f;
     marks.gamu = -1.0f;
-    useCode(DesignCodeFile().marks(marks));
+    useCode(DesignCodeBuilder().marks(marks));
     EXPECT_FALSE(mrl_lc_code_has_actions(db));
 }
 
@@ -62,7 +61,7 @@ using HasAction = ProjectTest;
 TEST_F(HasAction, AsksTheProjectAndNotTheDesignCode)
 {
     EXPECT_FALSE(mrl_lc_has_action(db, codeOf("G")));
-    project.putAction(action("G"));
+    project.putAction(soundAction("G"));
     EXPECT_TRUE(mrl_lc_has_action(db, codeOf("G")));
     EXPECT_TRUE(otherIsCurrent());
 }
@@ -78,9 +77,9 @@ TEST_F(HasAction, ARecordThatHadToBeCutDoesNotCountUnlikeALoadCase)
 
 TEST_F(HasAction, AKeyLeftOpenHarmsNobody)
 {
-    project.putAction(action("G").title("one"));
+    project.putAction(soundAction("G").title("one"));
     EXPECT_TRUE(mrl_lc_has_action(db, codeOf("G"))); // leaves the key open
-    project.putAction(action("G").title("two"));
+    project.putAction(soundAction("G").title("two"));
     EXPECT_EQ(lcm_title_text(project.storedAction("G").title), "two");
     EXPECT_TRUE(mrl_lc_has_action(db, codeOf("G")));
     EXPECT_EQ(mrl_cdb_del(db, LC_KWH_ACTIONS, codeOf("G")), CD_OK);
@@ -102,7 +101,7 @@ TEST_F(GetAction, NoActionIsAZeroedRecord)
 
 TEST_F(GetAction, ReadsTheStoredRecord)
 {
-    const tagCDB_LC_ACT stored = action("W").gamu(1.1f).title("Storm");
+    const tagCDB_LC_ACT stored = soundAction("W").gamu(1.1f).title("Storm");
     project.putAction(stored);
     tagCDB_LC_ACT record = filled();
     EXPECT_TRUE(mrl_lc_getAction(db, codeOf("W"), record, false));
@@ -138,7 +137,7 @@ TEST_F(GetAction, CreateWritesNothingForAnActionThatTheDesignCodeDoesNotKnow)
 
 TEST_F(GetAction, AnOldNumberStandsForItsAction)
 {
-    project.putAction(action("Q").title("stored"));
+    project.putAction(soundAction("Q").title("stored"));
     tagCDB_LC_ACT record{};
     EXPECT_TRUE(mrl_lc_getAction(db, 12, record, false));
     EXPECT_EQ(lcm_title_text(record.title), "stored") << "the stored record and not the default";
@@ -148,15 +147,15 @@ TEST_F(GetAction, AnOldNumberOfAMissingActionLeavesTheDefaultInTheRecord)
 {
     tagCDB_LC_ACT record{};
     EXPECT_FALSE(mrl_lc_getAction(db, 4, record, false));
-    EXPECT_EQ(lcm_title_text(record.title), "Permanent");
+    EXPECT_EQ(lcm_title_text(record.title), "Permanent load");
     EXPECT_TRUE(mrl_lc_getAction(db, 4, record, true));
     EXPECT_TRUE(project.hasKey(LC_KWH_ACTIONS, codeOf("G")));
 }
 
 TEST_F(GetAction, AnUnknownOldNumberFallsBackToTheDeadOrTheLiveAction)
 {
-    project.putAction(action("G").title("stored dead"));
-    project.putAction(action("Q").title("stored live"));
+    project.putAction(soundAction("G").title("stored dead"));
+    project.putAction(soundAction("Q").title("stored live"));
     for (const int number : {3, 5, 6}) {
         tagCDB_LC_ACT record{};
         EXPECT_TRUE(mrl_lc_getAction(db, number, record, false)) << number;
@@ -181,7 +180,7 @@ TEST_F(GetAction, CreateLooksUpTheCallersOwnNumberAndNotTheFallBack)
 
 TEST_F(GetAction, NegativeNumbersMeetTheEnumerationOfTheDesignCode)
 {
-    project.putAction(action("P").title("stored"));
+    project.putAction(soundAction("P").title("stored"));
     tagCDB_LC_ACT record{};
     EXPECT_TRUE(mrl_lc_getAction(db, -2, record, false)) << "P is the second default action";
     EXPECT_EQ(lcm_title_text(record.title), "stored");
@@ -189,7 +188,7 @@ TEST_F(GetAction, NegativeNumbersMeetTheEnumerationOfTheDesignCode)
 
 TEST_F(GetAction, WithoutEvenTheFallBackNothingIsFound)
 {
-    useCode(DesignCodeFile().marks(limits()).add(action("W").partition(0x32)));
+    useCode(DesignCodeBuilder().marks(limitsOfOne()).add(soundAction("W").partition(0x32)));
     tagCDB_LC_ACT record{};
     EXPECT_FALSE(mrl_lc_getAction(db, 3, record, true));
     EXPECT_FALSE(mrl_lc_getAction(db, 9, record, true));
@@ -213,27 +212,27 @@ TEST_F(DefaultAction, IsTheFirstOfItsFamily)
 {
     tagCDB_LC_ACT record = filled();
     EXPECT_EQ(mrl_lc_get_default_action(db, true, record), codeOf("G"));
-    EXPECT_EQ(lcm_title_text(record.title), "Permanent");
+    EXPECT_EQ(lcm_title_text(record.title), "Permanent load");
     EXPECT_EQ(mrl_lc_get_default_action(db, false), codeOf("Q"));
     EXPECT_TRUE(otherIsCurrent());
 }
 
 TEST_F(DefaultAction, LoadGroupsAreSkipped)
 {
-    useCode(DesignCodeFile()
-                .marks(limits())
-                .add(action("L_1").partition(0x132))
-                .add(action("L_5").partition(0x532))
-                .add(action("L").partition(0x32)));
+    useCode(DesignCodeBuilder()
+                .marks(limitsOfOne())
+                .add(soundAction("L_1").partition(0x132))
+                .add(soundAction("L_5").partition(0x532))
+                .add(soundAction("L").partition(0x32)));
     EXPECT_EQ(mrl_lc_get_default_action(db, false), codeOf("L"));
 }
 
 TEST_F(DefaultAction, OldNumbersStandInForAMissingFamily)
 {
-    useCode(DesignCodeFile()
-                .marks(limits())
-                .add(action("P").partition(0x20).title("as dead"), {2})
-                .add(action("L_1").partition(0x132), {7}));
+    useCode(DesignCodeBuilder()
+                .marks(limitsOfOne())
+                .add(soundAction("P").partition(0x20).title("as dead"), {2})
+                .add(soundAction("L_1").partition(0x132), {7}));
     tagCDB_LC_ACT record{};
     EXPECT_EQ(mrl_lc_get_default_action(db, true, record), codeOf("P"));
     EXPECT_EQ(lcm_title_text(record.title), "as dead");
@@ -242,7 +241,7 @@ TEST_F(DefaultAction, OldNumbersStandInForAMissingFamily)
 
 TEST_F(DefaultAction, IsACodeOfBlanksWhenThereIsNoneAtAll)
 {
-    useCode(DesignCodeFile().marks(limits()).add(action("P").partition(0x20)));
+    useCode(DesignCodeBuilder().marks(limitsOfOne()).add(soundAction("P").partition(0x20)));
     tagCDB_LC_ACT record = filled();
     EXPECT_EQ(mrl_lc_get_default_action(db, true, record), LC_BLANK_WORD);
     EXPECT_TRUE(sameBytes(record, tagCDB_LC_ACT{})) << "the last one of the enumeration is gone";
@@ -263,9 +262,9 @@ TEST_F(DefaultAction, TheListIsAppendedInOrder)
 
 TEST_F(DefaultAction, AllOf999AreListed)
 {
-    DesignCodeFile code;
+    DesignCodeBuilder code;
     for (int i = 0; i < 999; ++i) {
-        code.add(action(QString("%1").arg(i, 3, 10, QLatin1Char('0'))));
+        code.add(soundAction(QString("%1").arg(i, 3, 10, QLatin1Char('0'))));
     }
     useCode(code);
     std::vector<int> list;
@@ -278,7 +277,7 @@ using CreateDefaultAction = ProjectTest;
 
 TEST_F(CreateDefaultAction, WritesItOverAStoredOne)
 {
-    project.putAction(action("W").title("old"));
+    project.putAction(soundAction("W").title("old"));
     EXPECT_TRUE(mrl_lc_create_default_action(db, codeOf("W")));
     EXPECT_EQ(lcm_title_text(project.storedAction("W").title), "Wind");
     EXPECT_TRUE(otherIsCurrent());
@@ -323,7 +322,7 @@ TEST_F(ActionInfo, FollowsTheMarksAndLeavesItsDatabaseCurrent)
     tagCDB_LC_ACT marks{};
     marks.gamu = 0.001f;
     marks.psi1s = -1.0f;
-    useCode(DesignCodeFile().marks(marks));
+    useCode(DesignCodeBuilder().marks(marks));
     EXPECT_TRUE(info.init(db));
     EXPECT_TRUE(info.gamu);
     EXPECT_FALSE(info.gama || info.gamf || info.psi0 || info.psi1 || info.psi1s || info.psi2);
@@ -342,7 +341,7 @@ TEST_F(ActionInfo, CopiesAllSeven)
 
 TEST_F(ActionInfo, AFileWithoutTheSectionHasNoAccidentalFactor)
 {
-    useCode(smallDesignCode().withoutActionsSection());
+    useCode(DesignCodeBuilder().marks(limitsOfOne()).withoutActionsSection());
     MRL_LC_Action_Info info;
     EXPECT_TRUE(info.init(db));
     EXPECT_FALSE(info.gama);

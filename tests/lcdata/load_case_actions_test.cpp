@@ -4,17 +4,16 @@
 #include "lcdata/load_case_factors.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/packing.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace {
 
-using mrl::test::action;
+using mrl::test::bareLoadCase;
 using mrl::test::codeOf;
-using mrl::test::DesignCodeFile;
-using mrl::test::limits;
-using mrl::test::loadcase;
+using mrl::test::DesignCodeBuilder;
+using mrl::test::limitsOfOne;
 using mrl::test::ProjectTest;
-using mrl::test::smallDesignCode;
+using mrl::test::soundAction;
 
 QString titleOf(const tagCDB_LC_CTRL& record) { return lcm_title_text(record.title); }
 
@@ -22,12 +21,12 @@ using LoadCaseInit = ProjectTest;
 
 TEST_F(LoadCaseInit, MakesALoadCaseOfTheDefaultDeadActionAndStoresTheAction)
 {
-    tagCDB_LC_CTRL record = loadcase("Q").title("before");
+    tagCDB_LC_CTRL record = bareLoadCase("Q").title("before");
     EXPECT_TRUE(mrl_lc_init(db, 5, record, true, false));
     EXPECT_EQ(record.kind, 0);
     EXPECT_EQ(record.action, codeOf("G"));
     EXPECT_EQ(record.factor, 1.0f);
-    EXPECT_EQ(titleOf(record), "Permanent");
+    EXPECT_EQ(titleOf(record), "Permanent load");
     for (const float field : {record.psi0, record.psi1, record.psi2, record.gamu, record.gamf}) {
         EXPECT_EQ(field, LC_UNDEFINED);
     }
@@ -66,7 +65,7 @@ TEST_F(LoadCaseInit, ASecondCallReturnsTheStoredRecordAndChangesNothing)
 
 TEST_F(LoadCaseInit, KeepsTheFactorsOfAStoredAction)
 {
-    project.putAction(action("G").gamu(1.2f).title("Own dead"));
+    project.putAction(soundAction("G").gamu(1.2f).title("Own dead"));
     tagCDB_LC_CTRL record{};
     mrl_lc_init(db, 5, record, true, false);
     EXPECT_EQ(project.storedAction("G").gamu, 1.2f);
@@ -75,20 +74,20 @@ TEST_F(LoadCaseInit, KeepsTheFactorsOfAStoredAction)
 
 TEST_F(LoadCaseInit, WithoutAnyDefaultActionTheLoadCaseHasNone)
 {
-    useCode(DesignCodeFile().marks(limits()));
+    useCode(DesignCodeBuilder().marks(limitsOfOne()));
     tagCDB_LC_CTRL record{};
     EXPECT_TRUE(mrl_lc_init(db, 5, record, true, false));
     EXPECT_EQ(record.action, 0);
     EXPECT_EQ(titleOf(record), "");
-    EXPECT_EQ(project.storedLoadcase(5).gamu, LC_UNDEFINED);
+    EXPECT_EQ(project.storedLoadCase(5).gamu, LC_UNDEFINED);
 }
 
 using SetAction = ProjectTest;
 
 TEST_F(SetAction, BindsTheRecordAndLeavesItsDatabaseCurrent)
 {
-    project.putAction(action("W").title("Storm"));
-    tagCDB_LC_CTRL record = loadcase().title("x").deadWeight(0, 0, 1).factor(2);
+    project.putAction(soundAction("W").title("Storm"));
+    tagCDB_LC_CTRL record = bareLoadCase().title("x").deadWeight(0, 0, 1).factor(2);
     mrl_lc_set_action(db, record, codeOf("W"), false);
     EXPECT_EQ(record.action, codeOf("W"));
     EXPECT_EQ(titleOf(record), "Storm");
@@ -100,7 +99,7 @@ TEST_F(SetAction, BindsTheRecordAndLeavesItsDatabaseCurrent)
 
 TEST_F(SetAction, AnActionThatIsMissingLeavesNone)
 {
-    tagCDB_LC_CTRL record = loadcase("G").title("x");
+    tagCDB_LC_CTRL record = bareLoadCase("G").title("x");
     mrl_lc_set_action(db, record, codeOf("W"), false);
     EXPECT_EQ(record.action, 0);
     EXPECT_EQ(titleOf(record), "");
@@ -120,7 +119,7 @@ using InitAction = ProjectTest;
 
 TEST_F(InitAction, ALoadCaseWithoutActionLosesItsTitle)
 {
-    tagCDB_LC_CTRL record = loadcase().title("x");
+    tagCDB_LC_CTRL record = bareLoadCase().title("x");
     mrl_lc_init_action(db, record, false);
     EXPECT_EQ(titleOf(record), "");
     EXPECT_EQ(record.psi1, LC_UNDEFINED);
@@ -129,7 +128,7 @@ TEST_F(InitAction, ALoadCaseWithoutActionLosesItsTitle)
 
 TEST_F(InitAction, AnUnknownActionKeepsItsWordAndClearsTheTitle)
 {
-    tagCDB_LC_CTRL record = loadcase("ZZ").title("x");
+    tagCDB_LC_CTRL record = bareLoadCase("ZZ").title("x");
     mrl_lc_init_action(db, record, true);
     EXPECT_EQ(record.action, codeOf("ZZ"));
     EXPECT_EQ(titleOf(record), "");
@@ -140,9 +139,9 @@ using CreateLoadCase = ProjectTest;
 TEST_F(CreateLoadCase, StoresTheActionsFactorsAndLeavesTheFactorZero)
 {
     project.putAction(
-        action("Q_1").gamu(1.5f).gamf(0.25f).gama(1.0f).psi0(0.7f).psi1(0.5f).psi1s(0.9f).psi2(0.3f));
+        soundAction("Q_1").gamu(1.5f).gamf(0.25f).gama(1.0f).psi0(0.7f).psi1(0.5f).psi1s(0.9f).psi2(0.3f));
     EXPECT_TRUE(mrl_lc_create_load_case(db, 3, codeOf("Q_1"), "Wind from the left"));
-    const tagCDB_LC_CTRL record = project.storedLoadcase(3);
+    const tagCDB_LC_CTRL record = project.storedLoadCase(3);
     EXPECT_EQ(record.action, codeOf("Q_1"));
     EXPECT_EQ(record.gamu, lcm_pack_pair(1.5f, 1.0f));
     EXPECT_EQ(record.psi1, lcm_pack_pair(0.5f, 0.9f));
@@ -156,9 +155,9 @@ TEST_F(CreateLoadCase, StoresTheActionsFactorsAndLeavesTheFactorZero)
 
 TEST_F(CreateLoadCase, TakesANameInText)
 {
-    project.putAction(action("Q_1"));
+    project.putAction(soundAction("Q_1"));
     EXPECT_TRUE(mrl_lc_create_load_case(db, 3, QString("q_1"), "Wind"));
-    EXPECT_EQ(project.storedLoadcase(3).action, codeOf("Q_1"));
+    EXPECT_EQ(project.storedLoadCase(3).action, codeOf("Q_1"));
 }
 
 TEST_F(CreateLoadCase, RefusesAnActionThatOnlyTheDesignCodeKnows)
@@ -173,8 +172,8 @@ TEST_F(CreateLoadCase, RefusesAnActionThatOnlyTheDesignCodeKnows)
 
 TEST_F(CreateLoadCase, RefusesANumberThatIsTaken)
 {
-    project.putAction(action("G"));
-    project.putLoadcase(3, loadcase().kind(9));
+    project.putAction(soundAction("G"));
+    project.putLoadCase(3, bareLoadCase().kind(9));
     const auto before = project.fingerprint();
     EXPECT_FALSE(mrl_lc_create_load_case(db, 3, codeOf("G"), "x"));
     EXPECT_EQ(project.fingerprint(), before);
@@ -185,10 +184,10 @@ TEST_F(CreateLoadCase, RefusesNoAction) { EXPECT_FALSE(mrl_lc_create_load_case(d
 
 TEST_F(CreateLoadCase, AnImperfectionReplacesTheLoadCaseOfItsNumber)
 {
-    project.putLoadcase(3, loadcase("G").factor(2.0f).deadWeight(0, 0, 1));
+    project.putLoadCase(3, bareLoadCase("G").factor(2.0f).deadWeight(0, 0, 1));
     EXPECT_TRUE(mrl_lc_create_load_case(db, 3, 70, "Lean"));
-    const tagCDB_LC_CTRL expected = loadcase().action(70).title("Lean");
-    const tagCDB_LC_CTRL record = project.storedLoadcase(3);
+    const tagCDB_LC_CTRL expected = bareLoadCase().action(70).title("Lean");
+    const tagCDB_LC_CTRL record = project.storedLoadCase(3);
     EXPECT_EQ(std::memcmp(&record, &expected, sizeof record), 0);
     EXPECT_TRUE(otherIsCurrent());
 }
@@ -203,40 +202,40 @@ using LoadCaseTypes = ProjectTest;
 
 TEST_F(LoadCaseTypes, GoByTheFamilyOfTheAction)
 {
-    EXPECT_TRUE(mrl_lc_isdeadtype(db, loadcase("G")));
-    EXPECT_FALSE(mrl_lc_isdeadtype(db, loadcase("P")));
-    EXPECT_TRUE(mrl_lc_isprestresstype(db, loadcase("P")));
-    EXPECT_FALSE(mrl_lc_islivetype(db, loadcase("P")));
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase("Q")));
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase("Q_1"))) << "load groups are live";
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase("A")));
+    EXPECT_TRUE(mrl_lc_isdeadtype(db, bareLoadCase("G")));
+    EXPECT_FALSE(mrl_lc_isdeadtype(db, bareLoadCase("P")));
+    EXPECT_TRUE(mrl_lc_isprestresstype(db, bareLoadCase("P")));
+    EXPECT_FALSE(mrl_lc_islivetype(db, bareLoadCase("P")));
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase("Q")));
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase("Q_1"))) << "load groups are live";
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase("A")));
     EXPECT_TRUE(otherIsCurrent());
 }
 
 TEST_F(LoadCaseTypes, ResolveOldNumbersAndStoredActions)
 {
-    EXPECT_TRUE(mrl_lc_isdeadtype(db, loadcase().action(2)));
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase().action(7)));
-    project.putAction(action("MY").partition(0x20));
-    EXPECT_TRUE(mrl_lc_isprestresstype(db, loadcase("MY")));
+    EXPECT_TRUE(mrl_lc_isdeadtype(db, bareLoadCase().action(2)));
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase().action(7)));
+    project.putAction(soundAction("MY").partition(0x20));
+    EXPECT_TRUE(mrl_lc_isprestresstype(db, bareLoadCase("MY")));
 }
 
 TEST_F(LoadCaseTypes, WhatIsUnknownIsLive)
 {
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase("ZZ")));
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase())) << "no action";
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase().action(70)));
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase("ZZ")));
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase())) << "no action";
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase().action(70)));
     EXPECT_FALSE(mrl_lc_isdeadtype(db, 17)) << "no record";
     EXPECT_FALSE(mrl_lc_isprestresstype(db, 17));
     EXPECT_TRUE(mrl_lc_islivetype(db, 17));
-    EXPECT_TRUE(mrl_lc_islivetype(other.db(), loadcase("G"))) << "no design code";
+    EXPECT_TRUE(mrl_lc_islivetype(other.db(), bareLoadCase("G"))) << "no design code";
 }
 
 TEST_F(LoadCaseTypes, AreAskedByNumber)
 {
-    project.putLoadcase(1, loadcase("G"));
-    project.putLoadcase(2, loadcase("P"));
-    project.putLoadcase(3, loadcase("Q"));
+    project.putLoadCase(1, bareLoadCase("G"));
+    project.putLoadCase(2, bareLoadCase("P"));
+    project.putLoadCase(3, bareLoadCase("Q"));
     EXPECT_TRUE(mrl_lc_isdeadtype(db, 1));
     EXPECT_FALSE(mrl_lc_islivetype(db, 1));
     EXPECT_TRUE(mrl_lc_isprestresstype(db, 2));
@@ -246,26 +245,26 @@ TEST_F(LoadCaseTypes, AreAskedByNumber)
 
 TEST_F(LoadCaseTypes, ANegativePartitionTruncatesTowardsZero)
 {
-    project.putAction(action("MY").partition(-1));
-    EXPECT_TRUE(mrl_lc_islivetype(db, loadcase("MY")));
-    project.putAction(action("MZ").partition(31));
-    EXPECT_TRUE(mrl_lc_isdeadtype(db, loadcase("MZ")));
+    project.putAction(soundAction("MY").partition(-1));
+    EXPECT_TRUE(mrl_lc_islivetype(db, bareLoadCase("MY")));
+    project.putAction(soundAction("MZ").partition(31));
+    EXPECT_TRUE(mrl_lc_isdeadtype(db, bareLoadCase("MZ")));
 }
 
 TEST(LoadCaseFromAction, KeepsTheReservedWords)
 {
     tagCDB_LC_CTRL record{};
-    lcm_load_case_from_action(action("Q_1"), record, 0);
+    lcm_load_case_from_action(soundAction("Q_1"), record, 0);
     EXPECT_EQ(record.action, 0);
-    lcm_load_case_from_action(action("Q_1"), record, 70);
+    lcm_load_case_from_action(soundAction("Q_1"), record, 70);
     EXPECT_EQ(record.action, 70);
-    lcm_load_case_from_action(action("Q_1"), record, 5);
+    lcm_load_case_from_action(soundAction("Q_1"), record, 5);
     EXPECT_EQ(record.action, codeOf("Q_1"));
 }
 
 TEST(LoadCaseFromAction, UndefinedFactorsStayUndefined)
 {
-    tagCDB_LC_ACT undefined = action("Q");
+    tagCDB_LC_ACT undefined = soundAction("Q");
     lcm_default_factors(codeOf("Q"), undefined);
     tagCDB_LC_CTRL record{};
     lcm_load_case_from_action(undefined, record, codeOf("Q"));
@@ -278,7 +277,7 @@ TEST(DefaultFactors, AreZeroForNoneAndImperfectionAndElseUndefined)
 {
     for (const auto& [word, expected] :
          {std::pair<int, float>{0, 0.0f}, {70, 0.0f}, {2, LC_UNDEFINED}, {codeOf("G"), LC_UNDEFINED}}) {
-        tagCDB_LC_ACT record = action("G");
+        tagCDB_LC_ACT record = soundAction("G");
         lcm_default_factors(word, record);
         for (const float factor :
              {record.gamu, record.gamf, record.psi0, record.psi1, record.psi2, record.psi1s, record.gama}) {
@@ -304,7 +303,7 @@ TEST_F(ResolveActionWord, ReplacesAnOldNumberByTheCode)
     EXPECT_EQ(resolved(70), 70);
     EXPECT_EQ(resolved(55), 55) << "an unknown number stays";
     EXPECT_EQ(resolved(codeOf("ZZ")), codeOf("ZZ"));
-    project.putAction(action("MY"));
+    project.putAction(soundAction("MY"));
     EXPECT_EQ(resolved(codeOf("MY")), codeOf("MY"));
 }
 

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace {
 
-using mrl::test::loadcase;
+using mrl::test::bareLoadCase;
 using mrl::test::MemoryProject;
 using mrl::test::ProjectTest;
 using ::testing::ElementsAre;
@@ -43,9 +43,9 @@ TEST_F(LoadCases, KeysOfOtherGroupsAreNoLoadCases)
 
 TEST_F(LoadCases, WalksMeetEveryKindInOrder)
 {
-    project.putLoadcase(7, loadcase());
-    project.putLoadcase(999999, loadcase().kind(5));
-    project.putLoadcase(2, loadcase().kind(-1));
+    project.putLoadCase(7, bareLoadCase());
+    project.putLoadCase(999999, bareLoadCase().kind(5));
+    project.putLoadCase(2, bareLoadCase().kind(-1));
     project.put(LC_KWH_CASES, 1000000, 1); // no load case of ours by its length, but a key
     std::vector<int> list{1};
     EXPECT_EQ(mrl_lc_list(db, list), 1);
@@ -57,8 +57,8 @@ TEST_F(LoadCases, WalksMeetEveryKindInOrder)
 
 TEST_F(LoadCases, WalksUpBeginBehindZero)
 {
-    project.putLoadcase(0, loadcase());
-    project.putLoadcase(-3, loadcase());
+    project.putLoadCase(0, bareLoadCase());
+    project.putLoadCase(-3, bareLoadCase());
     EXPECT_EQ(mrl_lc_count(db), 0);
     EXPECT_EQ(mrl_lc_getmin(db), 0);
     // The walk from the top has no such start.
@@ -67,14 +67,14 @@ TEST_F(LoadCases, WalksUpBeginBehindZero)
 
 TEST_F(LoadCases, WalksMeetSeveralRecordsUnderAKeyOnce)
 {
-    project.putLoadcase(3, loadcase());
-    project.append(LC_KWH_CASES, 3, loadcase().kind(2).record());
+    project.putLoadCase(3, bareLoadCase());
+    project.append(LC_KWH_CASES, 3, bareLoadCase().kind(2).record());
     EXPECT_EQ(mrl_lc_count(db), 1);
 }
 
 TEST_F(LoadCases, PutAndGetKeepEveryByte)
 {
-    tagCDB_LC_CTRL record = loadcase("Q_1").title("Wind").deadWeight(0, 0, -1.0f).factor(2.0f);
+    tagCDB_LC_CTRL record = bareLoadCase("Q_1").title("Wind").deadWeight(0, 0, -1.0f).factor(2.0f);
     std::fill(std::begin(record.reserved1), std::end(record.reserved1), 0x01020304);
     EXPECT_TRUE(mrl_lc_put(db, 12, record));
     tagCDB_LC_CTRL back{};
@@ -86,7 +86,7 @@ TEST_F(LoadCases, PutAndGetKeepEveryByte)
 
 TEST_F(LoadCases, AFailingGetZeroesTheRecord)
 {
-    tagCDB_LC_CTRL record = loadcase("Q").title("x").factor(3.0f);
+    tagCDB_LC_CTRL record = bareLoadCase("Q").title("x").factor(3.0f);
     EXPECT_FALSE(mrl_lc_get(db, 5, record));
     EXPECT_TRUE(sameBytes(record, tagCDB_LC_CTRL{}));
     EXPECT_FALSE(mrl_lc_exists(db, 5));
@@ -107,16 +107,16 @@ TEST_F(LoadCases, AShorterRecordIsReadWithZerosBehindIt)
 {
     const int words[2] = {0, 70};
     project.put(LC_KWH_CASES, 5, words);
-    tagCDB_LC_CTRL record = loadcase("Q").title("old");
+    tagCDB_LC_CTRL record = bareLoadCase("Q").title("old");
     EXPECT_TRUE(mrl_lc_get(db, 5, record));
-    EXPECT_TRUE(sameBytes(record, loadcase().action(70)));
+    EXPECT_TRUE(sameBytes(record, bareLoadCase().action(70)));
 }
 
 TEST_F(LoadCases, PutReplacesAllRecordsOfTheKey)
 {
-    project.putLoadcase(3, loadcase());
-    project.append(LC_KWH_CASES, 3, loadcase().kind(2).record());
-    tagCDB_LC_CTRL record = loadcase("G");
+    project.putLoadCase(3, bareLoadCase());
+    project.append(LC_KWH_CASES, 3, bareLoadCase().kind(2).record());
+    tagCDB_LC_CTRL record = bareLoadCase("G");
     EXPECT_TRUE(mrl_lc_put(db, 3, record));
     tagCDB_LC_CTRL next{};
     int length = sizeof next;
@@ -127,7 +127,7 @@ TEST_F(LoadCases, PutReplacesAllRecordsOfTheKey)
 
 TEST_F(LoadCases, RemoveReportsWhetherThereWasOne)
 {
-    project.putLoadcase(3, loadcase());
+    project.putLoadCase(3, bareLoadCase());
     EXPECT_TRUE(mrl_lc_remove(db, 3));
     EXPECT_FALSE(mrl_lc_exists(db, 3));
     EXPECT_FALSE(mrl_lc_remove(db, 3));
@@ -136,7 +136,7 @@ TEST_F(LoadCases, RemoveReportsWhetherThereWasOne)
 TEST_F(LoadCases, NothingIsFoundInADatabaseThatIsNotOpen)
 {
     std::vector<int> list;
-    tagCDB_LC_CTRL record = loadcase("G");
+    tagCDB_LC_CTRL record = bareLoadCase("G");
     EXPECT_EQ(mrl_lc_count(-1), 0);
     EXPECT_EQ(mrl_lc_list(4711, list), 1);
     EXPECT_THAT(list, IsEmpty());
@@ -150,8 +150,8 @@ TEST_F(LoadCases, NothingIsFoundInADatabaseThatIsNotOpen)
 
 TEST_F(LoadCases, DatabasesDoNotMix)
 {
-    other.putLoadcase(1, loadcase("G"));
-    project.putLoadcase(2, loadcase("Q"));
+    other.putLoadCase(1, bareLoadCase("G"));
+    project.putLoadCase(2, bareLoadCase("Q"));
     EXPECT_EQ(mrl_lc_getmax(db), 2);
     EXPECT_EQ(mrl_lc_getmax(other.db()), 1);
     EXPECT_FALSE(mrl_lc_exists(db, 1));
@@ -160,27 +160,27 @@ TEST_F(LoadCases, DatabasesDoNotMix)
 
 TEST_F(LoadCases, DeadWeightIsAnyComponentThatIsNotZero)
 {
-    EXPECT_FALSE(mrl_lc_hasdeadloadfactor(loadcase().factor(1.0f)));
-    EXPECT_TRUE(mrl_lc_hasdeadloadfactor(loadcase().deadWeight(0.5f, 0, 0)));
-    EXPECT_TRUE(mrl_lc_hasdeadloadfactor(loadcase().deadWeight(0, -0.5f, 0)));
-    EXPECT_TRUE(mrl_lc_hasdeadloadfactor(loadcase().deadWeight(0, 0, 0.001f)));
-    EXPECT_FALSE(mrl_lc_hasdeadloadfactor(loadcase().deadWeight(-0.0f, 0, 0)));
-    project.putLoadcase(2, loadcase().deadWeight(0, 0, -1.0f));
+    EXPECT_FALSE(mrl_lc_hasdeadloadfactor(bareLoadCase().factor(1.0f)));
+    EXPECT_TRUE(mrl_lc_hasdeadloadfactor(bareLoadCase().deadWeight(0.5f, 0, 0)));
+    EXPECT_TRUE(mrl_lc_hasdeadloadfactor(bareLoadCase().deadWeight(0, -0.5f, 0)));
+    EXPECT_TRUE(mrl_lc_hasdeadloadfactor(bareLoadCase().deadWeight(0, 0, 0.001f)));
+    EXPECT_FALSE(mrl_lc_hasdeadloadfactor(bareLoadCase().deadWeight(-0.0f, 0, 0)));
+    project.putLoadCase(2, bareLoadCase().deadWeight(0, 0, -1.0f));
     EXPECT_TRUE(mrl_lc_hasdeadloadfactor(db, 2));
     EXPECT_FALSE(mrl_lc_hasdeadloadfactor(db, 3));
 }
 
 TEST_F(LoadCases, TheNameIsTheTitle)
 {
-    project.putLoadcase(2, loadcase().title("Snow"));
+    project.putLoadCase(2, bareLoadCase().title("Snow"));
     EXPECT_EQ(mrl_lc_get_name(db, 2), "Snow");
-    EXPECT_EQ(mrl_lc_get_name(loadcase().title("Wind")), "Wind");
+    EXPECT_EQ(mrl_lc_get_name(bareLoadCase().title("Wind")), "Wind");
     EXPECT_EQ(mrl_lc_get_name(db, 3), "");
 }
 
 TEST_F(LoadCases, ATitleWithoutClosingZeroComesBackWhole)
 {
-    tagCDB_LC_CTRL record = loadcase();
+    tagCDB_LC_CTRL record = bareLoadCase();
     for (std::uint32_t& word : record.title) {
         word = 0x00620061u; // "ab"
     }

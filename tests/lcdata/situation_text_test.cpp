@@ -42,7 +42,7 @@ std::string text(const std::optional<LCM_Term>& term)
         words += name + "*";
     }
     for (const LCM_SituationFactor factor : term->factors) {
-        words += std::string(LCM_SITUATION_FACTOR_NAMES[static_cast<std::size_t>(factor)]) + "*";
+        words += std::string(lcm_factor(factor).key) + "*";
     }
     return words + std::to_string(term->number).substr(0, 4);
 }

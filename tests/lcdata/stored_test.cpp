@@ -5,20 +5,20 @@
 #include "lcdata/record_walk.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace {
 
-using mrl::test::action;
+using mrl::test::bareLoadCase;
 using mrl::test::codeOf;
-using mrl::test::loadcase;
 using mrl::test::ProjectTest;
+using mrl::test::soundAction;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 tagCDB_LC_ACT ofKind(int kind, float gamu)
 {
-    tagCDB_LC_ACT record = action("G").gamu(gamu);
+    tagCDB_LC_ACT record = soundAction("G").gamu(gamu);
     record.kind = kind;
     return record;
 }
@@ -55,11 +55,11 @@ class StoredActions : public ProjectTest
 
 TEST_F(StoredActions, AreListedByCodeWithReservedAndNamelessOnesButWithoutNumbers)
 {
-    project.putAction(action("W"));
-    project.putAction(action("G"));
-    project.putAction(action("Y1"));
-    project.putAction(LC_BLANK_WORD, action("X"));
-    project.putAction(LC_BLANK_WORD - 1, action("S"));
+    project.putAction(soundAction("W"));
+    project.putAction(soundAction("G"));
+    project.putAction(soundAction("Y1"));
+    project.putAction(LC_BLANK_WORD, soundAction("X"));
+    project.putAction(LC_BLANK_WORD - 1, soundAction("S"));
     EXPECT_THAT(codes(), ElementsAre(LC_BLANK_WORD, codeOf("G"), codeOf("W"), codeOf("Y1")));
     EXPECT_FALSE(lcm_stored_action(db, LC_BLANK_WORD - 1));
 }
@@ -87,10 +87,10 @@ using StoredLoadCases = ProjectTest;
 
 TEST_F(StoredLoadCases, AreMetByNumberWhoeverOwnsThem)
 {
-    project.putLoadcase(9, loadcase().kind(2));
-    project.putLoadcase(3, loadcase());
-    project.putLoadcase(5, loadcase().kind(1));
-    project.putLoadcase(7, loadcase().kind(-1));
+    project.putLoadCase(9, bareLoadCase().kind(2));
+    project.putLoadCase(3, bareLoadCase());
+    project.putLoadCase(5, bareLoadCase().kind(1));
+    project.putLoadCase(7, bareLoadCase().kind(-1));
     std::vector<std::pair<int, bool>> met;
     for (LCM_LoadCaseWalk walk(db); walk.next();) {
         met.emplace_back(walk.current().number, walk.current().isOwn());
@@ -103,7 +103,7 @@ TEST_F(StoredLoadCases, OfALongerRecordTheBeginningIsRead)
 {
     std::array<char, 4000> longer{};
     longer.fill('x');
-    const tagCDB_LC_CTRL beginning = loadcase("G").title("Beginning");
+    const tagCDB_LC_CTRL beginning = bareLoadCase("G").title("Beginning");
     std::memcpy(longer.data(), &beginning, sizeof beginning);
     project.put(LC_KWH_CASES, 4, longer);
     const auto stored = lcm_stored_load_case(db, 4);
@@ -115,7 +115,7 @@ TEST_F(StoredLoadCases, OfALongerRecordTheBeginningIsRead)
 TEST_F(StoredLoadCases, MayBeDeletedInTheWalk)
 {
     for (int number = 1; number <= 300; ++number) {
-        project.putLoadcase(number, loadcase());
+        project.putLoadCase(number, bareLoadCase());
     }
     int met = 0;
     for (LCM_LoadCaseWalk walk(db); walk.next(); ++met) {

@@ -7,13 +7,13 @@
 #include "lcdata/guards.h"
 #include "lcdata/key_walk.h"
 #include "lcdata/system_record.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace {
 
-using mrl::test::action;
 using mrl::test::codeOf;
 using mrl::test::ProjectTest;
+using mrl::test::soundAction;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -47,8 +47,8 @@ TEST_F(KeyWalk, OverActionsPassesTheNumbersAndTheWordOfBlanks)
     project.put(LC_KWH_ACTIONS, 5, 1);
     project.put(LC_KWH_ACTIONS, LC_BLANK_WORD - 1, 1);
     project.put(LC_KWH_ACTIONS, LC_BLANK_WORD, 1);
-    project.putAction(action("Y1"));
-    project.putAction(action("G"));
+    project.putAction(soundAction("Y1"));
+    project.putAction(soundAction("G"));
     EXPECT_THAT(keysOf(lcm_walk_actions(db)), ElementsAre(codeOf("G"), codeOf("Y1")));
 }
 

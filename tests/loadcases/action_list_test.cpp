@@ -2,11 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include "support/loadcase_builders.h"
+#include "tests/support/action_builder.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 const QString NONE = "None";
 const QString IMP = "IMP  Imperfection";
@@ -24,9 +24,9 @@ using Entries = std::vector<std::pair<QString, int>>;
 
 TEST(ActionList, BeginsWithNoneAndImperfection)
 {
-    const LCM_ActionList list(NONE, IMP, {action("Q", "Live"), action("G")});
+    const LCM_ActionList list(NONE, IMP, {bareAction("Q").title("Live"), bareAction("G")});
     EXPECT_EQ(entriesOf(list),
-              (Entries{{NONE, 0}, {IMP, 70}, {"Q    Live", code("Q")}, {"G    ", code("G")}}));
+              (Entries{{NONE, 0}, {IMP, 70}, {"Q    Live", codeOf("Q")}, {"G    ", codeOf("G")}}));
     for (const ComboList& entry : list.entries()) {
         EXPECT_EQ(entry.reserved, -99999);
     }
@@ -34,41 +34,41 @@ TEST(ActionList, BeginsWithNoneAndImperfection)
 
 TEST(ActionList, ActionLabelledAsAFixedEntryStandsForNone)
 {
-    const LCM_ActionList list(NONE, IMP, {action("IMP", "Imperfection")});
+    const LCM_ActionList list(NONE, IMP, {bareAction("IMP").title("Imperfection")});
     EXPECT_EQ(entriesOf(list), (Entries{{NONE, 0}, {IMP, 70}, {IMP, 0}}));
     EXPECT_EQ(list.text(0), NONE);
-    EXPECT_FALSE(list.contains(code("IMP")));
+    EXPECT_FALSE(list.contains(codeOf("IMP")));
 }
 
 TEST(ActionList, ActionLabelledAsNoneStandsForNone)
 {
-    const LCM_ActionList list("No   action", IMP, {action("No", "action"), action("Q")});
+    const LCM_ActionList list("No   action", IMP, {bareAction("No").title("action"), bareAction("Q")});
     EXPECT_EQ(entriesOf(list),
-              (Entries{{"No   action", 0}, {IMP, 70}, {"No   action", 0}, {"Q    ", code("Q")}}));
+              (Entries{{"No   action", 0}, {IMP, 70}, {"No   action", 0}, {"Q    ", codeOf("Q")}}));
 }
 
 TEST(ActionList, BindsACodeThenItsLowerCaseForm)
 {
-    LCM_ActionList list(NONE, IMP, {action("Q"), action("w")});
-    EXPECT_EQ(list.bind(code("Q")).id, code("Q"));
-    EXPECT_FALSE(list.bind(code("Q")).marker);
-    EXPECT_EQ(list.bind(code("W")).id, code("w"));
-    EXPECT_FALSE(list.bind(code("W")).marker);
+    LCM_ActionList list(NONE, IMP, {bareAction("Q"), bareAction("w")});
+    EXPECT_EQ(list.bind(codeOf("Q")).id, codeOf("Q"));
+    EXPECT_FALSE(list.bind(codeOf("Q")).marker);
+    EXPECT_EQ(list.bind(codeOf("W")).id, codeOf("w"));
+    EXPECT_FALSE(list.bind(codeOf("W")).marker);
     EXPECT_FALSE(list.takeGrown());
 }
 
 TEST(ActionList, MissingActionGetsOneMarkerHoweverOftenItIsMissed)
 {
     LCM_ActionList list(NONE, IMP, {});
-    const auto first = list.bind(code("AB"));
-    EXPECT_EQ(first.id, code("ab"));
+    const auto first = list.bind(codeOf("AB"));
+    EXPECT_EQ(first.id, codeOf("ab"));
     EXPECT_TRUE(first.marker);
     EXPECT_TRUE(list.takeGrown());
-    EXPECT_EQ(list.bind(code("aB")).id, code("ab"));
+    EXPECT_EQ(list.bind(codeOf("aB")).id, codeOf("ab"));
     EXPECT_FALSE(list.takeGrown());
     EXPECT_EQ(entriesOf(list).back(),
-              (std::pair<QString, int>{"*** Action AB   is missing ***", code("ab")}));
-    EXPECT_EQ(list.codeOf(code("ab")), code("AB"));
+              (std::pair<QString, int>{"*** Action AB   is missing ***", codeOf("ab")}));
+    EXPECT_EQ(list.codeOf(codeOf("ab")), codeOf("AB"));
     EXPECT_EQ(list.entries().size(), 3u);
 }
 

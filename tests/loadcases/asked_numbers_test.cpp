@@ -6,13 +6,12 @@
 #include <QPushButton>
 
 #include "host/mrl_widgets.h"
-#include "loadcases/numbered_cases.h"
-#include "support/modal_answers.h"
+#include "tests/loadcases/numbered_cases.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 
-using namespace lctest;
-using mrl::test::ModalAnswers;
+using namespace mrl::test;
 using testing::ElementsAre;
 
 class AskedNumbers : public NumberedCases
@@ -76,7 +75,7 @@ TEST_F(AskedNumbers, NumbersOfOtherModulesAreTaken)
     fill({1, 2});
     tagCDB_LC_CTRL foreign{};
     foreign.kind = 5;
-    project.putLoadcase(7, foreign);
+    project.putLoadCase(7, foreign);
     Tabs tabs(project);
     tabs.show();
     tabs.select({1});
@@ -154,9 +153,9 @@ TEST_F(AskedNumbers, HighestNumberIsFree)
 /// What the first copy of a process offers; the process ends with 0 when it is a factor of 1.
 [[noreturn]] void copyInANewProcess()
 {
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(variable());
-    project.putLoadcase(1, following(code("Q")));
+    project.putLoadCase(1, following("Q"));
     const Tabs tabs(project);
     tabs.select({1});
     bool one = false;
@@ -203,7 +202,7 @@ TEST_F(NewRows, LastOneIsScrolledTo)
     fill({1});
     for (int number = 2; number <= 200; ++number) {
         if (number != 150) {
-            project.putLoadcase(number, following(code("Q")));
+            project.putLoadCase(number, following("Q"));
         }
     }
     Tabs tabs(project);

@@ -7,11 +7,11 @@
 #include <QSignalSpy>
 
 #include "host/mrl_widgets.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 TEST(LoadcaseCell, OfAForeignClassHasNoValueNoTextAndNoId)
 {
@@ -38,10 +38,10 @@ class LoadcaseCells : public testing::Test
     {
         project.putAction(permanent());
         project.putAction(variable());
-        project.putLoadcase(1, titled(following(code("Q")), "Live"));
-        project.putLoadcase(2, standalone());
+        project.putLoadCase(1, following("Q").title("Live"));
+        project.putLoadCase(2, standalone());
     }
-    Project project;
+    LoadCaseProject project;
 };
 
 TEST_F(LoadcaseCells, TextIsThatOfALineOrOfTheChosenEntry)
@@ -61,29 +61,29 @@ TEST_F(LoadcaseCells, RowWithoutAnActionCellReadsAsMinusOne)
     tabs.lc->readRow(row, entry);
     EXPECT_EQ(entry.record.action, -1);
     EXPECT_EQ(bits(entry.record.gamu), bits(LC_UNDEFINED));
-    tabs.lc->setActionItem(row, LC_COL_ACTION, code("Q")); // nothing to choose in
+    tabs.lc->setActionItem(row, LC_COL_ACTION, codeOf("Q")); // nothing to choose in
     EXPECT_EQ(tabs.table->itemOnColId(row, LC_COL_ACTION), nullptr);
 }
 
 TEST_F(LoadcaseCells, ActionIsChosenInItsOwnColumnOnly)
 {
     const Tabs tabs(project);
-    tabs.lc->setActionItem(tabs.row(1), LC_COL_TITLE, code("G"));
-    EXPECT_EQ(tabs.actionId(1), code("Q"));
+    tabs.lc->setActionItem(tabs.row(1), LC_COL_TITLE, codeOf("G"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("Q"));
     EXPECT_EQ(tabs.text(1, LC_COL_TITLE), "Live");
-    tabs.lc->setActionItem(tabs.row(1), LC_COL_ACTION, code("G"));
-    EXPECT_EQ(tabs.actionId(1), code("G"));
+    tabs.lc->setActionItem(tabs.row(1), LC_COL_ACTION, codeOf("G"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("G"));
 }
 
 TEST_F(LoadcaseCells, MissingActionSetAgainKeepsTheWordThatTheRowCameWith)
 {
-    project.putLoadcase(3, following(code("Ab")));
+    project.putLoadCase(3, following("Ab"));
     const Tabs tabs(project);
     tabs.lc->setActionItem(tabs.row(3), LC_COL_ACTION, tabs.actionId(3));
-    EXPECT_EQ(tabs.read(3).record.action, code("Ab"));
-    tabs.lc->setActionItem(tabs.row(3), LC_COL_ACTION, code("Xy"));
+    EXPECT_EQ(tabs.read(3).record.action, codeOf("Ab"));
+    tabs.lc->setActionItem(tabs.row(3), LC_COL_ACTION, codeOf("Xy"));
     EXPECT_EQ(tabs.text(3, LC_COL_ACTION), "*** Action Xy   is missing ***");
-    EXPECT_EQ(tabs.read(3).record.action, code("Xy"));
+    EXPECT_EQ(tabs.read(3).record.action, codeOf("Xy"));
 }
 
 TEST_F(LoadcaseCells, FillingARowReportsNoEdit)
@@ -92,7 +92,7 @@ TEST_F(LoadcaseCells, FillingARowReportsNoEdit)
     QSignalSpy reports(tabs.table, SIGNAL(cellChanged(int, int)));
     LCM_LoadcaseEntry entry;
     entry.number = 1;
-    entry.record = titled(standalone(), "Filled");
+    entry.record = standalone().title("Filled");
     entry.record.dlz = -2.0f;
     tabs.lc->fillRow(tabs.row(1), entry);
     EXPECT_EQ(tabs.text(1, LC_COL_TITLE), "Filled");
@@ -104,7 +104,7 @@ TEST_F(LoadcaseCells, ChangeOfActionIsReportedOnce)
 {
     const Tabs tabs(project);
     QSignalSpy reports(tabs.table, SIGNAL(cellChanged(int, int)));
-    tabs.chooseAction(2, code("Q"));
+    tabs.chooseAction(2, codeOf("Q"));
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
     EXPECT_EQ(reports.count(), 1) << "what follows from it is no edit";
 }
@@ -113,7 +113,7 @@ TEST_F(LoadcaseCells, UndefinedOwnFactorShowsNothing)
 {
     tagCDB_LC_CTRL record = standalone();
     record.gamf = LC_UNDEFINED;
-    project.putLoadcase(2, record);
+    project.putLoadCase(2, record);
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(2, LC_COL_GAMF), "");
     EXPECT_TRUE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_GAMF));
@@ -122,11 +122,11 @@ TEST_F(LoadcaseCells, UndefinedOwnFactorShowsNothing)
 
 TEST_F(LoadcaseCells, ComponentsAcrossGravityAreShownAndReadWithTheirSigns)
 {
-    tagCDB_LC_CTRL record = following(code("Q"));
+    tagCDB_LC_CTRL record = following("Q");
     record.dlx = 0.25f;
     record.dly = -0.5f;
     record.dlz = -1.0f;
-    project.putLoadcase(1, record);
+    project.putLoadCase(1, record);
     const Tabs tabs(project);
     tabs.lc->findChild<MRL_QT_CheckBox*>("check_deadload")->setChecked(true);
     EXPECT_EQ(tabs.value(1, LC_COL_DLX), 0.25f);

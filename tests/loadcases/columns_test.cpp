@@ -9,21 +9,11 @@
 
 #include "host/mrl_widgets.h"
 #include "loadcases/table_loadcases.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
-
-/// Design-code texts of its own for every factor.
-std::string labelledCode()
-{
-    std::string text = fullCode();
-    text.replace(text.find("TXT_GAMU = gU\n"), 14,
-                 "TXT_GAMU = gU\nTXT_GAMF = gF\nTXT_GAMA = gA\nTXT_PSI0 = p0\nTXT_PSI1 = p1\nTXT_PSI2 = p2\n"
-                 "TXT_PSI1S = p1s\n");
-    return text;
-}
+using namespace mrl::test;
 
 MRL_H_TwHeaderItem* header(const Tabs& tabs, int column)
 {
@@ -36,7 +26,7 @@ const StructLineEdit& description(const Tabs& tabs, int column)
 
 TEST(LoadcaseColumns, HaveTheirCaptionsAndToolTips)
 {
-    const Project project(labelledCode());
+    const LoadCaseProject project(sampleCodeOf({"G", "Q", "W"}));
     const Tabs tabs(project);
     const struct
     {
@@ -71,7 +61,7 @@ class LoadcaseColumn : public testing::TestWithParam<std::pair<const char*, int>
 TEST_P(LoadcaseColumn, IsLeftOutWhereTheDesignCodeLacksItsFactor)
 {
     const auto [key, column] = GetParam();
-    const Project project(withoutLines(fullCode(), std::string(key) + " = 1.0"));
+    const LoadCaseProject project(withoutLines(LOAD_CASE_CODE, std::string(key) + " = 1\n"));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     EXPECT_EQ(tabs.table->columnCount(), 13);
     EXPECT_EQ(tabs.table->getColumnNumber(column), -1);
@@ -112,9 +102,9 @@ class ComponentAlongGravity : public testing::TestWithParam<int>
 
 TEST_P(ComponentAlongGravity, IsAnAmountUpTo9999AndTheOthersHaveSigns)
 {
-    const Project project;
-    project.system(0, GetParam());
-    project.putLoadcase(1, standalone());
+    const LoadCaseProject project;
+    project.setSystem(0, GetParam());
+    project.putLoadCase(1, standalone());
     Tabs tabs(project, Tabs::LoadcasesAlone);
     tabs.lc->findChild<MRL_QT_CheckBox*>("check_deadload")->setChecked(true);
     tabs.show();
@@ -136,8 +126,8 @@ INSTANTIATE_TEST_SUITE_P(Directions, ComponentAlongGravity, testing::Values(-3, 
 
 TEST(LoadcaseColumns, FactorsTakeAnyNumber)
 {
-    const Project project;
-    project.putLoadcase(1, standalone());
+    const LoadCaseProject project;
+    project.putLoadCase(1, standalone());
     Tabs tabs(project, Tabs::LoadcasesAlone);
     tabs.show();
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
@@ -148,7 +138,7 @@ TEST(LoadcaseColumns, FactorsTakeAnyNumber)
 
 TEST(LoadcaseColumns, DescribeNumberTitleAndFactorsToTheirEditors)
 {
-    const Project project;
+    const LoadCaseProject project;
     const Tabs tabs(project);
     for (const int column : {LC_COL_NUMBER, LC_COL_TITLE}) {
         const StructLineEdit& base = description(tabs, column);
@@ -174,8 +164,8 @@ TEST(LoadcaseColumns, DescribeNumberTitleAndFactorsToTheirEditors)
 
 TEST(LoadcaseColumns, TableSortsAndLeavesSearchAndWidthsAlone)
 {
-    const Project project;
-    project.putLoadcase(1, following(70));
+    const LoadCaseProject project;
+    project.putLoadCase(1, following(70));
     const Tabs tabs(project);
     EXPECT_TRUE(tabs.table->isSortingEnabled());
     EXPECT_FALSE(tabs.table->isSearchEnabled());
@@ -189,11 +179,11 @@ TEST(LoadcaseColumns, TableSortsAndLeavesSearchAndWidthsAlone)
 
 TEST(LoadcaseColumns, AreAsWideAsTheirTextsAfterFilling)
 {
-    const Project project;
-    project.putLoadcase(1, titled(following(70), "short"));
-    const Project wide;
-    wide.putLoadcase(1, titled(following(70), QString(33, 'W')));
-    const auto width = [](const Project& shown) {
+    const LoadCaseProject project;
+    project.putLoadCase(1, following(70).title("short"));
+    const LoadCaseProject wide;
+    wide.putLoadCase(1, following(70).title(QString(33, 'W')));
+    const auto width = [](const LoadCaseProject& shown) {
         const Tabs tabs(shown, Tabs::LoadcasesAlone);
         return tabs.table->columnWidth(tabs.table->getColumnNumber(LC_COL_TITLE));
     };
@@ -216,8 +206,8 @@ class Translated : public QTranslator
 TEST(LoadcaseColumns, AreTranslatedButForTheNumberAndTheMarker)
 {
     const Translated translated;
-    const Project project(labelledCode());
-    project.putLoadcase(1, following(code("X")));
+    const LoadCaseProject project(sampleCodeOf({"G", "Q", "W"}));
+    project.putLoadCase(1, following("X"));
     const Tabs tabs(project);
     EXPECT_EQ(header(tabs, LC_COL_NUMBER)->text(), "Nr");
     EXPECT_EQ(header(tabs, LC_COL_NUMBER)->toolTip(), "~Number of loadcase");

@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 
 #include "lcdata/values/packing.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 struct Pair
 {
@@ -25,12 +25,12 @@ class CoupledFactors : public testing::TestWithParam<Pair>
         tagCDB_LC_CTRL own = standalone();
         own.gamu = lcm_pack_pair(1.2f, 1.1f);
         own.psi1 = lcm_pack_pair(0.4f, 0.6f);
-        project.putLoadcase(OWN, own);
-        project.putLoadcase(LIVE, following(code("Q")));
+        project.putLoadCase(OWN, own);
+        project.putLoadCase(LIVE, following("Q"));
     }
     static constexpr int OWN = 1;
     static constexpr int LIVE = 2;
-    Project project;
+    LoadCaseProject project;
 };
 
 TEST_P(CoupledFactors, MateGoesUndefinedWithTheEditedOneAndStaysEditable)
@@ -99,8 +99,8 @@ class SingleFactor : public testing::TestWithParam<int>
 
 TEST_P(SingleFactor, TakesNoOtherAlong)
 {
-    const Project project;
-    project.putLoadcase(1, standalone());
+    const LoadCaseProject project;
+    project.putLoadCase(1, standalone());
     const Tabs tabs(project);
     tabs.enter(1, GetParam(), LC_UNDEFINED);
     EXPECT_TRUE(tabs.lc->isItemFromAction(tabs.row(1), GetParam()));
@@ -115,10 +115,10 @@ INSTANTIATE_TEST_SUITE_P(Columns, SingleFactor, testing::Values(LC_COL_GAMF, LC_
 
 TEST(CoupledFactor, MateWithoutAColumnIsNobodys)
 {
-    const Project project(withoutLines(fullCode(), "Gama"));
+    const LoadCaseProject project(withoutLines(LOAD_CASE_CODE, "Gama"));
     tagCDB_LC_CTRL record = standalone();
     record.gamu = 1.35f;
-    project.putLoadcase(1, record);
+    project.putLoadCase(1, record);
     const Tabs tabs(project);
     EXPECT_EQ(bits(tabs.read(1).record.gamu), bits(1.35f));
     tabs.enter(1, LC_COL_GAMU, 1.4506f);

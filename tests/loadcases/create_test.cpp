@@ -5,13 +5,12 @@
 
 #include "host/mrl_widgets.h"
 #include "lcdata/values/packed_text.h"
-#include "loadcases/numbered_cases.h"
-#include "support/modal_answers.h"
+#include "tests/loadcases/numbered_cases.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 
-using namespace lctest;
-using mrl::test::ModalAnswers;
+using namespace mrl::test;
 using testing::ElementsAre;
 
 std::set<int> selected(const Tabs& tabs)
@@ -40,15 +39,15 @@ TEST_F(LoadcaseCreate, EmptyProjectGrowsByTheDefaultActions)
     tabs.lc->slot_newClicked();
     EXPECT_THAT(tabs.numbers(), ElementsAre(1));
     EXPECT_EQ(tabs.text(1, LC_COL_TITLE), "Loadcase 1");
-    EXPECT_EQ(tabs.actionId(1), code("G"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("G"));
     EXPECT_THAT(selected(tabs), ElementsAre(1));
     tabs.table->clearSelection();
     tabs.lc->slot_newClicked();
-    EXPECT_EQ(tabs.actionId(2), code("Q"));
+    EXPECT_EQ(tabs.actionId(2), codeOf("Q"));
     EXPECT_EQ(tabs.text(2, LC_COL_TITLE), "Loadcase 2");
     tabs.table->clearSelection();
     tabs.lc->slot_newClicked();
-    EXPECT_EQ(tabs.actionId(3), code("Q"));
+    EXPECT_EQ(tabs.actionId(3), codeOf("Q"));
     EXPECT_TRUE(tabs.isValid(3));
     EXPECT_EQ(tabs.read(3).record.factor, 1.0f);
 }
@@ -64,15 +63,15 @@ TEST_F(LoadcaseCreate, NewPressedAgainAndAgainCarriesTheTitleOfTheSelectedRow)
     for (int number = 1; number <= 4; ++number) {
         EXPECT_EQ(tabs.text(number, LC_COL_TITLE), "Loadcase 1");
     }
-    EXPECT_EQ(tabs.actionId(1), code("G"));
-    EXPECT_EQ(tabs.actionId(2), code("Q"));
-    EXPECT_EQ(tabs.actionId(4), code("Q"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("G"));
+    EXPECT_EQ(tabs.actionId(2), codeOf("Q"));
+    EXPECT_EQ(tabs.actionId(4), codeOf("Q"));
     EXPECT_THAT(selected(tabs), ElementsAre(4));
 }
 
 TEST_F(LoadcaseCreate, DefaultActionThatTheProjectLacksLeavesNone)
 {
-    project.putAction(action("W", "Wind").all(1.0f).partition(0x31));
+    project.putAction(bareAction("W").title("Wind").factors(1.0f).partition(0x31));
     const Tabs tabs(project);
     tabs.lc->slot_newClicked();
     EXPECT_EQ(tabs.actionId(1), 0);
@@ -82,7 +81,7 @@ TEST_F(LoadcaseCreate, DefaultActionThatTheProjectLacksLeavesNone)
     EXPECT_EQ(alone.lc->workingModel()->actions.size() > 0, true);
     LCM_LoadcaseEntry entry;
     alone.lc->readRow(0, entry);
-    EXPECT_EQ(entry.record.action, code("G")) << "without an actions tab nobody is asked";
+    EXPECT_EQ(entry.record.action, codeOf("G")) << "without an actions tab nobody is asked";
 }
 
 TEST_F(LoadcaseCreate, NewOnASelectedRowCopiesItsRecordWithoutANote)
@@ -116,14 +115,14 @@ TEST_F(LoadcaseCreate, NumbersOfOtherModulesAreTaken)
     fill({1, 2});
     tagCDB_LC_CTRL foreign{};
     foreign.kind = 5;
-    project.putLoadcase(3, foreign);
+    project.putLoadCase(3, foreign);
     const Tabs tabs(project);
     EXPECT_THAT(tabs.numbers(), ElementsAre(1, 2));
     tabs.select({2});
     tabs.lc->slot_newClicked();
     EXPECT_THAT(tabs.numbers(), ElementsAre(1, 2, 4));
     tabs.save();
-    EXPECT_EQ(project.loadcase(3).kind, 5);
+    EXPECT_EQ(project.storedLoadCase(3).kind, 5);
 }
 
 TEST_F(LoadcaseCreate, WithoutIncrementNewAsksForTheNumberAndNoFactor)
@@ -234,13 +233,13 @@ TEST_F(LoadcaseCreate, CopyOfTheOnlyLoadCaseGetsTheDefaultLiveAction)
 {
     project.putAction(permanent());
     project.putAction(variable());
-    project.putLoadcase(1, titled(following(70), "Imperfect"));
+    project.putLoadCase(1, following(70).title("Imperfect"));
     const Tabs tabs(project);
     tabs.select({1});
     ModalAnswers answers;
     answers.then(accept);
     tabs.lc->slot_copyClicked();
-    EXPECT_EQ(tabs.actionId(2), code("Q"));
+    EXPECT_EQ(tabs.actionId(2), codeOf("Q"));
     EXPECT_EQ(tabs.text(2, LC_COL_TITLE), "Imperfect");
 }
 
@@ -292,7 +291,7 @@ TEST_F(LoadcaseCreate, EmptyTableProposesOneEvenWhereItIsUsed)
 {
     tagCDB_LC_CTRL foreign{};
     foreign.kind = 5;
-    project.putLoadcase(1, foreign);
+    project.putLoadCase(1, foreign);
     const Tabs tabs(project);
     EXPECT_EQ(tabs.lc->nextNumber(), 1);
 }
@@ -300,12 +299,12 @@ TEST_F(LoadcaseCreate, EmptyTableProposesOneEvenWhereItIsUsed)
 TEST_F(LoadcaseCreate, CopyOfARowWithAMissingActionKeepsItsWord)
 {
     fill({1, 2});
-    project.putLoadcase(3, following(code("Gone")));
+    project.putLoadCase(3, following("Gone"));
     const Tabs tabs(project);
     tabs.select({3});
     tabs.lc->slot_newClicked();
     EXPECT_EQ(tabs.text(4, LC_COL_ACTION), "*** Action Gone is missing ***");
-    EXPECT_EQ(tabs.read(4).record.action, code("Gone"));
+    EXPECT_EQ(tabs.read(4).record.action, codeOf("Gone"));
 }
 
 } // namespace

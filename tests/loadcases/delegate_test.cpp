@@ -4,11 +4,11 @@
 #include <gmock/gmock.h>
 
 #include "host/mrl_widgets.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 constexpr int OWN = 1;  ///< a load case without an action
 constexpr int LIVE = 2; ///< one of Q
@@ -24,9 +24,9 @@ class LoadcaseDelegate : public testing::Test
         project.putAction(variable());
         tagCDB_LC_CTRL own = standalone();
         own.psi0 = 0.4f;
-        project.putLoadcase(OWN, own);
-        project.putLoadcase(LIVE, following(code("Q")));
-        project.putLoadcase(IMP, following(70));
+        project.putLoadCase(OWN, own);
+        project.putLoadCase(LIVE, following("Q"));
+        project.putLoadCase(IMP, following(70));
         tabs = std::make_unique<Tabs>(project);
         StructLineEdit description;
         description.format = 0; // the editor of a row with an action sets its own
@@ -61,7 +61,7 @@ class LoadcaseDelegate : public testing::Test
         return qobject_cast<MRL_H_LineEdit*>(combo->lineEdit())->getStrLineEdit();
     }
 
-    Project project;
+    LoadCaseProject project;
     std::unique_ptr<MRL_H_TwHeaderLineEditItem> header;
     std::unique_ptr<Tabs> tabs;
     std::unique_ptr<QWidget> editor;
@@ -167,7 +167,7 @@ TEST_F(LoadcaseDelegate, OpeningTheEditorWithAKeyGivesUpTheOwnValueAndReturnKeep
     ASSERT_NE(combo, nullptr);
     QTest::keyClick(combo->lineEdit(), Qt::Key_Return);
     EXPECT_EQ(tabs->value(LIVE, LC_COL_PSI0), LC_UNDEFINED);
-    EXPECT_EQ(tabs->read(LIVE).record.action, code("Q"));
+    EXPECT_EQ(tabs->read(LIVE).record.action, codeOf("Q"));
 }
 
 TEST_F(LoadcaseDelegate, NumberTypedOverAFactorWithoutAnActionIsItsOwn)

@@ -3,13 +3,12 @@
 #include <QPushButton>
 
 #include "lcdata/values/packed_text.h"
-#include "support/loadcase_project.h"
-#include "support/modal_answers.h"
+#include "tests/loadcases/load_cases_fixture.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 
-using namespace lctest;
-using mrl::test::ModalAnswers;
+using namespace mrl::test;
 
 class LoadcaseDelete : public testing::Test
 {
@@ -19,7 +18,7 @@ class LoadcaseDelete : public testing::Test
         project.putAction(permanent());
         project.putAction(variable());
         for (int number = 1; number <= 6; ++number) {
-            project.putLoadcase(number, following(code(number % 2 == 1 ? "G" : "Q")));
+            project.putLoadCase(number, following(codeOf(number % 2 == 1 ? "G" : "Q")));
         }
     }
     std::set<int> selected(const Tabs& tabs) const
@@ -28,7 +27,7 @@ class LoadcaseDelete : public testing::Test
         tabs.lc->getSelectedLoadcases(numbers);
         return numbers;
     }
-    Project project;
+    LoadCaseProject project;
 };
 
 TEST_F(LoadcaseDelete, AsksForOneAndRemovesItsRow)
@@ -45,7 +44,7 @@ TEST_F(LoadcaseDelete, AsksForOneAndRemovesItsRow)
     EXPECT_THAT(selected(tabs), testing::ElementsAre(3)) << "the row that followed";
     EXPECT_TRUE(tabs.lc->isModified());
     tabs.save();
-    EXPECT_THAT(project.numbers(), testing::ElementsAre(1, 3, 4, 5, 6));
+    EXPECT_THAT(project.storedNumbers(), testing::ElementsAre(1, 3, 4, 5, 6));
 }
 
 TEST_F(LoadcaseDelete, AsksForSeveralByTheirCount)
@@ -161,7 +160,7 @@ TEST_F(LoadcaseDelete, CopyDeletedAgainLeavesNoNote)
     tabs.lc->slot_deleteClicked();
     ASSERT_EQ(tabs.lc->getCopies().size(), 1u);
     EXPECT_EQ(tabs.lc->getCopies()[0].target, 8);
-    EXPECT_FALSE(tabs.lc->isActionUsed(action("X")));
+    EXPECT_FALSE(tabs.lc->isActionUsed(bareAction("X")));
 }
 
 TEST_F(LoadcaseDelete, LoadCasesOfADeletedActionGoWithoutAQuestionAndLeaveTheirNotes)
@@ -219,7 +218,7 @@ TEST_F(LoadcaseDelete, EachDeletedRowTakesOneNoteWithIt)
 
 TEST_F(LoadcaseDelete, UseOfAnActionIsToldAsItIsAfterEachCommand)
 {
-    project.putLoadcase(9, following(code("X")));
+    project.putLoadCase(9, following("X"));
     LCM_LoadcaseWidget unfilled(project.db(), nullptr, "loadcasewidget");
     EXPECT_FALSE(unfilled.isActionUsed(permanent()));
     unfilled.fillTable();
@@ -227,16 +226,16 @@ TEST_F(LoadcaseDelete, UseOfAnActionIsToldAsItIsAfterEachCommand)
 
     // One question after the other, without a turn of the event loop between them.
     const Tabs tabs(project);
-    EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
+    EXPECT_FALSE(tabs.lc->isActionUsed(bareAction("W")));
     tabs.actions->slot_addAllClicked();
-    EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
-    tabs.chooseAction(2, code("W"));
-    EXPECT_TRUE(tabs.lc->isActionUsed(action("W")));
+    EXPECT_FALSE(tabs.lc->isActionUsed(bareAction("W")));
+    tabs.chooseAction(2, codeOf("W"));
+    EXPECT_TRUE(tabs.lc->isActionUsed(bareAction("W")));
     LCM_LoadcaseEntry entry;
     entry.number = 2;
     entry.record = following(70);
     tabs.lc->fillRow(tabs.row(2), entry);
-    EXPECT_FALSE(tabs.lc->isActionUsed(action("W")));
+    EXPECT_FALSE(tabs.lc->isActionUsed(bareAction("W")));
     tabs.select({4, 6});
     EXPECT_TRUE(tabs.lc->isActionUsed(variable()));
     {
@@ -259,7 +258,7 @@ TEST_F(LoadcaseDelete, UseOfAnActionIsLookedUpAnewForEachCommand)
     {
         const QSignalBlocker quiet(tabs.table); // cells that somebody else changes report nothing
         for (const int number : {1, 3, 5}) {
-            tabs.chooseAction(number, code("Q"));
+            tabs.chooseAction(number, codeOf("Q"));
         }
     }
     QCoreApplication::processEvents();
@@ -268,7 +267,7 @@ TEST_F(LoadcaseDelete, UseOfAnActionIsLookedUpAnewForEachCommand)
 
 TEST_F(LoadcaseDelete, EmptyTableUsesNoAction)
 {
-    const Project empty;
+    const LoadCaseProject empty;
     const Tabs tabs(empty);
     for (const tagCDB_LC_ACT& any :
          {tagCDB_LC_ACT(permanent()), tagCDB_LC_ACT(variable()), tagCDB_LC_ACT{}}) {
@@ -280,7 +279,7 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
 {
     // Rows that stay before, between and behind those that go.
     for (const int number : {1, 2, 7, 8}) {
-        project.putLoadcase(number, standalone());
+        project.putLoadCase(number, standalone());
     }
     const auto afterBoth = [&](bool together, const tagCDB_LC_ACT& first, const tagCDB_LC_ACT& second) {
         const Tabs tabs(project);
@@ -294,19 +293,19 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
     };
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, variable(), permanent()), afterBoth(false, variable(), permanent()));
-    EXPECT_EQ(afterBoth(true, variable(), action("X")), afterBoth(false, variable(), action("X")));
+    EXPECT_EQ(afterBoth(true, variable(), bareAction("X")), afterBoth(false, variable(), bareAction("X")));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{7});
     for (const int number : {7, 8}) {
-        project.putLoadcase(number, following(code("Q"))); // the last rows go
+        project.putLoadCase(number, following("Q")); // the last rows go
     }
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{2});
     // The one that goes first stands above rows that stay, the other one below them all.
-    project.putLoadcase(2, following(code("G")));
+    project.putLoadCase(2, following("G"));
     for (const int number : {3, 4}) {
-        project.putLoadcase(number, standalone());
+        project.putLoadCase(number, standalone());
     }
-    project.putLoadcase(5, following(code("Q")));
+    project.putLoadCase(5, following("Q"));
     EXPECT_EQ(afterBoth(true, permanent(), variable()), afterBoth(false, permanent(), variable()));
     EXPECT_EQ(afterBoth(true, permanent(), variable()).second, std::set<int>{4});
 }
@@ -314,7 +313,7 @@ TEST_F(LoadcaseDelete, SeveralActionsGoAsIfOneWentAfterTheOther)
 TEST_F(LoadcaseDelete, ActionsTabDeletesAnActionWithItsLoadCases)
 {
     const Tabs tabs(project);
-    tabs.selectAction(code("G"));
+    tabs.selectAction(codeOf("G"));
     ModalAnswers answers;
     answers.click("Delete");
     tabs.actions->slot_deleteClicked();

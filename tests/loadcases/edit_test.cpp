@@ -2,12 +2,12 @@
 
 #include "host/mrl_widgets.h"
 #include "lcdata/values/packing.h"
-#include "support/loadcase_project.h"
-#include "support/modal_answers.h"
+#include "tests/loadcases/load_cases_fixture.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 class LoadcaseEdit : public testing::Test
 {
@@ -16,31 +16,31 @@ class LoadcaseEdit : public testing::Test
     {
         project.putAction(permanent());
         project.putAction(variable());
-        project.putLoadcase(1, titled(standaloneWithFactors(), "Own"));
-        project.putLoadcase(2, titled(following(code("G")), "Dead"));
-        project.putLoadcase(3, titled(following(code("Q")), "Live"));
+        project.putLoadCase(1, standaloneWithFactors());
+        project.putLoadCase(2, following("G").title("Dead"));
+        project.putLoadCase(3, following("Q").title("Live"));
     }
     static tagCDB_LC_CTRL standaloneWithFactors()
     {
-        tagCDB_LC_CTRL record = standalone();
+        tagCDB_LC_CTRL record = standalone().title("Own");
         record.gamu = lcm_pack_pair(1.2f, 1.0f);
         record.gamf = 0.9f;
         record.dlz = -1.5f;
         return record;
     }
-    Project project;
+    LoadCaseProject project;
 };
 
 TEST_F(LoadcaseEdit, ChangeOfActionDropsOwnFactorsAndKeepsTheRest)
 {
     const Tabs tabs(project);
-    tabs.chooseAction(1, code("Q"));
+    tabs.chooseAction(1, codeOf("Q"));
     EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.5f);
     EXPECT_FALSE(tabs.isEditable(1, LC_COL_GAMU));
     EXPECT_EQ(tabs.text(1, LC_COL_TITLE), "Own");
     EXPECT_EQ(tabs.value(1, LC_COL_DEADFACTOR), 1.5f);
     EXPECT_TRUE(tabs.lc->isModified());
-    tagCDB_LC_CTRL expected = titled(following(code("Q")), "Own");
+    tagCDB_LC_CTRL expected = following("Q").title("Own");
     expected.dlz = -1.5f;
     EXPECT_TRUE(sameBytes(tabs.read(1).record, expected));
 
@@ -119,7 +119,7 @@ TEST_F(LoadcaseEdit, EditableFactorCellThatFollowsItsActionShowsItsValueAndReads
 TEST_F(LoadcaseEdit, OnlySelectedRowsAreJudged)
 {
     const Tabs tabs(project);
-    tabs.enterAction(code("G"), ACT_COL_GAMF, 2.0f); // above its Gamu: makes the load cases of G faulty
+    tabs.enterAction(codeOf("G"), ACT_COL_GAMF, 2.0f); // above its Gamu: makes the load cases of G faulty
     EXPECT_TRUE(tabs.isValid(2)) << "verdicts stay until the next edit";
     EXPECT_EQ(tabs.value(2, LC_COL_GAMF), 2.0f);
     tabs.select({3});
@@ -148,7 +148,7 @@ TEST_F(LoadcaseEdit, TitleEditLeavesTheFactorsAloneAndSetsModified)
 
 TEST_F(LoadcaseEdit, LoadcasesAloneAreNotJudged)
 {
-    project.putLoadcase(9, following(code("gone")));
+    project.putLoadCase(9, following("gone"));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     EXPECT_TRUE(tabs.lc->checkRow(tabs.row(9)));
     EXPECT_TRUE(tabs.isValid(9));
@@ -176,13 +176,13 @@ TEST_F(LoadcaseEdit, DeadWeightFollowsGravityAndTheBox)
 
 TEST_F(LoadcaseEdit, ChangeOfActionDropsWhatTheHiddenComponentsHeld)
 {
-    tagCDB_LC_CTRL record = following(code("G"));
+    tagCDB_LC_CTRL record = following("G");
     record.dlx = 0.5f;
     record.dlz = -1.0f;
-    project.putLoadcase(5, record);
+    project.putLoadCase(5, record);
     const Tabs tabs(project);
     EXPECT_EQ(tabs.value(5, LC_COL_DLX), 0.5f);
-    tabs.chooseAction(5, code("Q"));
+    tabs.chooseAction(5, codeOf("Q"));
     EXPECT_EQ(tabs.value(5, LC_COL_DLX), 0.0f);
     EXPECT_EQ(tabs.value(5, LC_COL_DLZ), 1.0f);
 }
@@ -190,7 +190,7 @@ TEST_F(LoadcaseEdit, ChangeOfActionDropsWhatTheHiddenComponentsHeld)
 TEST_F(LoadcaseEdit, ColoursStayWhenTheActionGoes)
 {
     const Tabs tabs(project);
-    tabs.enterAction(code("G"), ACT_COL_GAMF, 2.0f);
+    tabs.enterAction(codeOf("G"), ACT_COL_GAMF, 2.0f);
     tabs.select({2});
     tabs.cell(2, LC_COL_TITLE)->setText("judged");
     ASSERT_TRUE(tabs.isRed(2, LC_COL_GAMF));
@@ -198,29 +198,29 @@ TEST_F(LoadcaseEdit, ColoursStayWhenTheActionGoes)
     EXPECT_TRUE(tabs.isValid(2)) << "a row without an action is not looked at";
     EXPECT_TRUE(tabs.isRed(2, LC_COL_GAMF));
     EXPECT_FALSE(tabs.cell(2, LC_COL_GAMF)->toolTip().isEmpty());
-    tabs.chooseAction(2, code("Q"));
+    tabs.chooseAction(2, codeOf("Q"));
     EXPECT_FALSE(tabs.isRed(2, LC_COL_GAMF));
     EXPECT_TRUE(tabs.cell(2, LC_COL_GAMF)->toolTip().isEmpty());
 }
 
 TEST_F(LoadcaseEdit, ChosenMarkerMeansTheActionThatItNames)
 {
-    project.putLoadcase(5, following(code("Ab")));
-    project.putLoadcase(6, following(code("Xy")));
+    project.putLoadCase(5, following("Ab"));
+    project.putLoadCase(6, following("Xy"));
     const Tabs tabs(project);
     tabs.chooseAction(5, tabs.actionId(6));
-    EXPECT_EQ(tabs.read(5).record.action, code("Xy"));
+    EXPECT_EQ(tabs.read(5).record.action, codeOf("Xy"));
     tabs.actions->slot_addAllClicked(); // the list is made anew
     EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action XY   is missing ***");
-    EXPECT_EQ(tabs.read(5).record.action, code("Xy"));
+    EXPECT_EQ(tabs.read(5).record.action, codeOf("Xy"));
 }
 
 TEST_F(LoadcaseEdit, PlaneSystemStoresNoComponentInZ)
 {
-    project.system(1, -3);
-    tagCDB_LC_CTRL record = following(code("G"));
+    project.setSystem(1, -3);
+    tagCDB_LC_CTRL record = following("G");
     record.dlz = -1.0f;
-    project.putLoadcase(5, record);
+    project.putLoadCase(5, record);
     const Tabs tabs(project);
     tabs.lc->findChild<MRL_QT_CheckBox*>("check_deadload")->setChecked(true);
     EXPECT_EQ(tabs.read(5).record.dlz, 0.0f);
@@ -230,13 +230,14 @@ TEST_F(LoadcaseEdit, PlaneSystemStoresNoComponentInZ)
 TEST_F(LoadcaseEdit, SortedByAFactorEveryRecordStaysItsOwn)
 {
     for (int number = 10; number < 40; ++number) {
-        tagCDB_LC_CTRL record = number % 3 == 0 ? standalone() : following(code(number % 3 == 1 ? "G" : "Q"));
+        tagCDB_LC_CTRL record = (number % 3 == 0 ? standalone() : following(number % 3 == 1 ? "G" : "Q"))
+                                    .title(QString("Case %1").arg(number));
         record.dlz = -0.01f * static_cast<float>(number);
         if (record.action == 0) {
             record.gamu = lcm_pack_pair(1.0f, 1.0f); // a Gama of 0 would change with each fill
             record.psi0 = 0.01f * static_cast<float>(number);
         }
-        project.putLoadcase(number, titled(record, QString("Case %1").arg(number)));
+        project.putLoadCase(number, record);
     }
     const Tabs tabs(project);
     tabs.table->sortByColumn(tabs.table->getColumnNumber(LC_COL_PSI0), Qt::DescendingOrder);
@@ -251,12 +252,12 @@ TEST_F(LoadcaseEdit, SortedByAFactorEveryRecordStaysItsOwn)
         }
     };
 
-    tabs.enterAction(code("Q"), ACT_COL_PSI0, 0.05f);
+    tabs.enterAction(codeOf("Q"), ACT_COL_PSI0, 0.05f);
     EXPECT_EQ(tabs.value(11, LC_COL_PSI0), 0.05f);
     compare("action's factor");
 
-    tabs.chooseAction(12, code("G"));
-    expected[12].action = code("G");
+    tabs.chooseAction(12, codeOf("G"));
+    expected[12].action = codeOf("G");
     expected[12].gamu = expected[12].gamf = expected[12].psi0 = expected[12].psi1 = expected[12].psi2 =
         LC_UNDEFINED;
     compare("another action");

@@ -3,11 +3,11 @@
 #include <QHeaderView>
 
 #include "lcdata/values/packing.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 int positionOf(const Tabs& tabs, int column) { return tabs.table->getColumnNumber(column); }
 QString caption(const Tabs& tabs, int column)
@@ -21,7 +21,7 @@ QString headerTip(const Tabs& tabs, int column)
 
 TEST(LoadcaseTable, HasTheColumnsOfTheDesignCodeInTheirOrder)
 {
-    const Project project;
+    const LoadCaseProject project;
     const Tabs tabs(project);
     const int order[] = {LC_COL_NUMBER, LC_COL_TITLE, LC_COL_ACTION, LC_COL_DEADFACTOR, LC_COL_DLX,
                          LC_COL_DLY,    LC_COL_DLZ,   LC_COL_GAMU,   LC_COL_GAMF,       LC_COL_GAMA,
@@ -40,7 +40,7 @@ TEST(LoadcaseTable, HasTheColumnsOfTheDesignCodeInTheirOrder)
 
 TEST(LoadcaseTable, DesignCodeWithoutAnAccidentalFactorHasOneColumnLess)
 {
-    const Project project(withoutLines(fullCode(), "Gama"));
+    const LoadCaseProject project(withoutLines(LOAD_CASE_CODE, "Gama"));
     const Tabs tabs(project);
     EXPECT_EQ(tabs.table->columnCount(), 13);
     EXPECT_EQ(positionOf(tabs, LC_COL_GAMA), -1);
@@ -51,8 +51,8 @@ TEST(LoadcaseTable, DeadWeightNamesTheAxisOfGravity)
 {
     const std::pair<int, QString> axes[] = {{1, "X"}, {-2, "Y"}, {3, "Z"}, {9, "Z"}};
     for (const auto& [gravity, letter] : axes) {
-        const Project project;
-        project.system(0, gravity);
+        const LoadCaseProject project;
+        project.setSystem(0, gravity);
         const Tabs tabs(project, Tabs::LoadcasesAlone);
         EXPECT_EQ(headerTip(tabs, LC_COL_DEADFACTOR),
                   "Component of automatic dead weight in " + letter + "-direction");
@@ -61,7 +61,7 @@ TEST(LoadcaseTable, DeadWeightNamesTheAxisOfGravity)
 
 TEST(LoadcaseTable, EmptyProjectSortsResizesAndReadsItsSettings)
 {
-    const Project project;
+    const LoadCaseProject project;
     const Tabs tabs(project);
     EXPECT_EQ(tabs.table->rowCount(), 0);
     EXPECT_TRUE(tabs.lc->isValid());
@@ -70,9 +70,9 @@ TEST(LoadcaseTable, EmptyProjectSortsResizesAndReadsItsSettings)
 
 TEST(LoadcaseTable, StandsSortedByNumberWithItsTitles)
 {
-    const Project project;
+    const LoadCaseProject project;
     for (const int number : {10, 9, 100}) {
-        project.putLoadcase(number, titled(following(code("G")), QString("Case %1").arg(number)));
+        project.putLoadCase(number, following("G").title(QString("Case %1").arg(number)));
     }
     project.putAction(permanent());
     const Tabs tabs(project);
@@ -83,9 +83,9 @@ TEST(LoadcaseTable, StandsSortedByNumberWithItsTitles)
 
 TEST(LoadcaseTable, FillingSortsByNumberHoweverTheEmptyTableWasSorted)
 {
-    const Project project;
+    const LoadCaseProject project;
     for (const int number : {1, 2, 3}) {
-        project.putLoadcase(number, following(70));
+        project.putLoadCase(number, following(70));
     }
     LCM_LoadcaseWidget tab(project.db(), nullptr, "loadcasewidget");
     auto* table = static_cast<MRL_H_TableWidget*>(tab.tableWidget());
@@ -98,13 +98,13 @@ TEST(LoadcaseTable, FillingSortsByNumberHoweverTheEmptyTableWasSorted)
 
 TEST(LoadcaseTable, RowShowsItsActionsFactorsReadOnly)
 {
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(variable());
-    tagCDB_LC_CTRL record = following(code("Q"));
+    tagCDB_LC_CTRL record = following("Q");
     record.gamf = 1.23f; // what an older program copied here isn't shown
-    project.putLoadcase(1, record);
+    project.putLoadCase(1, record);
     const Tabs tabs(project);
-    EXPECT_EQ(tabs.actionId(1), code("Q"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("Q"));
     EXPECT_EQ(tabs.text(1, LC_COL_ACTION), "Q    Variable");
     const std::pair<int, float> expected[] = {{LC_COL_GAMU, 1.5f}, {LC_COL_GAMF, 0.0f}, {LC_COL_GAMA, 1.0f},
                                               {LC_COL_PSI0, 0.7f}, {LC_COL_PSI1, 0.5f}, {LC_COL_PSI2, 0.3f},
@@ -122,14 +122,14 @@ TEST(LoadcaseTable, RowShowsItsActionsFactorsReadOnly)
 
 TEST(LoadcaseTable, RowWithoutActionShowsItsOwnFactorsForChange)
 {
-    const Project project;
+    const LoadCaseProject project;
     tagCDB_LC_CTRL record = standalone();
     record.gamu = lcm_pack_pair(1.35f, 1.0f);
     record.gamf = 0.9f;
     record.psi0 = 0.6f;
     record.psi1 = lcm_pack_pair(0.5f, 0.8f);
     record.psi2 = 0.3f;
-    project.putLoadcase(1, record);
+    project.putLoadCase(1, record);
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(1, LC_COL_ACTION), "None");
     const std::pair<int, float> expected[] = {{LC_COL_GAMU, 1.35f}, {LC_COL_GAMF, 0.9f}, {LC_COL_GAMA, 1.0f},
@@ -143,8 +143,8 @@ TEST(LoadcaseTable, RowWithoutActionShowsItsOwnFactorsForChange)
 
 TEST(LoadcaseTable, ImperfectionShowsZerosReadOnly)
 {
-    const Project project;
-    project.putLoadcase(1, following(70));
+    const LoadCaseProject project;
+    project.putLoadCase(1, following(70));
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(1, LC_COL_ACTION), "IMP  Imperfection");
     for (int column = LC_COL_GAMU; column <= LC_COL_PSI1S; ++column) {
@@ -156,11 +156,11 @@ TEST(LoadcaseTable, ImperfectionShowsZerosReadOnly)
 
 TEST(LoadcaseTable, NegativeComponentAlongGravityShowsItsAmount)
 {
-    const Project project;
+    const LoadCaseProject project;
     tagCDB_LC_CTRL record = following(70);
     record.dlx = -0.5f;
     record.dlz = -1.25f;
-    project.putLoadcase(1, record);
+    project.putLoadCase(1, record);
     const Tabs tabs(project);
     EXPECT_EQ(tabs.value(1, LC_COL_DLZ), 1.25f);
     EXPECT_EQ(tabs.value(1, LC_COL_DEADFACTOR), 1.25f);
@@ -169,10 +169,10 @@ TEST(LoadcaseTable, NegativeComponentAlongGravityShowsItsAmount)
 
 TEST(LoadcaseTable, MissingActionShowsItsMarkerAndZeros)
 {
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(permanent());
     for (const int number : {1, 2, 3}) {
-        project.putLoadcase(number, following(code("X")));
+        project.putLoadCase(number, following("X"));
     }
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(2, LC_COL_ACTION), "*** Action X    is missing ***");
@@ -193,51 +193,51 @@ TEST(LoadcaseTable, MissingActionShowsItsMarkerAndZeros)
 
 TEST(LoadcaseTable, LowerCaseActionIsFoundBySecondAttempt)
 {
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(permanent());
-    project.putAction(action("q", "old").all(1.0f).partition(0x31));
-    project.putLoadcase(1, following(code("Q")));
-    project.putLoadcase(2, following(code("q")));
+    project.putAction(bareAction("q").title("old").factors(1.0f).partition(0x31));
+    project.putLoadCase(1, following("Q"));
+    project.putLoadCase(2, following("q"));
     const Tabs tabs(project);
-    EXPECT_EQ(tabs.actionId(1), code("q"));
-    EXPECT_EQ(tabs.actionId(2), code("q"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("q"));
+    EXPECT_EQ(tabs.actionId(2), codeOf("q"));
     EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.0f);
     EXPECT_TRUE(tabs.isValid(1));
 }
 
 TEST(LoadcaseTable, RowWithAMissingActionIsWrittenBackWithItsWord)
 {
-    const Project project;
-    project.putLoadcase(1, following(code("X")));
-    project.putLoadcase(2, following(code("x")));
-    project.putLoadcase(3, following(code("Ab")));
+    const LoadCaseProject project;
+    project.putLoadCase(1, following("X"));
+    project.putLoadCase(2, following("x"));
+    project.putLoadCase(3, following("Ab"));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
-    EXPECT_EQ(tabs.actionId(1), code("x"));
-    EXPECT_EQ(tabs.actionId(3), code("ab"));
+    EXPECT_EQ(tabs.actionId(1), codeOf("x"));
+    EXPECT_EQ(tabs.actionId(3), codeOf("ab"));
     EXPECT_TRUE(tabs.lc->isValid());
     tabs.save();
-    EXPECT_EQ(project.loadcase(1).action, code("X"));
-    EXPECT_EQ(project.loadcase(2).action, code("x"));
-    EXPECT_EQ(project.loadcase(3).action, code("Ab"));
+    EXPECT_EQ(project.storedLoadCase(1).action, codeOf("X"));
+    EXPECT_EQ(project.storedLoadCase(2).action, codeOf("x"));
+    EXPECT_EQ(project.storedLoadCase(3).action, codeOf("Ab"));
 }
 
 TEST(LoadcaseTable, NumberIsExactToTheLastDigit)
 {
-    const Project project;
+    const LoadCaseProject project;
     for (const int number : {999999, 16777217, 2147483647}) {
-        project.putLoadcase(number, following(70));
+        project.putLoadCase(number, following(70));
     }
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     EXPECT_THAT(tabs.numbers(), testing::ElementsAre(999999, 16777217, 2147483647));
     tabs.save();
-    EXPECT_THAT(project.numbers(), testing::ElementsAre(999999, 16777217, 2147483647));
+    EXPECT_THAT(project.storedNumbers(), testing::ElementsAre(999999, 16777217, 2147483647));
 }
 
 TEST(LoadcaseTable, LoadcasesAloneTakeTheirFactorsFromTheModel)
 {
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(variable().gamu(1.4f)); // not as the design code has it
-    project.putLoadcase(1, following(code("Q")));
+    project.putLoadCase(1, following("Q"));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.4f);
     EXPECT_TRUE(tabs.isValid(1));
@@ -245,7 +245,7 @@ TEST(LoadcaseTable, LoadcasesAloneTakeTheirFactorsFromTheModel)
 
 TEST(LoadcaseTable, FactorColumnsTakeAnyNumberDeadWeightItsRange)
 {
-    const Project project;
+    const LoadCaseProject project;
     const Tabs tabs(project);
     const auto description = [&](int column) {
         return static_cast<MRL_H_TwHeaderLineEditItem*>(tabs.table->horizontalHeaderItemOnColId(column))

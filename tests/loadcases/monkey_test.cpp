@@ -12,21 +12,22 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "loadcases/number_dialog.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 constexpr int STEPS = 1500;
 
 class Monkey
 {
   public:
-    Monkey(Tabs& tabs, const Project& project, std::mt19937& random) : m_tabs(tabs), m_random(random)
+    Monkey(Tabs& tabs, const LoadCaseProject& project, std::mt19937& random) : m_tabs(tabs), m_random(random)
     {
         for (const int number : tabs.numbers()) {
-            m_rows[number] = lcm_row_of_record(number, project.loadcase(number), nullptr, setup());
+            m_rows[number] =
+                lcm_row_of_record(number, project.storedLoadCase(number), nullptr, setupOfAllFactors());
         }
         QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
         m_timer.start(0);
@@ -77,7 +78,10 @@ class Monkey
     }
 
     const std::map<int, LCM_LoadCaseRow>& rows() const { return m_rows; }
-    tagCDB_LC_CTRL recordOf(int number) const { return lcm_record_of_row(m_rows.at(number), setup()); }
+    tagCDB_LC_CTRL recordOf(int number) const
+    {
+        return lcm_record_of_row(m_rows.at(number), setupOfAllFactors());
+    }
 
   private:
     void checkRow(int r, const LCM_LoadCaseRow& row)
@@ -96,7 +100,7 @@ class Monkey
         }
         LCM_LoadcaseEntry entry;
         m_tabs.lc->readRow(r, entry);
-        EXPECT_TRUE(sameBytes(entry.record, lcm_record_of_row(row, setup())));
+        EXPECT_TRUE(sameBytes(entry.record, lcm_record_of_row(row, setupOfAllFactors())));
     }
 
     int any(const std::vector<int>& numbers) { return numbers[m_random() % numbers.size()]; }
@@ -212,7 +216,7 @@ class Monkey
             LCM_LoadCaseRow made = m_rows.at(source);
             made.number = number;
             // A new row is filled from a record, so its own factors went through the packing.
-            const tagCDB_LC_CTRL record = lcm_record_of_row(made, setup());
+            const tagCDB_LC_CTRL record = lcm_record_of_row(made, setupOfAllFactors());
             made.factors = lcm_shown_factors(record, nullptr);
             m_rows[number] = made;
         }
@@ -318,14 +322,14 @@ class Monkey
 TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
 {
     std::mt19937 random(20250317);
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(permanent());
     project.putAction(variable());
     for (int number = 1; number <= 15; ++number) {
-        project.putLoadcase(number, titled(number % 3 == 0   ? standalone()
-                                           : number % 3 == 1 ? following(code("G"))
-                                                             : following(code("Q")),
-                                           QString("Case %1").arg(number)));
+        project.putLoadCase(number, (number % 3 == 0   ? standalone()
+                                     : number % 3 == 1 ? following("G")
+                                                       : following("Q"))
+                                        .title(QString("Case %1").arg(number)));
     }
     std::map<int, tagCDB_LC_CTRL> expected;
     {
@@ -342,10 +346,10 @@ TEST(LoadcaseMonkey, EveryRowShowsItsActionAndItsValuesAndAcceptingWritesThem)
         }
         tabs.save();
     }
-    ASSERT_EQ(project.numbers().size(), expected.size());
+    ASSERT_EQ(project.storedNumbers().size(), expected.size());
     const Tabs reopened(project);
     for (const auto& [number, record] : expected) {
-        EXPECT_TRUE(sameBytes(project.loadcase(number), record)) << number;
+        EXPECT_TRUE(sameBytes(project.storedLoadCase(number), record)) << number;
         tagCDB_LC_ACT action{};
         const bool follows = reopened.actions->findAction(record.action, action);
         const LCM_LoadCaseFactors shown = lcm_shown_factors(record, follows ? &action : nullptr);

@@ -13,7 +13,7 @@
 
 #include "host/mrl_table.h"
 #include "loadcases/number_slider.h"
-#include "support/modal_answers.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "loadcases/number_slider.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
-namespace lctest {
+namespace mrl::test {
 
 /// A project with a permanent and a variable action, and load cases of the variable one.
 class NumberedCases : public testing::Test
@@ -18,7 +18,7 @@ class NumberedCases : public testing::Test
         project.putAction(permanent());
         project.putAction(variable());
         for (const int number : numbers) {
-            project.putLoadcase(number, titled(following(code("Q")), QString("Case %1").arg(number)));
+            project.putLoadCase(number, following(codeOf("Q")).title(QString("Case %1").arg(number)));
         }
     }
     /// The number that stands in the number dialog.
@@ -26,7 +26,7 @@ class NumberedCases : public testing::Test
     {
         return static_cast<int>(dialog->findChild<MySlider*>()->getDisplayValue());
     }
-    Project project;
+    LoadCaseProject project;
 };
 
-} // namespace lctest
+} // namespace mrl::test

@@ -3,13 +3,12 @@
 #include <QSignalSpy>
 
 #include "host/mrl_widgets.h"
-#include "support/loadcase_project.h"
-#include "support/modal_answers.h"
+#include "tests/loadcases/load_cases_fixture.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 
-using namespace lctest;
-using mrl::test::ModalAnswers;
+using namespace mrl::test;
 
 std::vector<QString> offered(const Tabs& tabs)
 {
@@ -29,9 +28,9 @@ class LoadcaseReconcile : public testing::Test
     {
         project.putAction(permanent());
         project.putAction(variable());
-        project.putLoadcase(1, following(code("G")));
-        project.putLoadcase(2, following(code("Q")));
-        project.putLoadcase(3, standalone());
+        project.putLoadCase(1, following("G"));
+        project.putLoadCase(2, following("Q"));
+        project.putLoadCase(3, standalone());
     }
     /// Takes an action away behind the load cases' back, as no command does.
     static void dropAction(const Tabs& tabs, int actionCode)
@@ -49,7 +48,7 @@ class LoadcaseReconcile : public testing::Test
             ->itemOnColId(tabs.actionRow(actionCode), ACT_COL_DESCRIPTION)
             ->setText(title);
     }
-    Project project;
+    LoadCaseProject project;
 };
 
 TEST_F(LoadcaseReconcile, OffersTheRowsOfTheActionsTab)
@@ -64,8 +63,8 @@ TEST_F(LoadcaseReconcile, OffersTheRowsOfTheActionsTab)
 TEST_F(LoadcaseReconcile, WithoutActionsOnlyTheFixedEntriesAreOffered)
 {
     const Tabs tabs(project);
-    dropAction(tabs, code("G"));
-    dropAction(tabs, code("Q"));
+    dropAction(tabs, codeOf("G"));
+    dropAction(tabs, codeOf("Q"));
     const auto texts = offered(tabs);
     EXPECT_THAT(texts, testing::ElementsAre("None", "IMP  Imperfection", "*** Action G    is missing ***",
                                             "*** Action Q    is missing ***"));
@@ -73,11 +72,11 @@ TEST_F(LoadcaseReconcile, WithoutActionsOnlyTheFixedEntriesAreOffered)
 
 TEST_F(LoadcaseReconcile, ChangedFactorShowsInItsLoadCasesAndNowhereElse)
 {
-    tagCDB_LC_CTRL record = following(code("G"));
+    tagCDB_LC_CTRL record = following("G");
     record.dlx = 0.5f; // hidden
-    project.putLoadcase(4, record);
+    project.putLoadCase(4, record);
     const Tabs tabs(project);
-    tabs.enterAction(code("Q"), ACT_COL_PSI1S, 0.95f);
+    tabs.enterAction(codeOf("Q"), ACT_COL_PSI1S, 0.95f);
     EXPECT_EQ(tabs.value(2, LC_COL_PSI1S), 0.95f);
     EXPECT_EQ(tabs.value(1, LC_COL_PSI1S), 1.0f);
     EXPECT_EQ(tabs.value(3, LC_COL_PSI1S), 0.0f);
@@ -89,9 +88,9 @@ TEST_F(LoadcaseReconcile, ChangedFactorShowsInItsLoadCasesAndNowhereElse)
 TEST_F(LoadcaseReconcile, TitleOfAnActionRefreshesLabelsAndAllVerdicts)
 {
     const Tabs tabs(project);
-    tabs.enterAction(code("G"), ACT_COL_GAMF, 5.0f);
+    tabs.enterAction(codeOf("G"), ACT_COL_GAMF, 5.0f);
     EXPECT_TRUE(tabs.isValid(1));
-    setTitle(tabs, code("Q"), "Traffic");
+    setTitle(tabs, codeOf("Q"), "Traffic");
     EXPECT_EQ(tabs.text(2, LC_COL_ACTION), "Q    Traffic");
     EXPECT_FALSE(tabs.isValid(1));
     EXPECT_TRUE(tabs.lc->isModified());
@@ -103,10 +102,10 @@ TEST_F(LoadcaseReconcile, NoneAndImperfectionsStayWhatTheyAreInARebuild)
 {
     tagCDB_LC_CTRL record = standalone();
     record.gamf = 0.75f;
-    project.putLoadcase(3, record);
-    project.putLoadcase(4, following(70));
+    project.putLoadCase(3, record);
+    project.putLoadCase(4, following(70));
     const Tabs tabs(project);
-    setTitle(tabs, code("G"), "any change");
+    setTitle(tabs, codeOf("G"), "any change");
     EXPECT_EQ(tabs.text(3, LC_COL_ACTION), "None");
     EXPECT_EQ(tabs.value(3, LC_COL_GAMF), 0.75f);
     EXPECT_EQ(tabs.text(4, LC_COL_ACTION), "IMP  Imperfection");
@@ -131,7 +130,7 @@ TEST_F(LoadcaseReconcile, ListFollowsTheRowsOfTheActionsTab)
     const Tabs tabs(project);
     auto* actions = static_cast<MRL_H_TableWidget*>(tabs.actions->tableWidget());
     actions->sortByColumn(actions->getColumnNumber(ACT_COL_ACTION), Qt::DescendingOrder);
-    setTitle(tabs, code("G"), "Dead");
+    setTitle(tabs, codeOf("G"), "Dead");
     EXPECT_THAT(offered(tabs),
                 testing::ElementsAre("None", "IMP  Imperfection", "Q    Variable", "G    Dead"));
 }
@@ -149,19 +148,19 @@ TEST_F(LoadcaseReconcile, ChangedActionsUseIsToldAtOnce)
 {
     const Tabs tabs(project);
     EXPECT_TRUE(tabs.lc->isActionUsed(variable()));
-    dropAction(tabs, code("Q"));
+    dropAction(tabs, codeOf("Q"));
     EXPECT_FALSE(tabs.lc->isActionUsed(variable())) << "its load case shows the marker";
 }
 
 TEST_F(LoadcaseReconcile, MissingMixedCaseActionKeepsItsWordThroughRebuilds)
 {
-    project.putLoadcase(5, following(code("Ab")));
+    project.putLoadCase(5, following("Ab"));
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action Ab   is missing ***");
     for (const char* title : {"one", "two"}) {
-        setTitle(tabs, code("G"), title);
+        setTitle(tabs, codeOf("G"), title);
         EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action AB   is missing ***");
-        EXPECT_EQ(tabs.read(5).record.action, code("Ab"));
+        EXPECT_EQ(tabs.read(5).record.action, codeOf("Ab"));
         EXPECT_FALSE(tabs.isValid(5));
     }
 }
@@ -169,15 +168,15 @@ TEST_F(LoadcaseReconcile, MissingMixedCaseActionKeepsItsWordThroughRebuilds)
 TEST_F(LoadcaseReconcile, LostActionLeavesTheMarkerAndItHeals)
 {
     const Tabs tabs(project);
-    dropAction(tabs, code("Q"));
+    dropAction(tabs, codeOf("Q"));
     EXPECT_EQ(tabs.text(2, LC_COL_ACTION), "*** Action Q    is missing ***");
     EXPECT_FALSE(tabs.isValid(2));
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 0.0f);
-    EXPECT_EQ(tabs.read(2).record.action, code("Q"));
+    EXPECT_EQ(tabs.read(2).record.action, codeOf("Q"));
     EXPECT_TRUE(tabs.lc->isModified());
 
     tabs.actions->slot_addAllClicked(); // brings Q and W
-    EXPECT_EQ(tabs.actionId(2), code("Q"));
+    EXPECT_EQ(tabs.actionId(2), codeOf("Q"));
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
     EXPECT_TRUE(tabs.isValid(2));
     EXPECT_THAT(offered(tabs), testing::Each(testing::Not(testing::ResultOf(
@@ -187,61 +186,61 @@ TEST_F(LoadcaseReconcile, LostActionLeavesTheMarkerAndItHeals)
 TEST_F(LoadcaseReconcile, OneMarkerHoweverManyRowsMissTheAction)
 {
     for (int number = 10; number < 20; ++number) {
-        project.putLoadcase(number, following(code(number % 2 ? "Q" : "G")));
+        project.putLoadCase(number, following(codeOf(number % 2 ? "Q" : "G")));
     }
     const Tabs tabs(project);
-    dropAction(tabs, code("Q"));
+    dropAction(tabs, codeOf("Q"));
     EXPECT_EQ(offered(tabs).size(), 4u);
     EXPECT_EQ(tabs.text(19, LC_COL_ACTION), "*** Action Q    is missing ***");
-    setTitle(tabs, code("G"), "again");
+    setTitle(tabs, codeOf("G"), "again");
     EXPECT_EQ(offered(tabs).size(), 4u);
     EXPECT_EQ(tabs.text(19, LC_COL_ACTION), "*** Action Q    is missing ***");
-    EXPECT_EQ(tabs.read(19).record.action, code("Q"));
+    EXPECT_EQ(tabs.read(19).record.action, codeOf("Q"));
 }
 
 TEST_F(LoadcaseReconcile, LowerCaseNamesOfOldRecordsFindTheirActionAfterARebuild)
 {
-    project.putLoadcase(5, following(code("q")));
+    project.putLoadCase(5, following("q"));
     const Tabs tabs(project);
     EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action q    is missing ***");
-    setTitle(tabs, code("G"), "any change");
-    EXPECT_EQ(tabs.actionId(5), code("Q"));
+    setTitle(tabs, codeOf("G"), "any change");
+    EXPECT_EQ(tabs.actionId(5), codeOf("Q"));
     EXPECT_EQ(tabs.value(5, LC_COL_GAMU), 1.5f);
     EXPECT_TRUE(tabs.isValid(5));
     tabs.save();
-    EXPECT_EQ(project.loadcase(5).action, code("Q"));
+    EXPECT_EQ(project.storedLoadCase(5).action, codeOf("Q"));
 }
 
 TEST_F(LoadcaseReconcile, LowerCaseActionKeepsItsRowsInARebuild)
 {
-    project.putAction(action("w", "small").all(1.0f).partition(0x31));
-    project.putLoadcase(5, following(code("w")));
+    project.putAction(bareAction("w").title("small").factors(1.0f).partition(0x31));
+    project.putLoadCase(5, following("w"));
     const Tabs tabs(project);
-    setTitle(tabs, code("G"), "any change");
-    EXPECT_EQ(tabs.actionId(5), code("w"));
+    setTitle(tabs, codeOf("G"), "any change");
+    EXPECT_EQ(tabs.actionId(5), codeOf("w"));
     EXPECT_TRUE(tabs.isValid(5));
 }
 
 TEST_F(LoadcaseReconcile, MixedCaseNameIsMissedAfterARebuildAndKeepsItsWord)
 {
-    project.putAction(action("Ab", "mixed").all(1.0f).partition(0x31));
-    project.putLoadcase(5, following(code("Ab")));
+    project.putAction(bareAction("Ab").title("mixed").factors(1.0f).partition(0x31));
+    project.putLoadCase(5, following("Ab"));
     const Tabs tabs(project);
-    EXPECT_EQ(tabs.actionId(5), code("Ab"));
+    EXPECT_EQ(tabs.actionId(5), codeOf("Ab"));
     EXPECT_TRUE(tabs.isValid(5));
-    setTitle(tabs, code("G"), "any change");
-    EXPECT_EQ(tabs.actionId(5), code("ab"));
+    setTitle(tabs, codeOf("G"), "any change");
+    EXPECT_EQ(tabs.actionId(5), codeOf("ab"));
     EXPECT_EQ(tabs.text(5, LC_COL_ACTION), "*** Action AB   is missing ***");
     EXPECT_FALSE(tabs.isValid(5));
-    EXPECT_EQ(tabs.read(5).record.action, code("Ab"));
-    tabs.chooseAction(5, code("Ab"));
+    EXPECT_EQ(tabs.read(5).record.action, codeOf("Ab"));
+    tabs.chooseAction(5, codeOf("Ab"));
     EXPECT_EQ(tabs.value(5, LC_COL_GAMU), 1.0f);
-    EXPECT_EQ(tabs.read(5).record.action, code("Ab"));
+    EXPECT_EQ(tabs.read(5).record.action, codeOf("Ab"));
 }
 
 TEST_F(LoadcaseReconcile, ActionLabelledImperfectionMeansNone)
 {
-    project.putAction(action("IMP", "Imperfection").all(1.0f).partition(0x31));
+    project.putAction(bareAction("IMP").title("Imperfection").factors(1.0f).partition(0x31));
     const Tabs tabs(project);
     auto* header =
         static_cast<MRL_H_TwHeaderComboBoxItem*>(tabs.table->horizontalHeaderItemOnColId(LC_COL_ACTION));
@@ -255,9 +254,9 @@ TEST_F(LoadcaseReconcile, ActionLabelledImperfectionMeansNone)
 TEST_F(LoadcaseReconcile, ReinitialisedActionShowsItsDefaultsInItsLoadCases)
 {
     const Tabs tabs(project);
-    tabs.enterAction(code("Q"), ACT_COL_GAMU, 9.0f);
+    tabs.enterAction(codeOf("Q"), ACT_COL_GAMU, 9.0f);
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 9.0f);
-    tabs.selectAction(code("Q"));
+    tabs.selectAction(codeOf("Q"));
     tabs.actions->slot_reInitSelectedActions();
     EXPECT_EQ(tabs.value(2, LC_COL_GAMU), 1.5f);
     EXPECT_EQ(tabs.value(1, LC_COL_GAMU), 1.35f);
@@ -268,11 +267,11 @@ TEST_F(LoadcaseReconcile, ReinitialisingJudgesTheSelectedRowsWhoseMarkedCellsCha
 {
     const Tabs tabs(project);
     tabs.select({2});
-    tabs.enterAction(code("Q"), ACT_COL_GAMF, 9.0f);
+    tabs.enterAction(codeOf("Q"), ACT_COL_GAMF, 9.0f);
     tabs.cell(2, LC_COL_TITLE)->setText("judged");
     ASSERT_FALSE(tabs.isValid(2));
-    tabs.enterAction(code("Q"), ACT_COL_PSI2, LC_UNDEFINED);
-    tabs.selectAction(code("Q"));
+    tabs.enterAction(codeOf("Q"), ACT_COL_PSI2, LC_UNDEFINED);
+    tabs.selectAction(codeOf("Q"));
     tabs.actions->slot_reInitSelectedActions();
     EXPECT_TRUE(tabs.isValid(2));
     EXPECT_FALSE(tabs.isRed(2, LC_COL_GAMF));
@@ -281,9 +280,9 @@ TEST_F(LoadcaseReconcile, ReinitialisingJudgesTheSelectedRowsWhoseMarkedCellsCha
 TEST_F(LoadcaseReconcile, MarkedCellThatShowsTheFactorAlreadyIsNoEdit)
 {
     const Tabs tabs(project);
-    tabs.enterAction(code("Q"), ACT_COL_PSI2, LC_UNDEFINED);
+    tabs.enterAction(codeOf("Q"), ACT_COL_PSI2, LC_UNDEFINED);
     ASSERT_TRUE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_PSI2));
-    tabs.lc->slot_reinitActions({tabs.actionRow(code("Q"))});
+    tabs.lc->slot_reinitActions({tabs.actionRow(codeOf("Q"))});
     EXPECT_EQ(tabs.text(2, LC_COL_PSI2), "");
     EXPECT_FALSE(tabs.lc->isModified());
 }
@@ -291,10 +290,10 @@ TEST_F(LoadcaseReconcile, MarkedCellThatShowsTheFactorAlreadyIsNoEdit)
 TEST_F(LoadcaseReconcile, MarkedCellsTakeTheTextOfTheActionsFactor)
 {
     const Tabs tabs(project);
-    tabs.enterAction(code("Q"), ACT_COL_PSI2, LC_UNDEFINED);
+    tabs.enterAction(codeOf("Q"), ACT_COL_PSI2, LC_UNDEFINED);
     ASSERT_TRUE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_PSI2));
     EXPECT_EQ(tabs.text(2, LC_COL_PSI2), "");
-    tabs.selectAction(code("Q"));
+    tabs.selectAction(codeOf("Q"));
     tabs.actions->slot_reInitSelectedActions();
     EXPECT_EQ(tabs.text(2, LC_COL_PSI2), "0.30");
     EXPECT_FALSE(tabs.lc->isItemFromAction(tabs.row(2), LC_COL_PSI2));
@@ -335,14 +334,14 @@ class BusyDialog : public testing::TestWithParam<int>
 
 TEST_P(BusyDialog, IsShownAndPaintedFrom150RowsOn)
 {
-    const Project project;
+    const LoadCaseProject project;
     project.putAction(permanent());
     for (int number = 1; number <= GetParam(); ++number) {
-        project.putLoadcase(number, following(code("G")));
+        project.putLoadCase(number, following("G"));
     }
     Tabs tabs(project);
     tabs.show();
-    tabs.enterAction(code("G"), ACT_COL_GAMU, 9.0f);
+    tabs.enterAction(codeOf("G"), ACT_COL_GAMU, 9.0f);
     BusyWatch watch(tabs);
     tabs.actions->slot_reInitAllActions();
     const bool expected = GetParam() >= 150;
@@ -360,12 +359,12 @@ INSTANTIATE_TEST_SUITE_P(Rows, BusyDialog, testing::Values(149, 150));
 
 TEST_F(LoadcaseReconcile, RefreshDropsComponentsThatTheHiddenColumnsLose)
 {
-    tagCDB_LC_CTRL record = following(code("Q"));
+    tagCDB_LC_CTRL record = following("Q");
     record.dlx = 0.5f;
-    project.putLoadcase(7, record);
+    project.putLoadCase(7, record);
     const Tabs tabs(project); // the box is off: only the amount along gravity counts
     EXPECT_EQ(tabs.value(7, LC_COL_DLX), 0.5f);
-    tabs.enterAction(code("Q"), ACT_COL_GAMU, 1.4f);
+    tabs.enterAction(codeOf("Q"), ACT_COL_GAMU, 1.4f);
     EXPECT_EQ(tabs.value(7, LC_COL_DLX), 0.0f);
 }
 

@@ -11,11 +11,11 @@
 #include "host/mrl_widgets.h"
 #include "lcdata/system_record.h"
 #include "rules/action_row.h"
-#include "support/loadcase_project.h"
+#include "tests/loadcases/load_cases_fixture.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 using Key = std::pair<int, int>;
 using Records = std::map<Key, std::vector<std::string>>;
@@ -200,29 +200,29 @@ class LoadcaseRoundTrip : public testing::TestWithParam<Site>
 
 TEST_P(LoadcaseRoundTrip, ChangesNothingButWhatIsTold)
 {
-    const Project project;
-    project.system(GetParam().rawClass, GetParam().gravity);
+    const LoadCaseProject project;
+    project.setSystem(GetParam().rawClass, GetParam().gravity);
     project.putAction(permanent());
     project.putAction(variable());
     Randoms random(static_cast<unsigned>(GetParam().rawClass * 10 + GetParam().gravity + 3));
     std::map<int, tagCDB_LC_CTRL> before;
     for (int number = 1; number <= 200; ++number) {
-        project.putLoadcase(number, before[number] = random.record(
-                                        {0, 70, code("G"), code("Q"), 2, 7, code("Zz"), code("q")}));
+        project.putLoadCase(number, before[number] = random.record(
+                                        {0, 70, codeOf("G"), codeOf("Q"), 2, 7, codeOf("Zz"), codeOf("q")}));
     }
     tagCDB_LC_CTRL foreign = before[1];
     foreign.kind = 2;
-    project.putLoadcase(500, foreign);
+    project.putLoadCase(500, foreign);
 
     const int systemClass = lcm_system_class(project.db());
     openAndAccept(project.db(), GetParam().box);
     for (const auto& [number, record] : before) {
-        const int word = record.action == 2 ? code("G") : record.action == 7 ? code("Q") : record.action;
-        EXPECT_TRUE(sameBytes(project.loadcase(number),
+        const int word = record.action == 2 ? codeOf("G") : record.action == 7 ? codeOf("Q") : record.action;
+        EXPECT_TRUE(sameBytes(project.storedLoadCase(number),
                               accepted(record, word, GetParam().gravity, systemClass, GetParam().box)))
             << number;
     }
-    EXPECT_TRUE(sameBytes(project.loadcase(500), foreign));
+    EXPECT_TRUE(sameBytes(project.storedLoadCase(500), foreign));
 
     // What was accepted once stays as it is, the pairs apart, which move by their own steps.
     const Records once = allRecords(project.db());
@@ -242,10 +242,14 @@ INSTANTIATE_TEST_SUITE_P(Sites, LoadcaseRoundTrip,
 
 TEST(LoadcaseRoundTrip, TailsAndLaterRecordsOfALoadCaseGo)
 {
-    const Project project;
+    const LoadCaseProject project;
     tagCDB_LC_CTRL record = following(70);
-    std::string longer = bytesOf(record) + "tail";
-    project.put(LC_KWH_CASES, 1, longer.data(), static_cast<int>(longer.size()));
+    const struct
+    {
+        tagCDB_LC_CTRL record;
+        char tail[4] = {'t', 'a', 'i', 'l'};
+    } longer{record};
+    project.put(LC_KWH_CASES, 1, longer);
     EXPECT_TRUE(mrl::cdb::append(project.db(), LC_KWH_CASES, 1, "later", 5));
     openAndAccept(project.db());
     const Records after = allRecords(project.db());

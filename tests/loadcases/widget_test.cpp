@@ -11,13 +11,12 @@
 #include <functional>
 
 #include "host/mrl_widgets.h"
-#include "support/loadcase_project.h"
-#include "support/modal_answers.h"
+#include "tests/loadcases/load_cases_fixture.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 
-using namespace lctest;
-using mrl::test::ModalAnswers;
+using namespace mrl::test;
 
 MRL_QT_CheckBox* box(const Tabs& tabs, const char* name)
 {
@@ -44,7 +43,7 @@ class LoadcaseWidget : public testing::Test
         storeSetting("checkDeadload", 0);
         storeSetting("checkIncrement", 1);
     }
-    Project project;
+    LoadCaseProject project;
 };
 
 std::vector<int> shownDeadWeight(const Tabs& tabs)
@@ -67,7 +66,7 @@ TEST_F(LoadcaseWidget, BoxChoosesBetweenTheAmountAndTheComponentsOfTheSystem)
     } systems[] = {
         {0, {LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}}, {1, {LC_COL_DLX, LC_COL_DLY}}, {20, {LC_COL_DLZ}}};
     for (const auto& system : systems) {
-        project.system(system.rawClass, -3);
+        project.setSystem(system.rawClass, -3);
         const Tabs tabs(project, Tabs::LoadcasesAlone);
         EXPECT_EQ(shownDeadWeight(tabs), (std::vector<int>{LC_COL_DEADFACTOR}));
         box(tabs, "check_deadload")->setChecked(true);
@@ -84,23 +83,23 @@ TEST_F(LoadcaseWidget, BoxChoosesBetweenTheAmountAndTheComponentsOfTheSystem)
 
 TEST_F(LoadcaseWidget, SystemIsAskedForWhenItCounts)
 {
-    project.putLoadcase(1, following(70));
+    project.putLoadCase(1, following(70));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     tabs.enter(1, LC_COL_DEADFACTOR, 2.0f);
-    project.system(1, 2); // another module turns the system over
+    project.setSystem(1, 2); // another module turns the system over
     box(tabs, "check_deadload")->setChecked(true);
     EXPECT_EQ(shownDeadWeight(tabs), (std::vector<int>{LC_COL_DLX, LC_COL_DLY}));
     box(tabs, "check_deadload")->setChecked(false);
-    project.system(0, -1);
+    project.setSystem(0, -1);
     tabs.lc->save(true);
-    EXPECT_EQ(project.loadcase(1).dlx, -2.0f);
-    EXPECT_EQ(project.loadcase(1).dlz, 0.0f);
+    EXPECT_EQ(project.storedLoadCase(1).dlx, -2.0f);
+    EXPECT_EQ(project.storedLoadCase(1).dlz, 0.0f);
 
     tagCDB_LC_CTRL record = following(70);
     record.dly = -3.0f;
-    project.putLoadcase(1, record);
+    project.putLoadCase(1, record);
     LCM_LoadcaseWidget tab(project.db(), nullptr, "loadcasewidget");
-    project.system(0, -2);
+    project.setSystem(0, -2);
     tab.fillTable();
     EXPECT_EQ(tab.getItemVal(0, LC_COL_DEADFACTOR), 3.0f);
 }
@@ -201,7 +200,7 @@ TEST_F(LoadcaseWidget, ButtonsAreReachedByTabAlone)
 
 TEST_F(LoadcaseWidget, CopyWithoutASelectionSaysSoAndChangesNothing)
 {
-    project.putLoadcase(1, following(70));
+    project.putLoadCase(1, following(70));
     const Tabs tabs(project);
     ModalAnswers answers;
     answers.key(Qt::Key_Return);
@@ -216,7 +215,7 @@ TEST_F(LoadcaseWidget, CopyWithoutASelectionSaysSoAndChangesNothing)
 TEST_F(LoadcaseWidget, SelectsAllNamedRowsAndPassesOverTheOthers)
 {
     for (int number = 1; number <= 9; ++number) {
-        project.putLoadcase(number, following(70));
+        project.putLoadCase(number, following(70));
     }
     const Tabs tabs(project);
     tabs.lc->selectLoadcases({2, 3, 7, 99});
@@ -241,7 +240,7 @@ TEST_F(LoadcaseWidget, SelectsAllNamedRowsAndPassesOverTheOthers)
 
 TEST_F(LoadcaseWidget, SelectingGivesTheTableTheFocus)
 {
-    project.putLoadcase(1, following(70));
+    project.putLoadCase(1, following(70));
     Tabs tabs(project);
     tabs.show();
     auto* button = tabs.lc->findChild<QPushButton*>("button_new");
@@ -257,20 +256,20 @@ TEST_F(LoadcaseWidget, SelectingGivesTheTableTheFocus)
 
 TEST_F(LoadcaseWidget, SaveWithoutWritingUpdatesTheModelAlone)
 {
-    project.putLoadcase(1, titled(following(70), "old"));
+    project.putLoadCase(1, following(70).title("old"));
     const Tabs tabs(project, Tabs::LoadcasesAlone);
     tabs.cell(1, LC_COL_TITLE)->setText("new");
     tabs.lc->save(false);
     EXPECT_EQ(lcm_title_text(tabs.lc->workingModel()->loadcases.at(0).record.title), "new");
-    EXPECT_EQ(lcm_title_text(project.loadcase(1).title), "old");
+    EXPECT_EQ(lcm_title_text(project.storedLoadCase(1).title), "old");
     tabs.lc->save(true);
-    EXPECT_EQ(lcm_title_text(project.loadcase(1).title), "new");
+    EXPECT_EQ(lcm_title_text(project.storedLoadCase(1).title), "new");
 }
 
 TEST_F(LoadcaseWidget, ModificationAmongSuperpositionDataIsToldOnceADialog)
 {
     project.putSuperposition();
-    project.putLoadcase(1, following(70));
+    project.putLoadCase(1, following(70));
     for (int dialog = 0; dialog < 2; ++dialog) {
         const Tabs tabs(project, Tabs::LoadcasesAlone);
         tabs.lc->save(false); // nothing was modified
@@ -293,10 +292,10 @@ TEST_F(LoadcaseWidget, ActionsTabsNoticeSilencesThisOne)
 {
     project.putSuperposition();
     project.putAction(permanent());
-    project.putLoadcase(1, following(70));
+    project.putLoadCase(1, following(70));
     const Tabs tabs(project);
     tabs.cell(1, LC_COL_TITLE)->setText("edit");
-    tabs.enterAction(code("G"), ACT_COL_GAMU, 1.2f);
+    tabs.enterAction(codeOf("G"), ACT_COL_GAMU, 1.2f);
     ModalAnswers answers;
     answers.key(Qt::Key_Return);
     tabs.actions->save(false);

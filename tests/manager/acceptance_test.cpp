@@ -58,7 +58,7 @@ TEST_F(ManagerTest, AcceptanceWritesBothTabsAndReportsTheSelections)
     EXPECT_EQ(control.loadCases, (std::set<int>{1, 3}));
     EXPECT_EQ(control.actions, std::set<int>{codeOf("Q")});
     EXPECT_FLOAT_EQ(project.storedAction("Q").gamu, 1.4f);
-    EXPECT_EQ(lcm_title_text(project.storedLoadcase(2).title), QStringLiteral("Storage"));
+    EXPECT_EQ(lcm_title_text(project.storedLoadCase(2).title), QStringLiteral("Storage"));
 }
 
 TEST_F(ManagerTest, AcceptanceReportsTheActionsTabAsCurrent)
@@ -189,7 +189,7 @@ TEST_F(ManagerTest, InvalidActionKeepsTheDialogOpenOnItsTab)
 TEST_F(ManagerTest, InvalidLoadCaseKeepsTheDialogOpenOnItsTab)
 {
     // Its action is none of the project's.
-    project.putLoadcase(4, loadcase(QStringLiteral("XXXX")));
+    project.putLoadCase(4, bareLoadCase(QStringLiteral("XXXX")));
     MRL_LC_CtrlStruct control;
     const int result = run(control, [this](QWidget* dialog) {
         answers.click("OK");
@@ -205,9 +205,9 @@ TEST_F(ManagerTest, InvalidLoadCaseKeepsTheDialogOpenOnItsTab)
 TEST_F(ManagerTest, InvalidRowFarDownIsSelectedAndInSight)
 {
     for (int number = 11; number <= 300; ++number) {
-        project.putLoadcase(number, loadcase(QStringLiteral("G")));
+        project.putLoadCase(number, bareLoadCase(QStringLiteral("G")));
     }
-    project.putLoadcase(222, loadcase(QStringLiteral("XXXX")));
+    project.putLoadCase(222, bareLoadCase(QStringLiteral("XXXX")));
     MRL_LC_CtrlStruct control;
     control.mode = 0;
     run(control, [this](QWidget* dialog) {
@@ -240,7 +240,7 @@ TEST_F(ManagerTest, CorrectedInputIsAccepted)
 TEST_F(ManagerTest, FailedSaveGivesModeAndCopiesBackAndKeepsTheInput)
 {
     project.put(LC_KWH_ACTIONS, 17,
-                action(QStringLiteral("SUP")).record()); // superposition data: a notice comes
+                soundAction(QStringLiteral("SUP")).record()); // superposition data: a notice comes
     const auto before = project.fingerprint();
     std::unique_ptr<cdb::WriteLockPause> noWrites;
     MRL_LC_CtrlStruct control;

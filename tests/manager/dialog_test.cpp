@@ -98,9 +98,10 @@ TEST_F(ManagerTest, DatabaseOfTheDialogIsCurrentWhileItIsOpenAndAfterwards)
 
 TEST_F(ManagerTest, InfoLineIsTheLabelAloneWithoutCombinationValues)
 {
+    useCode(withoutLines(withoutLines(smallCode(), "KFI"), "XSI"));
     MRL_LC_CtrlStruct control;
     run(control, [](QWidget* dialog) {
-        EXPECT_EQ(infoOf(dialog), QStringLiteral("Test"));
+        EXPECT_EQ(infoOf(dialog), QStringLiteral("Sample"));
         pressCancel(dialog);
     });
 }
@@ -122,8 +123,7 @@ TEST_F(ManagerTest, InfoLineShowsTheCombinationValuesOfTheDesignCode)
 TEST_F(ManagerTest, ActionsTabGoesWhenTheDesignCodeHasNoFactorsButItIsStillSaved)
 {
     // Gama alone doesn't count.
-    useCode(
-        DesignCodeFile().marks(ActionBuilder(QString()).gama(1.0f)).add(action(QStringLiteral("G")), {2, 7}));
+    useCode(DesignCodeBuilder().marks(noLimits().gama(1.0f)).add(soundAction(QStringLiteral("G")), {2, 7}));
     MRL_LC_CtrlStruct control;
     const int result = run(control, [](QWidget* dialog) {
         EXPECT_EQ(tabTexts(dialog), QStringList{QStringLiteral("Loadcases")});
@@ -138,7 +138,7 @@ TEST_F(ManagerTest, ActionsTabGoesWhenTheDesignCodeHasNoFactorsButItIsStillSaved
 
 TEST_F(ManagerTest, ActionManagerShowsNoTabWhenTheDesignCodeHasNoFactors)
 {
-    useCode(DesignCodeFile().add(action(QStringLiteral("G")), {2, 7}));
+    useCode(DesignCodeBuilder().add(soundAction(QStringLiteral("G")), {2, 7}));
     MRL_LC_CtrlStruct control;
     control.singleTab = true;
     run(control, [](QWidget* dialog) {

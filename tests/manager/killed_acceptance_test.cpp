@@ -2,11 +2,12 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <fstream>
 #include <random>
 #include <thread>
 
 #include "lcdata/values/packed_text.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace mrl::test {
 
@@ -39,7 +40,7 @@ void makeProject(const QString& file, const std::string& designCode)
     const auto project = cdb::create(file.toStdString());
     ASSERT_TRUE(static_cast<bool>(project)) << project.result.text;
     EXPECT_TRUE(static_cast<bool>(cdb::setFact(project.db, "designcode", designCode)));
-    const tagCDB_LC_CTRL record = loadcase().title(QStringLiteral("0"));
+    const tagCDB_LC_CTRL record = bareLoadCase().title(QStringLiteral("0"));
     const int length = sizeof record;
     for (int number = 1; number <= CASES; ++number) {
         mrl_cdb_put(project.db, LC_KWH_CASES, number, &record, &length, 0);
@@ -53,7 +54,9 @@ TEST(KilledAcceptance, LeavesTheOldStateOrTheNewOne)
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("killed.cdb"));
-    makeProject(file, smallDesignCode().write(folder));
+    const std::string code = folder.filePath(QStringLiteral("code.ini")).toStdString();
+    std::ofstream(code) << smallCode();
+    makeProject(file, code);
     std::mt19937 random(4711);
     std::uniform_int_distribution<int> microseconds(0, 60000);
     for (int round = 0; round < ROUNDS; ++round) {

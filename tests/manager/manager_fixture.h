@@ -17,7 +17,7 @@
 #include "rules/action_columns.h"
 #include "rules/load_case_columns.h"
 #include "tests/support/modal_answers.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace mrl::test {
 
@@ -103,11 +103,12 @@ class ManagerTest : public ProjectTest
   protected:
     ManagerTest()
     {
-        project.putAction(action(QStringLiteral("G")).partition(0x10).title(QStringLiteral("Permanent")));
-        project.putAction(action(QStringLiteral("Q")).partition(0x32).title(QStringLiteral("Variable")));
+        project.putAction(
+            soundAction(QStringLiteral("G")).partition(0x10).title(QStringLiteral("Permanent")));
+        project.putAction(soundAction(QStringLiteral("Q")).partition(0x32).title(QStringLiteral("Variable")));
         for (int number = 1; number <= 3; ++number) {
-            project.putLoadcase(number,
-                                loadcase(QStringLiteral("G")).title(QStringLiteral("LC %1").arg(number)));
+            project.putLoadCase(number,
+                                bareLoadCase(QStringLiteral("G")).title(QStringLiteral("LC %1").arg(number)));
         }
     }
 

@@ -3,18 +3,20 @@
 
 namespace {
 
-using mrl::test::action;
-using mrl::test::limits;
+using mrl::test::DesignCodeBuilder;
+using mrl::test::limitsOfOne;
 using mrl::test::ModalAnswers;
 using mrl::test::Model;
 using mrl::test::ModelTest;
-using mrl::test::smallDesignCode;
+
+/// A code of every factor, to which a test gives the labels.
+DesignCodeBuilder everyFactor() { return DesignCodeBuilder().marks(limitsOfOne()); }
 
 using DesignCodeText = ModelTest;
 
 TEST_F(DesignCodeText, IsTheLabelOfTheFile)
 {
-    useCode(smallDesignCode().text("TXT_PSI1S", "ψ1,infq").text("TXT_GAMU", "γG"));
+    useCode(everyFactor().text("TXT_PSI1S", "ψ1,infq").text("TXT_GAMU", "γG"));
     const Model model = load();
     EXPECT_EQ(model->designCodeText("Psi1s"), QString::fromUtf8("ψ1,infq"));
     EXPECT_EQ(model->designCodeText("Gamu"), QString::fromUtf8("γG"));
@@ -22,6 +24,7 @@ TEST_F(DesignCodeText, IsTheLabelOfTheFile)
 
 TEST_F(DesignCodeText, IsTheKeyAsWrittenWhenTheFileHasNone)
 {
+    useCode(everyFactor());
     const Model model = load();
     EXPECT_EQ(model->designCodeText("Gamu"), "Gamu");
     EXPECT_EQ(model->designCodeText("GAMU"), "Gamu") << "one entry for both ways of writing it";
@@ -29,25 +32,24 @@ TEST_F(DesignCodeText, IsTheKeyAsWrittenWhenTheFileHasNone)
 
 TEST_F(DesignCodeText, IsReadOnceForEachKey)
 {
-    useCode(smallDesignCode().text("TXT_GAMU", "before"));
+    useCode(everyFactor().text("TXT_GAMU", "before"));
     const Model model = load();
     EXPECT_EQ(model->designCodeText("Gamu"), "before");
-    useCode(smallDesignCode().text("TXT_GAMU", "after").text("TXT_GAMF", "after"));
+    useCode(everyFactor().text("TXT_GAMU", "after").text("TXT_GAMF", "after"));
     EXPECT_EQ(model->designCodeText("GAMU"), "before");
     EXPECT_EQ(model->designCodeText("Gamf"), "after");
 }
 
 TEST_F(DesignCodeText, LosesItsOuterBlanksAndKeepsOneOfTheInnerOnes)
 {
-    useCode(smallDesignCode().text("TXT_GAMU", "  a   b  "));
+    useCode(everyFactor().text("TXT_GAMU", "  a   b  "));
     EXPECT_EQ(load()->designCodeText("Gamu"), "a b");
 }
 
 TEST_F(DesignCodeText, IsCutToTwentyBytes)
 {
-    useCode(smallDesignCode()
-                .text("TXT_GAMU", std::string(20, 'a') + "b")
-                .text("TXT_GAMF", std::string(20, 'c')));
+    useCode(
+        everyFactor().text("TXT_GAMU", std::string(20, 'a') + "b").text("TXT_GAMF", std::string(20, 'c')));
     const Model model = load();
     EXPECT_EQ(model->designCodeText("Gamu"), QString(20, 'a'));
     EXPECT_EQ(model->designCodeText("Gamf"), QString(20, 'c'));
@@ -80,7 +82,7 @@ TEST_F(FactorColumns, FollowTheMarks)
     tagCDB_LC_ACT marks{};
     marks.gamu = 1.0f;
     marks.psi2 = 1.0f;
-    useCode(mrl::test::DesignCodeFile().marks(marks));
+    useCode(DesignCodeBuilder().marks(marks));
     const Model two = load();
     EXPECT_EQ(two->optionalColumnCount(), 2);
     EXPECT_EQ(two->hasGamu(), 1);
@@ -94,7 +96,7 @@ TEST_F(FactorColumns, FollowTheMarks)
 
 TEST_F(FactorColumns, TheLabelNoneTakesASafetyFactorAway)
 {
-    useCode(smallDesignCode().text("TXT_GAMU", "none").text("TXT_GAMF", "  none ").text("TXT_GAMA", "None"));
+    useCode(everyFactor().text("TXT_GAMU", "none").text("TXT_GAMF", "  none ").text("TXT_GAMA", "None"));
     const Model model = load();
     EXPECT_EQ(model->hasGamu(), 0);
     EXPECT_EQ(model->hasGamf(), 0) << "blanks around it don't save it";
@@ -104,7 +106,7 @@ TEST_F(FactorColumns, TheLabelNoneTakesASafetyFactorAway)
 
 TEST_F(FactorColumns, TheLabelNoneMeansNothingForACombinationFactor)
 {
-    useCode(smallDesignCode().text("TXT_PSI0", "none"));
+    useCode(everyFactor().text("TXT_PSI0", "none"));
     EXPECT_EQ(load()->optionalColumnCount(), 7);
 }
 

@@ -2,32 +2,32 @@
 
 namespace {
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
 using mrl::test::codeOf;
-using mrl::test::DesignCodeFile;
+using mrl::test::DesignCodeBuilder;
 using mrl::test::found;
-using mrl::test::limits;
+using mrl::test::limitsOfOne;
 using mrl::test::Model;
 using mrl::test::ModelTest;
 using mrl::test::shapeOf;
+using mrl::test::soundAction;
 using mrl::test::titleOf;
 
 /// An action that is no default one, so that it stays free in a project without actions.
-ActionBuilder accidental(const char* name) { return action(name).partition(0x42); }
+ActionBuilder accidental(const char* name) { return soundAction(name).partition(0x42); }
 
 using DesignCodeTree = ModelTest;
 
 TEST_F(DesignCodeTree, AParentCarriesTheChildrenBehindIt)
 {
-    useCode(DesignCodeFile().add(accidental("Q")).add(accidental("Q_1")).add(accidental("W")));
+    useCode(DesignCodeBuilder().add(accidental("Q")).add(accidental("Q_1")).add(accidental("W")));
     EXPECT_EQ(shapeOf(load()->designCodeTree()), "Q:0(Q_1:0) W:0");
     EXPECT_EQ(shapeOf(load()->actions), "Q:0(Q_1:0) W:0");
 }
 
 TEST_F(DesignCodeTree, AChildWithoutParentGetsAPlaceholder)
 {
-    useCode(DesignCodeFile().add(accidental("Q_1").title("first").gamu(1.4f)).add(accidental("Q_2")));
+    useCode(DesignCodeBuilder().add(accidental("Q_1").title("first").gamu(1.4f)).add(accidental("Q_2")));
     const Model model = load();
     EXPECT_EQ(shapeOf(model->designCodeTree()), "Q:-1(Q_1:0 Q_2:0)");
     EXPECT_EQ(shapeOf(model->actions), "Q:-1(Q_1:0 Q_2:0)");
@@ -40,19 +40,19 @@ TEST_F(DesignCodeTree, AChildWithoutParentGetsAPlaceholder)
 
 TEST_F(DesignCodeTree, AParentBehindItsChildMakesASecondEntry)
 {
-    useCode(DesignCodeFile().add(accidental("Q_1")).add(accidental("Q")).add(accidental("Q_2")));
+    useCode(DesignCodeBuilder().add(accidental("Q_1")).add(accidental("Q")).add(accidental("Q_2")));
     EXPECT_EQ(shapeOf(load()->actions), "Q:-1(Q_1:0 Q_2:0) Q:0");
 }
 
 TEST_F(DesignCodeTree, TheLetterYIsNothingSpecialThere)
 {
-    useCode(DesignCodeFile().add(accidental("Y")).add(accidental("Y_1")));
+    useCode(DesignCodeBuilder().add(accidental("Y")).add(accidental("Y_1")));
     EXPECT_EQ(shapeOf(load()->actions), "Y:0(Y_1:0)");
 }
 
 TEST_F(DesignCodeTree, TheTreesShareNoEntry)
 {
-    useCode(DesignCodeFile().add(accidental("Q")).add(accidental("Q_1")));
+    useCode(DesignCodeBuilder().add(accidental("Q")).add(accidental("Q_1")));
     const Model model = load();
     EXPECT_NE(model->actions[0], model->designCodeTree()[0]);
     EXPECT_NE(model->actions[0]->subActions[0], model->designCodeTree()[0]->subActions[0]);
@@ -60,9 +60,9 @@ TEST_F(DesignCodeTree, TheTreesShareNoEntry)
 
 TEST_F(DesignCodeTree, AllOf999EntriesAreRead)
 {
-    DesignCodeFile code;
+    DesignCodeBuilder code;
     for (int i = 0; i < 999; ++i) {
-        code.add(action(QString("%1").arg(i, 3, 10, QLatin1Char('0'))));
+        code.add(soundAction(QString("%1").arg(i, 3, 10, QLatin1Char('0'))));
     }
     useCode(code);
     EXPECT_EQ(load()->designCodeTree().size(), 999u);
@@ -78,7 +78,7 @@ TEST_F(DesignCodeTree, IsEmptyWithoutADesignCode)
 
 TEST_F(DesignCodeTree, KeepsItsValuesWhateverTheProjectHolds)
 {
-    project.putAction(action("W").gamu(9.0f));
+    project.putAction(soundAction("W").gamu(9.0f));
     const Model model = load();
     EXPECT_EQ(found(*model, "W").gamu, 9.0f);
     EXPECT_EQ(found(*model, "W", true).gamu, 1.5f);
@@ -100,7 +100,7 @@ TEST_F(StoredActions, NothingIsWrittenForTheDefaults)
 
 TEST_F(StoredActions, OneActionOfTheDesignCodeKeepsTheDefaultsAway)
 {
-    project.putAction(action("W").title("Storm"));
+    project.putAction(soundAction("W").title("Storm"));
     const Model model = load();
     EXPECT_EQ(shapeOf(model->actions), "G:0 P:0 Q:0(Q_1:0) W:1 A:0 E:0");
     EXPECT_EQ(titleOf(found(*model, "W")), "Storm");
@@ -108,41 +108,41 @@ TEST_F(StoredActions, OneActionOfTheDesignCodeKeepsTheDefaultsAway)
 
 TEST_F(StoredActions, AnOwnActionAloneLeavesTheDefaultsActiveToo)
 {
-    project.putAction(action("U1"));
+    project.putAction(soundAction("U1"));
     EXPECT_EQ(shapeOf(load()->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0 U1:1*");
 }
 
 TEST_F(StoredActions, OwnActionsFollowByTheirKeysAsParents)
 {
-    project.putAction(action("Z"));
-    project.putAction(action("Q_7"));
-    project.putAction(action("Q_1"));
-    project.putAction(action("B"));
+    project.putAction(soundAction("Z"));
+    project.putAction(soundAction("Q_7"));
+    project.putAction(soundAction("Q_1"));
+    project.putAction(soundAction("B"));
     // 0x202020xx for one letter, 0x20375F51 for Q_7
     EXPECT_EQ(shapeOf(load()->actions), "G:0 P:0 Q:0(Q_1:1) W:0 A:0 E:0 B:1* Z:1* Q_7:1*");
 }
 
 TEST_F(StoredActions, TheReservedLetterIsNeitherReadNorCounted)
 {
-    project.putAction(action("Y1"));
+    project.putAction(soundAction("Y1"));
     EXPECT_EQ(shapeOf(load()->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
-    useCode(DesignCodeFile().add(accidental("Y")));
-    project.putAction(action("Y"));
+    useCode(DesignCodeBuilder().add(accidental("Y")));
+    project.putAction(soundAction("Y"));
     EXPECT_EQ(shapeOf(load()->actions), "Y:0");
 }
 
 TEST_F(StoredActions, NumbersAndTheWordOfBlanksAreNotSeen)
 {
     for (const int key : {-1, 7, 0x2020201F, 0x20202020}) {
-        project.putAction(key, action("W"));
+        project.putAction(key, soundAction("W"));
     }
     EXPECT_EQ(shapeOf(load()->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
 }
 
 TEST_F(StoredActions, OfTwoRecordsOfAKeyTheLaterOneWinsAndBothCount)
 {
-    putUnder("W", action("W").title("first"));
-    appendUnder("W", action("W").title("second"));
+    putUnder("W", soundAction("W").title("first"));
+    appendUnder("W", soundAction("W").title("second"));
     const Model model = load();
     EXPECT_EQ(titleOf(found(*model, "W")), "second");
     EXPECT_EQ(model->loadActionsFromDatabase(db), 2);
@@ -150,10 +150,10 @@ TEST_F(StoredActions, OfTwoRecordsOfAKeyTheLaterOneWinsAndBothCount)
 
 TEST_F(StoredActions, OtherKindsArePassedOver)
 {
-    putUnder("W", ofKind(2, action("W").title("foreign")));
+    putUnder("W", ofKind(2, soundAction("W").title("foreign")));
     EXPECT_EQ(shapeOf(load()->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
-    appendUnder("W", action("W").title("ours"));
-    appendUnder("W", ofKind(3, action("W").title("foreign too")));
+    appendUnder("W", soundAction("W").title("ours"));
+    appendUnder("W", ofKind(3, soundAction("W").title("foreign too")));
     const Model model = load();
     EXPECT_EQ(titleOf(found(*model, "W")), "ours");
     EXPECT_EQ(model->loadActionsFromDatabase(db), 1);
@@ -161,8 +161,8 @@ TEST_F(StoredActions, OtherKindsArePassedOver)
 
 TEST_F(StoredActions, ASecondRecordUnderAnOwnKeyIsNoActionOfTheDesignCode)
 {
-    putUnder("U1", action("U1").title("first"));
-    appendUnder("U1", action("U1").title("second"));
+    putUnder("U1", soundAction("U1").title("first"));
+    appendUnder("U1", soundAction("U1").title("second"));
     const Model model = load();
     EXPECT_EQ(shapeOf(model->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0 U1:1*") << "the defaults are there";
     EXPECT_EQ(titleOf(found(*model, "U1")), "second");
@@ -170,8 +170,8 @@ TEST_F(StoredActions, ASecondRecordUnderAnOwnKeyIsNoActionOfTheDesignCode)
 
 TEST_F(StoredActions, TheKeyDecidesAndNotTheNameInTheRecord)
 {
-    putUnder("W", action("A").title("named A"));
-    putUnder("U1", action("U2"));
+    putUnder("W", soundAction("A").title("named A"));
+    putUnder("U1", soundAction("U2"));
     const Model model = load();
     EXPECT_EQ(titleOf(found(*model, "W")), "named A");
     EXPECT_EQ(shapeOf(model->actions), "G:0 P:0 Q:0(Q_1:0) W:1 A:0 E:0 U2:1*")
@@ -180,22 +180,22 @@ TEST_F(StoredActions, TheKeyDecidesAndNotTheNameInTheRecord)
 
 TEST_F(StoredActions, AStoredParentMakesAPlaceholderActive)
 {
-    useCode(DesignCodeFile().add(action("Q_1")));
-    project.putAction(action("Q").title("own"));
+    useCode(DesignCodeBuilder().add(soundAction("Q_1")));
+    project.putAction(soundAction("Q").title("own"));
     EXPECT_EQ(shapeOf(load()->actions), "Q:1(Q_1:0)");
 }
 
 TEST_F(StoredActions, OfEqualCodesTheFirstParentWins)
 {
-    useCode(DesignCodeFile().add(action("Q_1")).add(action("Q")));
-    project.putAction(action("Q"));
+    useCode(DesignCodeBuilder().add(soundAction("Q_1")).add(soundAction("Q")));
+    project.putAction(soundAction("Q"));
     EXPECT_EQ(shapeOf(load()->actions), "Q:1(Q_1:0) Q:0");
 }
 
 TEST_F(StoredActions, ARecordThatIsTooLongIsCutToAnAction)
 {
     std::vector<unsigned char> longer(300, 0);
-    const tagCDB_LC_ACT record = action("W").title("cut");
+    const tagCDB_LC_ACT record = soundAction("W").title("cut");
     std::memcpy(longer.data(), &record, sizeof record);
     const int length = 300;
     mrl_cdb_put(db, LC_KWH_ACTIONS, codeOf("W"), longer.data(), &length, 0);
@@ -206,33 +206,34 @@ using DefaultActions = ModelTest;
 
 TEST_F(DefaultActions, AChildBecomesActiveAloneAndNotItsParent)
 {
-    useCode(DesignCodeFile()
-                .marks(limits())
-                .add(action("G").partition(0x10))
-                .add(action("L").partition(0x42))
-                .add(action("L_A").partition(0x32).title("plain live")));
+    useCode(DesignCodeBuilder()
+                .marks(limitsOfOne())
+                .add(soundAction("G").partition(0x10))
+                .add(soundAction("L").partition(0x42))
+                .add(soundAction("L_A").partition(0x32).title("plain live")));
     EXPECT_EQ(shapeOf(load()->actions), "G:1 L:0(L_A:1)");
 }
 
 TEST_F(DefaultActions, OneThatIsNotInTheTreeChangesNothing)
 {
-    useCode(DesignCodeFile().marks(limits()).add(action("P").partition(0x20)));
+    useCode(DesignCodeBuilder().marks(limitsOfOne()).add(soundAction("P").partition(0x20)));
     EXPECT_EQ(shapeOf(load()->actions), "P:0")
         << "there is neither a dead nor a live one: the code of blanks";
 }
 
 TEST_F(DefaultActions, EqualCodesAreStoredOnce)
 {
-    useCode(DesignCodeFile().marks(limits()).add(action("P").partition(0x20).title("both"), {2, 7}));
+    useCode(
+        DesignCodeBuilder().marks(limitsOfOne()).add(soundAction("P").partition(0x20).title("both"), {2, 7}));
     EXPECT_EQ(shapeOf(load()->actions), "P:1");
 }
 
 TEST_F(DefaultActions, EveryEntryOfTheCodeBecomesActive)
 {
-    useCode(DesignCodeFile()
-                .marks(limits())
-                .add(action("Q_1").partition(0x132))
-                .add(action("Q").partition(0x32)));
+    useCode(DesignCodeBuilder()
+                .marks(limitsOfOne())
+                .add(soundAction("Q_1").partition(0x132))
+                .add(soundAction("Q").partition(0x32)));
     EXPECT_EQ(shapeOf(load()->actions), "Q:1(Q_1:0) Q:1");
 }
 
@@ -240,19 +241,19 @@ using RemoveAction = ModelTest;
 
 TEST_F(RemoveAction, AChildIsFreeAgainWithItsDefaults)
 {
-    project.putAction(action("Q"));
-    project.putAction(action("Q_1").gamu(9.0f).title("changed"));
+    project.putAction(soundAction("Q"));
+    project.putAction(soundAction("Q_1").gamu(9.0f).title("changed"));
     const Model model = load();
     model->removeAction(codeOf("Q_1"));
     EXPECT_EQ(shapeOf(model->actions), "G:0 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
     EXPECT_EQ(found(*model, "Q_1").gamu, 1.5f);
-    EXPECT_EQ(titleOf(found(*model, "Q_1")), "Group 1");
+    EXPECT_EQ(titleOf(found(*model, "Q_1")), "Offices");
 }
 
 TEST_F(RemoveAction, AParentIsFreeAgainAndKeepsItsChildren)
 {
-    project.putAction(action("Q").gamu(9.0f));
-    project.putAction(action("Q_1"));
+    project.putAction(soundAction("Q").gamu(9.0f));
+    project.putAction(soundAction("Q_1"));
     const Model model = load();
     model->removeAction(codeOf("Q"));
     EXPECT_EQ(shapeOf(model->actions), "G:0 P:0 Q:0(Q_1:1) W:0 A:0 E:0");
@@ -261,8 +262,8 @@ TEST_F(RemoveAction, AParentIsFreeAgainAndKeepsItsChildren)
 
 TEST_F(RemoveAction, AnOwnActionIsGoneButItsEntryStaysValid)
 {
-    project.putAction(action("U1").title("mine"));
-    project.putAction(action("U2"));
+    project.putAction(soundAction("U1").title("mine"));
+    project.putAction(soundAction("U2"));
     const Model model = load();
     const std::vector<LCM_ActionEntry*> copy = model->actions;
     model->removeAction(codeOf("U1"));
@@ -275,8 +276,8 @@ TEST_F(RemoveAction, AnOwnActionIsGoneButItsEntryStaysValid)
 
 TEST_F(RemoveAction, APlaceholderThatWasActiveBecomesFree)
 {
-    useCode(DesignCodeFile().add(action("Q_1").title("default")));
-    project.putAction(action("Q").title("own"));
+    useCode(DesignCodeBuilder().add(soundAction("Q_1").title("default")));
+    project.putAction(soundAction("Q").title("own"));
     const Model model = load();
     model->removeAction(codeOf("Q"));
     EXPECT_EQ(shapeOf(model->actions), "Q:0(Q_1:0)");
@@ -293,7 +294,7 @@ TEST_F(RemoveAction, AnUnknownCodeChangesNothing)
 TEST_F(RemoveAction, ManyAtOnceAreTheSameAsOneByOne)
 {
     for (const char* name : {"U1", "U2", "U3", "W", "Q_1"}) {
-        project.putAction(action(name).gamu(9.0f));
+        project.putAction(soundAction(name).gamu(9.0f));
     }
     const Model model = load();
     model->removeActions({codeOf("U1"), codeOf("U3"), codeOf("Q_1"), codeOf("ZZ")});
@@ -304,7 +305,7 @@ TEST_F(RemoveAction, ManyAtOnceAreTheSameAsOneByOne)
 TEST_F(RemoveAction, AnActionThatStoreActionMadeStaysAsAFreeEntry)
 {
     const Model model = load();
-    model->storeAction(codeOf("U1"), action("U1"), true);
+    model->storeAction(codeOf("U1"), soundAction("U1"), true);
     model->removeAction(codeOf("U1"));
     EXPECT_EQ(shapeOf(model->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0 U1:0");
 }
@@ -313,7 +314,7 @@ using ResetAction = ModelTest;
 
 TEST_F(ResetAction, GivesTheDefaultsBackAndKeepsTheState)
 {
-    project.putAction(action("W").gamu(9.0f));
+    project.putAction(soundAction("W").gamu(9.0f));
     const Model model = load();
     model->resetAction(codeOf("W"));
     EXPECT_EQ(found(*model, "W").gamu, 1.5f);
@@ -322,7 +323,7 @@ TEST_F(ResetAction, GivesTheDefaultsBackAndKeepsTheState)
 
 TEST_F(ResetAction, AnOwnActionHasNoDefaults)
 {
-    project.putAction(action("U1").gamu(9.0f));
+    project.putAction(soundAction("U1").gamu(9.0f));
     const Model model = load();
     model->resetAction(codeOf("U1"));
     EXPECT_EQ(found(*model, "U1").gamu, 9.0f);

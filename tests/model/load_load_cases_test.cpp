@@ -2,12 +2,12 @@
 
 namespace {
 
-using mrl::test::action;
+using mrl::test::bareLoadCase;
 using mrl::test::codeOf;
 using mrl::test::found;
-using mrl::test::loadcase;
 using mrl::test::Model;
 using mrl::test::ModelTest;
+using mrl::test::soundAction;
 using mrl::test::titleOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -28,19 +28,19 @@ TEST_F(Loadcases, AnEmptyProjectHasNoneAndAsksAgain)
     const Model model = load();
     EXPECT_THAT(model->loadcases, IsEmpty());
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), IsEmpty());
-    project.putLoadcase(4, loadcase());
+    project.putLoadCase(4, bareLoadCase());
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(4));
-    project.putLoadcase(5, loadcase());
+    project.putLoadCase(5, bareLoadCase());
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(4)) << "filled once";
 }
 
 TEST_F(Loadcases, AreThoseOfKindsZeroAndOneInOrder)
 {
-    project.putLoadcase(30, loadcase());
-    project.putLoadcase(2, loadcase().kind(1));
-    project.putLoadcase(5, loadcase().kind(2));
-    project.putLoadcase(6, loadcase().kind(-1));
-    project.putLoadcase(999999, loadcase());
+    project.putLoadCase(30, bareLoadCase());
+    project.putLoadCase(2, bareLoadCase().kind(1));
+    project.putLoadCase(5, bareLoadCase().kind(2));
+    project.putLoadCase(6, bareLoadCase().kind(-1));
+    project.putLoadCase(999999, bareLoadCase());
     const Model model = load();
     EXPECT_THAT(numbersOf(*model), ElementsAre(2, 30, 999999));
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(2, 5, 6, 30, 999999))
@@ -49,16 +49,16 @@ TEST_F(Loadcases, AreThoseOfKindsZeroAndOneInOrder)
 
 TEST_F(Loadcases, TheKeyZeroIsNeverRead)
 {
-    project.putLoadcase(0, loadcase());
-    project.putLoadcase(1, loadcase());
+    project.putLoadCase(0, bareLoadCase());
+    project.putLoadCase(1, bareLoadCase());
     EXPECT_THAT(numbersOf(*load()), ElementsAre(1));
 }
 
 TEST_F(Loadcases, KeepEveryByteOfTheRecord)
 {
-    tagCDB_LC_CTRL record = loadcase("Q_1").title("Wind").deadWeight(1, 2, 3).factor(4).kind(1);
+    tagCDB_LC_CTRL record = bareLoadCase("Q_1").title("Wind").deadWeight(1, 2, 3).factor(4).kind(1);
     record.reserved3[7] = 99;
-    project.putLoadcase(8, record);
+    project.putLoadCase(8, record);
     const Model model = load();
     EXPECT_EQ(std::memcmp(&model->loadcases[0].record, &record, sizeof record), 0);
 }
@@ -66,7 +66,7 @@ TEST_F(Loadcases, KeepEveryByteOfTheRecord)
 TEST_F(Loadcases, ALongerRecordIsCutToItsBeginning)
 {
     std::vector<unsigned char> longer(3000, 0);
-    const tagCDB_LC_CTRL record = loadcase("G").title("long");
+    const tagCDB_LC_CTRL record = bareLoadCase("G").title("long");
     std::memcpy(longer.data(), &record, sizeof record);
     longer[188] = 77;
     const int length = 3000;
@@ -77,29 +77,29 @@ TEST_F(Loadcases, ALongerRecordIsCutToItsBeginning)
 
 TEST_F(Loadcases, AShorterRecordBehindALongerOneHasZeros)
 {
-    project.putLoadcase(1, loadcase("G").title("full"));
+    project.putLoadCase(1, bareLoadCase("G").title("full"));
     const int words[2] = {0, 70};
     project.put(LC_KWH_CASES, 2, words);
     const Model model = load();
-    const tagCDB_LC_CTRL expected = loadcase().action(70);
+    const tagCDB_LC_CTRL expected = bareLoadCase().action(70);
     EXPECT_EQ(std::memcmp(&model->loadcases[1].record, &expected, sizeof expected), 0);
 }
 
 TEST_F(Loadcases, OnlyTheFirstRecordOfAKeyCounts)
 {
-    project.putLoadcase(1, loadcase().kind(3));
-    project.append(LC_KWH_CASES, 1, loadcase().record());
+    project.putLoadCase(1, bareLoadCase().kind(3));
+    project.append(LC_KWH_CASES, 1, bareLoadCase().record());
     EXPECT_THAT(load()->loadcases, IsEmpty());
 }
 
 TEST_F(Loadcases, OldActionNumbersBecomeCodes)
 {
-    project.putAction(action("MY"));
+    project.putAction(soundAction("MY"));
     const int words[] = {0, 70, 2, 12, 2, codeOf("MY"), 55, codeOf("ZZ")};
     const int expected[] = {0, 70, codeOf("G"), codeOf("Q"), codeOf("G"), codeOf("MY"), 55, codeOf("ZZ")};
     int number = 0;
     for (const int word : words) {
-        project.putLoadcase(++number, loadcase().action(word));
+        project.putLoadCase(++number, bareLoadCase().action(word));
     }
     const Model model = load();
     for (std::size_t i = 0; i < std::size(words); ++i) {
@@ -109,8 +109,8 @@ TEST_F(Loadcases, OldActionNumbersBecomeCodes)
 
 TEST_F(Loadcases, UsedNumbersShrinkOneByOne)
 {
-    project.putLoadcase(1, loadcase());
-    project.putLoadcase(2, loadcase());
+    project.putLoadCase(1, bareLoadCase());
+    project.putLoadCase(2, bareLoadCase());
     const Model model = load();
     model->removeUsedLoadcaseNumber(1);
     model->removeUsedLoadcaseNumber(17);
@@ -122,16 +122,16 @@ TEST_F(Loadcases, UsedNumbersShrinkOneByOne)
 TEST_F(Loadcases, RemovingFromNoUsedNumbersChangesNothing)
 {
     const Model model = load();
-    project.putLoadcase(1, loadcase());
+    project.putLoadCase(1, bareLoadCase());
     model->removeUsedLoadcaseNumber(1);
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(1));
 }
 
 TEST_F(Loadcases, UsedNumbersAreThoseOfTheConstruction)
 {
-    project.putLoadcase(1, loadcase());
+    project.putLoadCase(1, bareLoadCase());
     const Model model = load();
-    project.putLoadcase(2, loadcase());
+    project.putLoadCase(2, bareLoadCase());
     EXPECT_THAT(model->getUsedLoadcaseNumbers(), ElementsAre(1));
 }
 
@@ -139,8 +139,8 @@ using WorkingModel = ModelTest;
 
 TEST_F(WorkingModel, LeavesItsDatabaseCurrentAndTheProjectAsItIs)
 {
-    project.putAction(action("G"));
-    project.putLoadcase(1, loadcase("G"));
+    project.putAction(soundAction("G"));
+    project.putLoadCase(1, bareLoadCase("G"));
     const auto before = project.fingerprint();
     const Model model = load();
     EXPECT_EQ(mrl_cdb_status(-1), db);
@@ -164,13 +164,13 @@ TEST_F(WorkingModel, LivesUntilItsLastRelease)
 
 TEST_F(WorkingModel, FindsInTheTreeThatIsAskedFor)
 {
-    project.putAction(action("W").title("stored"));
-    project.putAction(action("U1"));
+    project.putAction(soundAction("W").title("stored"));
+    project.putAction(soundAction("U1"));
     const Model model = load();
     EXPECT_EQ(titleOf(found(*model, "W")), "stored");
     EXPECT_EQ(titleOf(found(*model, "W", true)), "Wind");
-    EXPECT_EQ(titleOf(found(*model, "Q_1", true)), "Group 1");
-    tagCDB_LC_ACT record = action("A").title("as it was");
+    EXPECT_EQ(titleOf(found(*model, "Q_1", true)), "Offices");
+    tagCDB_LC_ACT record = soundAction("A").title("as it was");
     EXPECT_EQ(model->findAction(codeOf("U1"), record, true), 0);
     EXPECT_EQ(model->findAction(codeOf("ZZ"), record, false), 0);
     EXPECT_EQ(titleOf(record), "as it was");
@@ -178,9 +178,9 @@ TEST_F(WorkingModel, FindsInTheTreeThatIsAskedFor)
 
 TEST_F(WorkingModel, ListsActiveActionsParentsFirst)
 {
-    project.putAction(action("Q_1"));
-    project.putAction(action("W"));
-    project.putAction(action("U1"));
+    project.putAction(soundAction("Q_1"));
+    project.putAction(soundAction("W"));
+    project.putAction(soundAction("U1"));
     const Model model = load();
     std::vector<tagCDB_LC_ACT> records(3);
     EXPECT_TRUE(model->activeActions(records));
@@ -200,7 +200,8 @@ TEST_F(WorkingModel, ANewEntryIsOwnedButNotInTheTree)
     const std::size_t before = model->actions.size();
     std::vector<LCM_ActionEntry*> entries;
     for (int i = 0; i < 1000; ++i) {
-        entries.push_back(model->newEntry(action("U1").title(QString::number(i)), LCM_STATE_ACTIVE, true));
+        entries.push_back(
+            model->newEntry(soundAction("U1").title(QString::number(i)), LCM_STATE_ACTIVE, true));
     }
     EXPECT_EQ(model->actions.size(), before);
     EXPECT_EQ(titleOf(entries[0]->record), "0") << "pointers stay valid";

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "model/working_model.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 
 namespace mrl::test {
 

@@ -4,14 +4,14 @@
 
 namespace {
 
-using mrl::test::action;
+using mrl::test::bareLoadCase;
 using mrl::test::codeOf;
-using mrl::test::DesignCodeFile;
+using mrl::test::DesignCodeBuilder;
 using mrl::test::found;
-using mrl::test::loadcase;
 using mrl::test::Model;
 using mrl::test::ModelTest;
 using mrl::test::shapeOf;
+using mrl::test::soundAction;
 using mrl::test::titleOf;
 
 using StoreAction = ModelTest;
@@ -19,8 +19,8 @@ using StoreAction = ModelTest;
 TEST_F(StoreAction, PutsTheRecordIntoTheEntryAndKeepsItsState)
 {
     const Model model = load();
-    model->storeAction(codeOf("W"), action("W").title("stored"), false);
-    model->storeAction(codeOf("Q_1"), action("Q_1").title("stored too"), false);
+    model->storeAction(codeOf("W"), soundAction("W").title("stored"), false);
+    model->storeAction(codeOf("Q_1"), soundAction("Q_1").title("stored too"), false);
     EXPECT_EQ(titleOf(found(*model, "W")), "stored");
     EXPECT_EQ(titleOf(found(*model, "Q_1")), "stored too");
     EXPECT_EQ(shapeOf(model->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
@@ -29,16 +29,16 @@ TEST_F(StoreAction, PutsTheRecordIntoTheEntryAndKeepsItsState)
 TEST_F(StoreAction, TheCodeOfAnEntryStaysWhateverTheRecordIsNamed)
 {
     const Model model = load();
-    model->storeAction(codeOf("W"), action("ZZ"), false);
+    model->storeAction(codeOf("W"), soundAction("ZZ"), false);
     EXPECT_EQ(shapeOf(model->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
 }
 
 TEST_F(StoreAction, AppendsAnUnknownActionOnlyWhenItMay)
 {
     const Model model = load();
-    model->storeAction(codeOf("U1"), action("U1"), false);
+    model->storeAction(codeOf("U1"), soundAction("U1"), false);
     EXPECT_EQ(shapeOf(model->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0");
-    model->storeAction(codeOf("U1"), action("U1"), true);
+    model->storeAction(codeOf("U1"), soundAction("U1"), true);
     EXPECT_EQ(shapeOf(model->actions), "G:1 P:0 Q:1(Q_1:0) W:0 A:0 E:0 U1:1")
         << "not marked as the user's own";
 }
@@ -47,10 +47,10 @@ TEST_F(StoreAction, ManyAtOnceAreTheSameAsOneByOne)
 {
     const Model one = load();
     const Model many = load();
-    const std::vector<LCM_CodedAction> rows = {{codeOf("W"), action("W").title("1")},
-                                               {codeOf("U1"), action("U1").title("2")},
-                                               {codeOf("U1"), action("U1").title("3")},
-                                               {codeOf("Q_1"), action("Q_1").title("4")}};
+    const std::vector<LCM_CodedAction> rows = {{codeOf("W"), soundAction("W").title("1")},
+                                               {codeOf("U1"), soundAction("U1").title("2")},
+                                               {codeOf("U1"), soundAction("U1").title("3")},
+                                               {codeOf("Q_1"), soundAction("Q_1").title("4")}};
     for (const LCM_CodedAction& row : rows) {
         one->storeAction(row.code, row.record, true);
     }
@@ -71,15 +71,15 @@ TEST_F(WriteActions, StoresTheActiveEntriesAndNothingElse)
     EXPECT_TRUE(project.hasKey(LC_KWH_ACTIONS, codeOf("G")));
     EXPECT_TRUE(project.hasKey(LC_KWH_ACTIONS, codeOf("Q")));
     EXPECT_FALSE(project.hasKey(LC_KWH_ACTIONS, codeOf("W")));
-    EXPECT_EQ(titleOf(project.storedAction("G")), "Permanent");
+    EXPECT_EQ(titleOf(project.storedAction("G")), "Permanent load");
     EXPECT_EQ(project.bytes(LC_KWH_ACTIONS, codeOf("G")).size(), 112u);
 }
 
 TEST_F(WriteActions, AnActionTakenOutHasNoKeyAfterwards)
 {
-    project.putAction(action("W"));
-    project.putAction(action("U1"));
-    project.putAction(action("A"));
+    project.putAction(soundAction("W"));
+    project.putAction(soundAction("U1"));
+    project.putAction(soundAction("A"));
     const Model model = load();
     model->removeActions({codeOf("W"), codeOf("U1")});
     model->writeActions(db);
@@ -90,7 +90,7 @@ TEST_F(WriteActions, AnActionTakenOutHasNoKeyAfterwards)
 
 TEST_F(WriteActions, OtherModulesKeysStay)
 {
-    const tagCDB_LC_ACT foreign = action("W").title("foreign");
+    const tagCDB_LC_ACT foreign = soundAction("W").title("foreign");
     for (const int key : {-5, 3, 0x2020201F, 0x20202020, codeOf("Y1"), codeOf("Y")}) {
         project.putAction(key, foreign);
     }
@@ -108,15 +108,15 @@ TEST_F(WriteActions, OtherModulesKeysStay)
 
 TEST_F(WriteActions, KeysOfNegativeCodesAreBelowTheWordOfBlanksAndStay)
 {
-    project.putAction(static_cast<int>(0xC3434241u), action("W"));
+    project.putAction(static_cast<int>(0xC3434241u), soundAction("W"));
     load()->writeActions(db);
     EXPECT_TRUE(project.hasKey(LC_KWH_ACTIONS, static_cast<int>(0xC3434241u)));
 }
 
 TEST_F(WriteActions, APlaceholderIsNotWrittenButItsActiveChildIs)
 {
-    useCode(DesignCodeFile().add(action("Q_1")).add(action("Q_2")));
-    project.putAction(action("Q_1"));
+    useCode(DesignCodeBuilder().add(soundAction("Q_1")).add(soundAction("Q_2")));
+    project.putAction(soundAction("Q_1"));
     const Model model = load();
     ASSERT_EQ(shapeOf(model->actions), "Q:-1(Q_1:1 Q_2:0)");
     model->writeActions(db);
@@ -127,7 +127,7 @@ TEST_F(WriteActions, APlaceholderIsNotWrittenButItsActiveChildIs)
 
 TEST_F(WriteActions, AnActiveChildOfAFreeParentIsWritten)
 {
-    project.putAction(action("Q_1"));
+    project.putAction(soundAction("Q_1"));
     const Model model = load();
     model->writeActions(db);
     EXPECT_TRUE(project.hasKey(LC_KWH_ACTIONS, codeOf("Q_1")));
@@ -150,7 +150,7 @@ TEST_F(WriteActions, AnAccidentalFactorOfZeroBecomesAThousandth)
                                              {0.0000001f, 0.001f}, {0.0000002f, 0.0000002f},
                                              {1.0f, 1.0f},         {0.001f, 0.001f}};
     for (const auto& [before, after] : cases) {
-        project.putAction(action("G").gama(before));
+        project.putAction(soundAction("G").gama(before));
         const Model model = load();
         model->writeActions(db);
         EXPECT_EQ(project.storedAction("G").gama, after) << before;
@@ -161,7 +161,7 @@ TEST_F(WriteActions, AnAccidentalFactorOfZeroBecomesAThousandth)
 TEST_F(WriteActions, TheKeyIsTheEntrysCodeWhateverTheRecordIsNamed)
 {
     const Model model = load();
-    model->storeAction(codeOf("G"), action("ZZ"), false);
+    model->storeAction(codeOf("G"), soundAction("ZZ"), false);
     model->writeActions(db);
     EXPECT_EQ(lcm_action_code(project.storedAction("G")), codeOf("ZZ"));
 }
@@ -179,19 +179,19 @@ using WriteLoadcases = ModelTest;
 
 TEST_F(WriteLoadcases, ReplacesOwnLoadCasesAndLeavesForeignOnes)
 {
-    project.putLoadcase(1, loadcase("G").title("stays"));
-    project.putLoadcase(2, loadcase("G").kind(1).title("goes"));
-    project.putLoadcase(3, loadcase().kind(2).title("foreign"));
-    project.putLoadcase(4, loadcase().kind(-1).title("foreign"));
+    project.putLoadCase(1, bareLoadCase("G").title("stays"));
+    project.putLoadCase(2, bareLoadCase("G").kind(1).title("goes"));
+    project.putLoadCase(3, bareLoadCase().kind(2).title("foreign"));
+    project.putLoadCase(4, bareLoadCase().kind(-1).title("foreign"));
     const Model model = load();
     model->loadcases.pop_back();
-    model->loadcases.push_back({7, loadcase("Q").title("new")});
+    model->loadcases.push_back({7, bareLoadCase("Q").title("new")});
     model->writeLoadcases(db);
-    EXPECT_EQ(lcm_title_text(project.storedLoadcase(1).title), "stays");
+    EXPECT_EQ(lcm_title_text(project.storedLoadCase(1).title), "stays");
     EXPECT_FALSE(project.hasKey(LC_KWH_CASES, 2));
-    EXPECT_EQ(project.storedLoadcase(3).kind, 2);
-    EXPECT_EQ(project.storedLoadcase(4).kind, -1);
-    EXPECT_EQ(lcm_title_text(project.storedLoadcase(7).title), "new");
+    EXPECT_EQ(project.storedLoadCase(3).kind, 2);
+    EXPECT_EQ(project.storedLoadCase(4).kind, -1);
+    EXPECT_EQ(lcm_title_text(project.storedLoadCase(7).title), "new");
 }
 
 TEST_F(WriteLoadcases, ALongForeignRecordStaysWholeAndAnOwnOneIsCut)
@@ -211,16 +211,16 @@ TEST_F(WriteLoadcases, ALongForeignRecordStaysWholeAndAnOwnOneIsCut)
 
 TEST_F(WriteLoadcases, ANumberThatAForeignRecordHoldsIsOverwrittenAsTold)
 {
-    project.putLoadcase(3, loadcase().kind(2));
+    project.putLoadCase(3, bareLoadCase().kind(2));
     const Model model = load();
-    model->loadcases.push_back({3, loadcase("G")});
+    model->loadcases.push_back({3, bareLoadCase("G")});
     model->writeLoadcases(db);
-    EXPECT_EQ(project.storedLoadcase(3).kind, 0);
+    EXPECT_EQ(project.storedLoadCase(3).kind, 0);
 }
 
 TEST_F(WriteLoadcases, WritesNothingButLoadCases)
 {
-    project.putAction(action("G"));
+    project.putAction(soundAction("G"));
     project.put(0, 97, 5);
     project.put(11, 1, 5);
     project.put(13, 1, 5);
@@ -232,7 +232,7 @@ TEST_F(WriteLoadcases, WritesNothingButLoadCases)
 TEST_F(WriteLoadcases, ThousandsComeBackAsTheyWere)
 {
     for (int i = 1; i <= 2000; ++i) {
-        project.putLoadcase(i, loadcase(i % 3 == 0 ? "G" : "Q").factor(static_cast<float>(i)));
+        project.putLoadCase(i, bareLoadCase(i % 3 == 0 ? "G" : "Q").factor(static_cast<float>(i)));
     }
     const auto before = project.fingerprint();
     load()->writeLoadcases(db);
@@ -251,18 +251,18 @@ TEST_F(Superposition, AnEmptyProjectHasNeitherKeysNorContent)
 TEST_F(Superposition, KeysAreLookedForAtTheFirstKeyOnly)
 {
     const Model model = load();
-    project.putAction(action("G"));
+    project.putAction(soundAction("G"));
     EXPECT_FALSE(model->hasSuperpositionKeys());
-    project.putAction(0x20202020, action("G"));
+    project.putAction(0x20202020, soundAction("G"));
     EXPECT_FALSE(model->hasSuperpositionKeys()) << "the word of blanks is no number";
-    project.putAction(0x2020201F, action("G"));
+    project.putAction(0x2020201F, soundAction("G"));
     EXPECT_TRUE(model->hasSuperpositionKeys());
 }
 
 TEST_F(Superposition, TheKeyZeroAndNegativeKeysAreNotLookedAt)
 {
-    project.putAction(0, action("G"));
-    project.putAction(-1, action("G"));
+    project.putAction(0, soundAction("G"));
+    project.putAction(-1, soundAction("G"));
     const Model model = load();
     EXPECT_FALSE(model->hasSuperpositionKeys());
     EXPECT_FALSE(model->hasSuperpositionContent());
@@ -270,7 +270,7 @@ TEST_F(Superposition, TheKeyZeroAndNegativeKeysAreNotLookedAt)
 
 TEST_F(Superposition, ANumberInTheNextGroupIsNone)
 {
-    project.put(15, 3, action("G").record());
+    project.put(15, 3, soundAction("G").record());
     const Model model = load();
     EXPECT_FALSE(model->hasSuperpositionKeys());
     EXPECT_FALSE(model->hasSuperpositionContent());
@@ -310,7 +310,7 @@ TEST_F(Superposition, ContentIsALaterRecordOfKindTwoWithAPositiveWord)
 
 TEST_F(Superposition, ActionsThemselvesAreNoContent)
 {
-    project.putAction(action("G"));
+    project.putAction(soundAction("G"));
     project.putAction(0x20202020, words(1, 1));
     EXPECT_FALSE(load()->hasSuperpositionContent());
 }

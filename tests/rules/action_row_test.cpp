@@ -10,8 +10,8 @@
 #include "rules/action_row.h"
 #include "tests/support/action_builder.h"
 
-using mrl::test::action;
 using mrl::test::ActionBuilder;
+using mrl::test::soundAction;
 
 namespace {
 
@@ -77,9 +77,9 @@ tagCDB_LC_ACT randomRecord(std::mt19937& random)
 
 TEST(ActionRow, NameShowsTheFourCharactersOfTheCode)
 {
-    EXPECT_EQ(lcm_action_cells(action("G")).name, QStringLiteral("G   "));
-    EXPECT_EQ(lcm_action_cells(action("Q_1")).name, QStringLiteral("Q_1 "));
-    EXPECT_EQ(lcm_action_cells(action("ABCD")).name, QStringLiteral("ABCD"));
+    EXPECT_EQ(lcm_action_cells(soundAction("G")).name, QStringLiteral("G   "));
+    EXPECT_EQ(lcm_action_cells(soundAction("Q_1")).name, QStringLiteral("Q_1 "));
+    EXPECT_EQ(lcm_action_cells(soundAction("ABCD")).name, QStringLiteral("ABCD"));
 }
 
 TEST(ActionRow, PlainCategoryShowsItsNumber)
@@ -146,14 +146,14 @@ TEST(ActionRow, OtherValuesOfGamaShowAsTheyAre)
 
 TEST(ActionRow, ShownGamaGoesIntoTheRecordAsItStands)
 {
-    EXPECT_EQ(throughRow(action().gama(0.0f)).gama, 1.0f);
-    EXPECT_EQ(throughRow(action().gama(0.001f)).gama, 0.0f);
+    EXPECT_EQ(throughRow(soundAction().gama(0.0f)).gama, 1.0f);
+    EXPECT_EQ(throughRow(soundAction().gama(0.001f)).gama, 0.0f);
 }
 
 TEST(ActionRow, EveryFactorStandsInItsOwnColumn)
 {
     const LCM_ActionCells cells =
-        lcm_action_cells(action().gamu(1).gamf(2).gama(3).psi0(4).psi1(5).psi2(6).psi1s(7));
+        lcm_action_cells(soundAction().gamu(1).gamf(2).gama(3).psi0(4).psi1(5).psi2(6).psi1s(7));
     const std::pair<int, float> expected[] = {
         {ACT_COL_GAMU, 1.0f}, {ACT_COL_GAMF, 2.0f}, {ACT_COL_GAMA, 3.0f}, {ACT_COL_PSI0, 4.0f},
         {ACT_COL_PSI1, 5.0f}, {ACT_COL_PSI2, 6.0f}, {ACT_COL_PSI1S, 7.0f}};
@@ -190,12 +190,12 @@ TEST(ActionRow, SuffixKeepsItsFirstCharacterOnly)
 
 TEST(ActionRow, NamesThatShareTheirFourBytesShareTheCode)
 {
-    EXPECT_EQ(lcm_action_cells(action("G_123")).name, lcm_action_cells(action("G_124")).name);
+    EXPECT_EQ(lcm_action_cells(soundAction("G_123")).name, lcm_action_cells(soundAction("G_124")).name);
 }
 
 TEST(ActionRow, SuffixBehindFourCharactersIsLost)
 {
-    const tagCDB_LC_ACT record = throughRow(action("ABCD_1"));
+    const tagCDB_LC_ACT record = throughRow(soundAction("ABCD_1"));
     EXPECT_EQ(std::memcmp(record.name, "ABCD", 4), 0);
     EXPECT_EQ(record.suffix, 0);
 }
@@ -227,38 +227,38 @@ TEST(ActionRow, TitleKeepsThirtyThreeUnits)
 
 TEST(ActionRow, TitleKeepsBlanksAtItsEnd)
 {
-    EXPECT_TRUE(sameBytes(throughRow(action().title("a title  ")), action().title("a title  ")));
+    EXPECT_TRUE(sameBytes(throughRow(soundAction().title("a title  ")), soundAction().title("a title  ")));
 }
 
 TEST(ActionRow, KindOfARowIsAlwaysOne)
 {
-    tagCDB_LC_ACT stored = action();
+    tagCDB_LC_ACT stored = soundAction();
     stored.kind = 3;
     EXPECT_EQ(throughRow(stored).kind, 1);
 }
 
 TEST(ActionRow, CategoryBesideALoadGroupBecomesQ)
 {
-    EXPECT_EQ(throughRow(action().partition(0x210)).partition, 0x230);
+    EXPECT_EQ(throughRow(soundAction().partition(0x210)).partition, 0x230);
 }
 
 TEST(ActionRow, SuperpositionSevenIsWrittenAsEight)
 {
-    EXPECT_EQ(throughRow(action().partition(0x37)).partition, 0x38);
+    EXPECT_EQ(throughRow(soundAction().partition(0x37)).partition, 0x38);
 }
 
 TEST(ActionRow, UnlistedSuperpositionIsKept)
 {
     for (int low = 9; low < 16; ++low) {
-        EXPECT_EQ(throughRow(action().partition(0x30 + low)).partition, 0x30 + low);
+        EXPECT_EQ(throughRow(soundAction().partition(0x30 + low)).partition, 0x30 + low);
     }
 }
 
 TEST(ActionRow, NotANumberAndInfinityAreKept)
 {
     const float infinity = std::numeric_limits<float>::infinity();
-    const tagCDB_LC_ACT record =
-        throughRow(action().gamu(std::numeric_limits<float>::quiet_NaN()).gama(-infinity).psi0(infinity));
+    const tagCDB_LC_ACT record = throughRow(
+        soundAction().gamu(std::numeric_limits<float>::quiet_NaN()).gama(-infinity).psi0(infinity));
     EXPECT_TRUE(std::isnan(record.gamu));
     EXPECT_EQ(record.gama, -infinity);
     EXPECT_EQ(record.psi0, infinity);

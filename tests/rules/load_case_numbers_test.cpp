@@ -6,11 +6,13 @@
 #include <limits>
 #include <random>
 
-#include "support/loadcase_builders.h"
+#include "tests/support/action_builder.h"
+#include "tests/support/bytes.h"
+#include "tests/support/load_case_builder.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 TEST(NextNumber, EmptyTableBeginsAtOneWhateverIsUsed)
 {
@@ -134,14 +136,14 @@ TEST(DefaultAction, FirstLoadCaseIsDeadSecondLiveLaterOnesKeepTheirs)
 TEST(DefaultAction, BindsTheRecordToIt)
 {
     tagCDB_LC_CTRL record = standalone();
-    lcm_bind_default_action(action("Q"), true, record);
-    EXPECT_TRUE(sameBytes(record, following(code("Q"))));
+    lcm_bind_default_action(bareAction("Q"), true, record);
+    EXPECT_TRUE(sameBytes(record, following(codeOf("Q"))));
 }
 
 TEST(DefaultAction, ThatTheProjectLacksLeavesNone)
 {
-    tagCDB_LC_CTRL record = following(code("Q"));
-    lcm_bind_default_action(action("Q").all(1.5f), false, record);
+    tagCDB_LC_CTRL record = following(codeOf("Q"));
+    lcm_bind_default_action(bareAction("Q").factors(1.5f), false, record);
     EXPECT_TRUE(sameBytes(record, standalone()));
 }
 

@@ -5,12 +5,15 @@
 #include <cmath>
 
 #include "lcdata/values/packing.h"
-#include "support/loadcase_builders.h"
-#include "support/record_layout.h"
+#include "tests/support/action_builder.h"
+#include "tests/support/bytes.h"
+#include "tests/support/load_case_builder.h"
+#include "tests/support/load_case_setup.h"
+#include "tests/support/record_layout.h"
 
 namespace {
 
-using namespace lctest;
+using namespace mrl::test;
 
 LCM_LoadCaseFactors cells(float gamu, float gama, float psi1 = 0.0f, float psi1s = 0.0f)
 {
@@ -22,7 +25,7 @@ LCM_LoadCaseFactors cells(float gamu, float gama, float psi1 = 0.0f, float psi1s
     return result;
 }
 
-tagCDB_LC_CTRL stored(const LCM_LoadCaseFactors& row, const LCM_LoadCaseSetup& columns = setup())
+tagCDB_LC_CTRL stored(const LCM_LoadCaseFactors& row, const LCM_LoadCaseSetup& columns = setupOfAllFactors())
 {
     tagCDB_LC_CTRL record{};
     lcm_store_factors(row, columns, record);
@@ -79,21 +82,21 @@ TEST(LoadcasePacking, FactorWithoutAColumnIsZero)
 {
     LCM_LoadCaseFactors row;
     row.fill(0.5f);
-    LCM_LoadCaseSetup none = setup();
+    LCM_LoadCaseSetup none = setupOfAllFactors();
     none.factorColumns.fill(false);
     EXPECT_TRUE(sameBytes(stored(row, none), tagCDB_LC_CTRL{}));
 
-    LCM_LoadCaseSetup withoutMain = setup();
+    LCM_LoadCaseSetup withoutMain = setupOfAllFactors();
     withoutMain.factorColumns[LCM_FactorId::Gamu] = false;
     EXPECT_EQ(bits(stored(row, withoutMain).gamu), bits(0.5e-4f));
 }
 
 TEST(LoadcaseRow, RecordWithAnActionHoldsUndefinedFactorsOnly)
 {
-    for (const int word : {70, code("G"), code("gone")}) {
+    for (const int word : {70, codeOf("G"), codeOf("gone")}) {
         tagCDB_LC_CTRL record{};
         record.action = word;
-        lcm_store_factors(cells(1.35f, 1.0f, 0.5f, 0.9f), setup(), record);
+        lcm_store_factors(cells(1.35f, 1.0f, 0.5f, 0.9f), setupOfAllFactors(), record);
         EXPECT_TRUE(sameBytes(record, [&] {
             tagCDB_LC_CTRL expected = following(word);
             expected.factor = 0.0f;
@@ -141,10 +144,10 @@ TEST(LoadcaseRow, EveryFactorHasItsPlaceInTheRecordBothWays)
 
 TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)
 {
-    tagCDB_LC_CTRL record = following(code("G"));
+    tagCDB_LC_CTRL record = following(codeOf("G"));
     record.gamu = 9.0f;
     const tagCDB_LC_ACT g =
-        action("G").gamu(1.35f).gamf(1.0f).gama(1.1f).psi0(0.7f).psi1(0.5f).psi2(0.3f).psi1s(0.9f);
+        bareAction("G").gamu(1.35f).gamf(1.0f).gama(1.1f).psi0(0.7f).psi1(0.5f).psi2(0.3f).psi1s(0.9f);
     const LCM_LoadCaseFactors shown = lcm_shown_factors(record, &g);
     EXPECT_EQ(shown[LCM_FactorId::Gamu], 1.35f);
     EXPECT_EQ(shown[LCM_FactorId::Gamf], 1.0f);
@@ -157,9 +160,9 @@ TEST(LoadcaseRow, ShowsTheActionsFactorsAndNotTheRecords)
 
 TEST(LoadcaseRow, ImperfectionAndMissingActionShowZeros)
 {
-    const tagCDB_LC_ACT g = action("G").all(1.0f);
+    const tagCDB_LC_ACT g = bareAction("G").factors(1.0f);
     for (const auto& shown :
-         {lcm_shown_factors(following(70), &g), lcm_shown_factors(following(code("X")), nullptr)}) {
+         {lcm_shown_factors(following(70), &g), lcm_shown_factors(following(codeOf("X")), nullptr)}) {
         for (const LCM_Factor& factor : LCM_FACTORS) {
             EXPECT_EQ(shown[factor.id], 0.0f) << factor.key;
         }
@@ -170,8 +173,8 @@ TEST(LoadcaseRow, UndefinedFactorsOfALoadCaseWithoutActionSurviveFillAndRead)
 {
     tagCDB_LC_CTRL record = standalone();
     record.gamu = record.gamf = record.psi0 = record.psi1 = record.psi2 = LC_UNDEFINED;
-    const LCM_LoadCaseRow row = lcm_row_of_record(1, record, nullptr, setup());
-    EXPECT_TRUE(sameBytes(lcm_record_of_row(row, setup()), record));
+    const LCM_LoadCaseRow row = lcm_row_of_record(1, record, nullptr, setupOfAllFactors());
+    EXPECT_TRUE(sameBytes(lcm_record_of_row(row, setupOfAllFactors()), record));
 }
 
 struct DeadWeightCase
@@ -193,8 +196,8 @@ TEST_P(LoadcaseDeadWeight, IsStoredBySignClassAndBox)
 {
     const auto& param = GetParam();
     tagCDB_LC_CTRL record{};
-    lcm_store_dead_weight({2.0f, 3.0f, -4.0f, 5.0f}, setup(param.gravity, param.systemClass, param.box),
-                          record);
+    lcm_store_dead_weight({2.0f, 3.0f, -4.0f, 5.0f},
+                          setupOfAllFactors(param.gravity, param.systemClass, param.box), record);
     EXPECT_EQ(record.dlx, param.expected[0]);
     EXPECT_EQ(record.dly, param.expected[1]);
     EXPECT_EQ(record.dlz, param.expected[2]);
@@ -228,16 +231,16 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(LoadcaseDeadWeight, NegativeInputMeansItsAmount)
 {
     tagCDB_LC_CTRL record{};
-    lcm_store_dead_weight({-1.0f, 0, 0, 0}, setup(-3), record);
+    lcm_store_dead_weight({-1.0f, 0, 0, 0}, setupOfAllFactors(-3), record);
     EXPECT_EQ(record.dlz, -1.0f);
 }
 
 TEST(LoadcaseDeadWeight, ZeroAlongGravityIsStoredAsPlainZero)
 {
     tagCDB_LC_CTRL record{};
-    lcm_store_dead_weight({}, setup(-3), record);
+    lcm_store_dead_weight({}, setupOfAllFactors(-3), record);
     EXPECT_EQ(bits(record.dlz), 0u);
-    lcm_store_dead_weight({}, setup(-3, 0, true), record);
+    lcm_store_dead_weight({}, setupOfAllFactors(-3, 0, true), record);
     EXPECT_EQ(bits(record.dlz), 0u);
 }
 
@@ -270,11 +273,11 @@ TEST(LoadcaseRow, RebuiltRecordStartsFromZerosAndHasFactorOne)
     LCM_LoadCaseRow row;
     row.number = 7;
     row.title = "Wind";
-    row.action = code("W");
-    tagCDB_LC_CTRL expected = following(code("W"));
+    row.action = codeOf("W");
+    tagCDB_LC_CTRL expected = following(codeOf("W"));
     expected.title[0] = 0x00690057u; // "Wi", the earlier unit in the low half
     expected.title[1] = 0x0064006Eu; // "nd"
-    EXPECT_TRUE(sameBytes(lcm_record_of_row(row, setup()), expected));
+    EXPECT_TRUE(sameBytes(lcm_record_of_row(row, setupOfAllFactors()), expected));
 }
 
 TEST(LoadcaseRow, ChangeOfActionKeepsTitleAndDeadWeightAndDropsFactors)
@@ -284,8 +287,8 @@ TEST(LoadcaseRow, ChangeOfActionKeepsTitleAndDeadWeightAndDropsFactors)
     record.psi0 = 0.4f;
     record.dlz = -1.0f;
     record.title[0] = 0x41;
-    const tagCDB_LC_CTRL bound = lcm_record_with_action(record, code("Q"));
-    tagCDB_LC_CTRL expected = following(code("Q"));
+    const tagCDB_LC_CTRL bound = lcm_record_with_action(record, codeOf("Q"));
+    tagCDB_LC_CTRL expected = following(codeOf("Q"));
     expected.dlz = -1.0f;
     expected.title[0] = 0x41;
     EXPECT_TRUE(sameBytes(bound, expected));
@@ -299,18 +302,18 @@ TEST(LoadcaseRow, ChangeOfActionKeepsTitleAndDeadWeightAndDropsFactors)
 
 TEST(LoadcaseRow, CodesChangeCaseByteByByte)
 {
-    EXPECT_EQ(lcm_lower_code(code("Q_1")), code("q_1"));
-    EXPECT_EQ(lcm_lower_code(code("AB_C")), code("ab_c"));
-    EXPECT_EQ(lcm_upper_code(code("aBc")), code("ABC"));
-    EXPECT_EQ(lcm_lower_code(0x00000051), code("q")); // ends at the zero byte
+    EXPECT_EQ(lcm_lower_code(codeOf("Q_1")), codeOf("q_1"));
+    EXPECT_EQ(lcm_lower_code(codeOf("AB_C")), codeOf("ab_c"));
+    EXPECT_EQ(lcm_upper_code(codeOf("aBc")), codeOf("ABC"));
+    EXPECT_EQ(lcm_lower_code(0x00000051), codeOf("q")); // ends at the zero byte
     EXPECT_EQ(lcm_lower_code(0), 0x20202020);
     EXPECT_EQ(lcm_upper_code(0x51000000), 0x20202020);
 }
 
 TEST(LoadcaseRow, MarkerNamesTheCodeWithItsTrailingBlanks)
 {
-    EXPECT_EQ(lcm_missing_action_text(code("X")), "*** Action X    is missing ***");
-    EXPECT_EQ(lcm_missing_action_text(code("Ab_1")), "*** Action Ab_1 is missing ***");
+    EXPECT_EQ(lcm_missing_action_text(codeOf("X")), "*** Action X    is missing ***");
+    EXPECT_EQ(lcm_missing_action_text(codeOf("Ab_1")), "*** Action Ab_1 is missing ***");
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 #include "host/mrl_alib.h"
 #include "host/mrl_lib.h"
 #include "hostlib/data/cdb/project.h"
-#include "support/own_folder.h"
+#include "tests/support/own_folder.h"
 
 namespace {
 

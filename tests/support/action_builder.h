@@ -1,6 +1,6 @@
 #pragma once
 
-/// Builders of action records and limits: `action("Q_1").gamu(1.5f).psi(0.7f, 0.5f, 0.3f)`.
+/// Builders of action records and limits: `soundAction("Q_1").gamu(1.5f).psi0(0.7f).title("Offices")`.
 
 #include <QString>
 
@@ -10,9 +10,13 @@
 
 namespace mrl::test {
 
+/// The code of a name that is written as it is stored, such as "Q_1".
+inline int codeOf(const QString& name) { return lcm_pack_word(name); }
+
 class ActionBuilder
 {
   public:
+    /// @param name first part and suffix, such as "Q_1"
     explicit ActionBuilder(const QString& name)
     {
         m_record.kind = 1;
@@ -31,6 +35,11 @@ class ActionBuilder
     ActionBuilder& psi1(float value) { return m_record.psi1 = value, *this; }
     ActionBuilder& psi2(float value) { return m_record.psi2 = value, *this; }
     ActionBuilder& psi1s(float value) { return m_record.psi1s = value, *this; }
+    /// The same value for all factors.
+    ActionBuilder& factors(float value)
+    {
+        return gamu(value).gamf(value).gama(value).psi0(value).psi1(value).psi2(value).psi1s(value);
+    }
     ActionBuilder& title(const QString& text)
     {
         return lcm_title_pack(text, m_record.title, LC_TITLE_WORDS), *this;
@@ -43,25 +52,19 @@ class ActionBuilder
     tagCDB_LC_ACT m_record{};
 };
 
-/// An action whose factors break no rule under limits of 1: Gamu 1.35, Gamf 1, Gama 1 and all Psi 0.5.
-inline ActionBuilder action(const QString& name = QStringLiteral("Q"))
+/// An action with nothing but its name: no category, all factors 0.
+inline ActionBuilder bareAction(const QString& name) { return ActionBuilder(name); }
+
+/// A variable action whose factors break no rule under limits of 1: Gamu 1.35, Gamf 1, Gama 1 and all Psi 0.5.
+inline ActionBuilder soundAction(const QString& name = QStringLiteral("Q"))
 {
-    return ActionBuilder(name)
-        .partition(0x32)
-        .gamu(1.35f)
-        .gamf(1.0f)
-        .gama(1.0f)
-        .psi0(0.5f)
-        .psi1(0.5f)
-        .psi2(0.5f)
-        .psi1s(0.5f);
+    return bareAction(name).partition(0x32).factors(0.5f).gamu(1.35f).gamf(1.0f).gama(1.0f);
 }
 
+/// Limits of a design code that knows no factor: all 0.
+inline ActionBuilder noLimits() { return bareAction(QString()); }
+
 /// Limits of a design code that knows every factor, with 1 for all Psi.
-inline ActionBuilder limits()
-{
-    return ActionBuilder(QString()).gamu(1.0f).gamf(1.0f).gama(1.0f).psi0(1.0f).psi1(1.0f).psi2(1.0f).psi1s(
-        1.0f);
-}
+inline ActionBuilder limitsOfOne() { return noLimits().factors(1.0f); }
 
 } // namespace mrl::test

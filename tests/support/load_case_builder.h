@@ -1,6 +1,6 @@
 #pragma once
 
-/// Builder of load-case records: `loadcase("Q_1").title("Wind").deadWeight(0, 0, -1)`.
+/// Builders of load-case records: `loadCase("Q_1").title("Wind").deadWeight(0, 0, -1)`.
 
 #include <QString>
 
@@ -10,21 +10,27 @@
 
 namespace mrl::test {
 
-class LoadcaseBuilder
+class LoadCaseBuilder
 {
   public:
-    LoadcaseBuilder& kind(int value) { return m_record.kind = value, *this; }
-    LoadcaseBuilder& action(int word) { return m_record.action = word, *this; }
-    LoadcaseBuilder& action(const QString& name) { return action(lcm_normalise_code(name)); }
-    LoadcaseBuilder& factor(float value) { return m_record.factor = value, *this; }
-    LoadcaseBuilder& deadWeight(float x, float y, float z)
+    LoadCaseBuilder& kind(int value) { return m_record.kind = value, *this; }
+    LoadCaseBuilder& action(int word) { return m_record.action = word, *this; }
+    LoadCaseBuilder& action(const QString& name) { return action(lcm_pack_word(name)); }
+    LoadCaseBuilder& factor(float value) { return m_record.factor = value, *this; }
+    /// The five stored factors, those of which two share one among them: the same value for all.
+    LoadCaseBuilder& factors(float value)
+    {
+        m_record.gamu = m_record.gamf = m_record.psi0 = m_record.psi1 = m_record.psi2 = value;
+        return *this;
+    }
+    LoadCaseBuilder& deadWeight(float x, float y, float z)
     {
         m_record.dlx = x;
         m_record.dly = y;
         m_record.dlz = z;
         return *this;
     }
-    LoadcaseBuilder& title(const QString& text)
+    LoadCaseBuilder& title(const QString& text)
     {
         return lcm_title_pack(text, m_record.title, LC_TITLE_WORDS), *this;
     }
@@ -36,9 +42,18 @@ class LoadcaseBuilder
     tagCDB_LC_CTRL m_record{};
 };
 
-/// A load case without an action.
-inline LoadcaseBuilder loadcase() { return {}; }
-/// A load case of an action.
-inline LoadcaseBuilder loadcase(const QString& actionName) { return LoadcaseBuilder().action(actionName); }
+/// A record of zeros: without an action, and with a factor of 0.
+inline LoadCaseBuilder bareLoadCase() { return {}; }
+/// The same of an action.
+inline LoadCaseBuilder bareLoadCase(const QString& actionName) { return bareLoadCase().action(actionName); }
+
+/// A load case with a factor of 1 and without an action; its own factors are 0.
+inline LoadCaseBuilder standalone() { return bareLoadCase().factor(1.0f); }
+/// A load case with a factor of 1 that follows its action in all factors.
+inline LoadCaseBuilder following(const QString& actionName)
+{
+    return standalone().action(actionName).factors(LC_UNDEFINED);
+}
+inline LoadCaseBuilder following(int actionWord) { return following(QString()).action(actionWord); }
 
 } // namespace mrl::test

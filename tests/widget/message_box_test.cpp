@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "host/mrl_widgets.h"
-#include "support/modal_answers.h"
+#include "tests/support/modal_answers.h"
 
 namespace {
 

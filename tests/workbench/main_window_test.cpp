@@ -200,7 +200,7 @@ TEST_F(MainWindowTest, ChangesOfAnotherProgramAreNotOverwrittenUnasked)
 {
     open();
     storeDefaultActions();
-    tagCDB_LC_CTRL others = loadcase().title(QStringLiteral("Theirs"));
+    tagCDB_LC_CTRL others = bareLoadCase().title(QStringLiteral("Theirs"));
     OtherProgram(project.path()).put(LC_KWH_CASES, 5, others);
     answers.click(QStringLiteral("Cancel"));
     EXPECT_FALSE(window.slot_save());

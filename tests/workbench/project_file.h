@@ -7,7 +7,7 @@
 #include <string>
 
 #include "hostlib/data/cdb/project.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 #include "workbench/new_project.h"
 
 namespace mrl::test {
@@ -44,7 +44,7 @@ class OtherProgram
         mrl_cdb_free_ex(db(), kwh, kwl);
         return found;
     }
-    tagCDB_LC_CTRL loadcase(int number) const
+    tagCDB_LC_CTRL storedLoadCase(int number) const
     {
         tagCDB_LC_CTRL record{};
         int length = sizeof record;

@@ -8,7 +8,7 @@
 
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/packing.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/project_test.h"
 #include "tests/support/record_layout.h"
 #include "workbench/actions_model.h"
 #include "workbench/findings_model.h"
@@ -43,13 +43,13 @@ class SummaryTest : public ProjectTest
 
 TEST_F(SummaryTest, TellsActionsAndLoadCasesApartFromThoseOfOtherModules)
 {
-    project.putAction(action(QStringLiteral("G")));
-    project.putAction(action(QStringLiteral("Y1")));
-    project.putAction(17, action(QStringLiteral("SUP")));
-    project.putLoadcase(1, loadcase());
-    project.putLoadcase(2, loadcase().kind(1));
-    project.putLoadcase(3, loadcase().kind(2));
-    project.putLoadcase(4, loadcase().kind(-1));
+    project.putAction(soundAction(QStringLiteral("G")));
+    project.putAction(soundAction(QStringLiteral("Y1")));
+    project.putAction(17, soundAction(QStringLiteral("SUP")));
+    project.putLoadCase(1, bareLoadCase());
+    project.putLoadCase(2, bareLoadCase().kind(1));
+    project.putLoadCase(3, bareLoadCase().kind(2));
+    project.putLoadCase(4, bareLoadCase().kind(-1));
     const ProjectSummary summary = summarise(db);
     ASSERT_EQ(summary.actions.size(), 1u);
     EXPECT_EQ(summary.actions[0].code, codeOf("G"));
@@ -59,12 +59,12 @@ TEST_F(SummaryTest, TellsActionsAndLoadCasesApartFromThoseOfOtherModules)
 
 TEST_F(SummaryTest, OfSeveralDefinitionsOfAnActionShowsTheOneThatTheManagerShows)
 {
-    tagCDB_LC_ACT otherKind = action(QStringLiteral("G"));
+    tagCDB_LC_ACT otherKind = soundAction(QStringLiteral("G"));
     otherKind.kind = 2;
     project.putAction(otherKind);
-    project.append(LC_KWH_ACTIONS, codeOf("G"), tagCDB_LC_ACT(action(QStringLiteral("G")).gamu(1.2f)));
-    project.append(LC_KWH_ACTIONS, codeOf("G"), tagCDB_LC_ACT(action(QStringLiteral("G")).gamu(1.3f)));
-    project.putAction(LC_BLANK_WORD, action(QStringLiteral("X")));
+    project.append(LC_KWH_ACTIONS, codeOf("G"), tagCDB_LC_ACT(soundAction(QStringLiteral("G")).gamu(1.2f)));
+    project.append(LC_KWH_ACTIONS, codeOf("G"), tagCDB_LC_ACT(soundAction(QStringLiteral("G")).gamu(1.3f)));
+    project.putAction(LC_BLANK_WORD, soundAction(QStringLiteral("X")));
     const ProjectSummary summary = summarise(db);
     ASSERT_EQ(summary.actions.size(), 1u) << "neither twice nor without a name";
     EXPECT_EQ(summary.actions[0].record.gamu, 1.3f);
@@ -81,11 +81,11 @@ TEST_F(SummaryTest, SaysWhyTheDesignCodeCannotBeLoaded)
 
 TEST_F(SummaryTest, ShowsTheFactorsOfTheDesignCodeUnderItsSymbols)
 {
-    useCode(DesignCodeFile()
-                .marks(ActionBuilder(QString()).gamu(1.0f).gamf(1.0f).psi0(1.0f))
+    useCode(DesignCodeBuilder()
+                .marks(noLimits().gamu(1.0f).gamf(1.0f).psi0(1.0f))
                 .text("TXT_GAMU", "sup")
                 .text("TXT_GAMF", "none")
-                .add(action(QStringLiteral("G")), {2, 7}));
+                .add(soundAction(QStringLiteral("G")), {2, 7}));
     ActionsModel model(nullptr);
     const ProjectSummary summary = summarise(db);
     model.show(summary.actions, summary.factors);
@@ -95,11 +95,11 @@ TEST_F(SummaryTest, ShowsTheFactorsOfTheDesignCodeUnderItsSymbols)
 
 TEST_F(SummaryTest, ShowsTheFactorColumnsThatTheManagerShows)
 {
-    useCode(DesignCodeFile()
-                .marks(ActionBuilder(QString()).gamu(1.0f).gama(1.0f).psi1(1.0f).psi2(1.0f).psi1s(1.0f))
+    useCode(DesignCodeBuilder()
+                .marks(noLimits().gamu(1.0f).gama(1.0f).psi1(1.0f).psi2(1.0f).psi1s(1.0f))
                 .text("TXT_GAMU", "a label of more than 20 bytes")
                 .text("TXT_PSI1", "none")
-                .add(action(QStringLiteral("G")), {2, 7}));
+                .add(soundAction(QStringLiteral("G")), {2, 7}));
     ActionsModel model(nullptr);
     const ProjectSummary withLabels = summarise(db);
     model.show(withLabels.actions, withLabels.factors);
@@ -107,10 +107,10 @@ TEST_F(SummaryTest, ShowsTheFactorColumnsThatTheManagerShows)
                                            "a label of more than", "Gama", "none", "Psi2", "Psi1s"}))
         << "only a safety factor goes with its label";
 
-    useCode(DesignCodeFile()
-                .marks(ActionBuilder(QString()).gamu(1.0f).gama(1.0f))
+    useCode(DesignCodeBuilder()
+                .marks(noLimits().gamu(1.0f).gama(1.0f))
                 .withoutActionsSection()
-                .add(action(QStringLiteral("G")), {2, 7}));
+                .add(soundAction(QStringLiteral("G")), {2, 7}));
     const ProjectSummary without = summarise(db);
     ASSERT_EQ(without.factors.size(), 1u) << "Gama needs the section of the labels";
     EXPECT_EQ(without.factors[0].label, QStringLiteral("Gamu"));
@@ -119,7 +119,7 @@ TEST_F(SummaryTest, ShowsTheFactorColumnsThatTheManagerShows)
 TEST_F(SummaryTest, ActionsAreShownAsEngineersWriteThem)
 {
     // Category Q in load group 1, superposition EXCL: 1 * 256 + 3 * 16 + 2. A stored Gama of 0.001 means 0.
-    project.putAction(action(QStringLiteral("Q_1"))
+    project.putAction(soundAction(QStringLiteral("Q_1"))
                           .partition(0x132)
                           .gamu(1.35f)
                           .gama(0.001f)
@@ -143,7 +143,7 @@ TEST_F(SummaryTest, EveryWordShowsTheBitsOfThePartitionWord)
         {"Q_2", "variable, group 2"}, {"Q_3", "variable, group 3"}, {"Q_4", "variable, group 4"},
         {"Q_5", "variable, group 5"}};
     for (const PartitionWord& expected : partitionWords()) {
-        project.putAction(action(QStringLiteral("G")).partition(expected.word));
+        project.putAction(soundAction(QStringLiteral("G")).partition(expected.word));
         ActionsModel model(nullptr);
         const ProjectSummary summary = summarise(db);
         model.show(summary.actions, summary.factors);
@@ -157,12 +157,12 @@ TEST_F(SummaryTest, EveryFactorIsShownFromItsPlaceInTheRecord)
 {
     project.setDesignCode("no-such-code"); // shows all factors under their plain names
     for (const FactorPlace& place : FACTOR_PLACES) {
-        tagCDB_LC_ACT stored = action(QStringLiteral("G"));
+        tagCDB_LC_ACT stored = soundAction(QStringLiteral("G"));
         putFloatAt(stored, place.actionByte, 0.5f);
         project.putAction(stored);
-        tagCDB_LC_CTRL own = loadcase();
+        tagCDB_LC_CTRL own = bareLoadCase();
         putFloatAt(own, place.loadCaseByte, place.half == Half::Minor ? 0.5e-4f : 0.5f);
-        project.putLoadcase(1, own);
+        project.putLoadCase(1, own);
         const ProjectSummary summary = summarise(db);
         ActionsModel actions(nullptr);
         actions.show(summary.actions, summary.factors);
@@ -177,23 +177,23 @@ TEST_F(SummaryTest, EveryFactorIsShownFromItsPlaceInTheRecord)
 
 TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndThoseOfTheirActionInGrey)
 {
-    tagCDB_LC_CTRL own = loadcase().title(QStringLiteral("Own")).deadWeight(0.0f, 0.0f, -1.0f);
+    tagCDB_LC_CTRL own = bareLoadCase().title(QStringLiteral("Own")).deadWeight(0.0f, 0.0f, -1.0f);
     own.gamu = lcm_pack_pair(1.35f, 1.0f);
     own.gamf = 0.5f;
-    tagCDB_LC_CTRL bound = loadcase(QStringLiteral("G"));
+    tagCDB_LC_CTRL bound = bareLoadCase(QStringLiteral("G"));
     bound.gamu = bound.gamf = bound.psi0 = bound.psi1 = bound.psi2 = LC_UNDEFINED;
-    tagCDB_LC_CTRL imperfection = loadcase();
+    tagCDB_LC_CTRL imperfection = bareLoadCase();
     imperfection.action = 70;
-    project.putLoadcase(1, own);
-    project.putLoadcase(2, bound);
-    project.putLoadcase(3, imperfection);
+    project.putLoadCase(1, own);
+    project.putLoadCase(2, bound);
+    project.putLoadCase(3, imperfection);
     tagCDB_LC_CTRL lost = bound;
     lost.action = codeOf("XYZ");
-    project.putLoadcase(4, lost);
+    project.putLoadCase(4, lost);
     tagCDB_LC_CTRL copied = bound;
     copied.gamf = 0.9f;
-    project.putLoadcase(5, copied);
-    project.putAction(action(QStringLiteral("G")).gamu(1.35f).gamf(0.75f));
+    project.putLoadCase(5, copied);
+    project.putAction(soundAction(QStringLiteral("G")).gamu(1.35f).gamf(0.75f));
     LoadCasesModel model(nullptr);
     const ProjectSummary summary = summarise(db);
     model.show(summary.loadCases, summary.factors, 2, summary.actions);
@@ -220,8 +220,8 @@ TEST_F(SummaryTest, LoadCasesShowOwnFactorsAndThoseOfTheirActionInGrey)
 
 TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
 {
-    project.putAction(action(QStringLiteral("G")).gamu(1.0f).gamf(1.2f));
-    project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
+    project.putAction(soundAction(QStringLiteral("G")).gamu(1.0f).gamf(1.2f));
+    project.putLoadCase(12, bareLoadCase(QStringLiteral("XYZ")));
     FindingsModel model(nullptr);
     model.show(summarise(db).findings);
     QStringList where;
@@ -234,8 +234,8 @@ TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
 
 TEST_F(SummaryTest, FindingsAreToldInGerman)
 {
-    project.putAction(action(QStringLiteral("Y1")));
-    project.putLoadcase(12, loadcase(QStringLiteral("XYZ")));
+    project.putAction(soundAction(QStringLiteral("Y1")));
+    project.putLoadCase(12, bareLoadCase(QStringLiteral("XYZ")));
     // The language counts in which they are read, not that in which they were found.
     FindingsModel model(nullptr);
     model.show(summarise(db).findings);
@@ -251,15 +251,15 @@ TEST_F(SummaryTest, FindingsAreToldInGerman)
 
 TEST_F(SummaryTest, SoundProjectHasNoFindings)
 {
-    project.putAction(action(QStringLiteral("G")));
-    project.putLoadcase(1, loadcase(QStringLiteral("G")));
+    project.putAction(soundAction(QStringLiteral("G")));
+    project.putLoadCase(1, bareLoadCase(QStringLiteral("G")));
     EXPECT_TRUE(summarise(db).findings.empty());
 }
 
 TEST_F(SummaryTest, PageShowsFactsAndCounts)
 {
-    project.putAction(action(QStringLiteral("G")));
-    project.putLoadcase(1, loadcase(QStringLiteral("G")));
+    project.putAction(soundAction(QStringLiteral("G")));
+    project.putLoadCase(1, bareLoadCase(QStringLiteral("G")));
     const struct
     {
         int raw;
@@ -270,7 +270,7 @@ TEST_F(SummaryTest, PageShowsFactsAndCounts)
     SummaryPage page(nullptr);
     page.show(summarise(db));
     const auto fact = [&](const char* name) { return page.findChild<QLabel*>(QLatin1String(name))->text(); };
-    EXPECT_EQ(fact("fact_designcode"), QStringLiteral("Test"));
+    EXPECT_EQ(fact("fact_designcode"), QStringLiteral("Sample"));
     EXPECT_EQ(fact("fact_system"), QStringLiteral("plane structure"));
     EXPECT_EQ(fact("fact_gravity"), QStringLiteral("\u2212Y"));
     EXPECT_EQ(fact("fact_current"), QStringLiteral("none"));

@@ -46,21 +46,22 @@ void ContextMenu::build()
 {
     using Table = MRL_H_TableWidget;
     m_menu = new MRL_QT_Menu(&m_table, "table menu");
-    add(Table::tr("Copy"), QKeySequence::Copy, COPY, [this] { m_table.copySelection(); });
-    add(Table::tr("Copy with headers"), copyWithHeadersKey(), COPY_WITH_HEADERS,
+    add(MRL_H_TableWidget::tr("Copy"), QKeySequence::Copy, COPY, [this] { m_table.copySelection(); });
+    add(MRL_H_TableWidget::tr("Copy with headers"), copyWithHeadersKey(), COPY_WITH_HEADERS,
         [this] { m_table.copySelectionWithHeaders(); });
-    add(Table::tr("Paste"), QKeySequence::Paste, PASTE, [this] { m_table.pasteClipboard(); });
-    add(Table::tr("Fill down"), fillDownKey(), FILL_DOWN, [this] { m_table.fillDown(); });
-    add(Table::tr("Select all"), QKeySequence::SelectAll, "table select all",
+    add(MRL_H_TableWidget::tr("Paste"), QKeySequence::Paste, PASTE, [this] { m_table.pasteClipboard(); });
+    add(MRL_H_TableWidget::tr("Fill down"), fillDownKey(), FILL_DOWN, [this] { m_table.fillDown(); });
+    add(MRL_H_TableWidget::tr("Select all"), QKeySequence::SelectAll, "table select all",
         [this] { m_table.selectAll(); });
-    add(Table::tr("Fit columns"), QKeySequence(), "table fit columns", [this] { m_table.fitColumns(); });
+    add(MRL_H_TableWidget::tr("Fit columns"), QKeySequence(), "table fit columns",
+        [this] { m_table.fitColumns(); });
     if (!m_newDeleteEntries) {
         return;
     }
     m_menu->addSeparator();
-    add(Table::tr("New row"), QKeySequence(), "table new row",
+    add(MRL_H_TableWidget::tr("New row"), QKeySequence(), "table new row",
         [this] { m_table.appendNewRows(1, Table::CreateCells); });
-    add(Table::tr("Delete rows"), QKeySequence(), DELETE_ROWS, [this] {
+    add(MRL_H_TableWidget::tr("Delete rows"), QKeySequence(), DELETE_ROWS, [this] {
         const std::vector<int> rows = selectedRows(m_table);
         m_table.removeRows({rows.begin(), rows.end()});
     });

@@ -1,12 +1,10 @@
 #pragma once
 
-/// Design codes for tests, written as files like any other:
-/// `DesignCodeFile().marks(limits()).add(action("G"), {2})`.
+/// Builder of odd design codes, as the text of a file like any other:
+/// `DesignCodeBuilder().marks(limitsOfOne()).add(soundAction("G"), {2})`.
 
-#include <QFile>
-#include <QTemporaryDir>
+#include <QByteArray>
 
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,28 +14,29 @@
 
 namespace mrl::test {
 
-class DesignCodeFile
+class DesignCodeBuilder
 {
   public:
     /// The marks and limits of the factors.
-    DesignCodeFile& marks(const tagCDB_LC_ACT& record) { return m_marks = record, *this; }
+    DesignCodeBuilder& marks(const tagCDB_LC_ACT& record) { return m_marks = record, *this; }
     /// The next default action. @param oldNumbers the old action numbers that stand for it
-    DesignCodeFile& add(const tagCDB_LC_ACT& record, std::vector<int> oldNumbers = {})
+    DesignCodeBuilder& add(const tagCDB_LC_ACT& record, std::vector<int> oldNumbers = {})
     {
         return m_actions.push_back({record, std::move(oldNumbers)}), *this;
     }
     /// An entry of the section "ACTIONS", such as ("TXT_GAMU", "none").
-    DesignCodeFile& text(const std::string& entry, const std::string& label)
+    DesignCodeBuilder& text(const std::string& entry, const std::string& label)
     {
         return m_texts += entry + " = " + label + "\n", *this;
     }
-    DesignCodeFile& withoutActionsSection() { return m_actionsSection = false, *this; }
-    DesignCodeFile& identity(int ntcode, int idcode, int country, int year)
+    DesignCodeBuilder& withoutActionsSection() { return m_actionsSection = false, *this; }
+    DesignCodeBuilder& identity(int ntcode, int idcode, int country, int year)
     {
         return m_identity = {ntcode, idcode, country, year}, *this;
     }
 
-    std::string content() const
+    /// The text of the file.
+    operator std::string() const
     {
         std::string out =
             "[DESIGN CODE]\nlabel = Test\nntcode = " + std::to_string(m_identity[0]) +
@@ -50,18 +49,6 @@ class DesignCodeFile
             out += section(entry);
         }
         return out;
-    }
-
-    /// Writes the file. @return its path, which a project can name as its design code
-    std::string write(const QTemporaryDir& folder, const QString& name = QStringLiteral("code.ini")) const
-    {
-        QFile file(folder.filePath(name));
-        const std::string text = content();
-        if (!file.open(QIODevice::WriteOnly) ||
-            file.write(text.data(), static_cast<qint64>(text.size())) < 0) {
-            throw std::runtime_error("cannot write the design code of a test");
-        }
-        return file.fileName().toStdString();
     }
 
   private:

@@ -5,14 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include <cmath>
-#include <cstring>
-#include <fstream>
-#include <limits>
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -22,122 +16,21 @@
 #include "actions/actions_widget.h"
 #include "actions/load_case_tab.h"
 #include "actions/table_helpers.h"
-#include "host/mrl_cdb.h"
-#include "hostlib/data/cdb/project.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
 #include "lcdata/values/roles.h"
 #include "model/working_model.h"
 #include "rules/action_columns.h"
 #include "tests/support/action_builder.h"
+#include "tests/support/memory_project.h"
 #include "tests/support/modal_answers.h"
-#include "tests/support/project_fixture.h"
 
 Q_DECLARE_METATYPE(std::set<int>)
 
 namespace mrl::test {
 
-/// A design code that knows every factor, each Psi up to 1, and lists G, Q with two categories, W_1 and W_2
-/// without their parent, and A.
-inline const std::string FULL_CODE = R"([DESIGN CODE]
-label = Test code
-ntcode = 1
-idcode = 2
-country = 49
-year = 2010
-[AVAILABILITY]
-Gamu = 1
-Gamf = 1
-Gama = 1
-Psi0 = 1
-Psi1 = 1
-Psi2 = 1
-Psi1s = 1
-[ACTIONS]
-TXT_GAMU = gU
-TXT_GAMF = gF
-TXT_GAMA = gA
-TXT_PSI0 = p0
-TXT_PSI1 = p1
-TXT_PSI2 = p2
-TXT_PSI1S = p1s
-[ACTION G]
-title = Permanent load
-category = G
-superposition = PERM
-old = 2
-Gamu = 1.35
-Gamf = 1.0
-Gama = 1.0
-Psi0 = 1.0
-Psi1 = 1.0
-Psi2 = 1.0
-Psi1s = 1.0
-[ACTION Q]
-title = Variable load
-category = Q
-superposition = EXCL
-old = 7
-Gamu = 1.5
-Gama = 1.0
-Psi0 = 0.7
-Psi1 = 0.5
-Psi2 = 0.3
-Psi1s = 0.8
-[ACTION Q_1]
-title = Offices
-category = Q
-group = 1
-superposition = COND
-Gamu = 1.5
-Gama = 1.0
-Psi0 = 0.7
-Psi1 = 0.5
-Psi2 = 0.3
-Psi1s = 0.6
-[ACTION Q_2]
-title = Storage
-category = Q
-group = 2
-superposition = COND
-Gamu = 1.5
-Gama = 1.0
-Psi0 = 1.0
-Psi1 = 0.9
-Psi2 = 0.8
-Psi1s = 0.9
-[ACTION W_1]
-title = Wind from the left
-category = Q
-superposition = EXCL
-Gamu = 1.5
-Gama = 1.0
-Psi0 = 0.6
-Psi1 = 0.2
-Psi2 = 0
-Psi1s = 0.6
-[ACTION W_2]
-title = Wind from the right
-category = Q
-superposition = EXCL
-Gamu = 1.5
-Gama = 1.0
-Psi0 = 0.6
-Psi1 = 0.2
-Psi2 = 0
-Psi1s = 0.6
-[ACTION A]
-title = Impact
-category = A
-superposition = EXEX
-Gamu = 1.0
-Gamf = 1.0
-Gama = 1.0
-Psi0 = 1.0
-Psi1 = 1.0
-Psi2 = 1.0
-Psi1s = 1.0
-)";
+/// The sample with G, Q with two categories, W_1 and W_2 without their parent, and A.
+inline const std::string ACTIONS_CODE = sampleCodeOf({"G", "Q", "Q_1", "Q_2", "W_1", "W_2", "A"});
 
 /// The four characters of an action's code.
 inline QByteArray codeName(const tagCDB_LC_ACT& action)
@@ -147,55 +40,18 @@ inline QByteArray codeName(const tagCDB_LC_ACT& action)
     return QByteArray(text);
 }
 
-/// A text with one part replaced by another.
-inline std::string replaced(std::string text, const std::string& from, const std::string& to)
-{
-    const std::size_t place = text.find(from);
-    EXPECT_NE(place, std::string::npos) << from;
-    return text.replace(place, from.size(), to);
-}
-
-/// A project in memory.
-class Project : public MemoryProject
+/// A project of ACTIONS_CODE, told otherwise.
+class ActionsProject : public MemoryProject
 {
   public:
-    explicit Project(const std::string& designCode = FULL_CODE)
-    {
-        const std::string file = m_folder.filePath(QStringLiteral("code.ini")).toStdString();
-        std::ofstream(file) << designCode;
-        setDesignCode(file);
-    }
+    explicit ActionsProject(const std::string& designCode = ACTIONS_CODE) : MemoryProject(designCode) {}
     /// A project of a shipped design code. @param name see mrl::designcode::list
-    static std::unique_ptr<Project> ofShippedCode(const std::string& name)
+    static std::unique_ptr<ActionsProject> ofShippedCode(const std::string& name)
     {
-        auto project = std::make_unique<Project>();
+        auto project = std::make_unique<ActionsProject>();
         project->setDesignCode(name);
         return project;
     }
-
-    void store(const tagCDB_LC_ACT& action) { putAction(action); }
-    void storeAt(int code, const tagCDB_LC_ACT& action) { putAction(code, action); }
-
-    /// The stored actions by the text of their code.
-    std::map<std::string, tagCDB_LC_ACT> stored() const
-    {
-        std::map<std::string, tagCDB_LC_ACT> actions;
-        int kwh = 14;
-        int kwl = 0;
-        for (mrl_cdb_kenq_ex(db(), &kwh, &kwl, 1); kwh == 14; mrl_cdb_kenq_ex(db(), &kwh, &kwl, 1)) {
-            tagCDB_LC_ACT action{};
-            int length = sizeof action;
-            mrl_cdb_get(db(), kwh, kwl, &action, &length, 0);
-            mrl_cdb_free_ex(db(), kwh, kwl);
-            char text[5] = {};
-            lcm_word_to_chars(kwl, text);
-            actions[text] = action;
-        }
-        return actions;
-    }
-
-  private:
-    QTemporaryDir m_folder; ///< holds the design code
 };
 
 /// A load-case tab that knows which actions are used and notes what it is asked.
@@ -224,14 +80,12 @@ class FakeLoadcaseTab : public LCM_LoadCaseTab
     LCM_DataClass* m_model; ///< counted
 };
 
-inline int codeOf(const QString& name) { return lcm_pack_word(name); }
-
 /// The tab, filled and shown, with what a person can do to it and see of it.
 class ActionsTab
 {
   public:
-    explicit ActionsTab(const Project& project, LCM_LoadCaseTab* loadcases = nullptr, int dialogOption = 0,
-                        bool fill = true)
+    explicit ActionsTab(const ActionsProject& project, LCM_LoadCaseTab* loadcases = nullptr,
+                        int dialogOption = 0, bool fill = true)
         : widget(loadcases, project.db(), dialogOption, nullptr, "actionswidget"),
           table(*widget.actionsTable())
     {

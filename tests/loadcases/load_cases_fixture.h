@@ -3,22 +3,17 @@
 /// Projects in memory with actions and load cases, and the two tabs on them, for tests.
 
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <fstream>
 #include <map>
 #include <memory>
 
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
-#include "host/mrl_cdb.h"
 #include "host/mrl_table.h"
-#include "hostlib/data/cdb/project.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
@@ -28,45 +23,33 @@
 #include "model/working_model.h"
 #include "rules/action_columns.h"
 #include "rules/load_case_columns.h"
-#include "support/loadcase_builders.h"
+#include "tests/support/action_builder.h"
+#include "tests/support/bytes.h"
+#include "tests/support/load_case_builder.h"
+#include "tests/support/load_case_setup.h"
+#include "tests/support/memory_project.h"
 
-namespace lctest {
+namespace mrl::test {
 
-/// A design code with all seven factors, the default actions G (dead), Q and W (live).
-inline std::string fullCode()
-{
-    return "[DESIGN CODE]\nlabel = Test code\nntcode = 0\nidcode = 1\ncountry = 0\nyear = 2020\n"
-           "[AVAILABILITY]\nGamu = 1.0\nGamf = 1.0\nGama = 1.0\nPsi0 = 1.0\nPsi1 = 1.0\nPsi2 = 1.0\nPsi1s = "
-           "1.0\n"
-           "[ACTIONS]\nTXT_GAMU = gU\n"
-           "[ACTION G]\ntitle = Permanent\ncategory = G\nsuperposition = PERM\nold = 2\n"
-           "Gamu = 1.35\nGamf = 1.0\nGama = 1.0\nPsi0 = 1.0\nPsi1 = 1.0\nPsi2 = 1.0\nPsi1s = 1.0\n"
-           "[ACTION Q]\ntitle = Variable\ncategory = Q\nsuperposition = COND\nold = 7\n"
-           "Gamu = 1.5\nGamf = 0.0\nGama = 1.0\nPsi0 = 0.7\nPsi1 = 0.5\nPsi2 = 0.3\nPsi1s = 0.9\n"
-           "[ACTION W]\ntitle = Wind\ncategory = Q\nsuperposition = COND\n"
-           "Gamu = 1.5\nGamf = 0.0\nGama = 1.0\nPsi0 = 0.6\nPsi1 = 0.2\nPsi2 = 0.0\nPsi1s = 0.8\n";
-}
-
-/// A text without the lines that begin with a word.
-inline std::string withoutLines(const std::string& text, const std::string& word)
-{
-    std::string result;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t end = text.find('\n', at) + 1;
-        const std::string line = text.substr(at, end - at);
-        if (line.compare(0, word.size(), word) != 0) {
-            result += line;
-        }
-        at = end;
+/// A design code with every factor, of which Gamu alone has a label of its own, and with the default actions G
+/// (dead), Q and W (live).
+inline const std::string LOAD_CASE_CODE = [] {
+    std::string text = sampleCodeOf({"G", "Q", "W"});
+    for (const char* label : {"TXT_GAMF", "TXT_GAMA", "TXT_PSI"}) {
+        text = withoutLines(text, label);
     }
-    return result;
-}
+    return text;
+}();
 
-/// The actions of fullCode() as the project stores them.
-inline ActionBuilder permanent() { return action("G", "Permanent").all(1.0f).gamu(1.35f).partition(0x10); }
+/// A dead and a live action as a project stores them; the live one differs from that of the code.
+inline ActionBuilder permanent()
+{
+    return bareAction("G").title("Permanent").factors(1.0f).gamu(1.35f).partition(0x10);
+}
 inline ActionBuilder variable()
 {
-    return action("Q", "Variable")
+    return bareAction("Q")
+        .title("Variable")
         .partition(0x31)
         .gamu(1.5f)
         .gamf(0.0f)
@@ -77,76 +60,16 @@ inline ActionBuilder variable()
         .psi1s(0.9f);
 }
 
-/// A project in memory. It is closed at its end.
-class Project
+/// A project of LOAD_CASE_CODE; told otherwise, a spatial system with gravity along -z.
+class LoadCaseProject : public MemoryProject
 {
   public:
-    explicit Project(const std::string& designCode = fullCode())
+    explicit LoadCaseProject(const std::string& designCode = LOAD_CASE_CODE) : MemoryProject(designCode)
     {
-        const std::string file = m_folder.filePath("code.ini").toStdString();
-        std::ofstream(file) << designCode;
-        m_db = mrl::cdb::openMemory().db;
-        EXPECT_TRUE(mrl::cdb::setFact(m_db, "designcode", file));
-        EXPECT_EQ(mrl::designcode::ofDatabase(m_db).reason, "");
-        system(0, -3);
+        EXPECT_EQ(mrl::designcode::ofDatabase(db()).reason, "");
+        setSystem(0, -3);
     }
-    ~Project() { mrl::cdb::close(m_db); }
-    Project(const Project&) = delete;
-    Project& operator=(const Project&) = delete;
-
-    int db() const { return m_db; }
-
-    void put(int kwh, int kwl, const void* data, int length) const
-    {
-        EXPECT_EQ(mrl_cdb_put(m_db, kwh, kwl, data, &length, 0), CD_OK);
-    }
-    /// @param rawClass 0 spatial, 1 to 19 plane, 20 to 39 plate
-    void system(int rawClass, int gravity) const
-    {
-        int record[88] = {rawClass, gravity};
-        put(LC_KWH_SYSTEM, 0, record, static_cast<int>(sizeof record));
-    }
-    void putAction(const tagCDB_LC_ACT& record) const
-    {
-        put(LC_KWH_ACTIONS, lcm_action_code(record), &record, 112);
-    }
-    void putLoadcase(int number, const tagCDB_LC_CTRL& record) const
-    {
-        put(LC_KWH_CASES, number, &record, 188);
-    }
-    /// Superposition data, of which a change of actions warns.
-    void putSuperposition() const
-    {
-        const int record[28] = {1};
-        put(LC_KWH_ACTIONS, 5, record, 112);
-    }
-
-    tagCDB_LC_CTRL loadcase(int number) const
-    {
-        tagCDB_LC_CTRL record{};
-        int length = 188;
-        EXPECT_LE(mrl_cdb_get(m_db, LC_KWH_CASES, number, &record, &length, 0), CD_CUT) << number;
-        mrl_cdb_free_ex(m_db, LC_KWH_CASES, number);
-        return record;
-    }
-    std::vector<int> numbers() const
-    {
-        std::list<int> found;
-        mrl::dbo::getKwls(m_db, LC_KWH_CASES, 0, 999, &found, nullptr);
-        return {found.begin(), found.end()};
-    }
-
-  private:
-    QTemporaryDir m_folder;
-    int m_db = -1;
 };
-
-/// A titled record.
-inline tagCDB_LC_CTRL titled(tagCDB_LC_CTRL record, const QString& title)
-{
-    lcm_title_pack(title, record.title, LC_TITLE_WORDS);
-    return record;
-}
 
 /// The load-case tab in a window, alone or with the actions tab, as the manager makes them.
 class Tabs
@@ -154,7 +77,7 @@ class Tabs
   public:
     enum Which { LoadcasesAlone, Both };
 
-    explicit Tabs(const Project& project, Which which = Both)
+    explicit Tabs(const LoadCaseProject& project, Which which = Both)
     {
         m_window = std::make_unique<QWidget>();
         auto* layout = new QVBoxLayout(m_window.get());
@@ -275,4 +198,4 @@ class Tabs
     std::unique_ptr<QWidget> m_window;
 };
 
-} // namespace lctest
+} // namespace mrl::test
