@@ -1,7 +1,7 @@
 #pragma once
 
-/// The raw side works on a file of its own with the same table but for the checksums: WAL, synchronous
-/// NORMAL, primary key (kwh, kwl, position) WITHOUT ROWID, N records of 188 bytes under KWH 12. Its
+/// The raw side works on a file of its own with the same table but for the checksums: a rollback journal,
+/// synchronous EXTRA and no spill as ours has them, primary key (kwh, kwl, position) WITHOUT ROWID, N records of 188 bytes under KWH 12. Its
 /// statements are compiled once, outside of what is timed, on a connection without a mutex, as ours is.
 
 #include <cstdlib>
@@ -55,7 +55,7 @@ class Raw
                                 SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX,
                                 nullptr) == SQLITE_OK,
                 "open");
-        execute("PRAGMA journal_mode=WAL;PRAGMA synchronous=NORMAL;"
+        execute("PRAGMA synchronous=EXTRA;PRAGMA cache_spill=OFF;"
                 "CREATE TABLE record(kwh INTEGER NOT NULL,kwl INTEGER NOT NULL,position INTEGER NOT NULL,"
                 "bytes BLOB NOT NULL,PRIMARY KEY(kwh,kwl,position))WITHOUT ROWID");
     }
@@ -69,9 +69,9 @@ class Raw
     Raw(const Raw&) = delete;
     Raw& operator=(const Raw&) = delete;
 
-    void execute(const char* sql)
+    void execute(const std::string& sql)
     {
-        require(sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK, sql);
+        require(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK, sql.c_str());
     }
     void compile()
     {

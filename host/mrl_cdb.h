@@ -45,7 +45,9 @@ MRL_HOST_API int mrl_cdb_kenq_ex(int db, int* kwh, int* kwl, int direction);
 /// @return see cd_error_t
 MRL_HOST_API cd_error_t mrl_cdb_get(int db, int kwh, int kwl, void* buffer, int* length, int position);
 
-/// Writes a record, durable against a crash of the program at once unless a transaction is open.
+/// Writes a record. Unless a transaction is open, the record is on the disk when the call returns, safe from a crash
+/// and from a power loss; that takes several syncs, so writes in bulk belong into a transaction. Writing what stands
+/// there already costs a comparison.
 /// @param length the record's length in bytes; 0 removes the key (3 when there is none)
 /// @param position 0: afterwards the key holds just this record. -1: overwrites the record that was read last
 ///                 on this key (the first one when none was), also after mrl_cdb_free_ex; 3 when there is
