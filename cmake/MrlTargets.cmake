@@ -42,8 +42,7 @@ function(mrl_shared)
     endforeach()
     target_link_libraries(${P_NAME} PUBLIC ${P_DEPENDS} PRIVATE ${P_PRIVATE_DEPENDS})
     target_include_directories(${P_NAME} INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>)
-    # What the library doesn't use isn't loaded with it, whatever the targets that it links pass on. Programs don't get
-    # this: the linker would drop the host's library where it stands ahead of an archive that needs it.
+    # What the library doesn't use isn't loaded with it, whatever the targets that it links pass on.
     target_link_options(${P_NAME} PRIVATE LINKER:--as-needed)
     # A library that needs what it doesn't link fails here and not where it is loaded. The sanitizers' own symbols come
     # with the program.
