@@ -27,14 +27,8 @@ QLabel* heading(const QString& text, double scale, QWidget* parent)
 
 } // namespace
 
-StartPage::StartPage(QWidget* parent)
-    : QWidget(parent), m_recent(new QWidget(this)), m_recentLayout(new QVBoxLayout(m_recent))
+QLayout* StartPage::titleLine(QWidget* column)
 {
-    setObjectName(QStringLiteral("start"));
-    auto* column = new QWidget(this);
-    column->setMinimumWidth(COLUMN_WIDTH);
-    auto* layout = new QVBoxLayout(column);
-
     auto* top = new QHBoxLayout;
     auto* icon = new QLabel(column);
     icon->setPixmap(QIcon(QStringLiteral(":/workbench/icon.svg")).pixmap(ICON_SIZE, ICON_SIZE));
@@ -44,7 +38,18 @@ StartPage::StartPage(QWidget* parent)
     top->addWidget(icon);
     top->addSpacing(12);
     top->addLayout(titles, 1);
-    layout->addLayout(top);
+    return top;
+}
+
+StartPage::StartPage(QWidget* parent)
+    : QWidget(parent), m_recent(new QWidget(this)), m_recentLayout(new QVBoxLayout(m_recent))
+{
+    setObjectName(QStringLiteral("start"));
+    auto* column = new QWidget(this);
+    column->setMinimumWidth(COLUMN_WIDTH);
+    auto* layout = new QVBoxLayout(column);
+
+    layout->addLayout(titleLine(column));
     layout->addSpacing(18);
 
     auto* create =

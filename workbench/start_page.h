@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <QWidget>
 
+class QLayout;
 class QVBoxLayout;
 
 namespace mrl::workbench {
@@ -23,6 +24,9 @@ class StartPage : public QWidget
     void recentWanted(const QString& file);
 
   private:
+    /// The icon beside the name of the program and what it is for, not yet in a layout.
+    static QLayout* titleLine(QWidget* column);
+
     QWidget* m_recent;           ///< child of this
     QVBoxLayout* m_recentLayout; ///< layout of m_recent
 };
