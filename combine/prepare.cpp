@@ -8,12 +8,11 @@
 
 #include "combine/decimal.h"
 #include "lcdata/values/gama.h"
+#include "lcdata/values/keys.h"
 
 namespace mrl::combine {
 
 namespace {
-
-constexpr int MOST_NUMBER = 999999; // the greatest load-case number
 
 bool bringsIn(const LCM_Situation& situation, LCM_Role role)
 {
@@ -113,8 +112,8 @@ void Preparation::placeOwn(const LoadCase& loadCase)
 
 void Preparation::place(const LoadCase& loadCase)
 {
-    if (loadCase.number < 1 || loadCase.number > MOST_NUMBER) {
-        refuse(loadCase.number, "the number is not between 1 and 999999");
+    if (loadCase.number < 1 || loadCase.number > LC_MAX_NUMBER) {
+        refuse(loadCase.number, "the number is not between 1 and " + std::to_string(LC_MAX_NUMBER));
     } else if (!m_taken.insert(loadCase.number).second) {
         refuse(loadCase.number, "the number stands twice");
     } else if (!loadCase.finding.empty()) {

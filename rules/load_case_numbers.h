@@ -4,10 +4,8 @@
 #include <set>
 #include <vector>
 
+#include "lcdata/values/keys.h"
 #include "lcdata/values/records.h"
-
-/// The highest load-case number.
-constexpr int LC_MAX_NUMBER = 999999;
 
 /// The numbers that new load cases are proposed: the smallest free one from the selected load case on, or
 /// from the highest of the table when none is selected.

@@ -15,6 +15,8 @@ constexpr int LC_BLANK_WORD = 0x20202020;
 constexpr int LC_CURRENT_BYTES = 12; ///< size of the record of the current load case
 constexpr int LC_SYSTEM_BYTES = 352; ///< size of the system record
 
+constexpr int LC_MAX_NUMBER = 999999; ///< the highest load-case number
+
 constexpr int LC_ACTION_NONE = 0;          ///< action word of a load case without an action
 constexpr int LC_ACTION_IMPERFECTION = 70; ///< action word of an imperfection load case
 

@@ -5,13 +5,13 @@
 #include <filesystem>
 #include <fstream>
 
-#include "designcode/sample_code.h"
+#include "designcode/reader_sample.h"
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "hostlib/data/cdb/project.h"
 #include "tests/support/own_folder.h"
 
-using mrl::test::SAMPLE_CODE;
+using mrl::test::READER_SAMPLE;
 using mrl::test::sampleWith;
 
 namespace {
@@ -25,7 +25,7 @@ class DesignCodeLookup : public testing::Test
   protected:
     DesignCodeLookup()
     {
-        write(SAMPLE_CODE);
+        write(READER_SAMPLE);
         EXPECT_TRUE(mrl::cdb::setFact(db, "designcode", file));
     }
     ~DesignCodeLookup() override
@@ -117,7 +117,7 @@ TEST_F(DesignCodeLookup, FileThatBecameMalformedFailsAndHeals)
     write("[DESIGN CODE");
     EXPECT_LT(mrl_dlib_ini_switch(db), 0);
     EXPECT_EQ(mrl::designcode::ofDatabase(db).reason, file + ":1: the section's name has no closing ']'");
-    write(SAMPLE_CODE);
+    write(READER_SAMPLE);
     EXPECT_EQ(mrl_dlib_ini_switch(db), 0);
 }
 

@@ -1,11 +1,11 @@
 #include <cstdio>
 #include <fstream>
 
-#include "designcode/sample_code.h"
+#include "designcode/reader_sample.h"
 #include "tests/support/own_folder.h"
 
 using mrl::test::errorOf;
-using mrl::test::SAMPLE_CODE;
+using mrl::test::READER_SAMPLE;
 using mrl::test::sampleWith;
 
 namespace {

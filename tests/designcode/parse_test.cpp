@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <fstream>
 
-#include "designcode/sample_code.h"
+#include "designcode/reader_sample.h"
 #include "tests/support/own_folder.h"
 #include "tests/support/record_layout.h"
 
 using mrl::designcode::DesignCode;
 using mrl::test::parsed;
-using mrl::test::SAMPLE_CODE;
+using mrl::test::READER_SAMPLE;
 using mrl::test::sampleWith;
 using testing::ElementsAre;
 
@@ -42,7 +42,7 @@ TEST(ParseDesignCode, TakesIdentityAndLabel)
 
 TEST(ParseDesignCode, AvailabilityHoldsMarksAndPartitionZero)
 {
-    const DesignCode code = parsed(SAMPLE_CODE);
+    const DesignCode code = parsed(READER_SAMPLE);
     EXPECT_EQ(code.availability.gamu, 1.0f);
     EXPECT_EQ(code.availability.psi1s, 0.0f);
     EXPECT_EQ(code.availability.partition, 0);
@@ -78,7 +78,7 @@ TEST(ParseDesignCode, EveryWordGivesTheBitsOfThePartitionWord)
 
 TEST(ParseDesignCode, ActionsKeepTheOrderOfTheFile)
 {
-    const DesignCode code = parsed(SAMPLE_CODE);
+    const DesignCode code = parsed(READER_SAMPLE);
     ASSERT_EQ(code.actions.size(), 3u);
     EXPECT_EQ(code.actions[0].name, "G");
     EXPECT_EQ(code.actions[1].name, "Q");
@@ -87,7 +87,7 @@ TEST(ParseDesignCode, ActionsKeepTheOrderOfTheFile)
 
 TEST(ParseDesignCode, ActionTakesEveryField)
 {
-    const DesignCode code = parsed(SAMPLE_CODE);
+    const DesignCode code = parsed(READER_SAMPLE);
     const auto& g = code.actions.at(0);
     EXPECT_EQ(g.code, 0x20202047); // 'G' and three blanks, first byte lowest
     EXPECT_THAT(g.oldNumbers, ElementsAre(2, 3));
@@ -102,7 +102,7 @@ TEST(ParseDesignCode, ActionTakesEveryField)
 
 TEST(ParseDesignCode, SuffixAndLoadGroupGoIntoRecordAndCode)
 {
-    const auto action = parsed(SAMPLE_CODE).actions.at(2);
+    const auto action = parsed(READER_SAMPLE).actions.at(2);
     EXPECT_EQ(action.code, 0x20415F51); // 'Q' '_' 'A' ' '
     EXPECT_EQ(action.record.suffix, 0x20202041);
     EXPECT_EQ(action.record.partition, 0x132); // group 1, category 3, EXCL 2
@@ -123,12 +123,12 @@ TEST(ParseDesignCode, GamaOfZeroIsStoredAsAThousandth)
 
 TEST(ParseDesignCode, FactorThatIsNotStatedIsZero)
 {
-    EXPECT_EQ(parsed(SAMPLE_CODE).actions.at(1).record.gamf, 0.0f);
+    EXPECT_EQ(parsed(READER_SAMPLE).actions.at(1).record.gamf, 0.0f);
 }
 
 TEST(ParseDesignCode, CombinationValuesAreOptional)
 {
-    const DesignCode both = parsed(SAMPLE_CODE);
+    const DesignCode both = parsed(READER_SAMPLE);
     EXPECT_EQ(both.kfi, 1.1f);
     EXPECT_EQ(both.xsi, 0.85f);
     const DesignCode one = parsed(sampleWith("KFI = 1.1\n", ""));
@@ -170,7 +170,7 @@ TEST(ParseDesignCode, IndentedEntryIsNoContinuation)
 TEST(ReadDesignCode, NameIsTheFilesNameWithoutFolderAndEnding)
 {
     const std::string file = mrl::test::ownFolder() + "my.code.ini";
-    std::ofstream(file) << SAMPLE_CODE;
+    std::ofstream(file) << READER_SAMPLE;
     const auto result = mrl::designcode::read(file);
     std::remove(file.c_str());
     ASSERT_TRUE(std::holds_alternative<DesignCode>(result));

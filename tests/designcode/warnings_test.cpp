@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 
-#include "designcode/sample_code.h"
+#include "designcode/reader_sample.h"
 
 using mrl::test::parsed;
-using mrl::test::SAMPLE_CODE;
+using mrl::test::READER_SAMPLE;
 using mrl::test::sampleWith;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -22,7 +22,7 @@ std::vector<std::string> warningsOf(const std::string& text)
 
 } // namespace
 
-TEST(DesignCodeWarnings, SoundCodeHasNone) { EXPECT_THAT(warningsOf(SAMPLE_CODE), IsEmpty()); }
+TEST(DesignCodeWarnings, SoundCodeHasNone) { EXPECT_THAT(warningsOf(READER_SAMPLE), IsEmpty()); }
 
 TEST(DesignCodeWarnings, MissingOldNumbersAreNamed)
 {

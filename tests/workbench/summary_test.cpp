@@ -241,7 +241,7 @@ TEST_F(SummaryTest, FindingsAreToldInGerman)
     model.show(summarise(db).findings);
     QTranslator german;
     ASSERT_TRUE(german.load(QStringLiteral("mrl_loadcase_dll_de"),
-                            QCoreApplication::applicationDirPath() + QStringLiteral("/../translations")));
+                            QCoreApplication::applicationDirPath() + QStringLiteral("/../share/mrl/translations")));
     QCoreApplication::installTranslator(&german);
     ASSERT_EQ(model.rowCount(), 2);
     EXPECT_EQ(shown(model, 0, 1),

@@ -1,6 +1,7 @@
 #pragma once
 
-/// A small design code as text, whose lines a test replaces.
+/// A small design code as text, whose lines a test of the reader replaces: it leaves out what SAMPLE_CODE of the other
+/// tests states, a title and a mark among it.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,7 @@
 namespace mrl::test {
 
 /// A sound code with the actions G, Q and Q_A and no warning.
-inline const std::string SAMPLE_CODE = R"([DESIGN CODE]
+inline const std::string READER_SAMPLE = R"([DESIGN CODE]
 label = Sample
 ntcode = 0
 idcode = 2
@@ -65,7 +66,7 @@ Psi2 = 0.3
 
 /// The sample with the first occurrence of a text replaced by another.
 inline std::string sampleWith(const std::string& from, const std::string& to,
-                              const std::string& sample = SAMPLE_CODE)
+                              const std::string& sample = READER_SAMPLE)
 {
     std::string text = sample;
     const auto at = text.find(from);
