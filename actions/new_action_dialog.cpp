@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "actions/new_action_fields.h"
-#include "check/new_action_name.h"
+#include "check/validate_name.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"

@@ -3,7 +3,7 @@
 #include <exception>
 
 #include "cli/arguments.h"
-#include "cli/commands/command.h"
+#include "cli/commands/commands.h"
 #include "cli/failure.h"
 
 namespace {

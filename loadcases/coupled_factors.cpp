@@ -1,6 +1,6 @@
 #include "loadcases/coupled_factors.h"
 
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/load_case_cells.h"
 #include "rules/load_case_row.h"
 

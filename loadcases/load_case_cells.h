@@ -5,7 +5,7 @@
 
 #include <QString>
 
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "rules/load_case_row.h"
 
 class MRL_H_TableWidget;

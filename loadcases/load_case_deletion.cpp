@@ -10,7 +10,7 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/action_code.h"
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/loadcase_widget.h"
 #include "loadcases/row_actions.h"
 #include "loadcases/table_loadcases.h"

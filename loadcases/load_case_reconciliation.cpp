@@ -5,7 +5,7 @@
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/load_case_cells.h"
 #include "loadcases/load_case_rows.h"
 #include "loadcases/loadcase_widget.h"

@@ -4,7 +4,7 @@
 #include "check/finding_text.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/packed_text.h"
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/load_case_cells.h"
 #include "loadcases/row_actions.h"
 #include "loadcases/row_context.h"

@@ -4,7 +4,7 @@
 
 #include "host/mrl_widgets.h"
 #include "lcdata/values/keys.h"
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/load_case_cells.h"
 #include "loadcases/table_loadcases.h"
 #include "model/working_model.h"

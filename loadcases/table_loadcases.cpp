@@ -5,7 +5,7 @@
 
 #include "actions/table_helpers.h"
 #include "lcdata/values/records.h"
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/loadcase_widget.h"
 #include "rules/load_case_row.h"
 

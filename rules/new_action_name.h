@@ -1,6 +1,6 @@
 #pragma once
 
-/// The rules for the name of a new action. check/new_action_name.h words the refusal.
+/// The rules for the name of a new action. check/validate_name.h words the refusal.
 
 #include <QString>
 #include <QStringList>

@@ -69,7 +69,7 @@ class Reader
         return code;
     }
 
-    /// What the words say that can't be, though each is known; empty when nothing is.
+    /// Why arguments that are each valid can't be combined; empty if they can.
     QString contradiction() const
     {
         if (m_parser.positionalArguments().size() > 1) {

@@ -21,7 +21,7 @@ class InputPage : public QWidget
     void slot_saveAs();
 
   private:
-    QPlainTextEdit* m_text; ///< child of this
+    QPlainTextEdit* m_text;
 };
 
 } // namespace mrl::workbench

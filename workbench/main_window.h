@@ -69,7 +69,7 @@ class MainWindow : public QMainWindow
     void restorePlace();
 
     Managers m_managers;
-    Document* m_document; ///< child of this, like all below
+    Document* m_document;
     QStackedWidget* m_pages = nullptr;
     StartPage* m_start = nullptr;
     QWidget* m_project = nullptr;

@@ -43,14 +43,14 @@ void MainWindow::slot_new()
         return;
     }
     NewProjectDialog dialog(folder(), this);
-    // The wish is there to be mended when it can't be had.
+    // On failure the dialog opens again with the same input, so that it can be corrected.
     while (dialog.exec() == QDialog::Accepted && !createAndOpen(dialog.wish()))
         ;
 }
 
 bool MainWindow::createAndOpen(const NewProject& wish)
 {
-    // What was not saved has been given up before, so that the file may be the one that is open.
+    // Unsaved changes were discarded above, so the target may be the open file.
     if (QFileInfo(wish.file) == QFileInfo(m_document->file())) {
         m_document->close();
     }

@@ -33,12 +33,12 @@ class NewProjectDialog : public MRL_QT_Dialog
     void fillSystems();
     void fillGravity();
 
-    QLineEdit* m_file;           ///< child of this
-    QComboBox* m_designCode;     ///< child of this
-    MRL_QT4_ComboBox* m_system;  ///< child of this
-    MRL_QT4_ComboBox* m_gravity; ///< child of this
-    MRL_QT_CheckBox* m_defaults; ///< child of this
-    QPushButton* m_create;       ///< child of this
+    QLineEdit* m_file;
+    QComboBox* m_designCode;
+    MRL_QT4_ComboBox* m_system;
+    MRL_QT4_ComboBox* m_gravity;
+    MRL_QT_CheckBox* m_defaults;
+    QPushButton* m_create;
 };
 
 } // namespace mrl::workbench

@@ -4,7 +4,7 @@
 #include <QFormLayout>
 
 #include "hostlib/data/settings/settings.h"
-#include "hostlib/ui/widget/application_settings.h"
+#include "hostlib/ui/widget/application.h"
 
 namespace mrl::workbench {
 
@@ -32,7 +32,7 @@ SettingsDialog::SettingsDialog(QWidget* parent)
       m_restricted(new MRL_QT_CheckBox(tr("&Restricted run mode"), this, "check_restricted"))
 {
     setCaption(tr("Settings"));
-    // Each language under its own name, so that everybody finds his.
+    // Each language stands under its own name, so that its speakers find it.
     m_language->addItem(QStringLiteral("English"), settings::English);
     m_language->addItem(QStringLiteral("Deutsch"), settings::German);
     m_language->setCurrentId(settings::language());

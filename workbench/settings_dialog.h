@@ -17,9 +17,9 @@ class SettingsDialog : public MRL_QT_Dialog
     void accept() override;
 
   private:
-    MRL_QT4_ComboBox* m_language;    ///< child of this
-    MRL_QT_CheckBox* m_experimental; ///< child of this
-    MRL_QT_CheckBox* m_restricted;   ///< child of this
+    MRL_QT4_ComboBox* m_language;
+    MRL_QT_CheckBox* m_experimental;
+    MRL_QT_CheckBox* m_restricted;
 };
 
 } // namespace mrl::workbench

@@ -27,7 +27,7 @@ class StartPage : public QWidget
     /// The icon beside the name of the program and what it is for, not yet in a layout.
     static QLayout* titleLine(QWidget* column);
 
-    QWidget* m_recent;           ///< child of this
+    QWidget* m_recent;
     QVBoxLayout* m_recentLayout; ///< layout of m_recent
 };
 

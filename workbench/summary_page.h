@@ -32,7 +32,7 @@ class SummaryPage : public QWidget
     void showFacts(const ProjectSummary& summary);
     void showCounts(const ProjectSummary& summary);
 
-    QLabel* m_designCode; ///< child of this, like all below
+    QLabel* m_designCode;
     QLabel* m_system;
     QLabel* m_gravity;
     QLabel* m_current;

@@ -28,9 +28,9 @@ class TaskPanel : public QWidget
   private:
     QCommandLinkButton* createTask(Manager which, const QString& text, const char* name);
 
-    QCommandLinkButton* m_actions;   ///< child of this
-    QCommandLinkButton* m_loadCases; ///< child of this
-    QLabel* m_refusal;               ///< child of this
+    QCommandLinkButton* m_actions;
+    QCommandLinkButton* m_loadCases;
+    QLabel* m_refusal;
 };
 
 } // namespace mrl::workbench

@@ -35,7 +35,4 @@ struct CommandGroup
     std::vector<std::unique_ptr<Command>> commands;
 };
 
-/// Every command of the program, in the order of its help.
-std::vector<CommandGroup> allCommands();
-
 } // namespace mrl::cli

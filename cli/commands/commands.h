@@ -1,10 +1,14 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "cli/commands/command.h"
 
 namespace mrl::cli {
+
+/// Every command of the program, in the order of its help.
+std::vector<CommandGroup> allCommands();
 
 // One maker a command; each command's class lives in the file of the same name.
 std::unique_ptr<Command> codesCommand();

@@ -18,7 +18,7 @@
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/roles.h"
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/loadcase_widget.h"
 #include "model/working_model.h"
 #include "rules/action_columns.h"

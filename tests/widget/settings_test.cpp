@@ -3,7 +3,7 @@
 #include <QSettings>
 
 #include "host/mrl_widgets.h"
-#include "hostlib/ui/widget/application_settings.h"
+#include "hostlib/ui/widget/application.h"
 
 namespace {
 

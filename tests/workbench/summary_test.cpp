@@ -240,8 +240,9 @@ TEST_F(SummaryTest, FindingsAreToldInGerman)
     FindingsModel model(nullptr);
     model.show(summarise(db).findings);
     QTranslator german;
-    ASSERT_TRUE(german.load(QStringLiteral("mrl_loadcase_dll_de"),
-                            QCoreApplication::applicationDirPath() + QStringLiteral("/../share/mrl/translations")));
+    ASSERT_TRUE(
+        german.load(QStringLiteral("mrl_loadcase_dll_de"),
+                    QCoreApplication::applicationDirPath() + QStringLiteral("/../share/mrl/translations")));
     QCoreApplication::installTranslator(&german);
     ASSERT_EQ(model.rowCount(), 2);
     EXPECT_EQ(shown(model, 0, 1),

@@ -2,7 +2,7 @@
 
 #include <QSettings>
 
-#include "hostlib/ui/widget/application_settings.h"
+#include "hostlib/ui/widget/application.h"
 
 namespace {
 

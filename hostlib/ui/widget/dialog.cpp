@@ -2,7 +2,7 @@
 
 #include <QHideEvent>
 
-#include "hostlib/ui/widget/application_settings.h"
+#include "hostlib/ui/widget/application.h"
 #include "hostlib/ui/widget/window_size.h"
 
 MRL_QT_Dialog::MRL_QT_Dialog(QWidget* parent, const char* name, Qt::WindowFlags flags)

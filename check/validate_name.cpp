@@ -1,4 +1,4 @@
-#include "check/new_action_name.h"
+#include "check/validate_name.h"
 
 #include "check/finding_text.h"
 #include "rules/new_action_name.h"

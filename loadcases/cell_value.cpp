@@ -1,4 +1,4 @@
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"

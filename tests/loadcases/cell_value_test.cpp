@@ -1,6 +1,6 @@
 // Cells of a class that the table's headers don't make: they are left alone, and have no value.
 
-#include "loadcases/cell.h"
+#include "loadcases/cell_value.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "check/new_action_name.h"
+#include "check/validate_name.h"
 
 namespace {
 
