@@ -50,6 +50,7 @@ struct LCM_RoleEntry
     std::optional<LCM_Term> unfavourable; ///< nothing: `none`, the action doesn't act in this role
     std::optional<LCM_Term> favourable;   ///< where an action acts although it is favourable; nothing: see
                                           ///< lcm_favourable_term
+    int place = 0;                        ///< LCM_TextEntry::place of the entry
 };
 
 /// One of the alternatives of a bracket: `0.5*LR`.
@@ -70,6 +71,9 @@ struct LCM_Expression
     std::vector<LCM_RoleEntry> entries;
     std::vector<std::string> shortActions; ///< of these the second one beside the leading takes `second`
     std::optional<std::vector<LCM_Bracket>> sum; ///< instead of leading and other variable actions
+    int place = 0;                               ///< LCM_SituationSection::place of its section
+    int shortPlace = 0;                          ///< that of `short`
+    int sumPlace = 0;                            ///< that of `sum`
 };
 
 /// What the load group of actions says.
@@ -96,6 +100,7 @@ struct LCM_Situation
     double otherComponents = 0; ///< and the others have this one
     bool removed = false;       ///< `remove = yes`: a file takes the situation of its base away
     std::vector<LCM_Expression> expressions;
+    int place = 0; ///< LCM_SituationSection::place of its first section
 };
 
 inline constexpr std::array<const char*, 7> LCM_SITUATION_KINDS{

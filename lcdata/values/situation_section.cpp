@@ -44,13 +44,14 @@ void LCM_SituationSectionReader::read(const std::vector<LCM_TextEntry>& entries)
         if (!seen.emplace(key, m_entry).second) {
             tell("'" + key + "' stands twice in this section", "leave one of them out");
         } else {
-            entry({key, lcm_trimmed(each.value)});
+            entry({key, lcm_trimmed(each.value), each.place});
         }
     }
 }
 
 void LCM_SituationSectionReader::entry(const LCM_TextEntry& entry)
 {
+    m_place = entry.place;
     if (common(entry.key, entry.value) || (!m_isExpression && whole(entry.key, entry.value)) ||
         ofExpression(entry.key, entry.value)) {
         return;
@@ -149,6 +150,7 @@ bool LCM_SituationSectionReader::ofExpression(const std::string& key, const std:
     const std::vector<std::string> words = wordsOf(key);
     const std::string first = words.empty() ? "" : words.front();
     if (key == "sum") {
+        m_expression.sumPlace = m_place;
         m_expression.sum = m_terms.sum(value);
         if (!m_expression.sum) {
             tell(m_terms.error().message, m_terms.error().cure);
@@ -171,6 +173,7 @@ bool LCM_SituationSectionReader::ofExpression(const std::string& key, const std:
 
 void LCM_SituationSectionReader::shortActions(const std::string& value)
 {
+    m_expression.shortPlace = m_place;
     std::istringstream stream(value);
     for (std::string part; std::getline(stream, part, ',');) {
         if (wordsOf(part).size() != 1) {
@@ -210,6 +213,7 @@ void LCM_SituationSectionReader::role(LCM_Role role, const std::vector<std::stri
 {
     LCM_RoleEntry entry;
     entry.role = role;
+    entry.place = m_place;
     const bool isReadable = subject(entry, words);
     const auto pair = m_terms.pair(value);
     if (!pair) {

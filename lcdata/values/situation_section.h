@@ -65,4 +65,5 @@ class LCM_SituationSectionReader
     std::vector<LCM_SituationFinding>& m_findings;
     int m_section;
     int m_entry = -1;
+    int m_place = 0; ///< of the entry that is read
 };

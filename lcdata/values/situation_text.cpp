@@ -59,10 +59,13 @@ void Reader::section(const LCM_SituationSection& section, int number)
         tell(number, "the situation has no name", "write [SITUATION persistent]");
         return;
     }
+    const bool isFirst = m_places.count(name) == 0;
     LCM_Situation& home = situation(name);
+    home.place = isFirst ? section.place : home.place;
     Origin& origin = m_origins[m_places[name]];
     LCM_Expression expression;
     expression.name = isExpression ? lcm_trimmed(section.name.substr(bar + 3)) : "";
+    expression.place = section.place;
     LCM_SituationSectionReader(home, expression, isExpression, m_terms, result.findings, number)
         .read(section.entries);
     const auto same = [&](const LCM_Expression& each) { return each.name == expression.name; };

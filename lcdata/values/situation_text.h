@@ -14,6 +14,7 @@ struct LCM_TextEntry
 {
     std::string key;
     std::string value;
+    int place = 0; ///< where it stands, as the caller counts; kept in what is made of it
 };
 
 /// One section: what stands behind the word SITUATION, and the entries in their order.
@@ -21,6 +22,7 @@ struct LCM_SituationSection
 {
     std::string name;
     std::vector<LCM_TextEntry> entries;
+    int place = 0; ///< where it begins
 };
 
 /// What is wrong with a section or an entry.

@@ -40,7 +40,7 @@ std::vector<std::string> idsOfTheCode()
     for (const auto& [rule, id] : LCM_RULE_IDS) {
         ids.emplace_back(id);
     }
-    const auto last = static_cast<int>(mrl::designcode::WarningRule::PlainActionNotAhead);
+    const auto last = static_cast<int>(mrl::designcode::WarningRule::ActionInNoSituation);
     for (int rule = 0; rule <= last; ++rule) {
         ids.emplace_back(mrl::designcode::idOf(static_cast<mrl::designcode::WarningRule>(rule)));
     }

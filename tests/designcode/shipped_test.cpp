@@ -72,6 +72,23 @@ TEST_P(ShippedCode, OffersTheKindsOfActionsThatProjectsNeed)
     }
 }
 
+TEST_P(ShippedCode, SituationsHaveTheCommonNamesEachWithClauseAndState)
+{
+    const std::set<std::string> common{"persistent",      "persistent-ab", "persistent-equ", "persistent-c",
+                                       "accidental",      "seismic",       "characteristic", "frequent",
+                                       "quasi-permanent", "infrequent"};
+    const std::set<std::string> states{"verified", "one source", "unverified", "own choice"};
+    std::set<std::string> names;
+    for (const LCM_Situation& situation : code().situations) {
+        names.insert(situation.name);
+        EXPECT_EQ(common.count(situation.name), 1u) << situation.name;
+        EXPECT_NE(situation.clause, "") << situation.name;
+        EXPECT_NE(situation.title, "") << situation.name;
+        EXPECT_EQ(states.count(situation.state), 1u) << situation.name << ": " << situation.state;
+    }
+    EXPECT_THAT(names, testing::IsSupersetOf({"persistent", "accidental", "seismic"}));
+}
+
 TEST_P(ShippedCode, EveryTitleIsSet)
 {
     for (const auto& action : code().actions) {
@@ -112,6 +129,18 @@ TEST(ShippedCodes, OnlyRoadBridgesKnowTheInfrequentFactor)
         const bool known = std::get<DesignCode>(result).availability.psi1s > 0.0f;
         EXPECT_EQ(known, std::string(name) == "en1990-road-bridges") << name;
     }
+}
+
+TEST(ShippedCodes, EuropeanCodeHasTheSituationsOfTheStandard)
+{
+    const auto result = mrl::designcode::read(*mrl::designcode::find("en1990"));
+    std::vector<std::string> names;
+    for (const LCM_Situation& situation : std::get<DesignCode>(result).situations) {
+        names.push_back(situation.name);
+    }
+    EXPECT_THAT(names, testing::UnorderedElementsAre("persistent", "persistent-ab", "persistent-equ",
+                                                     "persistent-c", "accidental", "seismic",
+                                                     "characteristic", "frequent", "quasi-permanent"));
 }
 
 TEST(ShippedCodes, LoadFactorDesignKnowsSafetyFactorsOnly)

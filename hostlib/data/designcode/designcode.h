@@ -4,6 +4,7 @@
 /// The contract of the file itself is docs/design-code-file.md.
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 
 #include "host/mrl_export.h"
 #include "lcdata/values/records.h"
+#include "lcdata/values/situation.h"
 
 namespace mrl::designcode {
 
@@ -33,6 +35,34 @@ struct Label
     std::string text; ///< UTF-8, as the file states it
 };
 
+/// What a warning goes by.
+enum class WarningRule : int {
+    GamaWithoutActionsSection,
+    LimitBelow0,
+    LabelTooLong,
+    LabelNoneBesideMark,
+    OldNumberMissing,
+    FactorNotMarked,
+    GamaNotStated,
+    PlainActionNotAhead,
+    SituationNotReadable,
+    SituationFactorNotMarked,
+    SituationActionUnknown,
+    SituationUnfavourableBelowFavourable,
+    ActionInNoSituation
+};
+
+/// The stable id of a rule, such as "limit-below-0".
+MRL_HOST_API const char* idOf(WarningRule rule);
+
+/// Something that loads but would trap the user of the design code.
+struct Warning
+{
+    WarningRule rule{};
+    int line = 0; ///< 1-based; 0 when it concerns the file as a whole
+    std::string text;
+};
+
 /// What one design-code file says.
 struct DesignCode
 {
@@ -49,6 +79,10 @@ struct DesignCode
     std::vector<Label> texts;           ///< entries of the section "ACTIONS"
     std::optional<float> kfi;           ///< section "COMBINATIONS", entry KFI
     std::optional<float> xsi;           ///< section "COMBINATIONS", entry XSI
+    std::map<std::string, float>
+        constants; ///< all entries of "COMBINATIONS": what the terms of situations name
+    std::vector<LCM_Situation> situations; ///< how the actions are combined, in the order of the file
+    std::vector<Warning> readingWarnings; ///< what was told while the file was read; warnings() has them, too
 };
 
 /// Why a file cannot be read as a design code.
@@ -60,29 +94,6 @@ struct Error
 
     /// "FILE:LINE: REASON", without the line when there is none.
     MRL_HOST_API std::string text() const;
-};
-
-/// What a warning goes by.
-enum class WarningRule : int {
-    GamaWithoutActionsSection,
-    LimitBelow0,
-    LabelTooLong,
-    LabelNoneBesideMark,
-    OldNumberMissing,
-    FactorNotMarked,
-    GamaNotStated,
-    PlainActionNotAhead
-};
-
-/// The stable id of a rule, such as "limit-below-0".
-MRL_HOST_API const char* idOf(WarningRule rule);
-
-/// Something that loads but would trap the user of the design code.
-struct Warning
-{
-    WarningRule rule{};
-    int line = 0; ///< 1-based; 0 when it concerns the file as a whole
-    std::string text;
 };
 
 using ReadResult = std::variant<DesignCode, Error>;

@@ -9,6 +9,7 @@
 #include "hostlib/data/designcode/action_name.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "hostlib/data/designcode/ini_file.h"
+#include "hostlib/data/designcode/situations.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/factors.h"
 #include "lcdata/values/keywords.h"
@@ -59,6 +60,7 @@ class Builder
     bool availability(const IniSection& section);
     bool texts(const IniSection& section);
     bool combinations(const IniSection& section);
+    bool constantsAreNamed();
     bool action(const IniSection& section);
     bool actionEntry(const IniEntry& entry, DefaultAction& action);
     bool partition(const IniSection& section, tagCDB_LC_ACT& record);
@@ -85,6 +87,7 @@ bool Builder::fail(int line, std::string reason)
 
 bool Builder::build()
 {
+    std::vector<const IniSection*> situations;
     for (const IniSection& section : m_ini.sections) {
         const bool isAction = section.name.rfind("ACTION ", 0) == 0;
         bool good = false;
@@ -98,6 +101,9 @@ bool Builder::build()
             good = combinations(section);
         } else if (isAction) {
             good = action(section);
+        } else if (isSituation(section.name)) {
+            situations.push_back(&section);
+            good = true;
         } else {
             good = fail(section.line, "section '" + section.name + "' is not known");
         }
@@ -105,7 +111,24 @@ bool Builder::build()
             return false;
         }
     }
-    return m_ini.find("DESIGN CODE") != nullptr || fail(0, "section 'DESIGN CODE' is missing");
+    readSituations(situations, code);
+    return constantsAreNamed() &&
+           (m_ini.find("DESIGN CODE") != nullptr || fail(0, "section 'DESIGN CODE' is missing"));
+}
+
+/// A constant that no situation names is a misspelt one. While a situation can't be read, nobody knows.
+bool Builder::constantsAreNamed()
+{
+    const IniSection* section = m_ini.find("COMBINATIONS");
+    if (section == nullptr || !code.readingWarnings.empty()) {
+        return true;
+    }
+    for (const IniEntry& entry : section->entries) {
+        if (entry.key != "KFI" && entry.key != "XSI" && !isNamed(entry.key, code)) {
+            return fail(entry.line, "entry '" + entry.key + "' is not known in section 'COMBINATIONS'");
+        }
+    }
+    return true;
 }
 
 bool Builder::onlyKeys(const IniSection& section, const Keys& keys)
@@ -166,15 +189,17 @@ bool Builder::texts(const IniSection& section)
 
 bool Builder::combinations(const IniSection& section)
 {
-    if (!onlyKeys(section, {"KFI", "XSI"})) {
-        return false;
-    }
     for (const IniEntry& entry : section.entries) {
         float value = 0.0f;
         if (!number(entry, value)) {
             return false;
         }
-        (entry.key == "KFI" ? code.kfi : code.xsi) = value;
+        code.constants[entry.key] = value;
+        if (entry.key == "KFI") {
+            code.kfi = value;
+        } else if (entry.key == "XSI") {
+            code.xsi = value;
+        }
     }
     return true;
 }

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "hostlib/data/designcode/designcode.h"
+#include "hostlib/data/designcode/situations.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/factors.h"
 
@@ -99,16 +100,26 @@ void checkOrder(const DesignCode& code, Warnings& out)
 
 const char* idOf(WarningRule rule)
 {
-    static constexpr const char* IDS[] = {
-        "gama-without-actions-section", "limit-below-0",     "label-too-long",  "label-none-beside-mark",
-        "old-number-missing",           "factor-not-marked", "gama-not-stated", "plain-action-not-ahead"};
-    static_assert(std::size(IDS) == static_cast<std::size_t>(WarningRule::PlainActionNotAhead) + 1);
+    static constexpr const char* IDS[] = {"gama-without-actions-section",
+                                          "limit-below-0",
+                                          "label-too-long",
+                                          "label-none-beside-mark",
+                                          "old-number-missing",
+                                          "factor-not-marked",
+                                          "gama-not-stated",
+                                          "plain-action-not-ahead",
+                                          "situation-not-readable",
+                                          "situation-factor-not-marked",
+                                          "situation-action-unknown",
+                                          "situation-unfavourable-below-favourable",
+                                          "action-in-no-situation"};
+    static_assert(std::size(IDS) == static_cast<std::size_t>(WarningRule::ActionInNoSituation) + 1);
     return IDS[static_cast<std::size_t>(rule)];
 }
 
 std::vector<Warning> warnings(const DesignCode& code)
 {
-    Warnings out;
+    Warnings out = code.readingWarnings;
     checkMarks(code, out);
     checkLabels(code, out);
     checkOldNumbers(code, out);
@@ -116,6 +127,7 @@ std::vector<Warning> warnings(const DesignCode& code)
         checkUnmarkedFactors(code, action, out);
     }
     checkOrder(code, out);
+    checkSituations(code, out);
     return out;
 }
 
