@@ -71,16 +71,12 @@ bool Writer::stands(const Record& record)
 /// Adds up the records of a key. @return false on failure
 bool Writer::find(const Key& key, Tally& out)
 {
-    int position = -1;
-    for (;;) {
-        Rows rows = m_store.record(key, position);
-        const Status status = rows.next();
-        if (status != Status::Ok) {
-            return status == Status::None;
-        }
-        position = rows.position();
+    Rows rows = m_store.ofKey(key);
+    Status status = Status::Ok;
+    while ((status = rows.next()) == Status::Ok) {
         out.add(rows.checksum());
     }
+    return status == Status::None;
 }
 
 Outcome Writer::put(const Record& record)

@@ -71,6 +71,8 @@ Rows Store::record(const Key& key, int behind)
     return {m_texts->next, source(), {key.kwh, key.kwl, behind}};
 }
 
+Rows Store::ofKey(const Key& key) { return {m_texts->ofKey, source(), {key.kwh, key.kwl}}; }
+
 Rows Store::ahead(const Key& from, const Ahead& how)
 {
     Statement* text = nullptr;

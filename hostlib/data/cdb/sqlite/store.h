@@ -76,7 +76,9 @@ class Store
 
     /// The first record of a key beyond a position.
     Rows record(const Key& key, int behind);
-    /// The records that a walk meets next.
+    /// The checksums of a key's records.
+    Rows ofKey(const Key& key);
+    /// The records that a walk meets next, without their positions.
     Rows ahead(const Key& from, const Ahead& how);
     /// The records of a range. @param range null: all records
     Rows range(const KeyRange* range, Columns columns);

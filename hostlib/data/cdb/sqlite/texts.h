@@ -12,27 +12,30 @@ struct Store::Texts
     explicit Texts(int format)
         : sum(format == 1 ? "crc" : "hash"),
           // The checksums of format 1 are made anew from what they are over.
-          checksums(format == 1 ? ",crc,bytes,position" : ",hash"), whole("," + sum + ",bytes,position")
+          checksums(format == 1 ? ",crc,bytes,position" : ",hash"),
+          walked(format == 1 ? ",crc,bytes,position" : ",hash,bytes"), whole("," + sum + ",bytes,position")
     {
     }
 
     std::string sum;
     std::string checksums;
+    std::string walked; ///< a walk counts the positions by itself, and each column costs time
     std::string whole;
 
     Statement next{"SELECT kwl,kwh" + whole +
                    " FROM record WHERE kwh=?1 AND kwl=?2 AND position>?3 ORDER BY position LIMIT 1"};
+    Statement ofKey{"SELECT kwl,kwh" + checksums + " FROM record WHERE kwh=?1 AND kwl=?2"};
     Statement last{"SELECT position FROM record WHERE kwh=?1 AND kwl=?2 ORDER BY position DESC LIMIT 1"};
 
     Statement keysUp{"SELECT kwl,kwh FROM record WHERE kwh=?1 AND kwl>?2 ORDER BY kwl LIMIT ?3"};
     Statement keysDown{"SELECT kwl,kwh FROM record WHERE kwh=?1 AND kwl<?2 ORDER BY kwl DESC LIMIT ?3"};
     Statement checksumsUp{"SELECT kwl,kwh" + checksums +
                           " FROM record WHERE kwh=?1 AND kwl>?2 ORDER BY kwl,position LIMIT ?3"};
-    Statement recordsUp{"SELECT kwl,kwh" + whole +
+    Statement recordsUp{"SELECT kwl,kwh" + walked +
                         " FROM record WHERE kwh=?1 AND kwl>?2 ORDER BY kwl,position LIMIT ?3"};
     Statement keysBeyond{"SELECT kwl,kwh FROM record WHERE kwh>?1 ORDER BY kwh,kwl LIMIT ?3"};
     Statement keysBefore{"SELECT kwl,kwh FROM record WHERE kwh<?1 ORDER BY kwh DESC,kwl DESC LIMIT ?3"};
-    Statement recordsBeyond{"SELECT kwl,kwh" + whole +
+    Statement recordsBeyond{"SELECT kwl,kwh" + walked +
                             " FROM record WHERE kwh>?1 ORDER BY kwh,kwl,position LIMIT ?3"};
 
     Statement insert{"INSERT OR IGNORE INTO record(kwh,kwl,position,hash,bytes) VALUES(?1,?2,?3,?4,?5)"};
