@@ -1,5 +1,6 @@
 #include "model/action_tree.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace {
@@ -39,19 +40,27 @@ void LCM_ActionTargets::store(const tagCDB_LC_ACT& record) const
     }
 }
 
-LCM_ActionTargets lcm_action_targets(const std::vector<LCM_ActionEntry*>& tree, int code)
+LCM_ActionTargets LCM_ActionTargets::preferActive() const
 {
-    LCM_ActionTargets targets;
-    for (LCM_ActionEntry* parent : tree) {
-        if (parent->code == code) {
-            targets.parent = parent;
-            break;
+    LCM_ActionTargets only;
+    int found = 0;
+    const auto takeChild = [&](LCM_SubAction* child) {
+        if (child->state == LCM_STATE_ACTIVE) {
+            only.children = {child};
+            ++found;
         }
-        if (LCM_SubAction* child = firstChild(*parent, code)) {
-            targets.children.push_back(child);
+    };
+    const auto takeParent = [&](LCM_ActionEntry* entry) {
+        if (entry && entry->state == LCM_STATE_ACTIVE) {
+            only.parent = entry;
+            ++found;
         }
-    }
-    return targets;
+    };
+    std::for_each(children.begin(), children.end(), takeChild);
+    std::for_each(laterChildren.begin(), laterChildren.end(), takeChild);
+    takeParent(parent);
+    std::for_each(laterParents.begin(), laterParents.end(), takeParent);
+    return found == 1 ? only : *this;
 }
 
 LCM_ActionIndex::LCM_ActionIndex(const std::vector<LCM_ActionEntry*>& tree)
@@ -72,15 +81,16 @@ const LCM_ActionTargets& LCM_ActionIndex::at(int code) const
 void LCM_ActionIndex::add(LCM_ActionEntry* parent)
 {
     LCM_ActionTargets& own = m_targets[parent->code];
-    if (!own.parent) {
+    if (own.parent) {
+        own.laterParents.push_back(parent);
+    } else {
         own.parent = parent;
     }
     std::unordered_set<int> seen;
     for (LCM_SubAction* child : parent->subActions) {
         LCM_ActionTargets& targets = m_targets[child->code];
-        // Only a parent's first child with a code counts, and none behind the first parent with that code.
-        if (seen.insert(child->code).second && !targets.parent) {
-            targets.children.push_back(child);
-        }
+        // A walk meets only a parent's first child with a code, and none behind the first parent with that code.
+        const bool isMet = seen.insert(child->code).second && !targets.parent;
+        (isMet ? targets.children : targets.laterChildren).push_back(child);
     }
 }

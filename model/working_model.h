@@ -136,7 +136,8 @@ class LCM_DataClass : public QObject
     /// How many factor columns there are.
     int optionalColumnCount();
 
-    /// Puts a record into the entry with this code; state, code and userDefined of the entry stay.
+    /// Puts a record into the entry with this code; state, code and userDefined of the entry stay. Of several
+    /// entries with the code the one that is part of the project counts, else the first.
     /// @param mayCreate appends an active entry of the record when there is none
     void storeAction(int code, const tagCDB_LC_ACT& record, bool mayCreate);
     /// storeAction for each of the rows in turn, in step with their number.

@@ -155,7 +155,7 @@ void LCM_DataClass::removeActions(const std::set<int>& codes)
     const LCM_ActionIndex defaults(m_designCodeActions);
     std::unordered_set<const LCM_ActionEntry*> gone;
     for (const int code : codes) {
-        const LCM_ActionTargets& targets = live.at(code);
+        const LCM_ActionTargets targets = live.at(code).preferActive();
         if (const LCM_SubAction* known = defaults.at(code).first()) {
             targets.store(known->record);
         }
@@ -176,18 +176,14 @@ void LCM_DataClass::removeActions(const std::set<int>& codes)
 
 void LCM_DataClass::storeAction(int code, const tagCDB_LC_ACT& record, bool mayCreate)
 {
-    const LCM_ActionTargets targets = lcm_action_targets(actions, code);
-    targets.store(record);
-    if (targets.empty() && mayCreate) {
-        actions.push_back(newEntry(record, LCM_STATE_ACTIVE, false));
-    }
+    storeActions({{code, record}}, mayCreate);
 }
 
 void LCM_DataClass::storeActions(const std::vector<LCM_CodedAction>& rows, bool mayCreate)
 {
     LCM_ActionIndex index(actions);
     for (const LCM_CodedAction& row : rows) {
-        const LCM_ActionTargets& targets = index.at(row.code);
+        const LCM_ActionTargets targets = index.at(row.code).preferActive();
         targets.store(row.record);
         if (!targets.empty() || !mayCreate) {
             continue;
