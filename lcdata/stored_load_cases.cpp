@@ -1,15 +1,28 @@
 #include "lcdata/stored_load_cases.h"
 
+#include <array>
+#include <cstring>
+
 #include "lcdata/guards.h"
 
 namespace {
 
+/// Room for the longest record of the group, those of other modules included: a host may refuse a shorter
+/// buffer as if there were no record.
+constexpr int LONGEST_RECORD = 2060;
+
 bool readFirst(int db, int number, tagCDB_LC_CTRL& record)
 {
     const LCM_KeyGuard key(db, LC_KWH_CASES, number);
-    // Records of other modules may be longer; their beginning tells whose they are.
-    int length = sizeof record;
-    return mrl_cdb_get(db, LC_KWH_CASES, number, &record, &length, 0) < CD_END;
+    std::array<unsigned char, LONGEST_RECORD> buffer;
+    std::memset(buffer.data(), 0, sizeof record); // the rest is never looked at
+    int length = LONGEST_RECORD;
+    const int result = mrl_cdb_get(db, LC_KWH_CASES, number, buffer.data(), &length, 0);
+    if (result == CD_END || result == CD_NONE) {
+        return false;
+    }
+    std::memcpy(&record, buffer.data(), sizeof record);
+    return true;
 }
 
 } // namespace
