@@ -101,6 +101,9 @@ constexpr RuleWords RULE_WORDS[] = {
     {LCM_Rule::ActionNameDiffersFromKey,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck", "the record names the action %1 and will move there "
                                                      "when the dialog is accepted")}},
+    {LCM_Rule::ActionNameShortened,
+     {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck", "its row keeps only %1 of the name, so that its load "
+                                                     "cases lose the action when the dialog opens")}},
     {LCM_Rule::ActionMissing,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck", "the project has no action %1")}},
     {LCM_Rule::LoadCaseNumberAbove999999,

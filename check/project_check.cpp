@@ -98,6 +98,9 @@ void Check::checkAction(int key, const tagCDB_LC_ACT& record)
         add(LCM_Subject::Action, key, LCM_Rule::ActionNameDiffersFromKey, {lcm_word_name(code)});
     }
     const tagCDB_LC_ACT shown = asShown(record);
+    if (lcm_action_code(shown) != code) {
+        add(LCM_Subject::Action, key, LCM_Rule::ActionNameShortened, {lcm_word_name(lcm_action_code(shown))});
+    }
     add(key, lcm_check_action(shown, m_limits, m_identity));
     m_actions[code] = shown;
 }

@@ -39,6 +39,7 @@ enum class LCM_Rule : int {
     ActionNameReserved,
     ActionWithoutName,
     ActionNameDiffersFromKey,
+    ActionNameShortened,
     ActionMissing,
     LoadCaseNumberAbove999999,
     LoadCaseNumberSharedWithModule,
@@ -57,7 +58,7 @@ enum class LCM_Rule : int {
 };
 
 /// The rules in their order, each with its stable id.
-inline constexpr std::array<std::pair<LCM_Rule, const char*>, 36> LCM_RULE_IDS{{
+inline constexpr std::array<std::pair<LCM_Rule, const char*>, 37> LCM_RULE_IDS{{
     {LCM_Rule::GamuNotAbove0, "gamu-not-above-0"},
     {LCM_Rule::GamuBelow0, "gamu-below-0"},
     {LCM_Rule::GamfNotBetween0AndGamu, "gamf-not-between-0-and-gamu"},
@@ -81,6 +82,7 @@ inline constexpr std::array<std::pair<LCM_Rule, const char*>, 36> LCM_RULE_IDS{{
     {LCM_Rule::ActionNameReserved, "action-name-reserved"},
     {LCM_Rule::ActionWithoutName, "action-without-name"},
     {LCM_Rule::ActionNameDiffersFromKey, "action-name-differs-from-key"},
+    {LCM_Rule::ActionNameShortened, "action-name-shortened"},
     {LCM_Rule::ActionMissing, "action-missing"},
     {LCM_Rule::LoadCaseNumberAbove999999, "load-case-number-above-999999"},
     {LCM_Rule::LoadCaseNumberSharedWithModule, "load-case-number-shared-with-module"},

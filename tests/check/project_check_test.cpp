@@ -62,6 +62,16 @@ TEST_F(ProjectCheck, CombinationFactorsAreJudgedByTheLimits)
     EXPECT_THAT(findings(), ElementsAre("W 107 psi0-not-between-0-and-limit 0 1"));
 }
 
+TEST_F(ProjectCheck, NameThatNoRowKeepsIsAFinding)
+{
+    // Four characters have room in the code, but a row keeps a suffix of one.
+    tagCDB_LC_ACT twoCharacters = soundAction("A");
+    twoCharacters.suffix = lcm_pack_word("I4");
+    project.putAction(twoCharacters);
+    project.putLoadCase(2, bareLoadCase("A_I4"));
+    EXPECT_THAT(findings(), ElementsAre("A_I4 action-name-shortened A_I"));
+}
+
 TEST_F(ProjectCheck, CopiedFactorsOfALoadCaseAreNotCondemned)
 {
     // The dialog shows the action's present factors, whatever the record holds.
