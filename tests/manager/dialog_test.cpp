@@ -116,6 +116,7 @@ TEST_F(ManagerTest, InfoLineShowsTheCombinationValuesOfTheDesignCode)
         EXPECT_TRUE(lines[1].endsWith(QStringLiteral(" = 1"))) << lines[1].toStdString();
         EXPECT_TRUE(lines[2].endsWith(QStringLiteral(" = 0.833"))) << lines[2].toStdString();
         EXPECT_FALSE(lines[1].startsWith(QStringLiteral("40Z"))) << "the key has a text in the catalogue";
+        EXPECT_FALSE(lines[2].startsWith(QStringLiteral("40X"))) << "the key has a text in the catalogue";
         pressCancel(dialog);
     });
 }
