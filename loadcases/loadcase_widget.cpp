@@ -123,6 +123,13 @@ void LCM_LoadcaseWidget::slot_checkDeadloadChanged(int state)
     show(LC_COL_DLY, components && shown[1]);
     show(LC_COL_DLZ, components && shown[2]);
     show(LC_COL_DEADFACTOR, !components);
+    if (components && !m_componentsFitted) {
+        // Fitting passes hidden columns over.
+        for (const int column : {LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}) {
+            m_loadcaseTable->resizeColumnToContents(m_loadcaseTable->getColumnNumber(column));
+        }
+        m_componentsFitted = true;
+    }
 }
 
 void LCM_LoadcaseWidget::setActionsWidget(LCM_ActionsWidget* actions)

@@ -120,7 +120,8 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     MRL_QT_CheckBox* m_checkIncrease = nullptr;
     std::vector<LCM_LoadcaseCopy> m_copies;
 
-    LCM_LoadCaseSetup m_setup; ///< the system as it was read last
+    LCM_LoadCaseSetup m_setup;       ///< the system as it was read last
+    bool m_componentsFitted = false; ///< the columns of the dead weight's components were shown once
     // They work on the table and live as long as it.
     std::unique_ptr<LCM_RowActions> m_actions;
     std::unique_ptr<LCM_LoadCaseRows> m_rows;

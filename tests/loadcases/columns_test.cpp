@@ -229,4 +229,27 @@ TEST(LoadcaseColumns, AreTranslatedButForTheNumberAndTheMarker)
     EXPECT_EQ(tabs.table->findChild<QAction*>("delete unused loadcases")->text(), "~Delete unused loadcases");
 }
 
+TEST(LoadcaseColumns, ComponentsAreFittedWhenTheyAreFirstShown)
+{
+    qobject_cast<MRL_QT_Application*>(QCoreApplication::instance())
+        ->setAppSettings("LF_Manager", "checkDeadload", 0);
+    const LoadCaseProject project;
+    project.putLoadCase(1, standalone());
+    const Tabs tabs(project);
+    auto* box = tabs.lc->findChild<MRL_QT_CheckBox*>("check_deadload");
+    ASSERT_FALSE(box->isChecked());
+    box->setChecked(true);
+    QHeaderView* header = tabs.table->horizontalHeader();
+    const int column = tabs.table->getColumnNumber(LC_COL_DLX);
+    const int shown = tabs.table->columnWidth(column);
+    EXPECT_NE(shown, header->defaultSectionSize());
+    tabs.table->resizeColumnToContents(column);
+    EXPECT_EQ(tabs.table->columnWidth(column), shown);
+
+    tabs.table->setColumnWidth(column, 234);
+    box->setChecked(false);
+    box->setChecked(true);
+    EXPECT_EQ(tabs.table->columnWidth(column), 234) << "a width that the user chose stays";
+}
+
 } // namespace
