@@ -49,6 +49,8 @@ class LCM_ActionsWidget : public LCM_TabInterface
     /// @param codes [out] the action codes of the selected rows; -1 stands for a row without a code
     void getSelectedActionCodes(std::set<int>& codes) const;
 
+    /// Judges all rows anew.
+    void judgeAllRows();
     MRL_LC_ActionsTable* actionsTable() const { return m_actionsTable; }
 
   signals:
@@ -90,6 +92,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
     void fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check);
     bool checkRow(const LCM_RowCells& cells);
     void appendRow(const tagCDB_LC_ACT& action);
+    void bringIntoSight(int row);
 
     void reinitialise(const std::set<int>& rows, bool reportAll);
 

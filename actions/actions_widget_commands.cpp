@@ -5,6 +5,7 @@
 #include "actions/action_deletion.h"
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
+#include "actions/host_settings.h"
 #include "actions/new_action.h"
 #include "actions/new_action_dialog.h"
 #include "actions/row_cells.h"
@@ -19,7 +20,7 @@ void LCM_ActionsWidget::slot_newClicked()
     m_rowCacheDirty = true;
     modified = true;
     // Until the end of the slot: receivers of the signals find the new row last, before it sorts into place.
-    const MRL_QT_SortingBlocker sortingBlocker(table);
+    MRL_QT_SortingBlocker sortingBlocker(table);
     QStringList names;
     for (int row = 0; row < table->rowCount(); ++row) {
         names.append(cellText(row, ACT_COL_ACTION));
@@ -30,8 +31,20 @@ void LCM_ActionsWidget::slot_newClicked()
     }
     const tagCDB_LC_ACT action = lcm_add_action(*model, dialog);
     appendRow(action);
+    const LCM_RowCells added(table, table->rowCount() - 1);
     emit signal_newAction();
     emit signal_actionCountChanged();
+    sortingBlocker.unblock();
+    bringIntoSight(added.position());
+}
+
+void LCM_ActionsWidget::bringIntoSight(int row)
+{
+    table->scrollTo(table->model()->index(row, 0));
+    // The selection goes back to the caller of the dialog, so that it is left alone unless the host wants it.
+    if (lcm_wants_extras()) {
+        table->selectRow(row);
+    }
 }
 
 void LCM_ActionsWidget::slot_addAllClicked()

@@ -118,6 +118,18 @@ bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
     return findings.empty();
 }
 
+void LCM_ActionsWidget::judgeAllRows()
+{
+    const MRL_QT_SignalBlocker signalBlocker(table);
+    std::vector<LCM_RowCells> all; // taken first: colouring can move rows of a sorted table
+    for (int row = 0; row < table->rowCount(); ++row) {
+        all.emplace_back(table, row);
+    }
+    for (const LCM_RowCells& cells : all) {
+        cells.setValid(checkRow(cells));
+    }
+}
+
 void LCM_ActionsWidget::slot_cellChanged(int row, int col)
 {
     modified = true;

@@ -32,6 +32,10 @@ MRL_HOST_API bool mrl_connect(const QObject* sender, const char* signal, const Q
                               const char* slot, Qt::ConnectionType type);
 
 /// The application-wide services: settings and switches.
+///
+/// The managers keep their settings in the group "LF_Manager". One of them is the host's: with "extras" at 1 they
+/// offer what goes beyond their plain form, "Check again" on F5 and the selection of a new action's row. It is 0
+/// when absent.
 class MRL_HOST_API MRL_QT_ApplicationInterface
 {
   public:

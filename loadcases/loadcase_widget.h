@@ -63,6 +63,9 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     /// Judges a row, colours its cells and gives them their tool tips. The verdict isn't stored.
     /// @return true for a valid row, and always without an actions tab
     bool checkRow(int row);
+    /// Judges all rows anew. Unlike after an edit, a valid row also loses the colours and tool tips that it got
+    /// with an action which it no longer has.
+    void judgeAllRows();
     /// The value of a cell, LC_UNDEFINED when it has none.
     float getItemVal(int row, int colId);
     QString getItemText(int row, int colId);

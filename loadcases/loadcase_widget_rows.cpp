@@ -38,6 +38,20 @@ bool LCM_LoadcaseWidget::checkRow(int row)
     return m_rows->judge(row, LCM_LoadCaseCells(*m_loadcaseTable, row), context);
 }
 
+void LCM_LoadcaseWidget::judgeAllRows()
+{
+    const MRL_QT_UpdateBlocker updateBlocker(m_loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
+    LCM_RowContext context = rowContext();
+    for (int row = 0; row < m_loadcaseTable->rowCount(); ++row) {
+        const bool valid = m_rows->judge(row, LCM_LoadCaseCells(*m_loadcaseTable, row), context);
+        if (valid) {
+            markRowErrors(m_loadcaseTable, row, {});
+        }
+        setRowValid(row, valid);
+    }
+}
+
 void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
 {
     const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);

@@ -1,5 +1,6 @@
 #include "loadcases/tab_settings.h"
 
+#include "actions/host_settings.h"
 #include "host/mrl_widgets.h"
 #include "rules/dialog_settings.h"
 
@@ -7,13 +8,11 @@ namespace {
 
 const auto INCREMENT = QStringLiteral("checkIncrement");
 
-MRL_QT_Application* application() { return qobject_cast<MRL_QT_Application*>(QCoreApplication::instance()); }
-
 } // namespace
 
 void lcm_read_settings(LCM_TabSettings& settings)
 {
-    MRL_QT_Application* stored = application();
+    MRL_QT_Application* stored = lcm_settings();
     if (!stored) {
         return;
     }
@@ -26,7 +25,7 @@ void lcm_read_settings(LCM_TabSettings& settings)
 
 void lcm_store_settings(const LCM_TabSettings& settings)
 {
-    MRL_QT_Application* stored = application();
+    MRL_QT_Application* stored = lcm_settings();
     if (!stored) {
         return;
     }

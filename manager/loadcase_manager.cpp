@@ -5,12 +5,14 @@
 #include <QTabWidget>
 
 #include "actions/actions_widget.h"
+#include "actions/host_settings.h"
 #include "host/mrl_alib.h"
 #include "host/mrl_cdb.h"
 #include "host/mrl_dlib.h"
 #include "host/mrl_lib.h"
 #include "host/mrl_textlist.h"
 #include "loadcases/loadcase_widget.h"
+#include "manager/check_again.h"
 #include "manager/control_struct.h"
 #include "manager/entry_points.h"
 
@@ -63,6 +65,9 @@ int LoadcaseManager::createContents(QBoxLayout* layout)
     mrl_connect(m_tabs, "2currentChanged ( int )", this, "1slot_tabChanged ( int )", Qt::AutoConnection);
     setCaption(tr("Marlavon: Loadcase Manager"));
     createTabs();
+    if (lcm_wants_extras()) {
+        lcm_add_check_again(this, m_actions, m_loadCases);
+    }
     layout->addWidget(m_tabs, 1);
     mrl_cdb_use(m_db, 0);
     mrl_dlib_ini_switch(m_db);

@@ -440,6 +440,10 @@ Die Einwirkungen sind:
         <source>the system record has %1 bytes instead of %2</source>
         <translation>der Systemdatensatz hat %1 Bytes statt %2</translation>
     </message>
+    <message>
+        <source>its row keeps only %1 of the name, so that its load cases lose the action when the dialog opens</source>
+        <translation>ihre Zeile behält vom Namen nur %1, sodass ihre Lastfälle die Einwirkung verlieren, wenn der Dialog aufgeht</translation>
+    </message>
 </context>
 <context>
     <name>LCM_TabInterface</name>
@@ -491,6 +495,10 @@ Bitte prüfen Sie Ihre Eingaben im Überlagerungs-Manager und passen Sie sie nö
     <message>
         <source>Please select exactly one loadcase!</source>
         <translation>Bitte wählen Sie genau einen Lastfall aus!</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Neu prüfen</translation>
     </message>
 </context>
 <context>

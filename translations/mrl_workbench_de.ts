@@ -407,6 +407,14 @@
         <source>The Action Manager then offers the actions of the design code only.</source>
         <translation>Der Einwirkungs-Manager bietet dann nur die Einwirkungen der Norm an.</translation>
     </message>
+    <message>
+        <source>&amp;More than the plain managers</source>
+        <translation>&amp;Mehr als die schlichten Manager</translation>
+    </message>
+    <message>
+        <source>F5 checks all rows of a manager again, a new action&apos;s row is selected, and the findings can be checked again.</source>
+        <translation>F5 prüft alle Zeilen eines Managers neu, die Zeile einer neuen Einwirkung wird ausgewählt, und die Befunde lassen sich neu prüfen.</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::StartPage</name>
@@ -505,6 +513,10 @@
         <source>none</source>
         <comment>load case</comment>
         <translation>keiner</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Neu prüfen</translation>
     </message>
 </context>
 <context>

@@ -108,6 +108,7 @@ QWidget* MainWindow::createProjectPage()
     auto* tabs = new QTabWidget(splitter);
     tabs->setObjectName(QStringLiteral("project_tabs"));
     m_summary = new SummaryPage(tabs);
+    connect(m_summary, &SummaryPage::checkAgain, this, &MainWindow::slot_changed);
     m_input = new InputPage(tabs);
     tabs->addTab(m_summary, tr("Summary"));
     tabs->addTab(m_input, tr("Generated input"));

@@ -5,6 +5,7 @@
 
 #include "hostlib/data/settings/settings.h"
 #include "hostlib/ui/widget/application.h"
+#include "workbench/extras.h"
 
 namespace mrl::workbench {
 
@@ -29,7 +30,8 @@ QLabel* hint(const QString& text, QWidget* parent)
 SettingsDialog::SettingsDialog(QWidget* parent)
     : MRL_QT_Dialog(parent, "settings"), m_language(new MRL_QT4_ComboBox(this, "combo_language")),
       m_experimental(new MRL_QT_CheckBox(tr("&Experimental functions"), this, "check_experimental")),
-      m_restricted(new MRL_QT_CheckBox(tr("&Restricted run mode"), this, "check_restricted"))
+      m_restricted(new MRL_QT_CheckBox(tr("&Restricted run mode"), this, "check_restricted")),
+      m_extras(new MRL_QT_CheckBox(tr("&More than the plain managers"), this, "check_extras"))
 {
     setCaption(tr("Settings"));
     // Each language stands under its own name, so that its speakers find it.
@@ -38,7 +40,22 @@ SettingsDialog::SettingsDialog(QWidget* parent)
     m_language->setCurrentId(settings::language());
     m_experimental->setChecked(MRL_QT_ApplicationInterface::experimentalOn());
     m_restricted->setChecked((settings::runMode() & RESTRICTED_MODES) != 0);
+    m_extras->setChecked(wantsExtras());
 
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
+    auto* layout = new MRL_QT_VBoxLayout(this);
+    layout->addLayout(createForm());
+    layout->addStretch(1);
+    layout->addWidget(buttons);
+    resize(480, sizeHint().height());
+}
+
+SettingsDialog::~SettingsDialog() = default;
+
+QLayout* SettingsDialog::createForm()
+{
     auto* form = new QFormLayout;
     form->addRow(tr("&Language:"), m_language);
     form->addRow(QString(), hint(tr("A change of the language holds from the next start."), this));
@@ -49,18 +66,12 @@ SettingsDialog::SettingsDialog(QWidget* parent)
     form->addRow(QString(), m_restricted);
     form->addRow(QString(),
                  hint(tr("The Action Manager then offers the actions of the design code only."), this));
-
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
-    auto* layout = new MRL_QT_VBoxLayout(this);
-    layout->addLayout(form);
-    layout->addStretch(1);
-    layout->addWidget(buttons);
-    resize(480, sizeHint().height());
+    form->addRow(QString(), m_extras);
+    form->addRow(QString(), hint(tr("F5 checks all rows of a manager again, a new action's row is selected, "
+                                    "and the findings can be checked again."),
+                                 this));
+    return form;
 }
-
-SettingsDialog::~SettingsDialog() = default;
 
 void SettingsDialog::accept()
 {
@@ -71,6 +82,9 @@ void SettingsDialog::accept()
     // Which of the restricted modes it is stays as it was.
     if (was != m_restricted->isChecked()) {
         settings::setRunMode(m_restricted->isChecked() ? other | RESTRICTED_MODE : other);
+    }
+    if (wantsExtras() != m_extras->isChecked()) {
+        storeExtras(m_extras->isChecked());
     }
     MRL_QT_Dialog::accept();
 }

@@ -17,9 +17,12 @@ class SettingsDialog : public MRL_QT_Dialog
     void accept() override;
 
   private:
+    QLayout* createForm();
+
     MRL_QT4_ComboBox* m_language;
     MRL_QT_CheckBox* m_experimental;
     MRL_QT_CheckBox* m_restricted;
+    MRL_QT_CheckBox* m_extras;
 };
 
 } // namespace mrl::workbench

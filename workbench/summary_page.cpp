@@ -9,6 +9,7 @@
 
 #include "workbench/actions_model.h"
 #include "workbench/axis_name.h"
+#include "workbench/extras.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
 
@@ -57,7 +58,8 @@ SummaryPage::SummaryPage(QWidget* parent)
       m_loadCasesModel(new LoadCasesModel(this)), m_findingsModel(new FindingsModel(this)),
       m_actions(createTable(m_actionsModel, "table_actions")),
       m_loadCases(createTable(m_loadCasesModel, "table_loadcases")),
-      m_findings(createTable(m_findingsModel, "table_findings"))
+      m_findings(createTable(m_findingsModel, "table_findings")),
+      m_checkAgain(new QLabel(QStringLiteral("<a href=\"#\">%1</a>").arg(tr("Check again")), this))
 {
     setObjectName(QStringLiteral("summary"));
     m_noActions->setWordWrap(true);
@@ -68,7 +70,7 @@ SummaryPage::SummaryPage(QWidget* parent)
     actionsLayout->addWidget(m_actions, 1);
     m_tabs->addTab(actionsPage, QString());
     m_tabs->addTab(m_loadCases, QString());
-    m_tabs->addTab(m_findings, QString());
+    m_tabs->addTab(createFindingsPage(), QString());
     m_tabs->setDocumentMode(true);
 
     auto* layout = new QVBoxLayout(this);
@@ -77,6 +79,20 @@ SummaryPage::SummaryPage(QWidget* parent)
 }
 
 SummaryPage::~SummaryPage() = default;
+
+QWidget* SummaryPage::createFindingsPage()
+{
+    m_checkAgain->setObjectName(QStringLiteral("link_check_again"));
+    m_checkAgain->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    m_checkAgain->setContentsMargins(6, 4, 6, 0);
+    connect(m_checkAgain, &QLabel::linkActivated, this, &SummaryPage::checkAgain);
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_checkAgain);
+    layout->addWidget(m_findings, 1);
+    return page;
+}
 
 QWidget* SummaryPage::createFacts()
 {
@@ -117,6 +133,7 @@ void SummaryPage::show(const ProjectSummary& summary)
     m_actionsModel->show(summary.actions, summary.factors);
     m_loadCasesModel->show(summary.loadCases, summary.factors, summary.currentLoadCase, summary.actions);
     m_findingsModel->show(summary.findings);
+    m_checkAgain->setVisible(wantsExtras());
     fitColumns(m_actions, ActionsModel::Title);
     fitColumns(m_loadCases, LoadCasesModel::Title);
     fitColumns(m_findings, 1);

@@ -26,8 +26,13 @@ class SummaryPage : public QWidget
     void show(const ProjectSummary& summary);
     using QWidget::show;
 
+  signals:
+    /// The user wants the project checked again.
+    void checkAgain();
+
   private:
     QWidget* createFacts();
+    QWidget* createFindingsPage();
     QTableView* createTable(QAbstractItemModel* model, const char* name);
     void showFacts(const ProjectSummary& summary);
     void showCounts(const ProjectSummary& summary);
@@ -44,6 +49,7 @@ class SummaryPage : public QWidget
     QTableView* m_actions;
     QTableView* m_loadCases;
     QTableView* m_findings;
+    QLabel* m_checkAgain;
 };
 
 } // namespace mrl::workbench

@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include <cstring>
+
 using mrl::test::ActionBuilder;
 using mrl::test::ActionsProject;
 using mrl::test::ActionsTab;
@@ -58,6 +60,93 @@ void typeNewAction(QWidget* dialog, const QString& name, const QString& title)
 }
 
 } // namespace
+
+class AddedAction : public Commands
+{
+  protected:
+    ~AddedAction() override { wantExtras(0); }
+    static void wantExtras(int wanted)
+    {
+        qobject_cast<MRL_QT_Application*>(QCoreApplication::instance())
+            ->setAppSettings("LF_Manager", "extras", wanted);
+    }
+    /// Adds an action that sorts behind a hundred others.
+    void addLast(ActionsTab& tab)
+    {
+        tab.selectRows({"A"});
+        tab.table.scrollToTop();
+        ModalAnswers answers;
+        answers.then([](QWidget* dialog) { typeNewAction(dialog, "z1", "Last"); });
+        tab.press("button_new");
+    }
+    void storeHundred() const
+    {
+        for (int i = 100; i < 200; ++i) {
+            project.putAction(soundAction("U" + QString::number(i)).gamu(1.0f));
+        }
+    }
+    static bool isInSight(const ActionsTab& tab, const QString& name)
+    {
+        const QRect cell = tab.table.visualItemRect(tab.cell(name, ACT_COL_ACTION));
+        return tab.table.viewport()->rect().contains(cell);
+    }
+};
+
+TEST_F(AddedAction, IsScrolledIntoSightAndTheSelectionStays)
+{
+    storeHundred();
+    ActionsTab tab(project);
+    addLast(tab);
+    ASSERT_EQ(tab.rowOf("Z1"), tab.table.rowCount() - 1);
+    EXPECT_TRUE(isInSight(tab, "Z1"));
+    std::set<int> selected;
+    tab.widget.getSelectedActionCodes(selected);
+    EXPECT_EQ(selected, std::set<int>{codeOf("A")}) << "it goes back to the caller of the dialog";
+}
+
+TEST_F(AddedAction, IsSelectedIfTheHostWantsIt)
+{
+    wantExtras(1);
+    ActionsTab tab(project);
+    addLast(tab);
+    std::set<int> selected;
+    tab.widget.getSelectedActionCodes(selected);
+    EXPECT_EQ(selected, std::set<int>{codeOf("Z1")});
+}
+
+TEST_F(AddedAction, NamedLikeAFreeOneOfTheDesignCodeShowsTheSameAfterReopening)
+{
+    mrl_cdb_del(project.db(), LC_KWH_ACTIONS, codeOf("A"));
+    tagCDB_LC_ACT saved{};
+    {
+        ActionsTab tab(project);
+        ModalAnswers answers;
+        answers.then([](QWidget* dialog) { typeNewAction(dialog, "a", "My own"); });
+        tab.press("button_new");
+        tab.enter("A", ACT_COL_GAMU, "1.2");
+        ASSERT_TRUE(tab.isRowValid("A"));
+        saved = tab.record("A");
+        tab.widget.save(true);
+    }
+    ActionsTab reopened(project);
+    const tagCDB_LC_ACT shown = reopened.record("A");
+    EXPECT_EQ(std::memcmp(&shown, &saved, sizeof shown), 0);
+    EXPECT_EQ(reopened.text("A", ACT_COL_DESCRIPTION), "My own");
+    EXPECT_TRUE(reopened.isRowValid("A"));
+}
+
+TEST_F(AddedAction, NamedLikeAFreeOneOfTheDesignCodeIsGoneWhenItIsDeletedBeforeOk)
+{
+    mrl_cdb_del(project.db(), LC_KWH_ACTIONS, codeOf("A"));
+    ActionsTab tab(project);
+    ModalAnswers answers;
+    answers.then([](QWidget* dialog) { typeNewAction(dialog, "a", "My own"); });
+    tab.press("button_new");
+    tab.selectRows({"A"});
+    tab.press("button_delete");
+    tab.widget.save(true);
+    EXPECT_EQ(project.storedActions().count("A   "), 0u);
+}
 
 TEST_F(Commands, NewOwnActionGetsARowThatIsRedAtOnce)
 {

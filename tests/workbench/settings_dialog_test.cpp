@@ -6,6 +6,7 @@
 
 #include "host/mrl_alib.h"
 #include "hostlib/data/settings/settings.h"
+#include "workbench/extras.h"
 #include "workbench/settings_dialog.h"
 
 namespace mrl::test {
@@ -28,10 +29,12 @@ TEST_F(SettingsDialogTest, StoresWhatWasChosen)
     EXPECT_TRUE(language->setCurrentId(settings::German));
     toggle("check_experimental");
     toggle("check_restricted");
+    toggle("check_extras");
     dialog.accept();
     EXPECT_EQ(settings::language(), settings::German);
     EXPECT_TRUE(MRL_QT_ApplicationInterface::experimentalOn());
     EXPECT_NE(mrl_alib_getLaufModus() & 24, 0);
+    EXPECT_TRUE(workbench::wantsExtras());
 
     workbench::SettingsDialog again(nullptr);
     again.findChild<MRL_QT4_ComboBox*>(QStringLiteral("combo_language"))->setCurrentId(settings::English);
@@ -41,6 +44,7 @@ TEST_F(SettingsDialogTest, StoresWhatWasChosen)
     again.accept();
     EXPECT_EQ(settings::language(), settings::English);
     EXPECT_FALSE(MRL_QT_ApplicationInterface::experimentalOn());
+    EXPECT_FALSE(workbench::wantsExtras());
     EXPECT_EQ(mrl_alib_getLaufModus() & 24, 0);
 }
 

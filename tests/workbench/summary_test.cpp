@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPalette>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTranslator>
@@ -11,6 +12,7 @@
 #include "tests/support/project_test.h"
 #include "tests/support/record_layout.h"
 #include "workbench/actions_model.h"
+#include "workbench/extras.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
 #include "workbench/summary_page.h"
@@ -230,6 +232,22 @@ TEST_F(SummaryTest, FindingsNameTheActionAndTheLoadCase)
     }
     EXPECT_TRUE(where.contains(QStringLiteral("Action G")));
     EXPECT_TRUE(where.contains(QStringLiteral("Load case 12")));
+}
+
+TEST_F(SummaryTest, FindingsCanBeCheckedAgainOnlyIfTheUserWantsExtras)
+{
+    SummaryPage page(nullptr);
+    auto* link = page.findChild<QLabel*>(QStringLiteral("link_check_again"));
+    page.show(summarise(db));
+    EXPECT_TRUE(link->isHidden());
+
+    workbench::storeExtras(true);
+    page.show(summarise(db));
+    workbench::storeExtras(false);
+    EXPECT_FALSE(link->isHidden());
+    QSignalSpy wanted(&page, &SummaryPage::checkAgain);
+    emit link->linkActivated(QStringLiteral("#"));
+    EXPECT_EQ(wanted.count(), 1);
 }
 
 TEST_F(SummaryTest, FindingsAreToldInGerman)
