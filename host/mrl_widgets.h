@@ -57,6 +57,8 @@ class MRL_HOST_API MRL_QT_Application : public QApplication, public MRL_QT_Appli
     ~MRL_QT_Application() override;
     bool getAppSettings(const QString& group, const QString& key, int& value, int defaultValue) override;
     bool setAppSettings(const QString& group, const QString& key, int value) override;
+    /// Ends the process with a message and exit status 3 when there is no memory left for an event.
+    bool notify(QObject* receiver, QEvent* event) override;
 };
 
 /// Loads the translation of a library in the user's language. May be made before the application object

@@ -186,6 +186,20 @@ TEST_F(DialogSaving, AnExceptionTakesEverythingBack)
     EXPECT_EQ(get(1), 11);
 }
 
+TEST_F(DialogSaving, WithoutMemoryTheUserIsToldInWordsAndAllIsAsBefore)
+{
+    auto dialog = open([&] {
+        put(1, 11);
+        throw std::bad_alloc();
+    });
+    ModalAnswers answers;
+    answers.click("OK");
+    dialog->accept();
+    EXPECT_THAT(answers.boxes().at(0).text.toStdString(), HasSubstr("There is no memory left."));
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(get(1), 10);
+}
+
 TEST_F(DialogSaving, WhatCouldNotBeReadWhileTheDialogWasBuiltKeepsItFromSaving)
 {
     put(2, 20);

@@ -3,6 +3,7 @@
 #include <QShortcut>
 
 #include <exception>
+#include <new>
 
 #include "host/mrl_framework.h"
 #include "hostlib/data/cdb/project.h"
@@ -30,6 +31,8 @@ cdb::Result guarded(Save save)
 {
     try {
         save();
+    } catch (const std::bad_alloc&) {
+        return {cdb::Code::OutOfMemory, {}};
     } catch (const std::exception& error) {
         return {cdb::Code::InputOutput, error.what()};
     } catch (...) {

@@ -2,6 +2,10 @@
 
 #include <QSettings>
 
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
 #include "hostlib/ui/widget/application.h"
 
 namespace {
@@ -25,6 +29,9 @@ bool storeValue(const QString& path, const QVariant& value)
 
 QString path(const QString& group, const QString& key) { return group + QLatin1Char('/') + key; }
 
+/// The exit status of a process that has no memory left.
+constexpr int OUT_OF_MEMORY = 3;
+
 const QString EXPERIMENTAL_KEY = QStringLiteral("General/experimental");
 
 } // namespace
@@ -43,6 +50,17 @@ bool MRL_QT_ApplicationInterface::experimentalOn()
 MRL_QT_Application::MRL_QT_Application(int& argc, char** argv) : QApplication(argc, argv) {}
 
 MRL_QT_Application::~MRL_QT_Application() = default;
+
+bool MRL_QT_Application::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::bad_alloc&) {
+        // No exception can pass through the event loop, and nothing that follows could count on its memory.
+        std::fputs("There is no memory left. Changes since the last saving are lost.\n", stderr);
+        std::_Exit(OUT_OF_MEMORY);
+    }
+}
 
 bool MRL_QT_Application::getAppSettings(const QString& group, const QString& key, int& value,
                                         int defaultValue)
