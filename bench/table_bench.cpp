@@ -207,6 +207,47 @@ class FitColumns : public StandingTable
 };
 const bench::Timed<FitColumns> FIT_COLUMNS("table.fit_columns", 0.2, {100'000});
 
+/// Every second row filtered out by the texts of its cells. The raw side is a walk over all texts.
+class Filter
+{
+  public:
+    explicit Filter(int n) : m_table(fillTable(n)), m_rows(n)
+    {
+        m_table->resize(800, 600);
+        m_table->show();
+    }
+    void prepareOurs() { m_table->setRowFilter(nullptr); }
+    void ours()
+    {
+        m_table->setRowFilter([this](int row) { return m_rows < lengthOfTexts(row) || row % 2 == 0; });
+        if (m_table->hiddenRowCount() != m_rows / 2) {
+            std::abort();
+        }
+    }
+    void raw()
+    {
+        int sum = 0;
+        for (int row = 0; row < m_rows; ++row) {
+            sum += lengthOfTexts(row);
+        }
+        bench::keep(static_cast<double>(sum));
+    }
+
+  private:
+    int lengthOfTexts(int row) const
+    {
+        int length = 0;
+        for (int column = 0; column < COLUMNS; ++column) {
+            length += m_table->item(row, column)->text().size();
+        }
+        return length;
+    }
+
+    std::unique_ptr<MRL_H_TableWidget> m_table;
+    int m_rows;
+};
+const bench::Timed<Filter> FILTER("table.filter", 1.5, {100'000});
+
 /// What the filled table keeps, beside what the bare one keeps.
 class Memory
 {

@@ -9,6 +9,7 @@
 #include <QTableWidget>
 
 #include <cstddef>
+#include <functional>
 #include <list>
 #include <memory>
 #include <set>
@@ -153,6 +154,7 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
     struct Extra;
     void setRole(int role, const QVariant& value);
     bool setFlag(int role, const QVariant& value);
+    bool isMarkedFinding() const;
     void dropEmptyExtra();
 
     MRL_H_TwColumn* m_column;       ///< counted; null for a cell that no header made
@@ -327,6 +329,7 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
   public:
     /// How new rows are made; the tables of the managers pass 1.
     enum CreateType : int { CreateNone = 0, CreateCells = 1 };
+    enum class Search { Forward, Backward };
 
     explicit MRL_H_TableWidget(QWidget* parent = nullptr, const char* name = nullptr);
     MRL_H_TableWidget(int rows, int columns, QWidget* parent = nullptr, const char* name = nullptr);
@@ -357,6 +360,29 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     void setContextmenueEnabled_new_del(bool on);
     /// The menu with the standard entries of the table, owned by the table.
     virtual MRL_QT_Menu* getContextMenu();
+
+    /// Shows a column. When it is shown for the first time it becomes as wide as its caption and cells need.
+    void showColumnFitted(int column);
+
+    /// Shows the rows that are accepted, and hides all others until the next call; null shows all. Rows that are
+    /// filtered out are never selected, and so never copied, filled, pasted into or deleted by a person. Rows
+    /// that are changed or added later stay in sight.
+    void setRowFilter(const std::function<bool(int row)>& accepts);
+    /// How many rows are hidden.
+    int hiddenRowCount() const;
+    /// The next cell in sight that has a text in its own, without regard to case, row by row; beyond the end of
+    /// the table once more from its start. @param from where the search starts, looked at last; invalid: outside
+    /// @return invalid when there is none, and for an empty text
+    QModelIndex findText(const QString& text, const QModelIndex& from, Search search) const;
+
+    /// Marks findings by more than their colour: red cells of a row without a valid verdict, and the number of
+    /// that row. Red text is then painted in a shade that can be read on its background, and the tool tip of such
+    /// a cell is its accessible description. Off by default.
+    /// @param id of the column whose cells hold the verdict of their row; -1: no marks
+    /// @param role of the verdict, a bool, false for a row with a finding
+    void setFindingMarks(int id, int role);
+    /// True: copying with headers puts an HTML table beside the text, for word processors. Off by default.
+    void setHtmlCopyEnabled(bool on);
 
     /// These replace QTableView's sorting, which would move rows in the middle of a report and stays off.
     void setSortingEnabled(bool on);
@@ -417,6 +443,11 @@ class MRL_HOST_API MRL_H_DelegateItem : public QStyledItemDelegate
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    /// Shows tool tips as they stand, even where they look like markup.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
     QString displayText(const QVariant& value, const QLocale& locale) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     bool eventFilter(QObject* object, QEvent* event) override;

@@ -93,6 +93,10 @@
         <translation>Kopieren</translation>
     </message>
     <message>
+        <source>Wrong: %1</source>
+        <translation>Falsch: %1</translation>
+    </message>
+    <message>
         <source>Copy with headers</source>
         <translation>Mit Überschriften kopieren</translation>
     </message>

@@ -1,6 +1,7 @@
 #include "table/fixture.h"
 
 #include <QClipboard>
+#include <QMimeData>
 
 namespace tabletest {
 
@@ -50,6 +51,22 @@ TEST_F(Commands, CopyWithHeadersPutsTheCaptionsFirst)
     select(1, Title, 1, Choice);
     key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(clipboard(), "Title\tChoice\nwind\tPermanent\n");
+}
+
+TEST_F(Commands, CopyWithHeadersOffersAnHtmlTableWhereEnabled)
+{
+    line(1, Title).setText("wind < 3\n& more");
+    select(1, Title, 1, Choice);
+    key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasHtml());
+    table.setHtmlCopyEnabled(true);
+    key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(clipboard(), "Title\tChoice\n\"wind < 3\n& more\"\tPermanent\n");
+    EXPECT_EQ(QApplication::clipboard()->mimeData()->html(),
+              "<table border=\"1\">\n<tr><th>Title</th><th>Choice</th></tr>\n"
+              "<tr><td>wind &lt; 3<br/>&amp; more</td><td>Permanent</td></tr>\n</table>\n");
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasHtml());
 }
 
 TEST_F(Commands, CopyOfNothingLeavesTheClipboard)

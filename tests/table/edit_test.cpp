@@ -500,6 +500,17 @@ TEST_F(Editing, ArrowKeysInATextEditorEnterAndMove)
     EXPECT_EQ(table.currentRow(), 0);
 }
 
+TEST_F(Editing, MovingTheCurrentCellIsToldAsInAnyTable)
+{
+    QSignalSpy cells(&table, &QTableWidget::currentCellChanged);
+    QSignalSpy items(&table, &QTableWidget::currentItemChanged);
+    QSignalSpy selections(&table, &QTableWidget::itemSelectionChanged);
+    table.setCurrentCell(0, Factor);
+    EXPECT_EQ(cells.count(), 1);
+    EXPECT_EQ(items.count(), 1);
+    EXPECT_EQ(selections.count(), 1);
+}
+
 TEST_F(Editing, SearchByTypingCanBeSwitchedOff)
 {
     static_cast<MRL_H_TwHeaderItem*>(table.horizontalHeaderItem(Title))->setColumnEnabled(false);

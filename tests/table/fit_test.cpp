@@ -73,6 +73,21 @@ TEST_F(Columns, FitAThousandRowsFromTheFirstInSightOn)
     EXPECT_EQ(fitted(Title), narrow);
 }
 
+TEST_F(Columns, AreFittedWhenTheyAreShownForTheFirstTime)
+{
+    addRows(1);
+    table.setColumnHidden(Title, true);
+    line(0, Title).setText(QString(60, 'W'));
+    table.resizeColumnsToContents();
+    table.showColumnFitted(Title);
+    EXPECT_FALSE(table.isColumnHidden(Title));
+    EXPECT_GE(table.columnWidth(Title), laidOut(0));
+    table.setColumnWidth(Title, 50);
+    table.setColumnHidden(Title, true);
+    table.showColumnFitted(Title);
+    EXPECT_EQ(table.columnWidth(Title), 50); // as the user left it
+}
+
 TEST_F(Columns, FitCellsOfAnotherKindToo)
 {
     addRows(2);

@@ -124,6 +124,11 @@ QVariant MRL_H_TwItem::data(int role) const
         break;
     case Qt::ToolTipRole:
         return m_extra ? QVariant(m_extra->toolTip) : QVariant();
+    case Qt::AccessibleDescriptionRole:
+        if (m_extra && isMarkedFinding()) {
+            return MRL_H_TableWidget::tr("Wrong: %1").arg(m_extra->toolTip);
+        }
+        break;
     default:
         break;
     }
@@ -139,6 +144,12 @@ QVariant MRL_H_TwItem::data(int role) const
         }
     }
     return role == Qt::BackgroundRole && !isEnabled() ? QVariant(disabledShade()) : QVariant();
+}
+
+bool MRL_H_TwItem::isMarkedFinding() const
+{
+    return (m_state & Access::TextRed) != 0 && m_column != nullptr && m_column->table != nullptr &&
+           MRL_H_TableWidget::Private::of(*m_column->table).marks.areOn();
 }
 
 void MRL_H_TwItem::setData(int role, const QVariant& value)

@@ -1,5 +1,7 @@
 #include "hostlib/ui/table/change_reports.h"
 
+#include <QHeaderView>
+
 #include "hostlib/ui/table/cell_access.h"
 #include "hostlib/ui/table/cell_rows.h"
 #include "hostlib/ui/table/column.h"
@@ -70,7 +72,16 @@ void ChangeReports::noteLooks()
         m_looksDirty = true;
         catchUpLater();
     } else {
-        m_table.viewport()->update();
+        repaint();
+    }
+}
+
+/// A row's mark follows its cells.
+void ChangeReports::repaint()
+{
+    m_table.viewport()->update();
+    if (MRL_H_TableWidget::Private::of(m_table).marks.areOn()) {
+        m_table.verticalHeader()->viewport()->update();
     }
 }
 
@@ -168,7 +179,7 @@ void ChangeReports::catchUp()
         emit m_table.model()->dataChanged(model->index(0, 0),
                                           model->index(m_table.rowCount() - 1, m_table.columnCount() - 1));
     } else if (m_looksDirty) {
-        m_table.viewport()->update();
+        repaint();
     }
     m_valuesDirty = false;
     m_looksDirty = false;

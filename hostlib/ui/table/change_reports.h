@@ -43,6 +43,7 @@ class ChangeReports
     void report(int row, int column, QTableWidgetItem* item);
     void emitChanged(QTableWidgetItem* item, int row, int column);
     void catchUpLater();
+    void repaint();
 
     MRL_H_TableWidget& m_table;
     RowOrder& m_order;

@@ -59,4 +59,12 @@ std::optional<int> ColumnFit::widthOf(const QTableWidget& table, int column)
     return widest + 2 * CELL_TEXT_MARGIN + (table.showGrid() ? 1 : 0);
 }
 
+void ColumnFit::show(QTableWidget& table, int column)
+{
+    table.showColumn(column);
+    if (m_shown.insert(table.horizontalHeaderItem(column)).second) {
+        table.resizeColumnToContents(column);
+    }
+}
+
 } // namespace mrl::table

@@ -3,6 +3,7 @@
 #include <QTableWidget>
 
 #include <optional>
+#include <set>
 
 #include "hostlib/ui/table/text_widths.h"
 
@@ -19,9 +20,12 @@ class ColumnFit
     /// first one in sight on, with its margins.
     /// @return none when the column holds items that are no cells of this library
     std::optional<int> widthOf(const QTableWidget& table, int column);
+    /// Shows a column, fitted when that was not done before.
+    void show(QTableWidget& table, int column);
 
   private:
     std::optional<TextWidths> m_widths;
+    std::set<const QTableWidgetItem*> m_shown; ///< the headers of the columns that were fitted when shown
 };
 
 } // namespace mrl::table

@@ -1,12 +1,16 @@
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 
 #include <algorithm>
 #include <optional>
 
 #include "hostlib/ui/table/cell_access.h"
 #include "hostlib/ui/table/cell_editors.h"
+#include "hostlib/ui/table/plain_tool_tip.h"
 #include "hostlib/ui/table/table_private.h"
 
 using mrl::table::lineEditOf;
@@ -43,6 +47,16 @@ MRL_H_TableWidget* tableAround(const QWidget* editor)
 QColor between(const QColor& a, const QColor& b)
 {
     return {(a.red() + 3 * b.red()) / 4, (a.green() + 3 * b.green()) / 4, (a.blue() + 3 * b.blue()) / 4};
+}
+
+/// What a cell's text is painted on.
+QColor backgroundOf(const QStyleOptionViewItem& option)
+{
+    if ((option.state & QStyle::State_Selected) != 0) {
+        return option.palette.color(QPalette::Highlight);
+    }
+    return option.backgroundBrush.style() != Qt::NoBrush ? option.backgroundBrush.color()
+                                                         : option.palette.color(QPalette::Base);
 }
 
 struct Step
@@ -224,12 +238,44 @@ void MRL_H_DelegateItem::initStyleOption(QStyleOptionViewItem* option, const QMo
     if ((state & MRL_H_TwCellAccess::TextBlack) != 0) {
         option->palette.setBrush(QPalette::Text, normal.text());
     }
+    if ((state & MRL_H_TwCellAccess::TextRed) == 0) {
+        return;
+    }
     // A wrong value is seen in a selected cell too.
-    if ((state & MRL_H_TwCellAccess::TextRed) != 0 && (option->state & QStyle::State_Selected) != 0) {
+    if ((option->state & QStyle::State_Selected) != 0) {
         option->palette.setColor(QPalette::HighlightedText, Qt::red);
         option->palette.setColor(QPalette::Highlight,
                                  between(normal.color(QPalette::Highlight), normal.color(QPalette::Base)));
     }
+    if (MRL_H_TableWidget::Private::of(*tableOf(index)).marks.areOn()) {
+        const QColor red = mrl::table::readableOn(backgroundOf(*option), Qt::red);
+        option->palette.setColor(QPalette::Text, red);
+        option->palette.setColor(QPalette::HighlightedText, red);
+    }
+}
+
+void MRL_H_DelegateItem::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    MRL_H_TableWidget* table = tableOf(index);
+    if (table == nullptr || !MRL_H_TableWidget::Private::of(*table).marks.isFinding(index)) {
+        return;
+    }
+    QStyleOptionViewItem shown = option;
+    initStyleOption(&shown, index);
+    mrl::table::paintMark(*painter, option.rect, mrl::table::readableOn(backgroundOf(shown), Qt::red));
+}
+
+bool MRL_H_DelegateItem::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                   const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    const QString text = index.data(Qt::ToolTipRole).toString();
+    if (event->type() != QEvent::ToolTip || text.isEmpty()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    QToolTip::showText(event->globalPos(), mrl::table::plainToolTip(text), view);
+    return true;
 }
 
 bool MRL_H_DelegateItem::eventFilter(QObject* object, QEvent* event)

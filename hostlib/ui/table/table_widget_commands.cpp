@@ -4,33 +4,45 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QMimeData>
 #include <QSignalBlocker>
 
 #include <algorithm>
 
 #include "hostlib/ui/table/cell_block.h"
+#include "hostlib/ui/table/html_table.h"
 #include "hostlib/ui/table/row_moves.h"
 #include "hostlib/ui/table/selection.h"
 #include "hostlib/ui/table/tab_separated.h"
 #include "hostlib/ui/table/table_private.h"
+#include "hostlib/ui/table/text_search.h"
+#include "hostlib/ui/table/view_headers.h"
 
 using mrl::table::Captions;
 
-namespace {
-
-void copyToClipboard(const QTableWidget& table, Captions captions)
+void MRL_H_TableWidget::copySelection()
 {
-    const std::vector<QStringList> block = mrl::table::selectedBlock(table, captions);
+    const std::vector<QStringList> block = mrl::table::selectedBlock(*this, Captions::Leave);
     if (!block.empty()) {
         QApplication::clipboard()->setText(mrl::table::toTabSeparated(block));
     }
 }
 
-} // namespace
+void MRL_H_TableWidget::copySelectionWithHeaders()
+{
+    const std::vector<QStringList> block = mrl::table::selectedBlock(*this, Captions::Copy);
+    if (block.empty()) {
+        return;
+    }
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(mrl::table::toTabSeparated(block));
+    if (d->copiesHtml) {
+        copied->setHtml(mrl::table::toHtmlTable(block));
+    }
+    QApplication::clipboard()->setMimeData(copied.release()); // the clipboard's
+}
 
-void MRL_H_TableWidget::copySelection() { copyToClipboard(*this, Captions::Leave); }
-
-void MRL_H_TableWidget::copySelectionWithHeaders() { copyToClipboard(*this, Captions::Copy); }
+void MRL_H_TableWidget::setHtmlCopyEnabled(bool on) { d->copiesHtml = on; }
 
 void MRL_H_TableWidget::pasteClipboard()
 {
@@ -48,6 +60,30 @@ void MRL_H_TableWidget::pasteClipboard()
 void MRL_H_TableWidget::fillDown() { d->entry.enter(mrl::table::plannedFillDown(*this)); }
 
 void MRL_H_TableWidget::fitColumns() { resizeColumnsToContents(); }
+
+void MRL_H_TableWidget::showColumnFitted(int column) { d->fit.show(*this, column); }
+
+void MRL_H_TableWidget::setRowFilter(const std::function<bool(int row)>& accepts)
+{
+    d->selection->setFilter(accepts);
+}
+
+int MRL_H_TableWidget::hiddenRowCount() const { return verticalHeader()->hiddenSectionCount(); }
+
+QModelIndex MRL_H_TableWidget::findText(const QString& text, const QModelIndex& from, Search search) const
+{
+    return mrl::table::findText(*this, text, from, search);
+}
+
+void MRL_H_TableWidget::setFindingMarks(int id, int role)
+{
+    d->marks.set(getColumnNumber(id), role);
+    if (auto* header = dynamic_cast<RowHeader*>(verticalHeader())) {
+        header->setMarkedRows([this](int row) { return d->marks.isInvalid(row); });
+        header->viewport()->update();
+    }
+    viewport()->update();
+}
 
 void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
 {

@@ -1,6 +1,12 @@
 #include "hostlib/ui/table/view_headers.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include <utility>
+
+#include "hostlib/ui/table/finding_marks.h"
+#include "hostlib/ui/table/plain_tool_tip.h"
 
 RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent)
 {
@@ -25,6 +31,19 @@ void RowHeader::changeEvent(QEvent* event)
 {
     m_digits = 0; // another font or style
     QHeaderView::changeEvent(event);
+}
+
+void RowHeader::setMarkedRows(std::function<bool(int row)> isMarked) { m_isMarked = std::move(isMarked); }
+
+void RowHeader::paintSection(QPainter* painter, const QRect& rect, int row) const
+{
+    painter->save();
+    QHeaderView::paintSection(painter, rect, row);
+    painter->restore();
+    if (m_isMarked && m_isMarked(row)) {
+        const QColor background = palette().color(QPalette::Button);
+        mrl::table::paintMark(*painter, rect, mrl::table::readableOn(background, Qt::red));
+    }
 }
 
 ColumnHeader::ColumnHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
@@ -60,6 +79,18 @@ void ColumnHeader::changeEvent(QEvent* event)
 {
     m_hint = QSize(); // another font or style
     QHeaderView::changeEvent(event);
+}
+
+bool ColumnHeader::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) {
+        return QHeaderView::viewportEvent(event);
+    }
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int section = logicalIndexAt(help->pos());
+    const QVariant text = model()->headerData(section, Qt::Horizontal, Qt::ToolTipRole);
+    QToolTip::showText(help->globalPos(), mrl::table::plainToolTip(text.toString()), this);
+    return true;
 }
 
 std::vector<bool> ColumnHeader::shownSections() const

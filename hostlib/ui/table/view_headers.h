@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 
+#include <functional>
 #include <vector>
 
 /// The header of the rows. Qt measures two hundred row numbers for its width whenever a row comes or goes;
@@ -11,11 +12,15 @@ class RowHeader : public QHeaderView
   public:
     explicit RowHeader(QWidget* parent);
     QSize sizeHint() const override;
+    /// Which rows bear the mark of a finding.
+    void setMarkedRows(std::function<bool(int row)> isMarked);
 
   protected:
     void changeEvent(QEvent* event) override;
+    void paintSection(QPainter* painter, const QRect& rect, int row) const override;
 
   private:
+    std::function<bool(int)> m_isMarked;
     mutable int m_digits = 0; ///< of the number of rows that m_hint was measured for
     mutable QSize m_hint;
 };
@@ -31,6 +36,7 @@ class ColumnHeader : public QHeaderView
 
   protected:
     void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
   private:
     std::vector<bool> shownSections() const;
