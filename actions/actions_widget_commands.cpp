@@ -40,6 +40,7 @@ void LCM_ActionsWidget::slot_newClicked()
 
 void LCM_ActionsWidget::bringIntoSight(int row)
 {
+    table->doItemsLayout(); // the scroll bar doesn't reach to a row that just came
     table->scrollTo(table->model()->index(row, 0));
     // The selection goes back to the caller of the dialog, so that it is left alone unless the host wants it.
     if (lcm_wants_extras()) {
