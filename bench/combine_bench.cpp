@@ -33,14 +33,14 @@ Model modelOf(int loadCases)
 {
     Model model;
     model.constants = {{"KFI", 1.0f}};
-    const Superposition codes[] = {Superposition::Cond, Superposition::Excl, Superposition::Unsi,
-                                   Superposition::Usex};
+    const Superposition codes[] = {LC_SUPERPOSITION_COND, LC_SUPERPOSITION_EXCL, LC_SUPERPOSITION_UNSI,
+                                   LC_SUPERPOSITION_USEX};
     for (int i = 0; i < ACTIONS; ++i) {
         const bool isPermanent = i < 3;
         model.actions.push_back(
             {"Q_" + std::to_string(i),
              isPermanent ? Category::Permanent : Category::Variable,
-             isPermanent ? Superposition::Perc : codes[i % 4],
+             isPermanent ? LC_SUPERPOSITION_PERC : codes[i % 4],
              0,
              {isPermanent ? 1.35f : 1.5f, isPermanent ? 1.0f : 0.0f, 1, 0.7f, 0.5f, 0.3f, 0}});
     }
@@ -214,9 +214,9 @@ class Frame
             model.actions.push_back(
                 {name,
                  isPermanent ? Category::Permanent : Category::Variable,
-                 isPermanent   ? Superposition::Perm
-                 : name == "Q" ? Superposition::Cond
-                               : Superposition::Excl,
+                 isPermanent   ? LC_SUPERPOSITION_PERM
+                 : name == "Q" ? LC_SUPERPOSITION_COND
+                               : LC_SUPERPOSITION_EXCL,
                  0,
                  {isPermanent ? 1.35f : 1.5f, isPermanent ? 1.0f : 0.0f, 1, 0.7f, 0.5f, 0.3f, 0}});
             for (int i = 0; i < count; ++i) {

@@ -69,6 +69,28 @@ double most(const std::vector<double>& responses, const std::function<double(dou
 
 } // namespace
 
+Superposition codeThatAlwaysActs(Superposition code)
+{
+    switch (code) {
+    case LC_SUPERPOSITION_COND:
+        return LC_SUPERPOSITION_PERM;
+    case LC_SUPERPOSITION_EXCL:
+    case LC_SUPERPOSITION_EXEX:
+        return LC_SUPERPOSITION_ALEX;
+    default:
+        return code;
+    }
+}
+
+bool isAlwaysThere(Superposition code)
+{
+    return code == LC_SUPERPOSITION_PERM || code == LC_SUPERPOSITION_PERC || code == LC_SUPERPOSITION_ALEX;
+}
+
+bool permanentMayRest(Superposition code) { return !isAlwaysThere(code) && code != LC_SUPERPOSITION_COND; }
+
+bool excludesSuffixes(Superposition code) { return code == LC_SUPERPOSITION_EXEX; }
+
 bool partFits(const CheckedPart& part, const std::vector<double>& factors)
 {
     const FactorList are{factors};
@@ -78,20 +100,21 @@ bool partFits(const CheckedPart& part, const std::vector<double>& factors)
         return are.areComponents(std::fabs(u) * part.first, std::fabs(u) * part.others);
     }
     switch (part.superposition) {
-    case Superposition::Cond:
+    case LC_SUPERPOSITION_COND:
         return part.isPermanent ? are.areOf({0, u}) : are.areSome(u);
-    case Superposition::Excl:
-    case Superposition::Exex:
+    case LC_SUPERPOSITION_EXCL:
+    case LC_SUPERPOSITION_EXEX:
         return are.areOne(u) || (part.isPermanent && are.areOne(f));
-    case Superposition::Alex:
+    case LC_SUPERPOSITION_ALEX:
         return are.areOne(u) || (!part.leads && are.areOne(f));
-    case Superposition::Unsi:
+    case LC_SUPERPOSITION_UNSI:
         return are.areSigned(u) || (part.isPermanent && are.areSigned(f));
-    case Superposition::Usex:
+    case LC_SUPERPOSITION_USEX:
         return are.areOneSigned(u) || (part.isPermanent && are.areOneSigned(f));
-    case Superposition::Perm:
+    case LC_SUPERPOSITION_PERM:
         return are.areOf({u}) || (!part.leads && are.areOf({f}));
-    case Superposition::Perc:
+    case LC_SUPERPOSITION_PERC:
+    case LC_SUPERPOSITION_OLD_PERC:
         break;
     }
     return are.areOf({u, f}) && (!part.leads || are.count(u) > 0);
@@ -109,25 +132,26 @@ double partGreatest(const CheckedPart& part, const std::vector<double>& response
                most(responses, [&](double r) { return std::fabs(u * r) * (part.first - part.others); });
     }
     switch (part.superposition) {
-    case Superposition::Cond: {
+    case LC_SUPERPOSITION_COND: {
         const double best = most(responses, unfavourable);
         const double all = sum(responses, [&](double r) { return std::max(0.0, u * r); });
         return part.isPermanent || best >= 0 ? all : best;
     }
-    case Superposition::Excl:
-    case Superposition::Exex:
+    case LC_SUPERPOSITION_EXCL:
+    case LC_SUPERPOSITION_EXEX:
         return part.isPermanent ? most(responses, either) : most(responses, unfavourable);
-    case Superposition::Alex:
+    case LC_SUPERPOSITION_ALEX:
         return part.leads ? most(responses, unfavourable) : most(responses, either);
-    case Superposition::Unsi:
+    case LC_SUPERPOSITION_UNSI:
         return sum(responses, [&](double r) { return worst * std::fabs(r); });
-    case Superposition::Usex:
+    case LC_SUPERPOSITION_USEX:
         return most(responses, [&](double r) { return worst * std::fabs(r); });
-    case Superposition::Perm: {
+    case LC_SUPERPOSITION_PERM: {
         const double all = sum(responses, [](double r) { return r; });
         return part.leads ? u * all : either(all);
     }
-    case Superposition::Perc:
+    case LC_SUPERPOSITION_PERC:
+    case LC_SUPERPOSITION_OLD_PERC:
         break;
     }
     const double loss = part.leads ? most(responses, [&](double r) { return u * r - either(r); }) : 0;

@@ -1,6 +1,7 @@
 #pragma once
 
-/// How the checker sees an action that acts. Written apart from Pattern: it goes through the codes load case by load case.
+/// How the checker sees an action that acts, and what it takes the superposition codes for. Written apart from Pattern and
+/// from the meanings in LCM_SUPERPOSITIONS: it goes by the codes themselves, load case by load case.
 
 #include <vector>
 
@@ -10,7 +11,7 @@ namespace mrl::combine {
 
 struct CheckedPart
 {
-    Superposition superposition = Superposition::Cond;
+    Superposition superposition = LC_SUPERPOSITION_COND;
     double worse = 0;  ///< the unfavourable factor
     double better = 0; ///< the favourable one
     bool isPermanent = false;
@@ -18,6 +19,15 @@ struct CheckedPart
     double first = 0; ///< components: the first one; 0: the code holds
     double others = 0;
 };
+
+/// The code that a variable action has where `always = yes`.
+Superposition codeThatAlwaysActs(Superposition code);
+/// Whether a variable action acts also where it is favourable.
+bool isAlwaysThere(Superposition code);
+/// Whether a permanent action may rest as a whole, beside what its load cases may have.
+bool permanentMayRest(Superposition code);
+/// Whether actions with one first part exclude each other.
+bool excludesSuffixes(Superposition code);
 
 /// Whether the load cases of the action may have these factors.
 bool partFits(const CheckedPart& part, const std::vector<double>& factors);

@@ -73,13 +73,13 @@ bool Enumerator::node(int number, std::size_t unit)
 bool Enumerator::act(const Edge& edge, std::size_t unit)
 {
     const Act& act = m_plan.acts[static_cast<std::size_t>(edge.act)];
-    if (act.leads) {
+    if (act.leads()) {
         m_leading.push_back(act.member);
     }
     // A million load cases with one choice each are no reason to go a million calls deep.
     const bool isUniform = act.pattern.stay.size() == 1 && act.pattern.marks != Marks::Some;
     const bool goesOn = isUniform ? uniform(edge, unit) : loadCase(edge, unit, 0, false);
-    if (act.leads) {
+    if (act.leads()) {
         m_leading.pop_back();
     }
     return goesOn;

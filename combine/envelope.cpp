@@ -172,7 +172,7 @@ Extreme Envelope::extreme(Direction direction)
     Extreme result{direction == Direction::Max ? path.value : 0.0 - path.value, path.graph, -1};
     for (const int act : path.acts) {
         const Act& each = m_plan.acts[static_cast<std::size_t>(act)];
-        if (each.leads) {
+        if (each.leads()) {
             result.leading = each.member;
             break;
         }
@@ -218,7 +218,8 @@ std::optional<Combination> Envelope::combination(const double* row, Direction di
         }
         const std::vector<double> factors = m_valuers[static_cast<std::size_t>(place)].choose(rows);
         addShares(m_plan.prepared, member, factors, result.key);
-        if (act.leads) {
+        result.parts.push_back({act.member, act.role});
+        if (act.leads()) {
             result.leading += (result.leading.empty() ? "" : " + ") + member.name;
         }
     }

@@ -111,7 +111,8 @@ bool ResolvedExpression::mustAct(const Unit& unit) const
 {
     const auto actsAnyway = [&](int number) {
         const Member& each = m_prepared.members[static_cast<std::size_t>(number)];
-        return m_factors.mustAct(each) && (isSum() || m_factors.pair(LCM_Role::Others, each, {}));
+        return m_factors.meaning(each).isAlwaysThere &&
+               (isSum() || m_factors.pair(LCM_Role::Others, each, {}));
     };
     if (unit.pool >= 0 || std::none_of(unit.members.begin(), unit.members.end(), actsAnyway)) {
         return false; // a pool across load groups need not act, on the safe side

@@ -27,33 +27,60 @@ Pattern always(std::vector<double> factors) { return {std::move(factors), {}, Ma
 Pattern some(std::vector<double> factors) { return {{0}, std::move(factors), Marks::Some}; }
 Pattern one(std::vector<double> factors) { return {{0}, std::move(factors), Marks::One}; }
 
-/// A permanent action: one factor for all of it, whichever is worse. COND leaves out what is favourable instead.
-std::vector<Pattern> permanent(Superposition superposition, const FactorPair& factors)
+std::vector<Pattern> alwaysEach(const std::vector<double>& factors)
 {
-    const std::vector<double> choice = both(factors);
     std::vector<Pattern> patterns;
-    switch (superposition) {
-    case Superposition::Perc:
-        return {always(choice)};
-    case Superposition::Cond:
-        return {factors.unfavourable == 0 ? always({0}) : always({0, factors.unfavourable})};
-    case Superposition::Excl:
-    case Superposition::Exex:
-    case Superposition::Alex:
-        return {one(choice)};
-    case Superposition::Perm:
-        for (const double factor : choice) {
-            patterns.push_back(always({factor}));
-        }
-        return patterns;
-    case Superposition::Unsi:
-    case Superposition::Usex:
-        break;
-    }
-    for (const double factor : choice) {
-        patterns.push_back(superposition == Superposition::Unsi ? some(signs(factor)) : one(signs(factor)));
+    for (const double factor : factors) {
+        patterns.push_back(always({factor}));
     }
     return patterns;
+}
+
+/// A permanent action: one factor for all of it, whichever is worse. What needn't act is left out where it is favourable
+/// instead.
+std::vector<Pattern> permanent(const LCM_SuperpositionMeaning& means, const FactorPair& factors)
+{
+    const std::vector<double> choice = both(factors);
+    if (means.hasBothSigns) {
+        std::vector<Pattern> patterns;
+        for (const double factor : choice) {
+            patterns.push_back(means.acting == LCM_Acting::One ? one(signs(factor)) : some(signs(factor)));
+        }
+        return patterns;
+    }
+    switch (means.acting) {
+    case LCM_Acting::One:
+        return {one(choice)};
+    case LCM_Acting::Any:
+        return {factors.unfavourable == 0 ? always({0}) : always({0, factors.unfavourable})};
+    case LCM_Acting::All:
+        break;
+    }
+    return means.choosesEach ? std::vector<Pattern>{always(choice)} : alwaysEach(choice);
+}
+
+/// A variable action. One that must act takes the favourable factor where that is worse, unless it leads.
+std::vector<Pattern> variable(const LCM_SuperpositionMeaning& means, bool leads, const FactorPair& factors)
+{
+    const double worse = factors.unfavourable;
+    const bool takesBoth = means.isAlwaysThere && !leads;
+    const std::vector<double> choice = takesBoth ? both(factors) : std::vector<double>{worse};
+    const std::vector<double> signedChoice = means.hasBothSigns ? signs(worse) : choice;
+    switch (means.acting) {
+    case LCM_Acting::One:
+        return {one(signedChoice)};
+    case LCM_Acting::Any:
+        return {some(signedChoice)};
+    case LCM_Acting::All:
+        break;
+    }
+    if (!means.choosesEach) {
+        return alwaysEach(choice);
+    }
+    if (leads && worse != factors.favourable) {
+        return {{{factors.favourable}, {worse}, Marks::Some}};
+    }
+    return {always(choice)};
 }
 
 std::vector<double> scaled(std::vector<double> factors, double scale)
@@ -111,77 +138,39 @@ bool RoleFactors::canLead(const Member& member, const std::vector<std::string>& 
     return isNamed || others == nullptr || lead->unfavourable != others->unfavourable;
 }
 
-bool RoleFactors::mustAct(const Member& member) const
+LCM_SuperpositionMeaning RoleFactors::meaning(const Member& member) const
 {
-    switch (member.superposition) {
-    case Superposition::Perm:
-    case Superposition::Perc:
-    case Superposition::Alex:
-        return true;
-    case Superposition::Cond:
-    case Superposition::Excl:
-    case Superposition::Exex:
-        return m_situation.always;
-    case Superposition::Unsi:
-    case Superposition::Usex:
-        break;
+    LCM_SuperpositionMeaning means = lcm_superposition_meaning(member.superposition);
+    if (m_situation.always && !means.hasBothSigns && !means.isAlwaysThere) {
+        means.isAlwaysThere = true;
+        means.acting = means.acting == LCM_Acting::Any ? LCM_Acting::All : means.acting;
     }
-    return false;
-}
-
-std::vector<Pattern> RoleFactors::variable(LCM_Role role, Superposition superposition,
-                                           const FactorPair& factors) const
-{
-    const bool leads = role == LCM_Role::Lead;
-    const double worse = factors.unfavourable;
-    const std::vector<double> choice = leads ? std::vector<double>{worse} : both(factors);
-    switch (superposition) {
-    case Superposition::Cond:
-        return {some({worse})};
-    case Superposition::Excl:
-    case Superposition::Exex:
-        return {one({worse})};
-    case Superposition::Unsi:
-        return {some(signs(worse))};
-    case Superposition::Usex:
-        return {one(signs(worse))};
-    case Superposition::Alex:
-        return {one(choice)};
-    case Superposition::Perc:
-        if (leads && worse != factors.favourable) {
-            return {{{factors.favourable}, {worse}, Marks::Some}};
-        }
-        return {always(choice)};
-    case Superposition::Perm:
-        break;
-    }
-    std::vector<Pattern> patterns;
-    for (const double factor : choice) {
-        patterns.push_back(always({factor}));
-    }
-    return patterns;
+    return means;
 }
 
 std::vector<Pattern> RoleFactors::patterns(LCM_Role role, const Member& member,
                                            const FactorPair& factors) const
 {
-    if (role == LCM_Role::Permanent || role == LCM_Role::Prestress) {
-        return permanent(member.superposition, factors);
-    }
     const double first = m_situation.firstComponent;
-    if (role == LCM_Role::Seismic && first > 0) {
-        return {{scaled(signs(factors.unfavourable), m_situation.otherComponents),
-                 scaled(signs(factors.unfavourable), first), Marks::One}};
+    switch (role) {
+    case LCM_Role::Permanent:
+    case LCM_Role::Prestress:
+        return permanent(lcm_superposition_meaning(member.superposition), factors);
+    case LCM_Role::Lead:
+    case LCM_Role::Others:
+    case LCM_Role::Second:
+        return variable(meaning(member), role == LCM_Role::Lead, factors);
+    case LCM_Role::Seismic:
+        if (first > 0) {
+            return {{scaled(signs(factors.unfavourable), m_situation.otherComponents),
+                     scaled(signs(factors.unfavourable), first), Marks::One}};
+        }
+        break;
+    case LCM_Role::Accidental:
+    case LCM_Role::Imperfection:
+        break;
     }
-    Superposition superposition = member.superposition;
-    const bool isVariable = role == LCM_Role::Lead || role == LCM_Role::Others || role == LCM_Role::Second;
-    if (isVariable && m_situation.always && superposition == Superposition::Cond) {
-        superposition = Superposition::Perm;
-    } else if (isVariable && mustAct(member) && superposition != Superposition::Perc &&
-               superposition != Superposition::Perm) {
-        superposition = Superposition::Alex;
-    }
-    return variable(role, superposition, factors);
+    return variable(lcm_superposition_meaning(member.superposition), false, factors);
 }
 
 } // namespace mrl::combine

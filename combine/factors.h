@@ -43,17 +43,15 @@ class RoleFactors
     /// Whether the action can lead at all: it has a leading term, and it matters whether it leads.
     bool canLead(const Member& member, const std::vector<std::string>& accidental) const;
 
-    /// Whether variable actions of this superposition act also where they are favourable.
-    bool mustAct(const Member& member) const;
+    /// What the superposition of a variable action says in this situation: `always = yes` lets all actions act but those
+    /// with both signs.
+    LCM_SuperpositionMeaning meaning(const Member& member) const;
 
     /// How the load cases of an acting member take part: one of these patterns. `Lead` of an action that must act
     /// takes the unfavourable factor, since it leads only where that is unfavourable.
     std::vector<Pattern> patterns(LCM_Role role, const Member& member, const FactorPair& factors) const;
 
   private:
-    std::vector<Pattern> variable(LCM_Role role, Superposition superposition,
-                                  const FactorPair& factors) const;
-
     const LCM_Situation& m_situation;
     const LCM_Expression& m_expression;
     const std::map<std::string, float>& m_constants;

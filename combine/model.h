@@ -25,17 +25,8 @@ enum class Category {
     Seismic = LC_CATEGORY_EARTHQUAKE
 };
 
-/// How the load cases of an action act together; the numbers of the records.
-enum class Superposition {
-    Perm = LC_SUPERPOSITION_PERM,
-    Cond = LC_SUPERPOSITION_COND,
-    Excl = LC_SUPERPOSITION_EXCL,
-    Unsi = LC_SUPERPOSITION_UNSI,
-    Usex = LC_SUPERPOSITION_USEX,
-    Alex = LC_SUPERPOSITION_ALEX,
-    Exex = LC_SUPERPOSITION_EXEX,
-    Perc = LC_SUPERPOSITION_PERC
-};
+/// How the load cases of an action act together; what each one means stands in LCM_SUPERPOSITIONS.
+using Superposition = LCM_SuperpositionId;
 
 /// The factors of an action by LCM_SituationFactor, as they are stored: `Gama` is still under its zero rule.
 using Factors = std::array<float, LCM_FACTORS.size()>;
@@ -53,7 +44,7 @@ struct Action
 {
     std::string name; ///< first part and suffix: "Q", "Q_B"
     Category category = Category::Variable;
-    Superposition superposition = Superposition::Cond;
+    Superposition superposition = LC_SUPERPOSITION_COND;
     int group = 0; ///< load group of a variable action; 0: none
     Factors factors{};
 };
@@ -93,6 +84,13 @@ inline bool operator<(const Share& a, const Share& b)
 /// The factors of a combination by load case, ascending; factors of 0 are left out.
 using Key = std::vector<Share>;
 
+/// An action that acts in a combination, and as what.
+struct Part
+{
+    int member = 0; ///< in Prepared::members
+    LCM_Role role = LCM_Role::Others;
+};
+
 /// One combination of a situation.
 struct Combination
 {
@@ -100,6 +98,7 @@ struct Combination
     std::string
         leading; ///< the action that leads; of a load group all its leading actions, joined by " + "; empty: nobody
     Key key;
+    std::vector<Part> parts; ///< of a governing combination; a list doesn't fill them
 };
 
 } // namespace mrl::combine

@@ -22,7 +22,7 @@ class ActList
         std::vector<int>& ofMember = m_places[act.member];
         for (const int place : ofMember) {
             const Act& known = m_acts[static_cast<std::size_t>(place)];
-            if (known.leads == act.leads && known.pattern == act.pattern) {
+            if (known.role == act.role && known.pattern == act.pattern) {
                 return place;
             }
         }
@@ -69,8 +69,7 @@ void GraphBuilder::addEdges(int from, const Step& step, int unit)
         m_graph.edges.push_back({from, place->second, -1});
     }
     for (const Pattern& pattern : step.patterns) {
-        m_graph.edges.push_back(
-            {from, place->second, m_acts.place({unit, step.member, step.leads, pattern})});
+        m_graph.edges.push_back({from, place->second, m_acts.place({unit, step.member, step.role, pattern})});
     }
 }
 
@@ -173,6 +172,26 @@ std::set<std::string> constantsOf(const LCM_Situation& situation)
     return names;
 }
 
+std::vector<std::string> idleActions(const Plan& plan)
+{
+    std::vector<bool> acts(plan.prepared.members.size());
+    for (const Graph& graph : plan.graphs) {
+        for (const Edge& edge : graph.edges) {
+            if (edge.act >= 0) {
+                const Act& act = plan.acts[static_cast<std::size_t>(edge.act)];
+                acts[static_cast<std::size_t>(act.member)] = true;
+            }
+        }
+    }
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < acts.size(); ++i) {
+        if (!acts[i]) {
+            names.push_back(plan.prepared.members[i].name);
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 std::size_t Plan::cost() const
@@ -209,6 +228,7 @@ Plan plan(const Model& model, const LCM_Situation& situation)
         const ResolvedExpression resolved(situation, expression, plan.prepared, model.constants);
         plan.graphs.push_back(GraphBuilder(Walk(resolved), plan.prepared, acts).build());
     }
+    plan.idle = idleActions(plan);
     return plan;
 }
 

@@ -22,8 +22,10 @@ struct Act
 {
     int unit = 0;
     int member = 0;
-    bool leads = false;
+    LCM_Role role = LCM_Role::Others;
     Pattern pattern;
+
+    bool leads() const { return role == LCM_Role::Lead; }
 };
 
 struct Edge
@@ -47,6 +49,7 @@ struct Plan
     std::string situation;
     std::vector<std::string> expressions; ///< their names
     Prepared prepared;                    ///< nothing else holds where it was refused
+    std::vector<std::string> idle;        ///< actions with load cases that act in no combination
     std::vector<Act> acts;
     std::vector<Graph> graphs; ///< one for each expression
 

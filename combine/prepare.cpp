@@ -106,7 +106,7 @@ void Preparation::placeOwn(const LoadCase& loadCase)
     const bool isPermanent = factor(own, LCM_SituationFactor::Gamf) > 0;
     m_members.push_back({"LC " + std::to_string(loadCase.number),
                          isPermanent ? Category::Permanent : Category::Variable,
-                         isPermanent ? Superposition::Perm : Superposition::Cond, 0, decimals(own)});
+                         isPermanent ? LC_SUPERPOSITION_PERM : LC_SUPERPOSITION_COND, 0, decimals(own)});
     m_numbers.push_back({loadCase.number});
 }
 
@@ -125,7 +125,7 @@ void Preparation::place(const LoadCase& loadCase)
         }
         if (m_imperfections < 0) {
             m_imperfections = static_cast<int>(m_members.size());
-            m_members.push_back({"IMP", Category::Variable, Superposition::Excl});
+            m_members.push_back({"IMP", Category::Variable, LC_SUPERPOSITION_EXCL});
             m_numbers.emplace_back();
         }
         m_numbers[static_cast<std::size_t>(m_imperfections)].push_back(loadCase.number);
@@ -154,7 +154,7 @@ void Preparation::makeUnits()
         if (m_numbers[i].empty()) {
             continue;
         }
-        const bool isPooled = member.superposition == Superposition::Exex;
+        const bool isPooled = lcm_superposition_meaning(member.superposition).excludesSuffixes;
         const UnitKind kind =
             static_cast<int>(i) == m_imperfections ? UnitKind::Imperfection : kindOf(member.category);
         const bool isPool = isPooled && kind != UnitKind::Accidental; // of these just one acts anyway
@@ -184,7 +184,8 @@ void Preparation::numberPools()
     std::map<std::string, std::vector<Unit*>> pools;
     for (Unit& unit : m_result.units) {
         const Member& member = m_result.members[static_cast<std::size_t>(unit.members.front())];
-        if (unit.kind == UnitKind::Variable && member.superposition == Superposition::Exex) {
+        if (unit.kind == UnitKind::Variable &&
+            lcm_superposition_meaning(member.superposition).excludesSuffixes) {
             pools[firstPart(member.name)].push_back(&unit);
         }
     }

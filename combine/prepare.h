@@ -18,7 +18,7 @@ struct Member
 {
     std::string name; ///< the action's; "LC 17" for load case 17 that has none; "IMP" for the imperfections
     Category category = Category::Variable;
-    Superposition superposition = Superposition::Cond;
+    Superposition superposition = LC_SUPERPOSITION_COND;
     int group = 0; ///< load group; 0 where the situation gives it no meaning
     DecimalFactors factors{};
     int first = 0; ///< its load cases in Prepared::numbers

@@ -1,6 +1,7 @@
 #include "combine/walk.h"
 
 #include <algorithm>
+#include <map>
 
 namespace mrl::combine {
 
@@ -13,63 +14,15 @@ char toAct(int alternative) { return static_cast<char>(2 + 2 * alternative); }
 } // namespace
 
 Walk::Walk(const ResolvedExpression& expression)
-    : m_expression(expression), m_prepared(expression.prepared()), m_situation(expression.situation())
+    : m_expression(expression), m_prepared(expression.prepared()), m_situation(expression.situation()),
+      m_blocks(expression)
 {
-    readBlocks();
-    readBrackets();
-}
-
-void Walk::readBlocks()
-{
-    std::map<int, bool> groups; // whether one of its actions must act
-    std::map<int, bool> isShort;
-    for (std::size_t i = 0; i < m_prepared.units.size(); ++i) {
-        const Unit& each = m_prepared.units[i];
-        const bool isVariable = each.kind == UnitKind::Variable;
-        m_mustAct.push_back(isVariable && m_expression.mustAct(each));
-        m_isShort.push_back(isVariable && m_expression.isShort(each));
-        if (isVariable && m_firstVariable < 0) {
-            m_firstVariable = static_cast<int>(i);
-        }
-        if (each.group > 0) {
-            groups[each.group] = groups[each.group] || m_mustAct[i];
-            isShort[each.group] = isShort[each.group] || m_isShort[i];
-        }
-    }
-    for (std::size_t i = 0; i < m_isShort.size(); ++i) {
-        const int group = m_prepared.units[i].group;
-        m_isShort[i] = group > 0 ? isShort[group] : m_isShort[i];
-    }
-    m_groupMustAct = !groups.empty() && std::all_of(groups.begin(), groups.end(),
-                                                    [](const auto& group) { return group.second; });
-}
-
-void Walk::readBrackets()
-{
-    for (int i = 0; i < m_expression.brackets(); ++i) {
-        Bracket bracket;
-        bracket.must.resize(static_cast<std::size_t>(m_expression.alternatives(i)));
-        m_brackets.push_back(std::move(bracket));
-    }
-    for (std::size_t i = 0; i < m_prepared.units.size(); ++i) {
-        for (const int each : m_prepared.units[i].members) {
-            const SumPlace& place = m_expression.place(each);
-            if (place.bracket >= 0 && m_prepared.units[i].kind == UnitKind::Variable) {
-                Bracket& bracket = m_brackets[static_cast<std::size_t>(place.bracket)];
-                bracket.firstUnit = bracket.firstUnit < 0 ? static_cast<int>(i) : bracket.firstUnit;
-                bracket.lastUnit = static_cast<int>(i);
-                if (m_mustAct[i]) {
-                    bracket.must[static_cast<std::size_t>(place.alternative)] = true;
-                }
-            }
-        }
-    }
 }
 
 State Walk::start() const
 {
     State state;
-    state.brackets.resize(m_brackets.size());
+    state.brackets.resize(m_blocks.brackets().size());
     state.pools.resize(static_cast<std::size_t>(m_prepared.pools));
     return state;
 }
@@ -79,7 +32,7 @@ bool Walk::mayEnd(const State& state) const
     const bool isExclusive = m_situation.groups == LCM_Groups::Exclude;
     return (state.leader == 0 || state.led) && state.first != 2 &&
            (state.accident >= 0 || !m_expression.needsAccident()) &&
-           (!isExclusive || state.grouped || !m_groupMustAct);
+           (!isExclusive || state.grouped || !everyGroupMustAct(state));
 }
 
 std::vector<Step> Walk::steps(const State& state, int number) const
@@ -111,11 +64,10 @@ void Walk::permanentSteps(const State& state, const Unit& unit, std::vector<Step
         const auto factors = m_expression.factors().pair(role, member(each), NOBODY);
         if (factors) {
             steps.push_back(
-                {state, each, false, m_expression.factors().patterns(role, member(each), *factors)});
-            const Superposition how = member(each).superposition;
-            mustAct = mustAct || how == Superposition::Perm || how == Superposition::Perc ||
-                      how == Superposition::Alex ||
-                      how == Superposition::Cond; // COND rests within its pattern
+                {state, each, role, m_expression.factors().patterns(role, member(each), *factors)});
+            const LCM_SuperpositionMeaning means = lcm_superposition_meaning(member(each).superposition);
+            const bool restsWithinItsPattern = means.acting == LCM_Acting::Any && !means.hasBothSigns;
+            mustAct = mustAct || means.isAlwaysThere || restsWithinItsPattern;
         }
     }
     if (!mustAct) {
@@ -129,7 +81,7 @@ void Walk::imperfectionSteps(const State& state, const Unit& unit, std::vector<S
     const int each = unit.members.front();
     const auto factors = m_expression.factors().pair(LCM_Role::Imperfection, member(each), NOBODY);
     if (factors) {
-        steps.push_back({state, each, false,
+        steps.push_back({state, each, LCM_Role::Imperfection,
                          m_expression.factors().patterns(LCM_Role::Imperfection, member(each), *factors)});
     }
 }
@@ -144,27 +96,14 @@ void Walk::accidentSteps(const State& state, const Unit& unit, std::vector<Step>
     if (factors && state.accident < 0) {
         State next = state;
         next.accident = m_expression.accidentKind(each);
-        steps.push_back({next, each, false, m_expression.factors().patterns(role, member(each), *factors)});
+        steps.push_back({next, each, role, m_expression.factors().patterns(role, member(each), *factors)});
     }
-}
-
-bool Walk::opensBlock(int number) const
-{
-    const Unit& own = unit(number);
-    return number == m_firstVariable || own.group == 0 || unit(number - 1).group != own.group;
-}
-
-bool Walk::closesBlock(int number) const
-{
-    const auto next = static_cast<std::size_t>(number) + 1;
-    return unit(number).group == 0 || next == m_prepared.units.size() ||
-           m_prepared.units[next].group != unit(number).group;
 }
 
 std::vector<State> Walk::leadersChosen(const State& state, int number) const
 {
     std::vector<State> states{state};
-    if (number == m_firstVariable) {
+    if (number == m_blocks.firstVariable()) {
         for (int kind = 1; kind <= m_expression.leaderKinds(); ++kind) {
             states.push_back(state);
             states.back().leader = kind;
@@ -176,11 +115,11 @@ std::vector<State> Walk::leadersChosen(const State& state, int number) const
 std::vector<State> Walk::bracketsOpened(const State& state, int number) const
 {
     std::vector<State> states{state};
-    for (std::size_t i = 0; i < m_brackets.size(); ++i) {
-        if (m_brackets[i].firstUnit != number) {
+    for (std::size_t i = 0; i < m_blocks.brackets().size(); ++i) {
+        if (m_blocks.brackets()[i].firstUnit != number) {
             continue;
         }
-        const std::vector<bool>& must = m_brackets[i].must;
+        const std::vector<bool>& must = m_blocks.brackets()[i].must;
         std::vector<State> opened;
         for (State& each : states) {
             for (std::size_t alternative = 0; alternative < must.size(); ++alternative) {
@@ -199,7 +138,7 @@ std::vector<State> Walk::bracketsOpened(const State& state, int number) const
 
 std::vector<State> Walk::modesTaken(const State& state, int number) const
 {
-    if (!opensBlock(number)) {
+    if (!m_blocks.opens(number)) {
         return {state};
     }
     std::vector<State> states{state}; // at rest
@@ -210,7 +149,7 @@ std::vector<State> Walk::modesTaken(const State& state, int number) const
     if (isFull || isExcluded) {
         return states;
     }
-    const bool isShort = m_isShort[static_cast<std::size_t>(number)];
+    const bool isShort = m_blocks.isShort(number);
     if (!isShort || state.first != 1) {
         states.push_back(acting);
         states.back().mode = Mode::Others;
@@ -231,7 +170,7 @@ std::vector<State> Walk::modesTaken(const State& state, int number) const
 
 bool Walk::close(State& state, int number) const
 {
-    if (closesBlock(number)) {
+    if (m_blocks.closes(number)) {
         if (state.mode != Mode::Rest && !state.acted) {
             return false;
         }
@@ -240,8 +179,8 @@ bool Walk::close(State& state, int number) const
         state.mode = Mode::Rest;
         state.acted = false;
     }
-    for (std::size_t i = 0; i < m_brackets.size(); ++i) {
-        if (m_brackets[i].lastUnit == number) {
+    for (std::size_t i = 0; i < m_blocks.brackets().size(); ++i) {
+        if (m_blocks.brackets()[i].lastUnit == number) {
             if (state.brackets[i] != 1 && state.brackets[i] % 2 == 0) {
                 return false;
             }
@@ -304,9 +243,28 @@ bool Walk::mayRest(const State& state, int number) const
     const Unit& own = unit(number);
     const bool isReplaced = // another group acts in its place
         own.group > 0 && m_situation.groups == LCM_Groups::Exclude && state.mode == Mode::Rest;
-    return !m_mustAct[static_cast<std::size_t>(number)] || isReplaced ||
-           std::none_of(own.members.begin(), own.members.end(),
-                        [&](int each) { return pair(state, LCM_Role::Others, each).has_value(); });
+    return !m_blocks.mustAct(number) || isReplaced || !hasOthersTerm(state, own);
+}
+
+bool Walk::hasOthersTerm(const State& state, const Unit& unit) const
+{
+    return std::any_of(unit.members.begin(), unit.members.end(),
+                       [&](int each) { return pair(state, LCM_Role::Others, each).has_value(); });
+}
+
+/// Whether there are load groups, and each has an action that must act beside the leading one.
+bool Walk::everyGroupMustAct(const State& state) const
+{
+    std::map<int, bool> mustAct;
+    for (std::size_t i = 0; i < m_prepared.units.size(); ++i) {
+        const Unit& each = m_prepared.units[i];
+        if (each.group > 0) {
+            const bool must = m_blocks.mustAct(static_cast<int>(i)) && hasOthersTerm(state, each);
+            mustAct[each.group] = mustAct[each.group] || must;
+        }
+    }
+    return !mustAct.empty() &&
+           std::all_of(mustAct.begin(), mustAct.end(), [](const auto& group) { return group.second; });
 }
 
 bool Walk::canLead(const State& state, int each) const
@@ -320,7 +278,7 @@ void Walk::memberSteps(const State& state, int number, int each, std::vector<Ste
     if (state.mode == Mode::Rest || (pool >= 0 && state.pools[static_cast<std::size_t>(pool)] != 0)) {
         return;
     }
-    const bool mustAct = m_mustAct[static_cast<std::size_t>(number)];
+    const bool mustAct = m_blocks.mustAct(number);
     const bool leadable = canLead(state, each);
     if (state.mode == Mode::Lead) {
         if (leadable && m_expression.leaderKind(each) == state.leader - 1) {
@@ -344,9 +302,8 @@ void Walk::act(const State& state, LCM_Role role, int number, int each, std::vec
     if (!factors) {
         return;
     }
-    Step step{state, each, role == LCM_Role::Lead,
-              m_expression.factors().patterns(role, member(each), *factors)};
-    step.next.acted = state.acted || state.mode != Mode::Lead || step.leads;
+    Step step{state, each, role, m_expression.factors().patterns(role, member(each), *factors)};
+    step.next.acted = state.acted || state.mode != Mode::Lead || role == LCM_Role::Lead;
     if (m_expression.isSum()) {
         step.next.brackets[static_cast<std::size_t>(m_expression.place(each).bracket)] |= 1;
     }

@@ -5,7 +5,7 @@
 #include <tuple>
 #include <vector>
 
-#include "combine/expression.h"
+#include "combine/blocks.h"
 #include "combine/plan.h"
 
 namespace mrl::combine {
@@ -41,7 +41,7 @@ struct Step
 {
     State next;
     int member = -1;
-    bool leads = false;
+    LCM_Role role = LCM_Role::Others;
     std::vector<Pattern> patterns{};
 };
 
@@ -68,35 +68,21 @@ class Walk
     std::optional<FactorPair> pair(const State& state, LCM_Role role, int member) const;
     bool isTaken(const State& state, int member) const;
     bool mayRest(const State& state, int number) const;
+    bool hasOthersTerm(const State& state, const Unit& unit) const;
+    bool everyGroupMustAct(const State& state) const;
 
     std::vector<State> leadersChosen(const State& state, int number) const;
     std::vector<State> bracketsOpened(const State& state, int number) const;
     std::vector<State> modesTaken(const State& state, int number) const;
     bool close(State& state, int number) const;
-    bool opensBlock(int number) const;
-    bool closesBlock(int number) const;
     bool canLead(const State& state, int member) const;
     const std::vector<std::string>& leaderNames(const State& state) const;
     const std::vector<std::string>& accidentNames(const State& state) const;
 
-    void readBlocks();
-    void readBrackets();
-
-    struct Bracket
-    {
-        int firstUnit = -1;
-        int lastUnit = -1;
-        std::vector<bool> must; ///< of each alternative
-    };
-
     const ResolvedExpression& m_expression;
     const Prepared& m_prepared;
     const LCM_Situation& m_situation;
-    std::vector<Bracket> m_brackets;
-    std::vector<bool> m_isShort; ///< of each unit: its load group, or the unit itself, is short-term
-    std::vector<bool> m_mustAct; ///< of each unit
-    int m_firstVariable = -1;
-    bool m_groupMustAct = false; ///< every load group has an action that must act
+    Blocks m_blocks;
 };
 
 } // namespace mrl::combine

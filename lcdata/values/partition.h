@@ -61,26 +61,76 @@ enum LCM_SuperpositionId : int {
     LC_SUPERPOSITION_PERC = 8
 };
 
+/// How many load cases of an acting action act at the same time.
+enum class LCM_Acting {
+    All, ///< all of them
+    Any, ///< one or more
+    One  ///< exactly one
+};
+
+/// What a superposition says of an action; combine/ goes by this alone.
+struct LCM_SuperpositionMeaning
+{
+    LCM_Acting acting = LCM_Acting::All;
+    bool isAlwaysThere = false; ///< the action acts also where it is favourable
+    bool hasBothSigns = false;  ///< each load case acts with the worse sign
+    bool choosesEach = false; ///< each load case takes the worse factor by itself, not the action as a whole
+    bool excludesSuffixes = false; ///< at most one acts of the actions with one first part and category
+};
+
 struct LCM_Superposition
 {
     int id;                ///< an LCM_SuperpositionId
     std::string_view word; ///< in design-code files, the command line, JSON and the workbench
     const char* caption;   ///< in the dialog, to be translated
+    LCM_SuperpositionMeaning meaning;
 };
 
 inline constexpr std::array<LCM_Superposition, 8> LCM_SUPERPOSITIONS{{
-    {LC_SUPERPOSITION_PERM, "PERM", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERM permanent")},
-    {LC_SUPERPOSITION_COND, "COND", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "COND conditional")},
-    {LC_SUPERPOSITION_EXCL, "EXCL", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXCL exclusive within category")},
-    {LC_SUPERPOSITION_UNSI, "UNSI",
-     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "UNSI conditional with unfavourable sign")},
-    {LC_SUPERPOSITION_USEX, "USEX",
-     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "USEX exclusive with unfavourable sign")},
-    {LC_SUPERPOSITION_ALEX, "ALEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "ALEX permanent but exclusive")},
-    {LC_SUPERPOSITION_EXEX, "EXEX", QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXEX exclusive within action")},
-    {LC_SUPERPOSITION_PERC, "PERC",
-     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERC permanent with individual factors")},
+    {LC_SUPERPOSITION_PERM,
+     "PERM",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERM permanent"),
+     {LCM_Acting::All, true}},
+    {LC_SUPERPOSITION_COND,
+     "COND",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "COND conditional"),
+     {LCM_Acting::Any}},
+    {LC_SUPERPOSITION_EXCL,
+     "EXCL",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXCL exclusive within category"),
+     {LCM_Acting::One}},
+    {LC_SUPERPOSITION_UNSI,
+     "UNSI",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "UNSI conditional with unfavourable sign"),
+     {LCM_Acting::Any, false, true}},
+    {LC_SUPERPOSITION_USEX,
+     "USEX",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "USEX exclusive with unfavourable sign"),
+     {LCM_Acting::One, false, true}},
+    {LC_SUPERPOSITION_ALEX,
+     "ALEX",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "ALEX permanent but exclusive"),
+     {LCM_Acting::One, true}},
+    {LC_SUPERPOSITION_EXEX,
+     "EXEX",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "EXEX exclusive within action"),
+     {LCM_Acting::One, false, false, false, true}},
+    {LC_SUPERPOSITION_PERC,
+     "PERC",
+     QT_TRANSLATE_NOOP("LCM_ActionsWidget", "PERC permanent with individual factors"),
+     {LCM_Acting::All, true, false, true}},
 }};
+
+/// What a superposition id means; that of PERM for an id that is none.
+constexpr LCM_SuperpositionMeaning lcm_superposition_meaning(int id)
+{
+    for (const LCM_Superposition& each : LCM_SUPERPOSITIONS) {
+        if (each.id == id) {
+            return each.meaning;
+        }
+    }
+    return LCM_SUPERPOSITIONS[0].meaning;
+}
 
 /// Whether a partition id is that of a load group.
 constexpr bool lcm_is_load_group(int partitionId) { return partitionId >= lcm_load_group_id(0); }

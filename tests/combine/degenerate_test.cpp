@@ -90,7 +90,7 @@ TEST(ManyActions, AreCombined)
     ModelBuilder builder;
     std::vector<double> row;
     for (int i = 1; i <= 10000; ++i) {
-        builder.action("Q_" + std::to_string(i), Category::Variable, Superposition::Cond,
+        builder.action("Q_" + std::to_string(i), Category::Variable, LC_SUPERPOSITION_COND,
                        factors(1.5f, 0, 0.5f), {i});
         row.push_back(i == 5000 ? 2 : 1);
     }

@@ -20,22 +20,22 @@ Action defaultAction(const std::string& name)
     };
     if (name == "G" || name == "P") {
         const bool isPrestress = name == "P";
-        return {name, isPrestress ? Category::Prestress : Category::Permanent, Superposition::Perm, 0,
+        return {name, isPrestress ? Category::Prestress : Category::Permanent, LC_SUPERPOSITION_PERM, 0,
                 factors(isPrestress ? 1.0f : 1.35f, 1)};
     }
     if (name == "SET") {
-        return {name, Category::Permanent, Superposition::Cond, 0, factors(1.35f, 1)};
+        return {name, Category::Permanent, LC_SUPERPOSITION_COND, 0, factors(1.35f, 1)};
     }
     if (name == "A" || name == "E") {
-        return {name, name == "A" ? Category::Accidental : Category::Seismic, Superposition::Excl, 0,
+        return {name, name == "A" ? Category::Accidental : Category::Seismic, LC_SUPERPOSITION_EXCL, 0,
                 factors(1, 0, 0, 0, 0)};
     }
-    return name == "Q_E"   ? variable(Superposition::Cond, 1.0f, 0.9f, 0.8f)
-           : name == "Q_H" ? variable(Superposition::Cond, 0, 0, 0)
-           : name == "S"   ? variable(Superposition::Excl, 0.5f, 0.2f, 0)
-           : name == "W"   ? variable(Superposition::Excl, 0.6f, 0.2f, 0)
-           : name == "T"   ? variable(Superposition::Excl, 0.6f, 0.5f, 0)
-                           : variable(Superposition::Cond, 0.7f, 0.5f, 0.3f);
+    return name == "Q_E"   ? variable(LC_SUPERPOSITION_COND, 1.0f, 0.9f, 0.8f)
+           : name == "Q_H" ? variable(LC_SUPERPOSITION_COND, 0, 0, 0)
+           : name == "S"   ? variable(LC_SUPERPOSITION_EXCL, 0.5f, 0.2f, 0)
+           : name == "W"   ? variable(LC_SUPERPOSITION_EXCL, 0.6f, 0.2f, 0)
+           : name == "T"   ? variable(LC_SUPERPOSITION_EXCL, 0.6f, 0.5f, 0)
+                           : variable(LC_SUPERPOSITION_COND, 0.7f, 0.5f, 0.3f);
 }
 
 Model frame()

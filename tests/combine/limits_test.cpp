@@ -38,7 +38,7 @@ TEST(ShortTermActions, FirstBesideTheLeadingOneTakesOthersAndEachFurtherOneSecon
                             .imposed({1})
                             .snow({2})
                             .wind({3})
-                            .action("T", Q, Superposition::Excl, factors(1.5f, 0, 0.6f), {4})
+                            .action("T", Q, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 0.6f), {4})
                             .model();
     const LCM_Situation belgian =
         situation(with(PERSISTENT, {{"short", "S, W, T"}, {"second", "KFI*Gamu*0.3"}}));
@@ -49,8 +49,8 @@ TEST(ShortTermActions, FirstBesideTheLeadingOneTakesOthersAndEachFurtherOneSecon
 TEST(LoadGroup, LeadsTogether)
 {
     const Model road = ModelBuilder()
-                           .action("TS", Q, Superposition::Excl, factors(1.35f, 0, 0.75f), {1}, 1)
-                           .action("UDL", Q, Superposition::Cond, factors(1.35f, 0, 0.4f), {2}, 1)
+                           .action("TS", Q, LC_SUPERPOSITION_EXCL, factors(1.35f, 0, 0.75f), {1}, 1)
+                           .action("UDL", Q, LC_SUPERPOSITION_COND, factors(1.35f, 0, 0.4f), {2}, 1)
                            .wind({3})
                            .model();
     EXPECT_EQ(governing(road, situation(PERSISTENT), {10, 20, 5}), "45 = 1.35*1+1.35*2+0.9*3 (TS + UDL)");
@@ -62,8 +62,8 @@ TEST(LoadGroup, LeadsTogether)
 TEST(LoadGroups, ExcludeEachOtherWhereTheSituationSaysSo)
 {
     const Model road = ModelBuilder()
-                           .action("TS", Q, Superposition::Excl, factors(1.5f, 0, 0.5f), {1}, 1)
-                           .action("FOOT", Q, Superposition::Cond, factors(1.5f, 0, 0.5f), {2}, 2)
+                           .action("TS", Q, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 0.5f), {1}, 1)
+                           .action("FOOT", Q, LC_SUPERPOSITION_COND, factors(1.5f, 0, 0.5f), {2}, 2)
                            .model();
     EXPECT_EQ(governing(road, situation(PERSISTENT), {10, 8}), "21 = 1.5*1+0.75*2 (TS)");
     EXPECT_EQ(governing(road, situation(with(PERSISTENT, {{"groups", "exclude"}})), {10, 8}),
@@ -87,10 +87,10 @@ TEST(Sum, TakesOneAlternativeOfEachBracket)
                 {"E", "none"}};
     const Model model = ModelBuilder()
                             .permanent({1})
-                            .action("L", Q, Superposition::Cond, factors(1, 0), {2, 3})
-                            .action("LR", Q, Superposition::Cond, factors(1, 0), {4})
-                            .action("S", Q, Superposition::Excl, factors(1, 0), {5})
-                            .action("W", Q, Superposition::Excl, factors(1, 0), {6})
+                            .action("L", Q, LC_SUPERPOSITION_COND, factors(1, 0), {2, 3})
+                            .action("LR", Q, LC_SUPERPOSITION_COND, factors(1, 0), {4})
+                            .action("S", Q, LC_SUPERPOSITION_EXCL, factors(1, 0), {5})
+                            .action("W", Q, LC_SUPERPOSITION_EXCL, factors(1, 0), {6})
                             .model();
     EXPECT_EQ(governing(model, situation(sum), {10, 5, -5, 4, 10, 99}), "23 = 1.2*1+1.6*2+0.3*5");
     // L: 4 selections; of the bracket LR, S or nothing
@@ -114,6 +114,19 @@ TEST(SeveralExpressions, SharedVectorsCountOnceForTheSituation)
     EXPECT_EQ(countChoices(twice).all, 8);
     EXPECT_EQ(countDistinct(twice).ofExpressions[1], 4);
     EXPECT_EQ(countDistinct(twice).all, 4);
+}
+
+TEST(ExcludingGroups, AreFreeToRestWhereTheLeadingActionGivesThemNone)
+{
+    const Entries entries = with(PERSISTENT, {{"groups", "exclude"}, {"others Q when W leads", "none"}});
+    const Model model = ModelBuilder()
+                            .permanent({1})
+                            .action("Q", Q, LC_SUPERPOSITION_PERC, factors(1.5f, 1, 0.7f), {2}, 1)
+                            .wind({3})
+                            .model();
+    // Q has to act, at best with its favourable factor; beside W it can't.
+    EXPECT_EQ(governing(model, situation(entries), {0, -10, -20}), "-7 = 1.35*1+0.7*2");
+    EXPECT_EQ(governing(model, situation(entries), {0, -10, 1}), "1.5 = 1.35*1+1.5*3 (W)");
 }
 
 TEST(Lead, NoneNeverLeads)

@@ -22,7 +22,7 @@ struct Act
 {
     std::string name;
     Category category = Category::Variable;
-    Superposition code = Superposition::Cond;
+    Superposition code = LC_SUPERPOSITION_COND;
     int group = 0;
     bool isImperfection = false;
     std::array<double, 7> factors{};
@@ -85,26 +85,27 @@ std::vector<Selection> selectionsOf(const Act& act, const LCM_Situation& situati
         const long acting = n - occurrences(word, "0");
         bool fits = acting == 0;
         switch (act.code) {
-        case Superposition::Perm:
+        case LC_SUPERPOSITION_PERM:
             fits = fits || u == n || f == n;
             break;
-        case Superposition::Perc:
+        case LC_SUPERPOSITION_PERC:
+        case LC_SUPERPOSITION_OLD_PERC:
             fits = fits || u + f == n;
             break;
-        case Superposition::Cond:
+        case LC_SUPERPOSITION_COND:
             fits = acting == u;
             break;
-        case Superposition::Excl:
-        case Superposition::Exex:
+        case LC_SUPERPOSITION_EXCL:
+        case LC_SUPERPOSITION_EXEX:
             fits = acting <= 1 && signs == 0 && (isPermanent || f == 0);
             break;
-        case Superposition::Alex:
+        case LC_SUPERPOSITION_ALEX:
             fits = acting <= 1 && signs == 0;
             break;
-        case Superposition::Unsi:
+        case LC_SUPERPOSITION_UNSI:
             fits = occurrences(word, "fF") == 0 || (isPermanent && occurrences(word, "uU") == 0);
             break;
-        case Superposition::Usex:
+        case LC_SUPERPOSITION_USEX:
             fits = acting <= 1 && (isPermanent || occurrences(word, "fF") == 0);
             break;
         }
@@ -135,7 +136,7 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
     }
     Act imperfections;
     imperfections.isImperfection = true;
-    imperfections.code = Superposition::Excl;
+    imperfections.code = LC_SUPERPOSITION_EXCL;
     for (std::size_t i = 0; i < model.loadCases.size(); ++i) {
         const LoadCase& each = model.loadCases[i];
         if (each.isImperfection) {
@@ -148,7 +149,7 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
             const bool isPermanent = (*each.own)[1] > 0;
             acts.push_back({"LC " + std::to_string(each.number),
                             isPermanent ? Category::Permanent : Category::Variable,
-                            isPermanent ? Superposition::Perm : Superposition::Cond,
+                            isPermanent ? LC_SUPERPOSITION_PERM : LC_SUPERPOSITION_COND,
                             0,
                             false,
                             decimals(*each.own),
@@ -161,15 +162,15 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
     acts.erase(std::remove_if(acts.begin(), acts.end(), [](const Act& a) { return a.cases.empty(); }),
                acts.end());
     for (Act& act : acts) {
-        const bool isPool = act.code == Superposition::Exex;
+        const bool isPool = act.code == LC_SUPERPOSITION_EXEX;
         act.block = act.group > 0 ? "group " + std::to_string(act.group)
                     : isPool      ? "pool " + first(act.name)
                                   : act.name;
         if (situation.always && act.category == Category::Variable && !act.isImperfection) {
-            act.code = act.code == Superposition::Cond   ? Superposition::Perm
-                       : act.code == Superposition::Excl ? Superposition::Alex
-                       : isPool                          ? Superposition::Alex
-                                                         : act.code;
+            act.code = act.code == LC_SUPERPOSITION_COND   ? LC_SUPERPOSITION_PERM
+                       : act.code == LC_SUPERPOSITION_EXCL ? LC_SUPERPOSITION_ALEX
+                       : isPool                            ? LC_SUPERPOSITION_ALEX
+                                                           : act.code;
         }
         act.selections = selectionsOf(act, situation);
     }
@@ -188,7 +189,7 @@ class Trial
     {
         m_found.expression = number;
         for (const Action& action : model.actions) { // pools and their blocks, load cases or not
-            if (action.superposition == Superposition::Exex && action.category == Category::Variable) {
+            if (action.superposition == LC_SUPERPOSITION_EXEX && action.category == Category::Variable) {
                 for (const Act& act : m_acts) {
                     if (act.name == action.name) {
                         m_poolBlocks[first(action.name)].insert(act.block);
@@ -216,7 +217,7 @@ class Trial
     bool isExex(std::size_t i) const
     {
         return std::any_of(m_model.actions.begin(), m_model.actions.end(), [&](const Action& a) {
-            return a.name == m_acts[i].name && a.superposition == Superposition::Exex;
+            return a.name == m_acts[i].name && a.superposition == LC_SUPERPOSITION_EXEX;
         });
     }
     bool isMust(std::size_t i) const
@@ -226,7 +227,8 @@ class Trial
         const bool isLoose =
             m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
         return !isShared && !isLoose && !isSpread(i) && (m_expression.sum || mustByPlain(i)) &&
-               (code == Superposition::Perm || code == Superposition::Perc || code == Superposition::Alex);
+               (code == LC_SUPERPOSITION_PERM || code == LC_SUPERPOSITION_PERC ||
+                code == LC_SUPERPOSITION_ALEX);
     }
     /// Whether a pool stands in several alternatives of a sum.
     bool isSpread(std::size_t i) const
@@ -287,12 +289,12 @@ class Trial
                 return false;
             }
             const bool isMustAct =
-                isPermanent && (act.code == Superposition::Perm || act.code == Superposition::Perc ||
-                                act.code == Superposition::Alex);
+                isPermanent && (act.code == LC_SUPERPOSITION_PERM || act.code == LC_SUPERPOSITION_PERC ||
+                                act.code == LC_SUPERPOSITION_ALEX);
             if (isMustAct && m_roles[i] != nullptr && !acts(i)) {
                 return false;
             }
-            if (isPermanent && act.code == Superposition::Exex && acts(i) &&
+            if (isPermanent && act.code == LC_SUPERPOSITION_EXEX && acts(i) &&
                 ++pools[first(act.name) + std::to_string(static_cast<int>(act.category))] > 1) {
                 return false;
             }
@@ -501,7 +503,8 @@ class Trial
         std::map<int, bool> must; // nothing acts: right only if one of the groups may rest
         for (std::size_t j = 0; j < m_acts.size(); ++j) {
             if (isVariable(j) && m_acts[j].group > 0) {
-                must[m_acts[j].group] = must[m_acts[j].group] || (isMust(j) && plainTerm(j));
+                must[m_acts[j].group] = must[m_acts[j].group] ||
+                                        (isMust(j) && entry(LCM_Role::Others, j, m_leaderNames) != nullptr);
             }
         }
         return std::any_of(must.begin(), must.end(), [](const auto& each) { return !each.second; });
@@ -603,10 +606,10 @@ class Trial
     bool leadsWell(std::size_t i) const
     {
         const Superposition code = m_acts[i].code;
-        if (code == Superposition::Perc) {
+        if (code == LC_SUPERPOSITION_PERC) {
             return occurrences(m_chosen[i], "u") > 0;
         }
-        return (code != Superposition::Perm && code != Superposition::Alex) ||
+        return (code != LC_SUPERPOSITION_PERM && code != LC_SUPERPOSITION_ALEX) ||
                occurrences(m_chosen[i], "f") == 0;
     }
 
@@ -664,7 +667,7 @@ class Trial
             }
             if (m_acts[i].category == Category::Permanent || m_acts[i].category == Category::Prestress) {
                 // COND with a factor of 0 has one choice.
-                if (m_acts[i].code == Superposition::Cond && u == 0) {
+                if (m_acts[i].code == LC_SUPERPOSITION_COND && u == 0) {
                     return;
                 }
             }

@@ -55,7 +55,7 @@ bool isChangedByALoadCase(const Action& action, const Model& model)
 {
     const bool isUsed = std::any_of(model.loadCases.begin(), model.loadCases.end(),
                                     [&](const LoadCase& loadCase) { return loadCase.action == action.name; });
-    return action.superposition == Superposition::Alex || action.superposition == Superposition::Perc ||
+    return action.superposition == LC_SUPERPOSITION_ALEX || action.superposition == LC_SUPERPOSITION_PERC ||
            !isUsed || action.category == Category::Accidental || action.category == Category::Seismic;
 }
 
@@ -65,9 +65,9 @@ bool mustAShortActionAct(const LCM_Situation& situation, const Model& model)
     return std::any_of(model.actions.begin(), model.actions.end(), [&](const Action& action) {
         const auto& names = situation.expressions.back().shortActions;
         const bool isShort = std::find(names.begin(), names.end(), action.name) != names.end();
-        return isShort &&
-               (action.superposition == Superposition::Perm || action.superposition == Superposition::Perc ||
-                action.superposition == Superposition::Alex);
+        return isShort && (action.superposition == LC_SUPERPOSITION_PERM ||
+                           action.superposition == LC_SUPERPOSITION_PERC ||
+                           action.superposition == LC_SUPERPOSITION_ALEX);
     });
 }
 

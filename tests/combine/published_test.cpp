@@ -51,12 +51,12 @@ TEST(UnitedKingdom, BeamByExpression610bHas5496KilonewtonsAMetre)
 Model hall(bool isOneImposedAction)
 {
     ModelBuilder builder;
-    builder.permanent({1, 2}, Superposition::Perc).wind({11, 12, 13, 14});
+    builder.permanent({1, 2}, LC_SUPERPOSITION_PERC).wind({11, 12, 13, 14});
     if (isOneImposedAction) {
         return builder.imposed({21, 22, 23, 24}).model();
     }
     for (int i = 0; i < 4; ++i) {
-        builder.action("Q_" + std::string(1, static_cast<char>('A' + i)), Q, Superposition::Cond,
+        builder.action("Q_" + std::string(1, static_cast<char>('A' + i)), Q, LC_SUPERPOSITION_COND,
                        factors(1.5f, 0, 0.7f, 0.5f, 0.3f), {21 + i});
     }
     return builder.model();
@@ -80,10 +80,10 @@ TEST(Hall, OneImposedActionOfFourLoadCasesHas560Choices)
 Model canopy()
 {
     return ModelBuilder()
-        .permanent({1, 2}, Superposition::Perc)
+        .permanent({1, 2}, LC_SUPERPOSITION_PERC)
         .snow({11})
         .wind({21, 22, 23, 24, 25, 26})
-        .action("A", Category::Accidental, Superposition::Excl, factors(1, 0, 0, 0, 0), {31})
+        .action("A", Category::Accidental, LC_SUPERPOSITION_EXCL, factors(1, 0, 0, 0, 0), {31})
         .model();
 }
 

@@ -54,9 +54,9 @@ Factors factorsOf(Dice& dice, Category category)
 
 void addActions(Dice& dice, int size, Model& model)
 {
-    const std::vector<Superposition> codes{Superposition::Perm, Superposition::Cond, Superposition::Excl,
-                                           Superposition::Unsi, Superposition::Usex, Superposition::Alex,
-                                           Superposition::Exex, Superposition::Perc};
+    const std::vector<Superposition> codes{
+        LC_SUPERPOSITION_PERM, LC_SUPERPOSITION_COND, LC_SUPERPOSITION_EXCL, LC_SUPERPOSITION_UNSI,
+        LC_SUPERPOSITION_USEX, LC_SUPERPOSITION_ALEX, LC_SUPERPOSITION_EXEX, LC_SUPERPOSITION_PERC};
     std::vector<std::pair<std::string, Category>> names{
         {"G", Category::Permanent},  {"G_1", Category::Permanent},  {"P", Category::Prestress},
         {"A", Category::Accidental}, {"A_F", Category::Accidental}, {"E", Category::Seismic}};
@@ -69,7 +69,7 @@ void addActions(Dice& dice, int size, Model& model)
             continue;
         }
         const bool isPool = name.rfind("L_", 0) == 0 && !dice.oneIn(3);
-        Action action{name, category, isPool ? Superposition::Exex : dice.of(codes), 0,
+        Action action{name, category, isPool ? LC_SUPERPOSITION_EXEX : dice.of(codes), 0,
                       factorsOf(dice, category)};
         action.group = category == Category::Variable && areGrouped && dice.oneIn(2) ? 1 + dice.below(3) : 0;
         model.actions.push_back(action);

@@ -69,7 +69,7 @@ TEST(BrokenRules, LeadingActionsOfWhichTwoMayLeadAreFound)
                       for (std::size_t i = 0; i < graph.edges.size(); ++i) {
                           // Where an action leads, going on as if nobody had led yet.
                           const int act = graph.edges[i].act;
-                          if (act >= 0 && plan.acts[static_cast<std::size_t>(act)].leads) {
+                          if (act >= 0 && plan.acts[static_cast<std::size_t>(act)].leads()) {
                               const auto rest =
                                   std::find_if(graph.edges.begin(), graph.edges.end(), [&](const auto& edge) {
                                       return edge.from == graph.edges[i].from && edge.act < 0;

@@ -47,19 +47,22 @@ class ModelBuilder
         return *this;
     }
     ModelBuilder& permanent(const std::vector<int>& numbers,
-                            Superposition superposition = Superposition::Perm)
+                            Superposition superposition = LC_SUPERPOSITION_PERM)
     {
         return action("G", Category::Permanent, superposition, factors(1.35f, 1.0f), numbers);
     }
     ModelBuilder& snow(const std::vector<int>& numbers)
     {
-        return action("S", Category::Variable, Superposition::Excl, factors(1.5f, 0, 0.5f, 0.2f, 0), numbers);
+        return action("S", Category::Variable, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 0.5f, 0.2f, 0),
+                      numbers);
     }
     ModelBuilder& wind(const std::vector<int>& numbers)
     {
-        return action("W", Category::Variable, Superposition::Excl, factors(1.5f, 0, 0.6f, 0.2f, 0), numbers);
+        return action("W", Category::Variable, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 0.6f, 0.2f, 0),
+                      numbers);
     }
-    ModelBuilder& imposed(const std::vector<int>& numbers, Superposition superposition = Superposition::Cond)
+    ModelBuilder& imposed(const std::vector<int>& numbers,
+                          Superposition superposition = LC_SUPERPOSITION_COND)
     {
         return action("Q", Category::Variable, superposition, factors(1.5f, 0, 0.7f, 0.5f, 0.3f), numbers);
     }
