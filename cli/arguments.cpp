@@ -119,6 +119,11 @@ void Arguments::text(const std::string& option, std::optional<std::string>& valu
     m_app.add_option(option, value, help)->required(need == Need::Required);
 }
 
+void Arguments::texts(const std::string& option, std::vector<std::string>& values, const std::string& help)
+{
+    m_app.add_option(option, values, help);
+}
+
 void Arguments::integer(const std::string& option, std::optional<int>& value, const std::string& help)
 {
     m_app.add_option(option, value, help);

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "lcdata/values/factors.h"
 #include "lcdata/values/keywords.h"
@@ -45,6 +46,8 @@ class Arguments
     void flag(const std::string& option, bool& value, const std::string& help);
     void text(const std::string& option, std::optional<std::string>& value, Need need,
               const std::string& help);
+    /// A text that may be given several times.
+    void texts(const std::string& option, std::vector<std::string>& values, const std::string& help);
     void integer(const std::string& option, std::optional<int>& value, const std::string& help);
     /// A finite number that a record can hold.
     void real(const std::string& option, std::optional<float>& value, const std::string& help);

@@ -11,6 +11,11 @@ _mrl_lc() {
         COMPREPLY=($(compgen -W "$(mrl-lc codes --json 2>/dev/null | sed -n 's/^ *"name": "\(.*\)",$/\1/p')" -- "$current"))
         return
         ;;
+    --keep | --numbers) COMPREPLY=($(compgen -f -- "$current")); return ;;
+    --situation)
+        COMPREPLY=($(compgen -W "persistent accidental seismic characteristic frequent quasi-permanent" -- "$current"))
+        return
+        ;;
     --system) COMPREPLY=($(compgen -W "spatial plane plate" -- "$current")); return ;;
     --gravity) COMPREPLY=($(compgen -W "+X -X +Y -Y +Z -Z" -- "$current")); return ;;
     --partition) COMPREPLY=($(compgen -W "G P Q Q_1 Q_2 Q_3 Q_4 Q_5 A E" -- "$current")); return ;;
@@ -18,7 +23,7 @@ _mrl_lc() {
     esac
 
     if ((COMP_CWORD == 1)); then
-        words_of_level="new info check verify action case codes code keys get put del --help --version"
+        words_of_level="new info check verify action case combine envelope codes code keys get put del --help --version"
         COMPREPLY=($(compgen -W "$words_of_level" -- "$current"))
         return
     fi
@@ -37,6 +42,8 @@ _mrl_lc() {
     case $command in
     new) options="--code --system --gravity --default-actions" ;;
     info | check | verify | codes) options="--json" ;;
+    combine) options="--situation --count --limit --keep --numbers --json" ;;
+    envelope) options="--situation --concurrent --numbers --json --csv" ;;
     keys) options="--kwh --json" ;;
     get) options="--hex --json" ;;
     put) options="--append" ;;
@@ -64,6 +71,8 @@ _mrl_lc() {
         COMPREPLY=($(compgen -W "${options:-} --help" -- "$current"))
     elif [[ $command == code ]]; then
         COMPREPLY=($(compgen -W "$(mrl-lc codes --json 2>/dev/null | sed -n 's/^ *"name": "\(.*\)",$/\1/p')" -- "$current"))
+    elif [[ $command == envelope ]] && ((COMP_CWORD > 2)); then
+        COMPREPLY=($(compgen -f -- "$current"))
     else
         COMPREPLY=($(compgen -f -X '!*.cdb' -- "$current") $(compgen -d -S / -- "$current"))
     fi

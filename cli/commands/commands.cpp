@@ -25,7 +25,7 @@ std::vector<CommandGroup> allCommands()
                            caseListCommand(), caseShowCommand(), caseCreateCommand(), caseInitCommand(),
                            caseSetCommand(), caseRemoveCommand(), caseCurrentCommand(),
                            caseSetCurrentCommand()));
-    groups.push_back(group("", "", codesCommand()));
+    groups.push_back(group("", "", combineCommand(), envelopeCommand(), codesCommand()));
     groups.push_back(group("code", "Show a design code", codeShowCommand()));
     groups.push_back(group("", "", keysCommand(), getCommand(), putCommand(), delCommand()));
     return groups;

@@ -34,5 +34,7 @@ std::unique_ptr<Command> delCommand();
 std::unique_ptr<Command> keysCommand();
 std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> verifyCommand();
+std::unique_ptr<Command> combineCommand();
+std::unique_ptr<Command> envelopeCommand();
 
 } // namespace mrl::cli
