@@ -8,7 +8,10 @@
 #include <set>
 #include <vector>
 
-#include <sqlite3.h>
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include "cdb/file_layer.h"
 
 namespace power_loss {
 
@@ -18,10 +21,10 @@ constexpr std::size_t SECTOR = 512;
 
 struct Note
 {
-    enum class Kind { Write, Truncate, Sync, Create, Delete, SyncFolder } kind = Kind::Write;
+    enum class Kind { Write, Truncate, Sync, Create, Delete, Rename, SyncFolder } kind = Kind::Write;
     std::string file; ///< without its folder
     std::size_t at = 0;
-    std::string bytes;
+    std::string bytes; ///< or the new name
 };
 
 using Files = std::map<std::string, std::string>;
@@ -29,94 +32,12 @@ using Files = std::map<std::string, std::string>;
 std::string watched; // folder, empty while nothing is noted
 std::vector<Note> notes;
 Files atStart;
-sqlite3_vfs* below = nullptr;
 
 std::string contentOf(const std::filesystem::path& file)
 {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
 }
-
-struct File
-{
-    sqlite3_file base;
-    sqlite3_file* real; // stands behind this structure, in the same allocation
-    bool newJournal;    // its first sync syncs the folder too, below this layer
-    std::string* name;  // in the watched folder; null elsewhere. Owned, freed by close()
-};
-
-File* mine(sqlite3_file* file) { return reinterpret_cast<File*>(file); }
-sqlite3_file* real(sqlite3_file* file) { return mine(file)->real; }
-const sqlite3_io_methods& methods(sqlite3_file* file) { return *real(file)->pMethods; }
-
-void note(sqlite3_file* file, Note::Kind kind, std::size_t at = 0, std::string bytes = {})
-{
-    if (mine(file)->name != nullptr && !watched.empty()) {
-        notes.push_back({kind, *mine(file)->name, at, std::move(bytes)});
-    }
-}
-
-int close(sqlite3_file* f)
-{
-    delete mine(f)->name;
-    mine(f)->name = nullptr;
-    return methods(f).xClose(real(f));
-}
-int read(sqlite3_file* f, void* to, int size, sqlite3_int64 at)
-{
-    return methods(f).xRead(real(f), to, size, at);
-}
-int write(sqlite3_file* f, const void* from, int size, sqlite3_int64 at)
-{
-    note(f, Note::Kind::Write, static_cast<std::size_t>(at),
-         {static_cast<const char*>(from), static_cast<std::size_t>(size)});
-    return methods(f).xWrite(real(f), from, size, at);
-}
-int truncate(sqlite3_file* f, sqlite3_int64 size)
-{
-    note(f, Note::Kind::Truncate, static_cast<std::size_t>(size));
-    return methods(f).xTruncate(real(f), size);
-}
-int sync(sqlite3_file* f, int flags)
-{
-    note(f, Note::Kind::Sync);
-    if (mine(f)->newJournal) {
-        note(f, Note::Kind::SyncFolder);
-        mine(f)->newJournal = false;
-    }
-    return methods(f).xSync(real(f), flags);
-}
-int fileSize(sqlite3_file* f, sqlite3_int64* size) { return methods(f).xFileSize(real(f), size); }
-int lock(sqlite3_file* f, int how) { return methods(f).xLock(real(f), how); }
-int unlock(sqlite3_file* f, int how) { return methods(f).xUnlock(real(f), how); }
-int checkReservedLock(sqlite3_file* f, int* out) { return methods(f).xCheckReservedLock(real(f), out); }
-int fileControl(sqlite3_file* f, int what, void* argument)
-{
-    return methods(f).xFileControl(real(f), what, argument);
-}
-int sectorSize(sqlite3_file*) { return SECTOR; }
-// A disk that promises nothing.
-int characteristics(sqlite3_file*) { return 0; }
-
-const sqlite3_io_methods layer{1,
-                               close,
-                               read,
-                               write,
-                               truncate,
-                               sync,
-                               fileSize,
-                               lock,
-                               unlock,
-                               checkReservedLock,
-                               fileControl,
-                               sectorSize,
-                               characteristics,
-                               nullptr,
-                               nullptr,
-                               nullptr,
-                               nullptr,
-                               nullptr,
-                               nullptr};
 
 /// @return the name within the watched folder; empty elsewhere
 std::string watchedName(const char* name)
@@ -126,35 +47,98 @@ std::string watchedName(const char* name)
     return inside ? path.substr(watched.size() + 1) : std::string();
 }
 
-int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags)
+/// Notes what happens to files of the watched folder.
+class Layer : public FileLayer
 {
-    auto* opened = mine(file);
-    opened->real = reinterpret_cast<sqlite3_file*>(opened + 1);
-    opened->name = nullptr;
-    const std::string inside = watchedName(name);
-    const bool fresh = !inside.empty() && !std::filesystem::exists(name);
-    opened->newJournal = fresh && (flags & SQLITE_OPEN_MAIN_JOURNAL) != 0;
-    const int status = below->xOpen(below, name, opened->real, flags, outFlags);
-    opened->base.pMethods = opened->real->pMethods != nullptr ? &layer : nullptr;
-    if (status == SQLITE_OK && !inside.empty()) {
-        opened->name = new std::string(inside);
-        if (fresh) {
-            note(file, Note::Kind::Create);
+  public:
+    Layer() : FileLayer("power-loss") {}
+
+    int open(File& file, const char* name, int flags, int* outFlags) override
+    {
+        const std::string inside = watchedName(name);
+        const bool fresh = !inside.empty() && !std::filesystem::exists(name);
+        const int status = FileLayer::open(file, name, flags, outFlags);
+        if (status == SQLITE_OK && !inside.empty()) {
+            file.id = ++m_last;
+            m_open[file.id] = {inside, fresh && (flags & SQLITE_OPEN_MAIN_JOURNAL) != 0};
+            if (fresh) {
+                note(file, Note::Kind::Create);
+            }
+        }
+        return status;
+    }
+    int remove(const char* name, int syncFolder) override
+    {
+        const int status = FileLayer::remove(name, syncFolder);
+        if (const std::string inside = watchedName(name); !inside.empty() && status == SQLITE_OK) {
+            notes.push_back({Note::Kind::Delete, inside, 0, {}});
+            if (syncFolder != 0) {
+                notes.push_back({Note::Kind::SyncFolder, inside, 0, {}});
+            }
+        }
+        return status;
+    }
+    int close(File& file) override
+    {
+        m_open.erase(file.id);
+        return FileLayer::close(file);
+    }
+    int write(File& file, const void* from, int size, sqlite3_int64 at) override
+    {
+        note(file, Note::Kind::Write, static_cast<std::size_t>(at),
+             {static_cast<const char*>(from), static_cast<std::size_t>(size)});
+        return FileLayer::write(file, from, size, at);
+    }
+    int truncate(File& file, sqlite3_int64 size) override
+    {
+        note(file, Note::Kind::Truncate, static_cast<std::size_t>(size));
+        return FileLayer::truncate(file, size);
+    }
+    int sync(File& file, int flags) override
+    {
+        note(file, Note::Kind::Sync);
+        // The first sync of a journal syncs the folder too, below this layer.
+        if (const auto found = m_open.find(file.id); found != m_open.end() && found->second.newJournal) {
+            note(file, Note::Kind::SyncFolder);
+            found->second.newJournal = false;
+        }
+        return FileLayer::sync(file, flags);
+    }
+    // A disk that promises nothing.
+    int sectorSize(File&) override { return SECTOR; }
+    int characteristics(File&) override { return 0; }
+
+  private:
+    struct Open
+    {
+        std::string name;
+        bool newJournal = false;
+    };
+    void note(const File& file, Note::Kind kind, std::size_t at = 0, std::string bytes = {})
+    {
+        if (const auto found = m_open.find(file.id); found != m_open.end() && !watched.empty()) {
+            notes.push_back({kind, found->second.name, at, std::move(bytes)});
         }
     }
-    return status;
+    std::map<int, Open> m_open;
+    int m_last = 0;
+};
+
+/// The file or folder behind a descriptor.
+std::string nameOf(int descriptor)
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), error).string();
 }
 
-int remove(sqlite3_vfs*, const char* name, int syncFolder)
+void noteSync(int descriptor)
 {
-    const int status = below->xDelete(below, name, syncFolder);
-    if (const std::string inside = watchedName(name); !inside.empty() && status == SQLITE_OK) {
-        notes.push_back({Note::Kind::Delete, inside, 0, {}});
-        if (syncFolder != 0) {
-            notes.push_back({Note::Kind::SyncFolder, inside, 0, {}});
-        }
+    const std::string name = watched.empty() ? std::string() : nameOf(descriptor);
+    if (!name.empty() && name == watched) {
+        notes.push_back({Note::Kind::SyncFolder, {}, 0, {}});
+    } else if (const std::string inside = watchedName(name.c_str()); !inside.empty()) {
+        notes.push_back({Note::Kind::Sync, inside, 0, {}});
     }
-    return status;
 }
 
 /// Writes some sectors of a note, or all of them.
@@ -209,6 +193,14 @@ struct Disk
         case Note::Kind::Delete:
             state.perhaps.push_back(false);
             break;
+        case Note::Kind::Rename: {
+            State& named = files[note.bytes];
+            named.synced = state.synced;
+            named.loose = state.loose;
+            named.perhaps.push_back(true);
+            files[note.file].perhaps.push_back(false);
+            break;
+        }
         case Note::Kind::SyncFolder:
             for (auto& [name, each] : files) {
                 each.exists = each.perhaps.empty() ? each.exists : each.perhaps.back();
@@ -248,20 +240,7 @@ std::string chance(const Disk::State& state, std::mt19937& random)
 
 } // namespace
 
-void install()
-{
-    static sqlite3_vfs vfs;
-    if (below != nullptr) {
-        return;
-    }
-    below = sqlite3_vfs_find(nullptr);
-    vfs = *below;
-    vfs.zName = "power-loss";
-    vfs.szOsFile = static_cast<int>(sizeof(File)) + below->szOsFile;
-    vfs.xOpen = open;
-    vfs.xDelete = remove;
-    sqlite3_vfs_register(&vfs, 1);
-}
+void install() { static Layer layer; }
 
 void start(const std::string& folder)
 {
@@ -305,3 +284,29 @@ void leave(const std::string& folder, std::size_t count, std::mt19937& random)
 }
 
 } // namespace power_loss
+
+// What a new file does beside SQLite. These stand in front of the C library's.
+extern "C" {
+
+int fsync(int descriptor)
+{
+    static const auto real = reinterpret_cast<int (*)(int)>(dlsym(RTLD_NEXT, "fsync"));
+    const int result = real(descriptor);
+    if (result == 0) {
+        power_loss::noteSync(descriptor);
+    }
+    return result;
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept
+{
+    using Real = int (*)(int, const char*, int, const char*, unsigned);
+    static const auto real = reinterpret_cast<Real>(dlsym(RTLD_NEXT, "renameat2"));
+    const int result = real(fromFolder, from, toFolder, to, flags);
+    if (const std::string inside = power_loss::watchedName(from); result == 0 && !inside.empty()) {
+        power_loss::notes.push_back({power_loss::Note::Kind::Rename, inside, 0, power_loss::watchedName(to)});
+    }
+    return result;
+}
+
+} // extern "C"
