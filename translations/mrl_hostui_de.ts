@@ -40,6 +40,10 @@
         <translation>Das Projekt konnte nicht gelesen oder geschrieben werden.</translation>
     </message>
     <message>
+        <source>The project lies on a network folder and can only be read there.</source>
+        <translation>Das Projekt liegt in einem Netzwerkordner und kann dort nur gelesen werden.</translation>
+    </message>
+    <message>
         <source>There is no memory left.</source>
         <translation>Der Arbeitsspeicher reicht nicht aus.</translation>
     </message>

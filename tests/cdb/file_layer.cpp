@@ -7,7 +7,10 @@ FileLayer& layerOf(sqlite3_file* file) { return *of(file).layer; }
 FileLayer& layerOf(sqlite3_vfs* vfs) { return *static_cast<FileLayer*>(vfs->pAppData); }
 
 int onClose(sqlite3_file* f) { return layerOf(f).close(of(f)); }
-int onRead(sqlite3_file* f, void* to, int size, sqlite3_int64 at) { return layerOf(f).read(of(f), to, size, at); }
+int onRead(sqlite3_file* f, void* to, int size, sqlite3_int64 at)
+{
+    return layerOf(f).read(of(f), to, size, at);
+}
 int onWrite(sqlite3_file* f, const void* from, int size, sqlite3_int64 at)
 {
     return layerOf(f).write(of(f), from, size, at);
@@ -94,4 +97,7 @@ int FileLayer::open(File& file, const char* name, int flags, int* outFlags)
     return m_below->xOpen(m_below, name, file.below, flags, outFlags);
 }
 
-int FileLayer::remove(const char* name, int syncFolder) { return m_below->xDelete(m_below, name, syncFolder); }
+int FileLayer::remove(const char* name, int syncFolder)
+{
+    return m_below->xDelete(m_below, name, syncFolder);
+}

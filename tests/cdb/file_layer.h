@@ -39,7 +39,10 @@ class FileLayer
     {
         return file.methods().xWrite(file.below, from, size, at);
     }
-    virtual int truncate(File& file, sqlite3_int64 size) { return file.methods().xTruncate(file.below, size); }
+    virtual int truncate(File& file, sqlite3_int64 size)
+    {
+        return file.methods().xTruncate(file.below, size);
+    }
     virtual int sync(File& file, int flags) { return file.methods().xSync(file.below, flags); }
     virtual int control(File& file, int what, void* argument)
     {

@@ -163,4 +163,38 @@ TEST_F(Format1, PrivateCopyIsConvertedByItsFirstWrite)
     mrl::cdb::close(db);
 }
 
+TEST_F(Format1, NothingStaysBesideAFileThatCannotBeWritten)
+{
+    chmod(folder.name().c_str(), 0777);
+    chmod(file.c_str(), 0444);
+    EXPECT_EQ(asNobody([&] {
+                  const auto reading = mrl::cdb::openReadOnly(file);
+                  const bool whole = reading && getText(reading.db, 12, 7) == "record 7";
+                  mrl::cdb::close(reading.db);
+                  return whole ? 0 : 1;
+              }),
+              0);
+    EXPECT_THAT(folder.files(), ElementsAre("a.cdb"));
+}
+
+TEST_F(Format1, LogInAFolderThatCannotBeWrittenIsToldAsSuch)
+{
+    sqlite3* older = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &older), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(older, "DELETE FROM fact", nullptr, nullptr, nullptr), SQLITE_OK);
+    const std::string crashed = folder / "crashed.cdb";
+    write(crashed, contentOf(file));
+    write(crashed + "-wal", contentOf(file + "-wal"));
+    sqlite3_close(older);
+    chmod(folder.name().c_str(), 0555);
+    EXPECT_EQ(asNobody([&] {
+                  const auto reading = mrl::cdb::openReadOnly(crashed);
+                  return reading.result.text.find("-wal, the log of an older program") != std::string::npos
+                             ? 0
+                             : 1;
+              }),
+              0);
+    chmod(folder.name().c_str(), 0755);
+}
+
 } // namespace

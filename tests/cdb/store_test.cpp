@@ -149,12 +149,29 @@ TEST_F(StoreTest, SummaryHasToFitTheRows)
     auto empty = Store::makePrivate(mrl::cdb::Storage::Memory, nullptr).store;
     EXPECT_TRUE(empty->check(mrl::cdb::Depth::Full));
     mrl::cdb::Summary change;
-    change.records.count = 1;
+    change.records = {2, 1};
     ASSERT_EQ(empty->begin(Nesting::Outermost), Status::Ok);
-    EXPECT_FALSE(empty->hasWritten());
-    EXPECT_EQ(empty->addToSummary(change), Status::Ok);
-    ASSERT_EQ(empty->commit(Nesting::Outermost), Status::Ok);
+    ASSERT_EQ(empty->insert(record(12, 1, 0, "one", 1)), Status::Ok);
+    ASSERT_EQ(empty->commit(Nesting::Outermost, change), Status::Ok);
     EXPECT_EQ(empty->check(mrl::cdb::Depth::Full).code, mrl::cdb::Code::Checksum);
+}
+
+TEST_F(StoreTest, VersionRisesWithEachTransactionThatWrites)
+{
+    auto empty = Store::makePrivate(mrl::cdb::Storage::Memory, nullptr).store;
+    mrl::cdb::State before;
+    ASSERT_EQ(empty->state(before), Status::Ok);
+    for (const bool writes : {false, true}) {
+        ASSERT_EQ(empty->begin(Nesting::Outermost), Status::Ok);
+        if (writes) {
+            ASSERT_EQ(empty->insert(record(12, 1, 0, "one", 1)), Status::Ok);
+        }
+        ASSERT_EQ(empty->commit(Nesting::Outermost, {{1, 1}, {}}), Status::Ok);
+        mrl::cdb::State after;
+        ASSERT_EQ(empty->state(after), Status::Ok);
+        EXPECT_EQ(after.version, before.version + (writes ? 1 : 0));
+        EXPECT_EQ(after.rows.records.sum, writes ? 1U : 0U);
+    }
 }
 
 TEST_F(StoreTest, InnerTransactionIsTakenBackAlone)
@@ -168,8 +185,8 @@ TEST_F(StoreTest, InnerTransactionIsTakenBackAlone)
     store.rollback(Nesting::Inner);
     ASSERT_EQ(store.begin(Nesting::Inner), Status::Ok);
     store.erase({14, 2}, {1, 8});
-    ASSERT_EQ(store.commit(Nesting::Inner), Status::Ok);
-    ASSERT_EQ(store.commit(Nesting::Outermost), Status::Ok);
+    ASSERT_EQ(store.commit(Nesting::Inner, {}), Status::Ok);
+    ASSERT_EQ(store.commit(Nesting::Outermost, {}), Status::Ok);
     EXPECT_THAT(drain(store.range(nullptr, Columns::Keys)), ElementsAre("12/5", "12/5"));
     ASSERT_EQ(store.begin(Nesting::Outermost), Status::Ok);
     store.erase({12, 5}, {2, 6});
@@ -201,9 +218,8 @@ TEST(StoreFiles, MarkTellsTheCommitOfAnother)
     EXPECT_TRUE(mark.unchanged());
     ASSERT_EQ(theirs.store->begin(Nesting::Outermost), Status::Ok);
     ASSERT_EQ(theirs.store->insert(record(12, 1, 0, "one", 1)), Status::Ok);
-    ASSERT_EQ(theirs.store->addToSummary({{1, 1}, {}}), Status::Ok);
     EXPECT_TRUE(mark.unchanged());
-    ASSERT_EQ(theirs.store->commit(Nesting::Outermost), Status::Ok);
+    ASSERT_EQ(theirs.store->commit(Nesting::Outermost, {{1, 1}, {}}), Status::Ok);
     EXPECT_FALSE(mark.unchanged());
 }
 

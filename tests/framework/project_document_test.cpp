@@ -245,6 +245,60 @@ TEST_F(Document, AChangeThatWasReadAgainIsNoConflict)
     EXPECT_EQ(get(other, CASES, 3), 33);
 }
 
+/// A checksum that is linear would take both edits for none.
+TEST_F(Document, EqualEditsOfTwoLoadCasesAreAConflict)
+{
+    put(other, CASES, 1, 10 ^ 0x55);
+    put(other, CASES, 2, 20 ^ 0x55);
+    put(db(), CASES, 3, 33);
+    EXPECT_TRUE(document.host().hasChanges());
+    document.addSaveKwh(CASES);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict);
+}
+
+TEST_F(Document, EqualEditsOfItsOwnCountAsChanges)
+{
+    put(db(), CASES, 1, 10 ^ 0x55);
+    put(db(), CASES, 2, 20 ^ 0x55);
+    EXPECT_TRUE(document.host().hasChanges());
+}
+
+/// Both sides have raised their version by as much, but not by the same edits.
+TEST_F(Document, AnotherLineOfTheProjectWithTheSameVersionIsAConflict)
+{
+    cdb::close(other);
+    other = -1;
+    const QString line = folder.filePath("line.cdb");
+    ASSERT_TRUE(QFile::copy(path, line));
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    const int there = cdb::open(line.toStdString()).db;
+    put(there, CASES, 2, 22);
+    EXPECT_EQ(cdb::versionOf(there)->number, cdb::versionOf(document.host().file())->number);
+    EXPECT_NE(cdb::versionOf(there), cdb::versionOf(document.host().file()));
+    cdb::close(there);
+    ASSERT_TRUE(QFile::remove(path) && QFile::rename(line, path));
+    put(db(), CASES, 3, 33);
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict);
+}
+
+/// The versions spare the comparison, and the second save of each side must see the other's one.
+TEST_F(Document, SavesInTurnWithAnotherProgramSeeEachOther)
+{
+    document.addSaveKwh(CASES);
+    for (int round = 1; round <= 3; ++round) {
+        put(db(), CASES, 1, 100 + round);
+        ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+        put(other, CASES, 2, 200 + round);
+        put(db(), CASES, 1, 300 + round);
+        ASSERT_EQ(document.host().save().outcome, SaveOutcome::Conflict);
+        document.cdb2shadow(CASES, false);
+        EXPECT_EQ(get(db(), CASES, 2), 200 + round);
+        EXPECT_FALSE(document.host().hasChanges());
+    }
+}
+
 TEST_F(Document, AFileThatAnotherProgramHoldsFailsWithItsName)
 {
     cdb::setLockWait(document.host().file(), 0);

@@ -94,6 +94,17 @@ int formatVersion(int db)
     return database != nullptr ? database->store().format() : 0;
 }
 
+std::optional<Version> versionOf(int db)
+{
+    auto* database = find(db);
+    State state;
+    if (database == nullptr || database->transactions().hasWritten() ||
+        database->store().state(state) != Status::Ok) {
+        return std::nullopt;
+    }
+    return Version{state.project, state.version, state.rows.records.sum, state.rows.facts.sum};
+}
+
 void setLockWait(int db, int milliseconds)
 {
     if (auto* database = find(db)) {

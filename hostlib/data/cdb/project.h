@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ enum class Code : int {
     Locked,        ///< another process holds the file
     InputOutput,   ///< reading or writing the file failed
     OutOfMemory,   ///< no memory left
+    Shared,        ///< it lies on a network folder, where it is only read
     BadArgument,   ///< the call itself makes no sense: a record without bytes, a range that is none
     NoTransaction, ///< there is no transaction to commit
 };
@@ -66,7 +68,7 @@ MRL_HOST_API Opened create(const std::string& path);
 MRL_HOST_API Opened create(const std::string& path, const std::function<Result(int db)>& fill);
 
 /// Opens a project for reading and writing. The whole content is checked against its checksums; a file that
-/// fails is refused and stays as it was.
+/// fails is refused and stays as it was. So is one beside a damaged journal, and one on a network folder.
 MRL_HOST_API Opened open(const std::string& path);
 
 /// The same for reading only; it needs no right to write to the file or its folder.
@@ -103,6 +105,27 @@ constexpr int CURRENT_FORMAT = 2;
 /// The version of the file's format. A file of an older one is converted by the first write, and older programs
 /// can't open it any more then.
 MRL_HOST_API int formatVersion(int db);
+
+/// A moment in the life of a project: each transaction that writes raises the number, and the sums are those of the
+/// hashes of what stands there then.
+struct Version
+{
+    std::int64_t project = 0; ///< drawn by lot when the project was made
+    std::int64_t number = 0;
+    std::uint64_t records = 0;
+    std::uint64_t facts = 0;
+};
+
+inline bool operator==(const Version& a, const Version& b)
+{
+    return a.project == b.project && a.number == b.number && a.records == b.records && a.facts == b.facts;
+}
+inline bool operator!=(const Version& a, const Version& b) { return !(a == b); }
+
+/// The version that a database has now. As long as it stays, so does the content.
+/// @return nothing where there is none: format 1, a transaction that has written and isn't over, a file that can't
+///         be read
+MRL_HOST_API std::optional<Version> versionOf(int db);
 
 /// How long a write waits for another process to let go of the file, at first 5000 ms.
 MRL_HOST_API void setLockWait(int db, int milliseconds);

@@ -23,6 +23,7 @@ Result Transactions::begin(Pausable pausable)
     if (outermost) {
         m_pausable = pausable == Pausable::Yes && m_store.access() != Access::ReadOnly;
         m_failed = {};
+        m_wrote = false;
         m_writer.setChange({});
     }
     m_levels.push_back({m_writer.change(), m_journal.size()});
@@ -62,16 +63,13 @@ Result Transactions::finish()
         return failure(Code::InputOutput, m_store.file(), "the transaction was rolled back");
     }
     if (m_levels.size() > 1) {
-        return m_store.commit(Nesting::Inner) == Status::Failed ? m_store.failure() : Result{};
+        return m_store.commit(Nesting::Inner, {}) == Status::Failed ? m_store.failure() : Result{};
     }
     if (m_writer.settle() == Outcome::Failed) {
         return m_writer.failure();
     }
-    if ((m_store.hasWritten() && m_store.addToSummary(m_writer.change()) == Status::Failed) ||
-        m_store.commit(Nesting::Outermost) == Status::Failed) {
-        return m_store.failure();
-    }
-    return {};
+    return m_store.commit(Nesting::Outermost, m_writer.change()) == Status::Failed ? m_store.failure()
+                                                                                   : Result{};
 }
 
 Result Transactions::settle()
@@ -222,6 +220,7 @@ bool Transactions::mayWrite()
 Outcome Transactions::apply(const Write& what, const void* data, int size)
 {
     const Outcome outcome = m_writer.apply(what, data, size);
+    m_wrote = m_wrote || outcome == Outcome::Done;
     return outcome == Outcome::Failed ? writeFailed(m_writer.failure()) : outcome;
 }
 

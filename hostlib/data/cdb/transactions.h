@@ -25,6 +25,8 @@ class Transactions
     Result commit();
     void rollback();
     std::size_t depth() const { return m_levels.size(); }
+    /// Has the open transaction written anything, be it taken back since?
+    bool hasWritten() const { return !m_levels.empty() && m_wrote; }
     /// Why the open transaction can't be committed; Code::Ok while it can.
     const Result& state() const { return m_failed; }
 
@@ -70,6 +72,7 @@ class Transactions
     std::vector<Write> m_journal; ///< the writes of a pausable transaction
     Result m_failed;              ///< of the open transaction
     Result m_lastFailure;
+    bool m_wrote = false;
     bool m_pausable = false;
     bool m_paused = false;
 };

@@ -34,6 +34,26 @@ LoadedIndexed cached(const std::string& file)
     return (cache[file] = {stamp, load(file)}).loaded;
 }
 
+bool isRelativePath(const std::string& name)
+{
+    return name.find('/') != std::string::npos && name.front() != '/';
+}
+
+/// A relative path in a project counts from the project's folder: the current folder of whoever opens it is no part
+/// of the project.
+std::optional<std::string> fileOfName(int db, const std::string& name)
+{
+    if (!isRelativePath(name)) {
+        return find(name);
+    }
+    const std::string project = mrl::cdb::path(db);
+    if (project.empty()) {
+        return std::nullopt;
+    }
+    const auto slash = project.rfind('/');
+    return find((slash == std::string::npos ? "./" : project.substr(0, slash + 1)) + name);
+}
+
 } // namespace
 
 IndexedCode::IndexedCode(DesignCode parsed) : code(std::move(parsed))
@@ -55,7 +75,7 @@ const DefaultAction* IndexedCode::find(int codeOrOldNumber) const
     return it == byOldNumber.end() ? nullptr : &code.actions[it->second];
 }
 
-std::optional<std::string> fileOfDatabase(int db) { return find(mrl::cdb::fact(db, "designcode")); }
+std::optional<std::string> fileOfDatabase(int db) { return fileOfName(db, mrl::cdb::fact(db, "designcode")); }
 
 LoadedIndexed indexedOfDatabase(int db)
 {
@@ -63,9 +83,11 @@ LoadedIndexed indexedOfDatabase(int db)
     if (name.empty()) {
         return {nullptr, "the project names no design code"};
     }
-    const auto file = find(name);
+    const auto file = fileOfName(db, name);
     if (!file) {
-        return {nullptr, "the design code '" + name + "' is not on the search path"};
+        return {nullptr,
+                "the design code '" + name + "' is not " +
+                    (isRelativePath(name) ? "there, seen from the project's folder" : "on the search path")};
     }
     return cached(*file);
 }

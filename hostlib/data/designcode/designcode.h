@@ -137,7 +137,8 @@ struct Loaded
 /// its size or time changed.
 MRL_HOST_API Loaded ofDatabase(int db);
 
-/// The file of the design code that a database names; nothing when it names none or the file is not there.
+/// The file of the design code that a database names; nothing when it names none or the file is not there. A relative
+/// path counts from the folder of the project.
 MRL_HOST_API std::optional<std::string> fileOfDatabase(int db);
 
 } // namespace mrl::designcode

@@ -26,6 +26,8 @@ constexpr Wording WORDINGS[] = {
     {cdb::Code::Locked, QT_TRANSLATE_NOOP("Failure", "Another program is using the project."), false},
     {cdb::Code::InputOutput, QT_TRANSLATE_NOOP("Failure", "The project could not be read or written."),
      false},
+    {cdb::Code::Shared,
+     QT_TRANSLATE_NOOP("Failure", "The project lies on a network folder and can only be read there."), false},
     {cdb::Code::OutOfMemory, QT_TRANSLATE_NOOP("Failure", "There is no memory left."), true},
 };
 

@@ -88,7 +88,8 @@ MRL_H_ProjectDocument::~MRL_H_ProjectDocument() { close(); }
 cdb::Result MRL_H_ProjectDocument::open(const QString& path)
 {
     auto file = cdb::open(utf8(path));
-    if (file.result.code == cdb::Code::ReadOnly) {
+    const cdb::Result writable = file.result;
+    if (writable.code == cdb::Code::ReadOnly || writable.code == cdb::Code::Shared) {
         file = cdb::openReadOnly(utf8(path));
     }
     if (!file) {
@@ -108,6 +109,9 @@ cdb::Result MRL_H_ProjectDocument::open(const QString& path)
     copyGuard.claim();
     fileGuard.claim();
     adopt(file.db, copy.db, path, std::move(state));
+    // The copy carries the version that the file had when it was made.
+    m_copyInCommon = m_fileInCommon = cdb::versionOf(copy.db);
+    m_whyReadOnly = writable;
     return {};
 }
 
@@ -148,6 +152,9 @@ void MRL_H_ProjectDocument::close()
     m_path.clear();
     m_marks.clear();
     m_refreshFailure = {};
+    m_whyReadOnly = {};
+    m_fileInCommon.reset();
+    m_copyInCommon.reset();
 }
 
 bool MRL_H_ProjectDocument::isReadOnly() const { return m_file >= 0 && cdb::isReadOnly(m_file); }
@@ -157,8 +164,16 @@ bool MRL_H_ProjectDocument::hasChanges() const
     if (m_copy < 0) {
         return false;
     }
+    const auto version = cdb::versionOf(m_copy);
+    if (version && version == m_copyInCommon) {
+        return false;
+    }
     bool different = true;
-    return !m_state.differs(m_copy, different) || different;
+    if (!m_state.differs(m_copy, different) || different) {
+        return true;
+    }
+    m_copyInCommon = version;
+    return false;
 }
 
 void MRL_H_ProjectDocument::mark(const cdb::KeyRange& range)
@@ -217,14 +232,20 @@ cdb::Result MRL_H_ProjectDocument::followFile()
     m_file = file.db;
     m_device = now.device;
     m_inode = now.inode;
+    m_fileInCommon.reset();
     return {};
 }
 
 cdb::Result MRL_H_ProjectDocument::checkForConflicts(std::vector<cdb::KeyRange>& changed)
 {
+    const auto version = cdb::versionOf(m_file);
+    const bool untouched = version && version == m_fileInCommon;
     for (const auto& range : m_marks) {
         if (auto result = m_state.cut(range, m_copy, m_file); !result) {
             return result;
+        }
+        if (untouched) {
+            continue;
         }
         bool different = false;
         if (auto result = m_state.differs(m_file, range, different); !result) {
@@ -237,14 +258,33 @@ cdb::Result MRL_H_ProjectDocument::checkForConflicts(std::vector<cdb::KeyRange>&
     return {};
 }
 
-cdb::Result MRL_H_ProjectDocument::writeMarks()
+/// @param written [out] how many keys were written or deleted
+cdb::Result MRL_H_ProjectDocument::writeMarks(int& written)
 {
+    written = 0;
     for (const auto& range : m_marks) {
-        if (auto result = cdb::replaceRange(m_copy, m_file, range); !result) {
+        int changed = 0;
+        if (auto result = cdb::replaceRange(m_copy, m_file, range, &changed); !result) {
             return result;
         }
+        written += changed;
     }
     return {};
+}
+
+/// @param before the file's version when the lock was taken, which nobody else could change until the commit
+void MRL_H_ProjectDocument::noteSaved(const std::optional<cdb::Version>& before, int written)
+{
+    // The project is saved. If this fails, the document only counts as changed.
+    for (const auto& range : m_marks) {
+        (void)m_state.note(m_copy, range);
+    }
+    if (written == 0) {
+        return;
+    }
+    const auto now = cdb::versionOf(m_file);
+    const bool oursIsTheLast = before && now && now->number == before->number + 1;
+    m_fileInCommon = oursIsTheLast && before == m_fileInCommon ? now : std::nullopt;
 }
 
 mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
@@ -261,6 +301,7 @@ mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
     if (auto result = transaction.state(); !result) {
         return {SaveOutcome::Failed, result, {}};
     }
+    const auto before = cdb::versionOf(m_file);
     std::vector<cdb::KeyRange> changed;
     if (auto result = checkForConflicts(changed); !result) {
         return {SaveOutcome::Failed, result, {}};
@@ -268,16 +309,14 @@ mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
     if (!changed.empty() && onConflict == mrl::ui::OnConflict::Report) {
         return {SaveOutcome::Conflict, {}, changed};
     }
-    if (auto result = writeMarks(); !result) {
+    int written = 0;
+    if (auto result = writeMarks(written); !result) {
         return {SaveOutcome::Failed, result, {}};
     }
     if (auto result = transaction.commit(); !result) {
         return {SaveOutcome::Failed, result, {}};
     }
-    // The project is saved. If this fails, the document only counts as changed.
-    for (const auto& range : m_marks) {
-        (void)m_state.note(m_copy, range);
-    }
+    noteSaved(before, written);
     return {};
 }
 

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 #include "host/mrl_export.h"
@@ -46,7 +47,7 @@ class MRL_HOST_API MRL_H_ProjectDocument
     MRL_H_ProjectDocument& operator=(const MRL_H_ProjectDocument&) = delete;
 
     /// Opens a project file; the former document is closed only when that has succeeded. A file that can't be
-    /// written is opened for reading.
+    /// written, or lies on a network folder, is opened for reading.
     mrl::cdb::Result open(const QString& path);
 
     /// Begins an empty document without a file; saveAs gives it one.
@@ -57,6 +58,8 @@ class MRL_HOST_API MRL_H_ProjectDocument
 
     bool hasFile() const { return m_file >= 0; }
     bool isReadOnly() const;
+    /// Why the file is open for reading only; Code::Ok when it isn't.
+    const mrl::cdb::Result& whyReadOnly() const { return m_whyReadOnly; }
     /// The index of the project's file, which stays open as long as the document; -1 while there is none.
     int file() const { return m_file; }
     /// The file of the project, empty while there is none.
@@ -90,15 +93,20 @@ class MRL_HOST_API MRL_H_ProjectDocument
     mrl::cdb::Result followFile();
     mrl::cdb::Result refreshNow(const mrl::cdb::KeyRange& range, mrl::ui::UnsavedChanges unsaved);
     mrl::cdb::Result checkForConflicts(std::vector<mrl::cdb::KeyRange>& changed);
-    mrl::cdb::Result writeMarks();
+    mrl::cdb::Result writeMarks(int& written);
+    void noteSaved(const std::optional<mrl::cdb::Version>& before, int written);
 
     MRL_H_ShadowDatabase& m_document;
     int m_file = -1; ///< the project's file, open as long as the document
     int m_copy = -1; ///< the document
+    /// Versions at which file and document hold nothing but what is common; none: to be found out.
+    std::optional<mrl::cdb::Version> m_fileInCommon;
+    mutable std::optional<mrl::cdb::Version> m_copyInCommon;
     QString m_path;
     quint64 m_device = 0;
     quint64 m_inode = 0;
     mrl::ui::SyncState m_state;
     std::vector<mrl::cdb::KeyRange> m_marks;
     mrl::cdb::Result m_refreshFailure;
+    mrl::cdb::Result m_whyReadOnly;
 };

@@ -79,7 +79,7 @@ class Checker
             return failureOf(status, m_db, m_file);
         }
         const std::string verdict = run.text(0);
-        return verdict == "ok" ? Result{} : damaged(verdict);
+        return verdict == "ok" ? Result{} : damageOf(m_db, m_file, verdict);
     }
 
     Result records()

@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include "hostlib/data/cdb/errors.h"
+#include "hostlib/data/cdb/sqlite/recovery.h"
 
 namespace mrl::cdb {
 
@@ -44,6 +45,14 @@ int systemError(sqlite3* connection)
             file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &number);
         }
     }
+    return number;
+}
+
+/// What the operating system said of the database file itself last; 0: nothing is wrong.
+int errorOfFile(sqlite3* connection)
+{
+    int number = 0;
+    sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &number);
     return number;
 }
 
@@ -86,6 +95,12 @@ Wording wordingOf(int status, int number)
 
 Result failureOf(int status, sqlite3* connection, const std::string& file)
 {
+    if ((status & 0xFF) == SQLITE_CANTOPEN && connection != nullptr) {
+        const char* name = sqlite3_db_filename(connection, "main");
+        if (const Refusal refusal = refusedRecovery(name != nullptr ? name : ""); !refusal.reason.empty()) {
+            return failure(refusal.code, file, refusal.reason);
+        }
+    }
     const bool outside = (status & 0xFF) == SQLITE_IOERR || (status & 0xFF) == SQLITE_CANTOPEN;
     const int number = connection != nullptr && outside ? systemError(connection) : 0;
     const auto wording = wordingOf(status, number);
@@ -96,6 +111,14 @@ Result failureOf(int status, sqlite3* connection, const std::string& file)
         reason += std::string(" (") + sqlite3_errmsg(connection) + ")";
     }
     return failure(wording.code, file, reason);
+}
+
+Result damageOf(sqlite3* connection, const std::string& file, const std::string& verdict)
+{
+    if (errorOfFile(connection) != 0) {
+        return failureOf(SQLITE_IOERR_READ, connection, file);
+    }
+    return failure(Code::Corrupt, file, "the file is damaged (" + verdict + ")");
 }
 
 } // namespace mrl::cdb

@@ -13,4 +13,7 @@ namespace mrl::cdb {
 /// @param connection may be null
 Result failureOf(int status, sqlite3* connection, const std::string& file);
 
+/// What SQLite's check of the pages found. It takes a page that can't be read for a damaged one.
+Result damageOf(sqlite3* connection, const std::string& file, const std::string& verdict);
+
 } // namespace mrl::cdb

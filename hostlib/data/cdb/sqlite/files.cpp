@@ -7,6 +7,7 @@
 #include <cstring>
 #include <list>
 #include <memory>
+#include <new>
 #include <set>
 
 #include <sqlite3.h>
@@ -14,12 +15,16 @@
 #include <unistd.h>
 
 #include "hostlib/data/cdb/errors.h"
+#include "hostlib/data/cdb/sqlite/network.h"
+#include "hostlib/data/cdb/sqlite/recovery.h"
 
 namespace mrl::cdb {
 
 namespace {
 
-constexpr std::array<const char*, 3> COMPANIONS{"-journal", "-wal", "-shm"};
+const std::string JOURNAL = "-journal";
+const std::string LOG = "-wal"; // of format 1
+const std::array<std::string, 3> COMPANIONS{JOURNAL, LOG, "-shm"};
 
 sqlite3_vfs* below(sqlite3_vfs* layer) { return static_cast<sqlite3_vfs*>(layer->pAppData); }
 
@@ -36,15 +41,45 @@ std::set<std::string>& databases()
     return names;
 }
 
-int openFile(sqlite3_vfs* layer, const char* name, sqlite3_file* file, int flags, int* outFlags)
+/// Runs our part of a call. SQLite, which called, knows no exceptions.
+template <class Work>
+int guarded(Work work)
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return SQLITE_IOERR_NOMEM;
+    }
+}
+
+/// Does SQLite open a journal in order to take back what a crashed program left unfinished? A transaction of its own
+/// makes the journal, and looking at one does not write.
+bool isRecovery(int flags)
+{
+    return (flags & SQLITE_OPEN_MAIN_JOURNAL) != 0 && (flags & SQLITE_OPEN_READWRITE) != 0 &&
+           (flags & SQLITE_OPEN_CREATE) == 0;
+}
+
+int mayOpen(sqlite3_vfs* layer, const char* name, int flags)
 {
     const bool journal = (flags & (SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_WAL)) != 0;
     if ((flags & SQLITE_OPEN_SUPER_JOURNAL) != 0 || (journal && !isFileOrNothing(name))) {
-        file->pMethods = nullptr;
         return SQLITE_CANTOPEN;
     }
     if ((flags & SQLITE_OPEN_MAIN_DB) != 0) {
         databases().insert(name);
+    }
+    const std::string path = name != nullptr ? name : "";
+    return isRecovery(flags) ? mayRecover(below(layer), path.substr(0, path.size() - JOURNAL.size()))
+                             : SQLITE_OK;
+}
+
+int openFile(sqlite3_vfs* layer, const char* name, sqlite3_file* file, int flags, int* outFlags)
+{
+    const int status = guarded([&] { return mayOpen(layer, name, flags); });
+    if (status != SQLITE_OK) {
+        file->pMethods = nullptr;
+        return status;
     }
     return below(layer)->xOpen(below(layer), name, file, flags, outFlags);
 }
@@ -54,18 +89,25 @@ int deleteFile(sqlite3_vfs* layer, const char* name, int syncFolder)
     return below(layer)->xDelete(below(layer), name, syncFolder);
 }
 
+bool isCompanion(const std::string& path)
+{
+    for (const std::string& ending : {JOURNAL, LOG}) {
+        if (path.size() > ending.size() &&
+            path.compare(path.size() - ending.size(), ending.size(), ending) == 0 &&
+            databases().count(path.substr(0, path.size() - ending.size())) > 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
 int accessFile(sqlite3_vfs* layer, const char* name, int flags, int* result)
 {
     // SQLite asks for its own companions, and for the super-journal that a journal names.
-    const std::string path = name;
-    for (const char* ending : {"-journal", "-wal"}) {
-        const std::size_t length = std::strlen(ending);
-        if (path.size() > length && path.compare(path.size() - length, length, ending) == 0 &&
-            databases().count(path.substr(0, path.size() - length)) > 0) {
-            return below(layer)->xAccess(below(layer), name, flags, result);
-        }
-    }
-    return SQLITE_IOERR_ACCESS;
+    return guarded([&] {
+        return isCompanion(name) ? below(layer)->xAccess(below(layer), name, flags, result)
+                                 : SQLITE_IOERR_ACCESS;
+    });
 }
 
 int fullPathname(sqlite3_vfs* layer, const char* name, int size, char* out)
@@ -121,6 +163,9 @@ Result findPlace(const std::string& path, Place& out)
     };
     const std::unique_ptr<char, Free> resolved(realpath(path.c_str(), nullptr));
     struct stat info = {};
+    if (path.empty()) {
+        return failure(Code::NoFile, "\"\"", "a file needs a name");
+    }
     if (!resolved || stat(resolved.get(), &info) != 0) {
         return failure(Code::NoFile, path, std::strerror(errno));
     }
@@ -130,7 +175,7 @@ Result findPlace(const std::string& path, Place& out)
 
 Result checkCompanions(const std::string& file, const std::string& path)
 {
-    for (const char* ending : COMPANIONS) {
+    for (const std::string& ending : COMPANIONS) {
         const std::string companion = path + ending;
         if (!isFileOrNothing(companion.c_str())) {
             return failure(Code::NotAProject, file,
@@ -151,6 +196,9 @@ std::string folderOf(const std::string& path)
 
 Result mayBeWritten(const std::string& file, const std::string& path)
 {
+    if (Result here = onThisMachine(file, path); !here) {
+        return here;
+    }
     if (access(path.c_str(), W_OK) != 0) {
         return failure(Code::ReadOnly, file, "the file is read-only");
     }
@@ -184,7 +232,7 @@ Result failureToMake(int number, const std::string& file)
 void removeFile(const std::string& path)
 {
     ::unlink(path.c_str());
-    for (const char* ending : COMPANIONS) {
+    for (const std::string& ending : COMPANIONS) {
         ::unlink((path + ending).c_str());
     }
 }

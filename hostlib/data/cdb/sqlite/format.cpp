@@ -2,9 +2,7 @@
 
 #include <array>
 #include <cerrno>
-#include <cstddef>
 #include <cstring>
-#include <vector>
 
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -12,6 +10,7 @@
 
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/raw_file.h"
 
 namespace mrl::cdb {
 
@@ -31,32 +30,10 @@ namespace {
 constexpr int HEADER_SIZE = 100;
 using Header = std::array<unsigned char, HEADER_SIZE>;
 
-/// Reads the first bytes of a file through SQLite's own file layer. Closing a descriptor of our own would
-/// give up all locks that this process holds on the file, those of a database that has it open included.
 int readHeader(const std::string& path, Header& out)
 {
-    sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
-    std::string full(static_cast<std::size_t>(files->mxPathname) + 1, '\0');
-    if (const int status = files->xFullPathname(files, path.c_str(), files->mxPathname + 1, full.data());
-        (status & 0xFF) != SQLITE_OK) {
-        return status;
-    }
-    const char* name = sqlite3_create_filename(full.c_str(), "", "", 0, nullptr);
-    std::vector<std::max_align_t> place(static_cast<std::size_t>(files->szOsFile) / sizeof(std::max_align_t) +
-                                        1);
-    auto* file = reinterpret_cast<sqlite3_file*>(place.data());
-    int status = files->xOpen(files, name, file, SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_READONLY, nullptr);
-    if (status == SQLITE_OK) {
-        status = file->pMethods->xRead(file, out.data(), HEADER_SIZE, 0);
-    }
-    if (file->pMethods != nullptr) {
-        file->pMethods->xClose(file);
-    }
-    sqlite3_free_filename(name);
-    return status;
+    return RawFile(sqlite3_vfs_find(nullptr), path, SQLITE_OPEN_MAIN_DB).read(out.data(), HEADER_SIZE, 0);
 }
-
-int bigEndian(const unsigned char* at) { return (at[0] << 24) | (at[1] << 16) | (at[2] << 8) | at[3]; }
 
 } // namespace
 
@@ -94,7 +71,7 @@ Result probe(const std::string& file, const std::string& path, int& format)
         bigEndian(&header[68]) != APPLICATION_ID) {
         return failure(Code::NotAProject, file, "this is no project file");
     }
-    const int version = bigEndian(&header[60]);
+    const auto version = static_cast<int>(bigEndian(&header[60]));
     if (version > FORMAT_VERSION) {
         return failure(Code::NewerFormat, path,
                        "the file has format " + std::to_string(version) +

@@ -15,6 +15,7 @@
 #include "hostlib/data/cdb/sqlite/failure.h"
 #include "hostlib/data/cdb/sqlite/files.h"
 #include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/network.h"
 #include "hostlib/data/cdb/sqlite/opening.h"
 
 namespace mrl::cdb {
@@ -96,6 +97,8 @@ NewFile::NewFile(const std::string& path)
         m_state = failure(Code::NoFile, "\"\"", "a file needs a name");
     } else if (lstat(path.c_str(), &info) == 0) {
         m_state = failureToMake(EEXIST, path);
+    } else if (Result here = onThisMachine(path, m_folder); !here) {
+        m_state = std::move(here);
     } else {
         removeDead();
         const int number = makeBeside();

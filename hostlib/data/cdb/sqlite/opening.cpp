@@ -11,6 +11,7 @@
 #include "hostlib/data/cdb/sqlite/failure.h"
 #include "hostlib/data/cdb/sqlite/files.h"
 #include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/recovery.h"
 #include "hostlib/data/cdb/sqlite/store.h"
 
 namespace mrl::cdb {
@@ -79,36 +80,36 @@ int connectForReading(const std::string& file, const std::string& path, Connecti
     return connect(path, SQLITE_OPEN_READONLY, out);
 }
 
-/// The same for format 1, whose log needs an index beside it even for reading. Where none can be made and there
-/// is no log, the file is taken as unchanging, which it is there.
+/// The same for format 1, whose log needs an index beside it even for reading. Without a log, a file that can't be
+/// written is taken as unchanging, since SQLite would leave the index behind.
 int connectToFormat1(const std::string& file, const std::string& path, bool readOnly, Connection& out)
 {
-    int status = readOnly ? connectForReading(file, path, out) : connect(path, SQLITE_OPEN_READWRITE, out);
-    // Not even the log of a crashed program is copied into the file by opening it.
-    if (status == SQLITE_OK) {
-        sqlite3_db_config(out.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE,
-                          isEmptyOrMissing(path + "-wal") ? 0 : 1, nullptr);
-        status = run(out.get(), "SELECT 1 FROM sqlite_schema");
-    }
-    const int primary = status & 0xFF;
-    if ((primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY) && readOnly &&
-        isEmptyOrMissing(path + "-wal")) {
+    const bool log = !isEmptyOrMissing(path + "-wal");
+    if (readOnly && !log && !mayBeWritten(file, path)) {
         return connect(asUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, out);
     }
-    return status;
+    const int status =
+        readOnly ? connectForReading(file, path, out) : connect(path, SQLITE_OPEN_READWRITE, out);
+    if (status != SQLITE_OK) {
+        return status;
+    }
+    // Not even the log of a crashed program is copied into the file by opening it.
+    sqlite3_db_config(out.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, log ? 1 : 0, nullptr);
+    return run(out.get(), "SELECT 1 FROM sqlite_schema");
 }
 
-/// The first bytes of the file may belong to a conversion that a crash left unfinished and that was taken back by
-/// the first look at the file.
-int readFormat(sqlite3* connection, int& format)
+/// What opening failed for. Of a log that can't be read for want of rights SQLite says that the file can't be opened.
+Result failureToOpen(int status, sqlite3* connection, const std::string& file, const Place& place, int format)
 {
-    Statement text("PRAGMA user_version");
-    Run run(text, connection);
-    const int status = run.step();
-    if (status == SQLITE_ROW) {
-        format = run.integer(0);
+    const int primary = status & 0xFF;
+    if (format == 1 && (primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY) &&
+        !isEmptyOrMissing(place.path + "-wal")) {
+        return failure(Code::ReadOnly, file,
+                       place.path +
+                           "-wal, the log of an older program, can only be read by somebody who may write "
+                           "to the file and its folder");
     }
-    return status == SQLITE_ROW ? SQLITE_OK : status;
+    return failureOf(status, connection, file);
 }
 
 int connectPrivate(Storage where, Connection& out)
@@ -130,6 +131,22 @@ int copy(sqlite3* from, sqlite3* to)
     return status == SQLITE_OK ? run(to, "SELECT 1 FROM summary") : status;
 }
 
+/// All that can be told without opening the file as a database.
+Result lookBeforeOpening(const std::string& path, bool readOnly, Place& place, int& format)
+{
+    Result fit = findPlace(path, place);
+    if (fit) {
+        fit = probe(path, place.path, format);
+    }
+    if (fit) {
+        fit = checkCompanions(path, place.path);
+    }
+    if (fit) {
+        fit = checkDormantJournal(path, place.path);
+    }
+    return fit && !readOnly ? mayBeWritten(path, place.path) : fit;
+}
+
 } // namespace
 
 int connectToBuild(const std::string& path, Connection& out)
@@ -138,21 +155,28 @@ int connectToBuild(const std::string& path, Connection& out)
     return status == SQLITE_OK ? run(out.get(), "PRAGMA journal_mode=MEMORY;PRAGMA synchronous=OFF") : status;
 }
 
+int connectToCopy(const std::string& path, Connection& out)
+{
+    const int status = connect(path, SQLITE_OPEN_READWRITE, out);
+    return status == SQLITE_OK ? run(out.get(), "PRAGMA synchronous=OFF") : status;
+}
+
+int readFormat(sqlite3* connection, int& format)
+{
+    Statement text("PRAGMA user_version");
+    Run run(text, connection);
+    const int status = run.step();
+    if (status == SQLITE_ROW) {
+        format = run.integer(0);
+    }
+    return status == SQLITE_ROW ? SQLITE_OK : status;
+}
+
 OpenedStore Store::open(const std::string& path, bool readOnly)
 {
     Place place;
     int format = 0;
-    Result fit = findPlace(path, place);
-    if (fit) {
-        fit = probe(path, place.path, format);
-    }
-    if (fit) {
-        fit = checkCompanions(path, place.path);
-    }
-    if (fit && !readOnly) {
-        fit = mayBeWritten(path, place.path);
-    }
-    if (!fit) {
+    if (Result fit = lookBeforeOpening(path, readOnly, place, format); !fit) {
         return {std::move(fit), nullptr};
     }
     Connection connection;
@@ -167,9 +191,12 @@ OpenedStore Store::open(const std::string& path, bool readOnly)
         status = readFormat(connection.get(), format);
     }
     if (status != SQLITE_OK) {
-        return {failureOf(status, connection.get(), path), nullptr};
+        return {failureToOpen(status, connection.get(), path, place, format), nullptr};
     }
     if (Result content = checkContent(connection.get(), path, format, Depth::Quick); !content) {
+        if (content.code == Code::Corrupt || content.code == Code::Checksum) {
+            content.text += adviceForDamage(place.path);
+        }
         return {std::move(content), nullptr};
     }
     return {{},

@@ -218,7 +218,7 @@ int Store::readState(State& out)
     return SQLITE_OK;
 }
 
-Status Store::addToSummary(const Summary& change)
+int Store::raiseVersion(const Summary& change)
 {
     State next = m_state;
     ++next.version;
@@ -229,12 +229,20 @@ Status Store::addToSummary(const Summary& change)
     run.bind(2, next.rows.records.count).bind(3, stored(next.rows.records.sum));
     run.bind(4, next.rows.facts.count).bind(5, stored(next.rows.facts.sum));
     const int status = run.step();
-    if (status != SQLITE_DONE) {
-        return failed(status);
+    if (status == SQLITE_DONE) {
+        m_next = next;
+        m_raised = true;
     }
-    m_next = next;
-    m_raised = true;
-    return Status::Ok;
+    return status == SQLITE_DONE ? SQLITE_OK : status;
+}
+
+Status Store::state(State& out)
+{
+    if (m_format == 1) {
+        return Status::None;
+    }
+    const int status = readState(out);
+    return status == SQLITE_OK ? Status::Ok : failed(status);
 }
 
 } // namespace mrl::cdb

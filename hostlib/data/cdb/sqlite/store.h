@@ -98,17 +98,17 @@ class Store
     Status erase(const Key& key, const Tally& known);
     /// Sets a fact; an empty value removes it. @param gone [out] what that takes away
     Status setFact(const Fact& fact, Tally& gone);
-    /// Adds what a transaction has changed to the summary and raises its version.
-    Status addToSummary(const Summary& change);
+    /// The row that vouches for all others, as the file has it now. @return None for a file of format 1
+    Status state(State& out);
 
     /// Begins a transaction. The outermost one takes the write lock at once, except on a read-only file, and
     /// is refused when the file is no longer the one that this store left. It converts a file of an older format.
     Status begin(Nesting nesting);
-    Status commit(Nesting nesting);
+    /// @param change what the transaction has changed in the summary; with the outermost one that has written,
+    ///               the summary takes it over and its version rises
+    Status commit(Nesting nesting, const Summary& change);
     /// Takes a transaction back. Harmless when SQLite has taken it back by itself.
     void rollback(Nesting nesting);
-    /// Has the open transaction written anything?
-    bool hasWritten() const { return m_writes > 0; }
     /// Is a transaction open? None is when SQLite had to take it back whole.
     bool inTransaction() const { return sqlite3_get_autocommit(m_db.get()) == 0; }
 
@@ -141,6 +141,7 @@ class Store
     Status sameProject();
     Status convert();
     int readState(State& out);
+    int raiseVersion(const Summary& change);
     static void gone(sqlite3_context* context, int count, sqlite3_value** values);
 
     std::string m_file; ///< as the caller named it

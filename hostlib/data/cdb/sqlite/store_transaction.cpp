@@ -41,10 +41,7 @@ Status Store::refuse(const std::string& reason)
 
 Status Store::beginWriting()
 {
-    if (m_access == Access::ReadWrite && samePlace() == Status::Failed) {
-        return Status::Failed;
-    }
-    if (m_format == 1 && convert() == Status::Failed) {
+    if (m_format == 1 && (samePlace() == Status::Failed || convert() == Status::Failed)) {
         return Status::Failed;
     }
     // SQLite keeps pages as long as the file's change counter is the one it knows, and a copy that was put over
@@ -54,12 +51,15 @@ Status Store::beginWriting()
     if (status != SQLITE_OK) {
         return failed(status);
     }
-    return sameProject();
+    return samePlace() == Status::Failed ? Status::Failed : sameProject();
 }
 
 /// What is written to a file that was deleted or replaced meanwhile would be lost without a word.
 Status Store::samePlace()
 {
+    if (m_access == Access::Private) {
+        return Status::Ok;
+    }
     struct stat info = {};
     int moved = 0;
     sqlite3_file_control(m_db.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
@@ -96,19 +96,30 @@ Status Store::sameProject()
     return Status::Ok;
 }
 
-Status Store::commit(Nesting nesting)
+Status Store::commit(Nesting nesting, const Summary& change)
 {
-    const int status = execute(nesting == Nesting::Inner ? "RELEASE level" : "COMMIT");
+    if (nesting == Nesting::Inner) {
+        const int status = execute("RELEASE level");
+        return status == SQLITE_OK ? Status::Ok : failed(status);
+    }
+    int status = SQLITE_OK;
+    if (m_writes > 0) {
+        if (samePlace() == Status::Failed) {
+            return Status::Failed;
+        }
+        status = raiseVersion(change);
+    }
+    if (status == SQLITE_OK) {
+        status = execute("COMMIT");
+    }
     if (status != SQLITE_OK) {
         return failed(status);
     }
-    if (nesting == Nesting::Outermost) {
-        forgetWrites();
-        if (m_raised) {
-            m_state = m_next;
-            m_raised = false;
-            ChangeMark::committedHere();
-        }
+    forgetWrites();
+    if (m_raised) {
+        m_state = m_next;
+        m_raised = false;
+        ChangeMark::committedHere();
     }
     return Status::Ok;
 }
