@@ -107,8 +107,8 @@ std::unique_ptr<combine::ResponseFile> openResponses(const std::string& file, co
         missing.insert(envelope.missing().begin(), envelope.missing().end());
     }
     if (!missing.empty()) {
-        throw Failure{ExitCode::File,
-                      file + ": there is no column for " + combine::loadCasesText({missing.begin(), missing.end()})};
+        throw Failure{ExitCode::File, file + ": there is no column for " +
+                                          combine::loadCasesText({missing.begin(), missing.end()})};
     }
     std::set<int> unknown(responses->numbers().begin(), responses->numbers().end());
     for (const combine::LoadCase& each : combinations.model().loadCases) {

@@ -18,7 +18,8 @@ struct ExtremeRow
     std::string key;
     std::string leading;    ///< empty: nobody
     std::string expression; ///< empty: the situation has one, without a name
-    std::vector<std::pair<std::string, double>> with; ///< the set's other responses under the same combination
+    std::vector<std::pair<std::string, double>>
+        with; ///< the set's other responses under the same combination
 };
 
 /// Both extremes of a response in a situation.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <limits>
 #include <thread>
 #include <unordered_map>
 
@@ -13,67 +12,85 @@ namespace mrl::combine {
 
 namespace {
 
-constexpr std::size_t LANES = 4; // sums side by side, so that an addition need not wait for the one before it
-constexpr double NOT_REACHED = -std::numeric_limits<double>::infinity();
-
-/// The stats of numbers in a run. A number that isn't finite makes a sum that isn't either.
-Stats statsOf(const double* at, std::size_t count)
-{
-    double positive[LANES] = {};
-    double negative[LANES] = {};
-    double greatest[LANES];
-    double least[LANES];
-    std::fill(greatest, greatest + LANES, at[0]);
-    std::fill(least, least + LANES, at[0]);
-    const auto take = [&](std::size_t lane, double response) {
-        positive[lane] += response < 0 ? 0 : response;
-        negative[lane] += response < 0 ? response : 0;
-        greatest[lane] = response > greatest[lane] ? response : greatest[lane];
-        least[lane] = response < least[lane] ? response : least[lane];
-    };
-    std::size_t i = 0;
-    for (; i + LANES <= count; i += LANES) {
-        for (std::size_t lane = 0; lane < LANES; ++lane) {
-            take(lane, at[i + lane]);
-        }
-    }
-    for (; i < count; ++i) {
-        take(0, at[i]);
-    }
-    return {(positive[0] + positive[1]) + (positive[2] + positive[3]),
-            (negative[0] + negative[1]) + (negative[2] + negative[3]),
-            std::max(std::max(greatest[0], greatest[1]), std::max(greatest[2], greatest[3])),
-            std::min(std::min(least[0], least[1]), std::min(least[2], least[3]))};
-}
-
-} // namespace
-
-Envelope::Envelope(const Plan& plan, const std::vector<int>& columns)
-    : m_plan(plan), m_stats(plan.prepared.members.size()), m_values(plan.acts.size() + 1)
+/// The place of each load case that takes part. @param missing [out] those that have no column
+std::vector<std::size_t> placesOf(const Prepared& prepared, const std::vector<int>& columns,
+                                  std::vector<int>& missing)
 {
     std::unordered_map<int, std::size_t> places;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         places.emplace(columns[i], i);
     }
-    for (const int number : plan.prepared.numbers) {
+    std::vector<std::size_t> result;
+    for (const int number : prepared.numbers) {
         const auto place = places.find(number);
         if (place == places.end()) {
-            m_missing.push_back(number);
+            missing.push_back(number);
         } else {
-            m_columns.push_back(place->second);
+            result.push_back(place->second);
         }
     }
-    for (const Member& member : plan.prepared.members) {
-        bool isRun = m_missing.empty();
-        for (int i = 1; isRun && i < member.count; ++i) {
-            const auto at = static_cast<std::size_t>(member.first + i);
-            isRun = m_columns[at] == m_columns[at - 1] + 1;
+    return result;
+}
+
+Extreme extremeOf(const Governing& governing)
+{
+    return {governing.value, governing.expression, governing.leading};
+}
+
+/// The places of the rows from `first` on, the last one again where they end.
+ResponseBlock::Rows rowsFrom(const double* rows, std::size_t width, std::size_t first, std::size_t count)
+{
+    ResponseBlock::Rows result;
+    for (std::size_t lane = 0; lane < LANES; ++lane) {
+        result[lane] = rows + std::min(first + lane, count - 1) * width;
+    }
+    return result;
+}
+
+/// Solves rows and puts what comes of it in its place.
+class Filler
+{
+  public:
+    Filler(const Plan& plan, const std::vector<std::size_t>& columns, ManyExtremes& result)
+        : m_block(plan, columns), m_result(result)
+    {
+    }
+
+    /// @return false when a number is not finite
+    bool fill(const ResponseBlock::Rows& rows, std::size_t first)
+    {
+        if (!m_block.read(rows)) {
+            return false;
         }
-        m_isRun.push_back(isRun);
+        const std::size_t filled = std::min(LANES, m_result.extremes.size() - first);
+        put(m_block.solve(Direction::Max), first, filled, Direction::Max);
+        put(m_block.solve(Direction::Min), first, filled, Direction::Min);
+        return true;
     }
-    for (const Act& act : plan.acts) {
-        m_valuers.emplace_back(act.pattern);
+
+  private:
+    void put(const std::array<Governing, LANES>& best, std::size_t first, std::size_t filled,
+             Direction direction)
+    {
+        const bool isMax = direction == Direction::Max;
+        for (std::size_t lane = 0; lane < filled; ++lane) {
+            Extremes& extremes = m_result.extremes[first + lane];
+            (isMax ? extremes.max : extremes.min) = extremeOf(best[lane]);
+            int* const choice =
+                m_result.choices.data() + (2 * (first + lane) + (isMax ? 0 : 1)) * m_result.width;
+            std::copy(best[lane].acts.begin(), best[lane].acts.end(), choice);
+        }
     }
+
+    ResponseBlock m_block;
+    ManyExtremes& m_result;
+};
+
+} // namespace
+
+Envelope::Envelope(const Plan& plan, const std::vector<int>& columns)
+    : m_plan(plan), m_columns(placesOf(plan.prepared, columns, m_missing)), m_block(plan, m_columns)
+{
 }
 
 std::vector<double> Envelope::responses(const Member& member, const double* row) const
@@ -85,107 +102,22 @@ std::vector<double> Envelope::responses(const Member& member, const double* row)
     return result;
 }
 
-bool Envelope::readStats(const double* row)
+/// @return null when a number is not finite
+const Governing* Envelope::governing(const double* row, Direction direction)
 {
-    double check = 0;
-    for (std::size_t i = 0; i < m_stats.size(); ++i) {
-        const Member& member = m_plan.prepared.members[i];
-        const auto first = static_cast<std::size_t>(member.first);
-        const auto count = static_cast<std::size_t>(member.count);
-        const double* at = row + m_columns[first];
-        if (!m_isRun[i]) {
-            m_gathered.resize(count);
-            for (std::size_t j = 0; j < count; ++j) {
-                m_gathered[j] = row[m_columns[first + j]];
-            }
-            at = m_gathered.data();
-        }
-        m_stats[i] = statsOf(at, count);
-        check += (m_stats[i].positive + m_stats[i].negative) * 0.0;
-    }
-    return check == 0;
-}
-
-void Envelope::valueActs(Direction direction)
-{
-    for (std::size_t i = 0; i < m_valuers.size(); ++i) {
-        const Stats& stats = m_stats[static_cast<std::size_t>(m_plan.acts[i].member)];
-        m_values[i + 1] = m_valuers[i].best(direction == Direction::Max ? stats : mirrored(stats));
-    }
-}
-
-/// The greatest value of the ways through a graph; not reached: there is no way.
-double Envelope::relax(const Graph& graph)
-{
-    if (graph.end < 0) {
-        return NOT_REACHED;
-    }
-    const auto nodes = static_cast<std::size_t>(graph.nodes);
-    m_reached.assign(nodes, NOT_REACHED);
-    m_arrival.assign(nodes, -1);
-    m_reached[0] = 0;
-    double* const reached = m_reached.data();
-    int* const arrival = m_arrival.data();
-    const double* const values = m_values.data();
-    const int count = static_cast<int>(graph.edges.size());
-    const Edge* edge = graph.edges.data();
-    for (int i = 0; i < count; ++i, ++edge) {
-        const double value = reached[edge->from] + values[edge->act + 1];
-        const bool isBetter = value > reached[edge->to];
-        reached[edge->to] = isBetter ? value : reached[edge->to];
-        arrival[edge->to] = isBetter ? i : arrival[edge->to];
-    }
-    return reached[graph.end];
-}
-
-void Envelope::follow(const Graph& graph, std::vector<int>& acts) const
-{
-    acts.clear();
-    for (int node = graph.end; node != 0;) {
-        const Edge& edge = graph.edges[static_cast<std::size_t>(m_arrival[static_cast<std::size_t>(node)])];
-        if (edge.act >= 0) {
-            acts.push_back(edge.act);
-        }
-        node = edge.from;
-    }
-}
-
-Envelope::Path Envelope::longest(Direction direction)
-{
-    valueActs(direction);
-    Path path;
-    for (std::size_t i = 0; i < m_plan.graphs.size(); ++i) {
-        const double value = relax(m_plan.graphs[i]);
-        if (value != NOT_REACHED && (path.graph < 0 || value > path.value)) {
-            path.value = value;
-            path.graph = static_cast<int>(i);
-            follow(m_plan.graphs[i], path.acts);
-        }
-    }
-    std::reverse(path.acts.begin(), path.acts.end());
-    return path;
-}
-
-Extreme Envelope::extreme(Direction direction)
-{
-    const Path path = longest(direction);
-    Extreme result{direction == Direction::Max ? path.value : 0.0 - path.value, path.graph, -1};
-    for (const int act : path.acts) {
-        const Act& each = m_plan.acts[static_cast<std::size_t>(act)];
-        if (each.leads()) {
-            result.leading = each.member;
-            break;
-        }
-    }
-    return result;
+    return m_block.read({row, row, row, row}) ? &m_block.solve(direction).front() : nullptr;
 }
 
 std::optional<Extremes> Envelope::extremes(const double* row)
 {
-    if (!readStats(row)) {
+    const Governing* const max = governing(row, Direction::Max);
+    if (!max) {
         return std::nullopt;
     }
-    return Extremes{extreme(Direction::Max), extreme(Direction::Min)};
+    Extremes result;
+    result.max = extremeOf(*max);
+    result.min = extremeOf(m_block.solve(Direction::Min).front());
+    return result;
 }
 
 std::optional<std::size_t> Envelope::badColumn(const double* row) const
@@ -200,24 +132,29 @@ std::optional<std::size_t> Envelope::badColumn(const double* row) const
 
 std::optional<Combination> Envelope::combination(const double* row, Direction direction)
 {
-    if (!readStats(row)) {
+    const Governing* const best = governing(row, direction);
+    if (!best || best->expression < 0) {
         return std::nullopt;
     }
-    const Path path = longest(direction);
-    if (path.graph < 0) {
-        return std::nullopt;
-    }
+    return combination(row, direction, best->expression, best->acts);
+}
+
+Combination Envelope::combination(const double* row, Direction direction, int expression,
+                                  const std::vector<int>& acts) const
+{
     Combination result;
-    result.expression = path.graph;
-    for (const int place : path.acts) {
+    result.expression = expression;
+    for (const int place : acts) {
+        if (place < 0) {
+            continue;
+        }
         const Act& act = m_plan.acts[static_cast<std::size_t>(place)];
         const Member& member = m_plan.prepared.members[static_cast<std::size_t>(act.member)];
         std::vector<double> rows = responses(member, row);
         for (double& each : rows) {
             each = direction == Direction::Max ? each : -each;
         }
-        const std::vector<double> factors = m_valuers[static_cast<std::size_t>(place)].choose(rows);
-        addShares(m_plan.prepared, member, factors, result.key);
+        addShares(m_plan.prepared, member, chooseFactors(act.pattern, rows), result.key);
         result.parts.push_back({act.member, act.role});
         if (act.leads()) {
             result.leading += (result.leading.empty() ? "" : " + ") + member.name;
@@ -240,20 +177,25 @@ double Envelope::value(const Key& key, const double* row) const
     return sum;
 }
 
-std::vector<Extremes> extremesOfAll(const Plan& plan, const std::vector<int>& columns, const double* rows,
-                                    std::size_t count, unsigned threads)
+std::optional<ManyExtremes> extremesOfAll(const Plan& plan, const std::vector<int>& columns,
+                                          const double* rows, std::size_t count, unsigned threads)
 {
-    constexpr std::size_t CHUNK = 256; // rows that a thread takes at a time
-    std::vector<Extremes> result(count);
+    constexpr std::size_t CHUNK = 64 * LANES; // rows that a thread takes at a time
+    std::vector<int> missing;
+    const std::vector<std::size_t> places = placesOf(plan.prepared, columns, missing);
+    ManyExtremes result;
+    result.extremes.resize(count);
+    result.width = plan.prepared.units.size();
+    result.choices.assign(2 * count * result.width, -1);
     std::atomic<std::size_t> next{0};
     std::atomic<bool> isFinite{true};
     const auto work = [&] {
-        Envelope envelope(plan, columns);
+        Filler filler(plan, places, result);
         for (std::size_t begin; (begin = next.fetch_add(CHUNK)) < count && isFinite;) {
-            for (std::size_t i = begin; i < std::min(begin + CHUNK, count); ++i) {
-                const auto extremes = envelope.extremes(rows + i * columns.size());
-                isFinite = isFinite && extremes.has_value();
-                result[i] = extremes.value_or(Extremes{});
+            for (std::size_t i = begin; i < std::min(begin + CHUNK, count); i += LANES) {
+                if (!filler.fill(rowsFrom(rows, columns.size(), i, count), i)) {
+                    isFinite = false;
+                }
             }
         }
     };
@@ -265,7 +207,7 @@ std::vector<Extremes> extremesOfAll(const Plan& plan, const std::vector<int>& co
     for (std::thread& each : others) {
         each.join();
     }
-    return isFinite ? result : std::vector<Extremes>{};
+    return isFinite ? std::make_optional(std::move(result)) : std::nullopt;
 }
 
 } // namespace mrl::combine

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "combine/plan.h"
+#include "combine/response_block.h"
 
 namespace mrl::combine {
 
@@ -23,8 +24,8 @@ struct Extremes
     Extreme min;
 };
 
-/// Values one response after another. A response is a row of numbers, one for each load case; its cost is one pass
-/// over them and one over the edges of the plan.
+/// Values one response after another. A response is a row of numbers, one for each load case. Many are valued faster
+/// by extremesOfAll.
 class Envelope
 {
   public:
@@ -39,47 +40,43 @@ class Envelope
     std::optional<Extremes> extremes(const double* row);
     std::optional<std::size_t> badColumn(const double* row) const;
 
-    enum class Direction { Max, Min };
+    using Direction = combine::Direction;
     /// The governing combination. Of equal ones that of the first expression, with nobody leading or the first action
     /// that can lead, with as few load cases as can be, and permanent actions with the unfavourable factor.
     /// @return nothing when there is no combination, or a number is not finite
     std::optional<Combination> combination(const double* row, Direction direction);
 
+    /// The combination of a choice that was made for this response.
+    Combination combination(const double* row, Direction direction, int expression,
+                            const std::vector<int>& acts) const;
+
     /// The value of a response under a combination: the sum of its terms.
     double value(const Key& key, const double* row) const;
 
   private:
-    struct Path
-    {
-        double value = 0;
-        int graph = -1;
-        std::vector<int> acts; ///< by unit; left out where a unit rests
-    };
-
-    bool readStats(const double* row);
-    void valueActs(Direction direction);
-    double relax(const Graph& graph);
-    Path longest(Direction direction);
-    void follow(const Graph& graph, std::vector<int>& acts) const;
-    Extreme extreme(Direction direction);
+    const Governing* governing(const double* row, Direction direction);
     std::vector<double> responses(const Member& member, const double* row) const;
 
     const Plan& m_plan;
-    std::vector<std::size_t> m_columns; // of Prepared::numbers
-    std::vector<bool> m_isRun;          // the columns of a member follow each other
     std::vector<int> m_missing;
-    std::vector<Valuer> m_valuers; // of the acts
-    std::vector<Stats> m_stats;    // of the members
-    std::vector<double> m_values;  // of the acts, behind a 0 for rest
-    std::vector<double> m_reached; // of the nodes: the greatest value of the ways to it
-    std::vector<int> m_arrival;    // of the nodes: the last edge of that way
-    std::vector<double> m_gathered;
+    std::vector<std::size_t> m_columns; // of Prepared::numbers
+    ResponseBlock m_block;
+};
+
+/// The extremes of many responses, with what governs them in a compact form.
+struct ManyExtremes
+{
+    std::vector<Extremes> extremes;
+    std::size_t width = 0; ///< numbers of one choice: the units of the plan
+    /// For each response the choice of the maximum, then that of the minimum: by unit the place in Plan::acts, -1 where
+    /// the unit rests. Envelope::combination makes a key of one.
+    std::vector<int> choices;
 };
 
 /// The extremes of many responses, row behind row, on several threads.
 /// @param threads 0: as many as the machine has
-/// @return empty when a number is not finite
-std::vector<Extremes> extremesOfAll(const Plan& plan, const std::vector<int>& columns, const double* rows,
-                                    std::size_t count, unsigned threads = 0);
+/// @return nothing when a number is not finite
+std::optional<ManyExtremes> extremesOfAll(const Plan& plan, const std::vector<int>& columns,
+                                          const double* rows, std::size_t count, unsigned threads = 0);
 
 } // namespace mrl::combine

@@ -85,8 +85,8 @@ std::string NpyFile::readShape(const std::string& shape)
         at = static_cast<std::size_t>(end.ptr - shape.data());
     }
     if (sizes.size() != 2 || sizes[1] != m_numbers.size()) {
-        return "its shape is " + shape + ", and not responses times the " +
-               std::to_string(m_numbers.size()) + " load cases of --numbers";
+        return "its shape is " + shape + ", and not responses times the " + std::to_string(m_numbers.size()) +
+               " load cases of --numbers";
     }
     m_rows = sizes[0];
     const std::uint64_t data = m_size > m_begin ? m_size - m_begin : 0;

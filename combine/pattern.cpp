@@ -16,6 +16,13 @@ double bestOf(const std::vector<double>& factors, double response)
 double high(const std::vector<double>& factors) { return *std::max_element(factors.begin(), factors.end()); }
 double low(const std::vector<double>& factors) { return *std::min_element(factors.begin(), factors.end()); }
 
+/// What a load case of this response gains by being marked, against what it takes without.
+double gain(const Rates& rates, double response)
+{
+    const double marked = std::max(rates.highMark * response, rates.lowMark * response);
+    return marked - (response > 0 ? rates.high : rates.low) * response;
+}
+
 } // namespace
 
 BigInt ways(const Pattern& pattern, int loadCases)
@@ -34,38 +41,40 @@ BigInt ways(const Pattern& pattern, int loadCases)
     return pow(BigInt(stay + mark), n) - pow(stay, n);
 }
 
-Valuer::Valuer(const Pattern& pattern)
-    : m_pattern(pattern), m_marks(pattern.marks), m_high(high(pattern.stay)), m_low(low(pattern.stay))
+Rates ratesOf(const Pattern& pattern)
 {
-    if (m_marks != Marks::None) {
-        m_highMark = high(pattern.mark);
-        m_lowMark = low(pattern.mark);
+    Rates rates{pattern.marks, high(pattern.stay), low(pattern.stay), 0, 0};
+    if (rates.marks != Marks::None) {
+        rates.highMark = high(pattern.mark);
+        rates.lowMark = low(pattern.mark);
     }
-    if (m_marks == Marks::Some) {
-        m_high = std::max(m_high, m_highMark);
-        m_low = std::min(m_low, m_lowMark);
+    if (rates.marks == Marks::Some) {
+        rates.high = std::max(rates.high, rates.highMark);
+        rates.low = std::min(rates.low, rates.lowMark);
     }
+    return rates;
 }
 
-std::vector<double> Valuer::choose(const std::vector<double>& responses) const
+std::vector<double> chooseFactors(const Pattern& pattern, const std::vector<double>& responses)
 {
+    const Rates rates = ratesOf(pattern);
     std::vector<double> factors(responses.size());
     std::size_t best = 0;
     bool isMarked = false;
     for (std::size_t i = 0; i < responses.size(); ++i) {
         const double response = responses[i];
-        factors[i] = bestOf(m_pattern.stay, response);
-        if (m_marks == Marks::Some) {
-            const double mark = bestOf(m_pattern.mark, response);
+        factors[i] = bestOf(pattern.stay, response);
+        if (rates.marks == Marks::Some) {
+            const double mark = bestOf(pattern.mark, response);
             if (mark * response > factors[i] * response) {
                 factors[i] = mark;
                 isMarked = true;
             }
         }
-        best = gain(response) > gain(responses[best]) ? i : best;
+        best = gain(rates, response) > gain(rates, responses[best]) ? i : best;
     }
-    if (m_marks == Marks::One || (m_marks == Marks::Some && !isMarked)) {
-        factors[best] = bestOf(m_pattern.mark, responses[best]);
+    if (rates.marks == Marks::One || (rates.marks == Marks::Some && !isMarked)) {
+        factors[best] = bestOf(pattern.mark, responses[best]);
     }
     return factors;
 }

@@ -95,8 +95,7 @@ class CombinationPrinter
             m_output.write(head.substr(0, head.size() - 1) + ",\"combinations\":[");
             return;
         }
-        m_output.line(planned.situation->name + ": " +
-                      countsText(counted.choices.all, counted.distinct.all));
+        m_output.line(planned.situation->name + ": " + countsText(counted.choices.all, counted.distinct.all));
         m_output.line(line("Leading", "Expression", "Key"));
     }
 
@@ -110,10 +109,9 @@ class CombinationPrinter
             return;
         }
         m_output.write(m_isFirst ? "\n" : ",\n");
-        m_output.write(Json{{"key", key},
-                            {"leading", orNull(combination.leading)},
-                            {"expression", orNull(expression)}}
-                           .dump());
+        m_output.write(
+            Json{{"key", key}, {"leading", orNull(combination.leading)}, {"expression", orNull(expression)}}
+                .dump());
         m_isFirst = false;
     }
 

@@ -42,7 +42,8 @@ class ProjectReader
     int m_db;
     ProjectModel m_result;
     LCM_ActionWords m_words;
-    std::unordered_map<int, std::string> m_actionFindings; // by code; an action without one stands with an empty text
+    std::unordered_map<int, std::string>
+        m_actionFindings; // by code; an action without one stands with an empty text
     std::unordered_map<int, std::string> m_caseFindings;
 };
 

@@ -113,8 +113,7 @@ TEST_F(Combine, PrintsALineForEachCombination)
 TEST_F(Combine, KeepsThoseThatGovernAResponse)
 {
     const std::string responses = write("r.csv", "name,1,2,3\nM,10,5,-2\nN,10,5,-2\nV,1,0,7\n");
-    EXPECT_THAT(keys({"--keep", responses}),
-                ElementsAre("1.35*1+1.5*2", "1*1+1.5*3", "1.35*1+1.5*3", "1*1"));
+    EXPECT_THAT(keys({"--keep", responses}), ElementsAre("1.35*1+1.5*2", "1*1+1.5*3", "1.35*1+1.5*3", "1*1"));
     EXPECT_THAT(fails(3, {"combine", file, "--keep", write("bad.csv", "name,1,2\nM,10,5\n")}),
                 HasSubstr("no column for load case 3"));
 }
@@ -126,8 +125,9 @@ TEST_F(Combine, TellsWhatIsLeftOut)
     const auto run = mrlLc({"combine", file, "--count"});
     EXPECT_EQ(run.code, 0);
     EXPECT_EQ(run.out, "persistent: 10 combinations, 10 different\n");
-    EXPECT_THAT(run.err, AllOf(HasSubstr("load case 41: an imperfection, which the situation doesn't bring in"),
-                               HasSubstr("load case 50: it has neither an action nor factors")));
+    EXPECT_THAT(run.err,
+                AllOf(HasSubstr("load case 41: an imperfection, which the situation doesn't bring in"),
+                      HasSubstr("load case 50: it has neither an action nor factors")));
     done({"action", "create", file, "A"});
     create(60, "A");
     EXPECT_THAT(mrlLc({"combine", file, "--count"}).err,

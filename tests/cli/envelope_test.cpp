@@ -83,7 +83,8 @@ TEST_F(Envelope, TakesAllSituationsThatHaveACombination)
     for (const json& each : document) {
         names.push_back(each["situation"]);
     }
-    EXPECT_THAT(names, testing::IsSupersetOf({"persistent", "characteristic", "frequent", "quasi-permanent"}));
+    EXPECT_THAT(names,
+                testing::IsSupersetOf({"persistent", "characteristic", "frequent", "quasi-permanent"}));
     EXPECT_THAT(names, testing::Not(testing::Contains("seismic")));
     EXPECT_THAT(fails(1, {"envelope", file, responses, "--situation", "seismic"}),
                 HasSubstr("no combination"));
@@ -142,8 +143,8 @@ TEST_F(Envelope, ReadsAMatrixWithTheNumbersOfItsColumns)
     std::string bytes = std::string("\x93NUMPY\x01\x00", 8) + char(head.size()) + '\0' + head;
     const double numbers[] = {-2, 10, 5, 4, 1, 2};
     bytes.append(reinterpret_cast<const char*>(numbers), sizeof numbers);
-    const json all = envelope(write("r.npy", bytes), {"--numbers", write("columns.txt", "3 1 2\n"), "--situation",
-                                                      "persistent"});
+    const json all = envelope(write("r.npy", bytes),
+                              {"--numbers", write("columns.txt", "3 1 2\n"), "--situation", "persistent"});
     ASSERT_EQ(all.size(), 2u);
     EXPECT_EQ(all[0]["response"], "1");
     EXPECT_EQ(all[0]["max"]["key"], "1.35*1+1.5*2");

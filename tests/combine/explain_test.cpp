@@ -29,8 +29,8 @@ TEST(Origin, NamesActionRoleAndTermOfEachFactor)
 {
     const Model model = ModelBuilder().permanent({1, 2}, LC_SUPERPOSITION_PERC).snow({3}).wind({4}).model();
     EXPECT_THAT(origins(model, situation(PERSISTENT), {10, -1, 2, 5}),
-                ElementsAre("1.35*1 G G KFI*Gamu = 1*1.35", "1*2 G G Gamf = 1", "0.75*3 S others KFI*Gamu*Psi0 = 1*1.5*0.5",
-                            "1.5*4 W lead KFI*Gamu = 1*1.5"));
+                ElementsAre("1.35*1 G G KFI*Gamu = 1*1.35", "1*2 G G Gamf = 1",
+                            "0.75*3 S others KFI*Gamu*Psi0 = 1*1.5*0.5", "1.5*4 W lead KFI*Gamu = 1*1.5"));
 }
 
 TEST(Origin, FollowsTheLeadingAction)
@@ -45,9 +45,7 @@ TEST(Origin, FollowsTheLeadingAction)
 TEST(Origin, TellsTheOtherSignAndTheComponent)
 {
     const Model model =
-        ModelBuilder()
-            .action("E", Category::Seismic, LC_SUPERPOSITION_USEX, factors(1, 0), {1, 2})
-            .model();
+        ModelBuilder().action("E", Category::Seismic, LC_SUPERPOSITION_USEX, factors(1, 0), {1, 2}).model();
     EXPECT_THAT(origins(model, situation(with(SEISMIC, {{"components", "1, 0.3"}})), {-9, 2}),
                 ElementsAre("-1*1 E E -1*Gama = -1*1", "0.3*2 E E 0.3*Gama = 0.3*1"));
 }

@@ -178,10 +178,44 @@ TEST_F(Properties, SeveralThreadsGiveWhatOneGives)
         const Plan made = plan(each.model, each.situation);
         const auto one = extremesOfAll(made, numbersOf(each.model), rows.data(), 600, 1);
         const auto two = extremesOfAll(made, numbersOf(each.model), rows.data(), 600, 2);
-        ASSERT_EQ(one.size(), 600u);
-        for (std::size_t i = 0; i < one.size(); ++i) {
-            ASSERT_EQ(one[i].max.value, two[i].max.value);
-            ASSERT_EQ(one[i].min.leading, two[i].min.leading);
+        ASSERT_EQ(one->extremes.size(), 600u);
+        for (std::size_t i = 0; i < one->extremes.size(); ++i) {
+            ASSERT_EQ(one->extremes[i].max.value, two->extremes[i].max.value);
+            ASSERT_EQ(one->extremes[i].min.leading, two->extremes[i].min.leading);
+        }
+        ASSERT_EQ(one->choices, two->choices);
+    });
+}
+
+TEST_F(Properties, ResponsesSideBySideGiveTheSameAsEachAlone)
+{
+    forModels([](const random_model::Case& each, const std::vector<double>& row) {
+        constexpr std::size_t COUNT = 7; // a number of which the last responses fill no block
+        std::vector<double> rows;
+        for (std::size_t i = 0; i < COUNT; ++i) {
+            std::vector<double> turned = row;
+            std::rotate(turned.begin(), turned.begin() + static_cast<std::ptrdiff_t>(i % row.size()),
+                        turned.end());
+            rows.insert(rows.end(), turned.begin(), turned.end());
+        }
+        const Plan made = plan(each.model, each.situation);
+        const auto many = extremesOfAll(made, numbersOf(each.model), rows.data(), COUNT, 1);
+        Envelope envelope(made, numbersOf(each.model));
+        for (std::size_t i = 0; i < COUNT; ++i) {
+            const double* const alone = rows.data() + i * row.size();
+            const Extremes extremes = *envelope.extremes(alone);
+            ASSERT_EQ(many->extremes[i].max.value, extremes.max.value);
+            ASSERT_EQ(many->extremes[i].min.value, extremes.min.value);
+            ASSERT_EQ(many->extremes[i].min.leading, extremes.min.leading);
+            if (extremes.max.expression < 0) {
+                continue;
+            }
+            const auto choice = many->choices.begin() + static_cast<std::ptrdiff_t>(2 * i * many->width);
+            const std::vector<int> acts(choice, choice + static_cast<std::ptrdiff_t>(many->width));
+            const Key key = envelope.combination(alone, Direction::Max, extremes.max.expression, acts).key;
+            ASSERT_TRUE(key == envelope.combination(alone, Direction::Max)->key);
+            ASSERT_NEAR(envelope.value(key, alone), extremes.max.value,
+                        1e-12 * std::max(1.0, std::abs(extremes.max.value)));
         }
     });
 }

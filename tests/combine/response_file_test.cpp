@@ -147,10 +147,13 @@ TEST_F(ResponseFiles, NpyThatCannotBeReadIsRefused)
     const std::vector<double> doubles{1, 2, 3, -4, 5, 6};
     EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)), "1 2"),
                 ElementsAre(HasSubstr("its shape is (2, 3), and not responses times the 2 load cases")));
-    EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)).substr(0, 110)), ElementsAre("it ends before its last row"));
+    EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)).substr(0, 110)),
+                ElementsAre("it ends before its last row"));
     EXPECT_THAT(readNpy(npy(HEAD, "").substr(0, 20)), ElementsAre("it ends within its head"));
-    EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)), "1 2 x"), ElementsAre(HasSubstr("'x' is no load-case number")));
-    EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)), "1 2 2"), ElementsAre(HasSubstr("load case 2 stands twice")));
+    EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)), "1 2 x"),
+                ElementsAre(HasSubstr("'x' is no load-case number")));
+    EXPECT_THAT(readNpy(npy(HEAD, bytesOf(doubles)), "1 2 2"),
+                ElementsAre(HasSubstr("load case 2 stands twice")));
     std::string other = HEAD;
     other.replace(other.find("<f8"), 3, "<i8");
     EXPECT_THAT(readNpy(npy(other, bytesOf(doubles))), ElementsAre(HasSubstr("its numbers are '<i8'")));

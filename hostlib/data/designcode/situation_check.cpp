@@ -101,8 +101,7 @@ void Judge::order(const LCM_RoleEntry& entry, const LCM_Expression& expression) 
     if (!isPermanent || !entry.unfavourable || !entry.favourable) {
         return;
     }
-    const int category =
-        entry.role == LCM_Role::Permanent ? LC_CATEGORY_PERMANENT : LC_CATEGORY_PRESTRESS;
+    const int category = entry.role == LCM_Role::Permanent ? LC_CATEGORY_PERMANENT : LC_CATEGORY_PRESTRESS;
     const auto wrong =
         std::find_if(m_code.actions.begin(), m_code.actions.end(), [&](const DefaultAction& each) {
             return categoryOf(each) == category &&

@@ -79,9 +79,9 @@ void readSituations(const std::vector<const IniSection*>& sections, DesignCode& 
         const bool isEntry = finding.entry >= 0;
         const int line = isEntry ? text.entries[static_cast<std::size_t>(finding.entry)].place : text.place;
         broken.insert(situationOf(text.name));
-        code.readingWarnings.push_back({WarningRule::SituationNotReadable, line,
-                                        "situation " + text.name + ": " + finding.message + ": " +
-                                            finding.cure});
+        code.readingWarnings.push_back(
+            {WarningRule::SituationNotReadable, line,
+             "situation " + text.name + ": " + finding.message + ": " + finding.cure});
     }
     for (LCM_Situation& situation : read.situations) {
         if (!situation.removed && broken.count(situation.name) == 0) {
