@@ -83,8 +83,8 @@ void addUp(const std::vector<double>& rows, std::size_t columns)
     }
 }
 
-/// Both extremes of n responses to 1,000 load cases, with value, expression and leading action of each. Raw: the sum
-/// of the same numbers.
+/// Both extremes of n responses to 1,000 load cases, with value, expression, leading action and governing choice of
+/// each. Raw: the sum of the same numbers.
 class Responses
 {
   public:
@@ -106,22 +106,6 @@ class Responses
     unsigned m_threads;
 };
 const bench::Timed<Responses> responses("combine.responses", 4.0, {1000, 10000, 100000});
-
-/// The same with the keys of the governing combinations.
-class GoverningKeys : public Responses
-{
-  public:
-    explicit GoverningKeys(int n) : Responses(n) {}
-    void ours()
-    {
-        Envelope envelope(m_plan, m_columns);
-        for (std::size_t i = 0; i < m_count; ++i) {
-            bench::keep(envelope.combination(m_rows.data() + i * LOAD_CASES, Envelope::Direction::Max));
-            bench::keep(envelope.combination(m_rows.data() + i * LOAD_CASES, Envelope::Direction::Min));
-        }
-    }
-};
-const bench::Timed<GoverningKeys> governingKeys("combine.governing_keys", 25.0, {1000});
 
 /// n load cases, 1,000 responses: what a response costs grows in step with the load cases.
 class LoadCases

@@ -31,6 +31,7 @@ ResponseBlock::ResponseBlock(const Plan& plan, std::vector<std::size_t> columns)
     : m_plan(plan), m_columns(std::move(columns)), m_stats(plan.prepared.members.size()),
       m_values(plan.acts.size() + 1)
 {
+    m_leaders.push_back(-1);
     for (const Act& act : plan.acts) {
         m_rates.push_back(ratesOf(act.pattern));
         m_leaders.push_back(act.leads() ? act.member : -1);
@@ -42,8 +43,9 @@ ResponseBlock::ResponseBlock(const Plan& plan, std::vector<std::size_t> columns)
     }
     m_nodes.resize(nodes);
     m_nodes[0] = {Lanes{}, LaneInts{} - 1};
-    for (Governing& best : m_best) {
-        best.acts.resize(plan.prepared.units.size());
+    for (std::size_t lane = 0; lane < LANES; ++lane) {
+        m_best[lane].acts.resize(plan.prepared.units.size());
+        m_followed[lane].acts.resize(plan.prepared.units.size());
     }
 }
 
@@ -120,29 +122,38 @@ MRL_COMBINE_FAST void ResponseBlock::relax(const Ways& ways)
 void ResponseBlock::takeBetter(int expression)
 {
     const Ways& ways = m_ways[static_cast<std::size_t>(expression)];
+    follow(ways);
     const Lanes& reached = m_nodes[static_cast<std::size_t>(ways.end)].reached;
     for (std::size_t lane = 0; lane < LANES; ++lane) {
         Governing& best = m_best[lane];
         if (reached[lane] != NOT_REACHED && (best.expression < 0 || reached[lane] > best.value)) {
             best.value = reached[lane];
             best.expression = expression;
-            follow(ways, lane, best);
+            best.leading = m_followed[lane].leading;
+            best.acts.swap(m_followed[lane].acts);
         }
     }
 }
 
-/// Walks the best way back; it has one step for each unit.
-void ResponseBlock::follow(const Ways& ways, std::size_t lane, Governing& best) const
+/// Walks the best ways back, one step for each unit. All lanes go in step, so that none waits for what it reads. A lane
+/// that found no way walks somewhere; nobody takes it.
+void ResponseBlock::follow(const Ways& ways)
 {
-    best.leading = -1;
-    int node = ways.end;
-    for (std::size_t unit = best.acts.size(); unit-- > 0;) {
-        const auto arrival = m_nodes[static_cast<std::size_t>(node)].arrival[lane];
-        const Step step = ways.steps[static_cast<std::size_t>(arrival)];
-        const int leader = step.act < 0 ? -1 : m_leaders[static_cast<std::size_t>(step.act)];
-        best.leading = leader < 0 ? best.leading : leader;
-        best.acts[unit] = step.act;
-        node = step.from;
+    std::array<int, LANES> nodes;
+    nodes.fill(ways.end);
+    for (Governing& each : m_followed) {
+        each.leading = -1;
+    }
+    for (std::size_t unit = m_plan.prepared.units.size(); unit-- > 0;) {
+        for (std::size_t lane = 0; lane < LANES; ++lane) {
+            const auto arrival = m_nodes[static_cast<std::size_t>(nodes[lane])].arrival[lane];
+            const Step step = ways.steps[static_cast<std::size_t>(std::max<std::int64_t>(arrival, 0))];
+            const int leader = m_leaders[static_cast<std::size_t>(step.act + 1)];
+            Governing& followed = m_followed[lane];
+            followed.leading = leader < 0 ? followed.leading : leader;
+            followed.acts[unit] = step.act;
+            nodes[lane] = step.from;
+        }
     }
 }
 
@@ -152,7 +163,6 @@ const std::array<Governing, LANES>& ResponseBlock::solve(Direction direction)
         best.value = 0;
         best.expression = -1;
         best.leading = -1;
-        std::fill(best.acts.begin(), best.acts.end(), -1);
     }
     valueActs(direction);
     for (std::size_t i = 0; i < m_ways.size(); ++i) {
@@ -163,6 +173,9 @@ const std::array<Governing, LANES>& ResponseBlock::solve(Direction direction)
     }
     for (Governing& best : m_best) {
         best.value = direction == Direction::Max ? best.value : 0.0 - best.value;
+        if (best.expression < 0) {
+            std::fill(best.acts.begin(), best.acts.end(), -1);
+        }
     }
     return m_best;
 }

@@ -63,17 +63,18 @@ class ResponseBlock
     void valueActs(Direction direction);
     void relax(const Ways& ways);
     void takeBetter(int expression);
-    void follow(const Ways& ways, std::size_t lane, Governing& best) const;
+    void follow(const Ways& ways);
 
     const Plan& m_plan;
     std::vector<std::size_t> m_columns;
-    std::vector<Rates> m_rates;      // of the acts
-    std::vector<int> m_leaders;      // of the acts: the member where it leads, otherwise -1
-    std::vector<Ways> m_ways;        // one for each expression
+    std::vector<Rates> m_rates; // of the acts
+    std::vector<int> m_leaders; // of the acts, behind that of rest: the member where it leads, otherwise -1
+    std::vector<Ways> m_ways;   // one for each expression
     std::vector<LaneStats> m_stats;  // of the members
     std::vector<LaneValue> m_values; // of the acts, behind a 0 for rest
     std::vector<Node> m_nodes;
     std::array<Governing, LANES> m_best;
+    std::array<Governing, LANES> m_followed; // the ways through the graph at hand
 };
 
 } // namespace mrl::combine
