@@ -31,6 +31,19 @@ std::optional<int> wholeNumber(const std::string& text)
     return error == std::errc() && end == last ? std::optional(value) : std::nullopt;
 }
 
+std::string checkWhole(const std::string& text)
+{
+    return wholeNumber(text) ? std::string() : "'" + text + "' is no whole number of 32 bits in decimals";
+}
+
+std::string checkLoadCaseNumber(const std::string& text)
+{
+    const int number = wholeNumber(text).value_or(0);
+    return number >= 1 && number <= LC_MAX_NUMBER ? std::string()
+                                                  : "'" + text + "' is no load-case number, 1 to " +
+                                                        std::to_string(LC_MAX_NUMBER) + " in decimals";
+}
+
 std::string checkFloat(const std::string& text)
 {
     return floatOf(text) ? std::string() : "'" + text + "' is no finite number in decimals with a point";
@@ -70,8 +83,9 @@ void Arguments::file(std::string& value)
 
 void Arguments::number(int& value, Need need)
 {
-    m_app.add_option("NR", value, "Load-case number, 1 to 999999")
-        ->check(CLI::Range(1, LC_MAX_NUMBER))
+    const auto take = [&value](const std::string& text) { value = wholeNumber(text).value_or(0); };
+    m_app.add_option_function<std::string>("NR", take, "Load-case number, 1 to 999999")
+        ->check(CLI::Validator(checkLoadCaseNumber, "NUMBER"))
         ->required(need == Need::Required);
 }
 
@@ -80,7 +94,10 @@ void Arguments::key(int& kwh, int& kwl)
     const auto take = [&kwl](const std::string& text) {
         kwl = wholeNumber(text).value_or(lcm_pack_word(QString::fromStdString(text)));
     };
-    m_app.add_option("KWH", kwh, "Group of the key")->required();
+    const auto takeGroup = [&kwh](const std::string& text) { kwh = wholeNumber(text).value_or(0); };
+    m_app.add_option_function<std::string>("KWH", takeGroup, "Group of the key")
+        ->check(CLI::Validator(checkWhole, "NUMBER"))
+        ->required();
     m_app
         .add_option_function<std::string>("KWL", take,
                                           "Element of the key: a number, or the name of an action")
@@ -126,7 +143,8 @@ void Arguments::texts(const std::string& option, std::vector<std::string>& value
 
 void Arguments::integer(const std::string& option, std::optional<int>& value, const std::string& help)
 {
-    m_app.add_option(option, value, help);
+    const auto take = [&value](const std::string& text) { value = wholeNumber(text); };
+    m_app.add_option_function<std::string>(option, take, help)->check(CLI::Validator(checkWhole, "NUMBER"));
 }
 
 void Arguments::real(const std::string& option, std::optional<float>& value, const std::string& help)

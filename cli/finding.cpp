@@ -79,7 +79,7 @@ ExitCode report(const LCM_Findings& findings, const std::string& file, bool json
         for (const LCM_Finding& finding : findings) {
             list.push_back(jsonOf(finding));
         }
-        out.line(Json{{"file", file}, {"findings", list}}.dump(2));
+        out.line(jsonText({{"file", file}, {"findings", list}}, 2));
     } else {
         for (const LCM_Finding& finding : findings) {
             out.line(lineOf(finding));

@@ -1,10 +1,17 @@
 #include <CLI/CLI.hpp>
+#include <QString>
 #include <cstdio>
+#include <cstring>
 #include <exception>
+#include <iostream>
+#include <new>
+#include <sstream>
+#include <unistd.h>
 
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/failure.h"
+#include "cli/output.h"
 
 namespace {
 
@@ -68,23 +75,77 @@ std::string usageMessage(const CLI::App* app, const CLI::Error& error)
            " --help' for more information.\n";
 }
 
+constexpr auto NO_MEMORY = "mrl-lc: there is no memory left\n";
+
+/// Needs no memory itself.
+void tellPlainly(const char* message)
+{
+    static_cast<void>(!::write(STDERR_FILENO, message, std::strlen(message)));
+}
+
+/// Where an exception finds nobody to catch it. What was not committed is taken back by the next one who opens the
+/// project.
+[[noreturn]] void endWithoutAbort()
+{
+    tellPlainly(NO_MEMORY); // nothing else is thrown where nobody catches
+    _exit(static_cast<int>(ExitCode::File));
+}
+
+/// Ahead of all objects of the program, since the parser's need memory.
+__attribute__((constructor(101))) void neverAbort() { std::set_terminate(endWithoutAbort); }
+
+void tell(const std::string& message)
+{
+    std::fprintf(stderr, "mrl-lc: %s\n", mrl::cli::printableLines(message).c_str());
+}
+
 int run(Command& command)
 {
     try {
         return static_cast<int>(command.run());
     } catch (const mrl::cli::Failure& failure) {
-        std::fprintf(stderr, "mrl-lc: %s\n", failure.text.c_str());
+        tell(failure.text);
         return static_cast<int>(failure.code);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "mrl-lc: %s\n", error.what());
+        tell(error.what());
         return static_cast<int>(ExitCode::File);
     }
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+/// The names of files and all texts are UTF-8, as the projects hold them.
+/// @return the number of the first argument that isn't; 0 when all are
+int firstForeignArgument(int argc, char** argv)
 {
+    for (int i = 1; i < argc; ++i) {
+        if (QString::fromUtf8(argv[i]).toStdString() != argv[i]) {
+            return i;
+        }
+    }
+    return 0;
+}
+
+/// Prints help, version, or what is wrong with the arguments.
+int exitOfParser(const CLI::App& app, const CLI::ParseError& error)
+{
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = app.exit(error, out, err);
+    std::cout << out.str() << std::flush;
+    std::cerr << mrl::cli::printableLines(err.str());
+    if (code != 0) {
+        return static_cast<int>(ExitCode::Usage);
+    }
+    return static_cast<int>(std::cout ? ExitCode::Done : ExitCode::File);
+}
+
+int runProgram(int argc, char** argv)
+{
+    if (const int foreign = firstForeignArgument(argc, argv); foreign != 0) {
+        tell("argument " + std::to_string(foreign) + " is not UTF-8: '" + argv[foreign] + "'");
+        return static_cast<int>(ExitCode::Usage);
+    }
     CLI::App app("Actions and load cases of a structural project, from the command line", "mrl-lc");
     app.require_subcommand(1);
     app.footer(FOOTER);
@@ -98,7 +159,19 @@ int main(int argc, char** argv)
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::Usage);
+        return exitOfParser(app, error);
     }
     return run(*chosen);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return runProgram(argc, argv);
+    } catch (const std::bad_alloc&) {
+        tellPlainly(NO_MEMORY);
+        return static_cast<int>(ExitCode::File);
+    }
 }

@@ -28,6 +28,21 @@ std::string blanks(const std::string& text, std::size_t width)
     return std::string(used < width ? width - used : 0, ' ');
 }
 
+/// Marks that embed, override or isolate a direction of writing.
+bool turnsDirection(QChar c)
+{
+    const ushort unit = c.unicode();
+    return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+}
+
+bool isHarmful(QChar c) { return c.category() == QChar::Other_Control || turnsDirection(c); }
+
+bool isPlain(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte >= 0x20 && byte < 0x7F) || byte == '\n';
+}
+
 } // namespace
 
 Output::~Output() { std::fwrite(m_buffer.data(), 1, m_buffer.size(), stdout); }
@@ -44,7 +59,11 @@ void Output::flush()
 
 void Output::write(std::string_view text)
 {
-    m_buffer.append(text);
+    if (std::all_of(text.begin(), text.end(), isPlain)) {
+        m_buffer.append(text);
+    } else {
+        m_buffer.append(printableLines(text));
+    }
     if (m_buffer.size() >= BLOCK_BYTES) {
         flush();
     }
@@ -64,10 +83,25 @@ void Output::finish()
     }
 }
 
+std::string jsonText(const Json& value, int indent)
+{
+    // The writer escapes the control characters below the blank only.
+    const std::string text = value.dump(indent, ' ', false, Json::error_handler_t::replace);
+    if (std::all_of(text.begin(), text.end(), isPlain)) {
+        return text;
+    }
+    QString safe;
+    for (const QChar c : QString::fromStdString(text)) {
+        const bool harmful = isHarmful(c) && c != QLatin1Char('\n');
+        safe += harmful ? QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0')) : QString(c);
+    }
+    return safe.toStdString();
+}
+
 void printJson(const Json& value)
 {
     Output out;
-    out.line(value.dump(2));
+    out.line(jsonText(value, 2));
     out.finish();
 }
 
@@ -97,8 +131,16 @@ Json jsonFactor(float value) { return value == LC_UNDEFINED ? Json(nullptr) : js
 std::string printable(const QString& text)
 {
     QString clean = text;
+    std::replace_if(clean.begin(), clean.end(), isHarmful, QChar('?'));
+    return clean.toStdString();
+}
+
+std::string printableLines(std::string_view text)
+{
+    QString clean = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
     std::replace_if(
-        clean.begin(), clean.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar('?'));
+        clean.begin(), clean.end(), [](QChar c) { return isHarmful(c) && c != QLatin1Char('\n'); },
+        QChar('?'));
     return clean.toStdString();
 }
 

@@ -12,7 +12,8 @@ namespace mrl::cli {
 
 using Json = nlohmann::ordered_json;
 
-/// Standard output with a buffer of its own. A full disk or a closed pipe is a Failure.
+/// Standard output with a buffer of its own. A full disk or a closed pipe is a Failure. What must not reach a
+/// terminal is replaced.
 class Output
 {
   public:
@@ -33,6 +34,10 @@ class Output
     std::string m_buffer;
 };
 
+/// A JSON value as text. What a terminal would take for a command is escaped, and what is no UTF-8 replaced.
+/// @param indent blanks a level; -1: all in one line
+std::string jsonText(const Json& value, int indent = -1);
+
 /// Prints a whole JSON value.
 void printJson(const Json& value);
 
@@ -49,8 +54,11 @@ Json jsonNumber(float value);
 /// A factor as JSON: null for the undefined value.
 Json jsonFactor(float value);
 
-/// A text without control characters, which must not reach a terminal from a foreign title.
+/// A text without what must not reach a terminal from a foreign file: control characters, and marks that turn the
+/// direction of writing around.
 std::string printable(const QString& text);
+/// The same for UTF-8, line ends excepted.
+std::string printableLines(std::string_view text);
 
 /// A text filled up with blanks to a width in characters.
 std::string padded(const std::string& text, std::size_t width);

@@ -17,7 +17,7 @@ QString designCodeFailure(int db)
     if (name.empty()) {
         return QCoreApplication::translate("Workbench", "the project names no design code");
     }
-    if (!designcode::find(name)) {
+    if (!designcode::fileOfDatabase(db)) {
         return QCoreApplication::translate("Workbench",
                                            "there is no design code \"%1\" in the folders that are searched")
             .arg(QString::fromStdString(name));

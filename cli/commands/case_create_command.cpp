@@ -91,10 +91,11 @@ ExitCode CaseCreateCommand::run()
     const int lc = chosenNumber(project);
     create(project, lc);
     project.throwOnError();
-    project.commit();
+    // Ahead of the commit: when the number can't be told, there is no load case either.
     Output out;
     out.line(std::to_string(lc));
     out.finish();
+    project.commit();
     return ExitCode::Done;
 }
 

@@ -53,7 +53,7 @@ void CaseListCommand::printJsonList(const Project& project) const
     for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
         if (wanted(walk.current())) {
             out.write(separator);
-            out.write(loadCaseJson(walk.current(), currentNumber).dump());
+            out.write(jsonText(loadCaseJson(walk.current(), currentNumber)));
             separator = ",\n";
         }
     }

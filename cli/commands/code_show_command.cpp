@@ -65,7 +65,7 @@ void printHead(const designcode::DesignCode& code)
 {
     Output out;
     out.line(printable(qtext(code.label)));
-    out.line("File:    " + code.file);
+    out.line("File:    " + printable(qtext(code.file)));
     out.line("Numbers: national code " + std::to_string(code.ntcode) + ", code " +
              std::to_string(code.idcode) + ", country " + std::to_string(code.country) + ", year " +
              std::to_string(code.year));

@@ -96,9 +96,9 @@ ExitCode InfoCommand::run()
     const auto& code = info.designCode.code;
     const std::string current = info.currentLoadCase == 0 ? "none" : std::to_string(info.currentLoadCase);
     Output out;
-    out.line("Project:            " + m_file);
-    out.line("Design code:        " + (code ? code->name + ", " + printable(qtext(code->label))
-                                            : "none active: " + info.designCode.reason));
+    out.line("Project:            " + printable(qtext(m_file)));
+    out.line("Design code:        " + (code ? printable(qtext(code->name + ", " + code->label))
+                                            : "none active: " + printable(qtext(info.designCode.reason))));
     out.line("System:             " + lcm_word_of_id(LCM_SYSTEMS, info.systemClass));
     out.line("Gravity:            " + info.gravity);
     out.line("Actions:            " + std::to_string(info.actions));

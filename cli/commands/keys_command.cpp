@@ -48,7 +48,7 @@ std::string asText(int kwh, int kwl)
 std::string asJson(int kwh, int kwl)
 {
     const std::string name = nameOf(kwh, kwl);
-    return Json{{"kwh", kwh}, {"kwl", kwl}, {"name", name.empty() ? Json(nullptr) : Json(name)}}.dump();
+    return jsonText({{"kwh", kwh}, {"kwl", kwl}, {"name", name.empty() ? Json(nullptr) : Json(name)}});
 }
 
 ExitCode KeysCommand::run()

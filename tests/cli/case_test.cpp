@@ -216,3 +216,11 @@ TEST_F(CaseCommand, OldActionNumberIsNamedByItsAction)
     EXPECT_EQ(loadCase(1)["action"], "G");
     EXPECT_EQ(loadCase(2)["action"], "99") << "the design code doesn't know it";
 }
+
+TEST_F(CaseCommand, NumbersAreDecimalOrWrongUsage)
+{
+    EXPECT_EQ(done({"case", "create", file, "010"}).out, "10\n");
+    for (const char* number : {"0x10", "0", "1000000", "1e2", "+5", "5 ", "0b1", "''", "99999999999"}) {
+        EXPECT_THAT(fails(2, {"case", "create", file, number}), HasSubstr("in decimals")) << number;
+    }
+}

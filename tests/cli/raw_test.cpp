@@ -98,3 +98,14 @@ TEST_F(RawCommand, BytesAndNumbersThatAreNoneAreWrongUsage)
     fails(2, {"get", file, "77", "5x"});
     fails(2, {"keys", file, "--kwh", "x"});
 }
+
+TEST_F(RawCommand, NumbersOfKeysAreDecimal)
+{
+    done({"put", file, "010", "012", "01"});
+    EXPECT_EQ(done({"get", file, "10", "12", "--hex"}).out, "0 1 01\n");
+    for (const char* number : {"0x10", "1e2", "+5"}) {
+        fails(2, {"put", file, number, "5", "01"});
+        fails(2, {"keys", file, "--kwh", number});
+    }
+    fails(2, {"put", file, "10", "0x10", "01"});
+}

@@ -65,6 +65,11 @@ Outcome mrlLcWithin(int kibibytes, const std::vector<std::string>& arguments)
     return runAndRead("trap '' XFSZ; ulimit -f " + std::to_string(2 * kibibytes) + "; ", arguments);
 }
 
+Outcome mrlLcWith(const std::string& variables, const std::vector<std::string>& arguments)
+{
+    return runAndRead(variables, arguments);
+}
+
 Outcome mrlLc(const std::vector<std::string>& arguments) { return runAndRead({}, arguments); }
 
 } // namespace mrl::test

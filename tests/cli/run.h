@@ -32,6 +32,9 @@ Outcome mrlLcWithin(int kibibytes, const std::vector<std::string>& arguments);
 /// The same with standard output going to a file.
 Outcome mrlLcInto(const std::string& outFile, const std::vector<std::string>& arguments);
 
+/// The same with variables of the environment. @param variables NAME=VALUE and a blank behind each
+Outcome mrlLcWith(const std::string& variables, const std::vector<std::string>& arguments);
+
 std::string contentOf(const std::string& file);
 
 /// A folder for one test, with a project that has a few actions.

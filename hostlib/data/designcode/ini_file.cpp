@@ -3,19 +3,26 @@
 #include <ini.h>
 
 #include <QByteArray>
-#include <QFile>
-#include <QFileInfo>
 #include <QString>
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <memory>
 #include <unordered_map>
 
 namespace mrl::designcode {
 
 namespace {
 
+struct CloseFile
+{
+    void operator()(FILE* file) const { std::fclose(file); }
+};
+
 // Far above any real design code; keeps a mistaken path (a project, a video) from being read into memory.
-constexpr qint64 MAX_FILE_BYTES = 1 << 20;
+constexpr std::size_t MAX_FILE_BYTES = 1 << 20;
 // The library silently cuts longer section names.
 constexpr std::size_t MAX_SECTION_BYTES = 49;
 
@@ -185,21 +192,24 @@ std::variant<std::string, IniError> readText(const std::string& file)
     if (file.empty()) {
         return IniError{0, "no file is named"};
     }
-    QFile in(QString::fromStdString(file));
-    if (QFileInfo(in).isDir()) {
+    std::error_code unknown;
+    if (std::filesystem::is_directory(file, unknown)) {
         return IniError{0, "is a folder"};
     }
-    if (!in.open(QIODevice::ReadOnly)) {
-        return IniError{0, in.errorString().toStdString()};
+    // No QFile, whose construction ends in a crash where memory runs out.
+    const std::unique_ptr<FILE, CloseFile> in(std::fopen(file.c_str(), "rb"));
+    if (!in) {
+        return IniError{0, std::strerror(errno)};
     }
-    const QByteArray bytes = in.read(MAX_FILE_BYTES + 1);
-    if (in.error() != QFileDevice::NoError) {
-        return IniError{0, in.errorString().toStdString()};
+    std::string bytes(MAX_FILE_BYTES + 1, '\0');
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), in.get()));
+    if (std::ferror(in.get()) != 0) {
+        return IniError{0, std::strerror(errno)};
     }
     if (bytes.size() > MAX_FILE_BYTES) {
         return IniError{0, "is larger than 1 MiB and so no design-code file"};
     }
-    return bytes.toStdString();
+    return bytes;
 }
 
 } // namespace mrl::designcode

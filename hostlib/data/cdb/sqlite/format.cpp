@@ -32,6 +32,10 @@ using Header = std::array<unsigned char, HEADER_SIZE>;
 
 int readHeader(const std::string& path, Header& out)
 {
+    // Without memory there is not even a layer to read through.
+    if (const int status = sqlite3_initialize(); status != SQLITE_OK) {
+        return status;
+    }
     return RawFile(sqlite3_vfs_find(nullptr), path, SQLITE_OPEN_MAIN_DB).read(out.data(), HEADER_SIZE, 0);
 }
 

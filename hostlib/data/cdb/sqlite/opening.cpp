@@ -51,6 +51,10 @@ bool isEmptyOrMissing(const std::string& path)
 
 int connect(const std::string& name, int flags, Connection& out)
 {
+    // Without memory there is not even a layer to open files through.
+    if (const int status = sqlite3_initialize(); status != SQLITE_OK) {
+        return status;
+    }
     sqlite3* made = nullptr;
     // One thread comes here, so the connection needs no mutex of its own.
     const int status = sqlite3_open_v2(name.c_str(), &made, flags | SQLITE_OPEN_NOMUTEX, fileLayer());
