@@ -117,6 +117,12 @@ void Arguments::positional(const std::string& name, std::string& value, const st
     m_app.add_option(name, value, help)->required();
 }
 
+void Arguments::positionals(const std::string& name, std::vector<std::string>& values,
+                            const std::string& help)
+{
+    m_app.add_option(name, values, help)->required();
+}
+
 void Arguments::json(bool& value) { m_app.add_flag("--json", value, "Print JSON with stable field names"); }
 
 void Arguments::title(std::optional<std::string>& value)

@@ -39,6 +39,9 @@ class Arguments
     /// Any other positional text.
     void positional(const std::string& name, std::string& value, const std::string& help);
 
+    /// Any number of texts, one at least; the last positional.
+    void positionals(const std::string& name, std::vector<std::string>& values, const std::string& help);
+
     /// --json
     void json(bool& value);
     /// --title, a text that a record can hold whole.

@@ -12,21 +12,27 @@ namespace mrl::cli {
 
 namespace {
 
-struct Warned
-{
-    int line;
-    const char* rule;
-    std::string text;
-};
-
 /// What the rules of the dialog find. Like all that is wrong inside a file it is told in English.
 /// @param action the action that it is about, null when it is about the file
-Warned worded(const LCM_Finding& finding, const designcode::DefaultAction* action)
+CodeFinding worded(const LCM_Finding& finding, const designcode::DesignCode& code,
+                   const designcode::DefaultAction* action)
 {
-    const char* rule = lcm_rule_id(finding.rule);
-    const std::string text = lcm_finding_english(finding).toStdString();
-    return action == nullptr ? Warned{0, rule, text}
-                             : Warned{action->line, rule, "action " + action->name + ": " + text};
+    CodeFinding out{code.file, 0, 0, lcm_rule_id(finding.rule), lcm_finding_english(finding).toStdString(),
+                    {}};
+    if (action == nullptr) {
+        return out;
+    }
+    out.text = "action " + action->name + ": " + out.text;
+    out.file = action->file;
+    out.line = action->line;
+    const LCM_Factor* factor = lcm_factor_of_action_column(finding.column);
+    if (factor != nullptr && action->origins[factor->id].isStated()) {
+        const designcode::Origin& origin = action->origins[factor->id];
+        out.file = origin.file;
+        out.line = origin.line;
+        out.column = origin.column;
+    }
+    return out;
 }
 
 LCM_DesignCodeData dataOf(const designcode::DesignCode& code)
@@ -38,11 +44,14 @@ LCM_DesignCodeData dataOf(const designcode::DesignCode& code)
     return data;
 }
 
-std::vector<Warned> warningsOf(const designcode::DesignCode& code)
+} // namespace
+
+std::vector<CodeFinding> findingsOf(const designcode::DesignCode& code)
 {
-    std::vector<Warned> all;
+    std::vector<CodeFinding> all;
     for (const designcode::Warning& warning : designcode::warnings(code)) {
-        all.push_back({warning.line, designcode::idOf(warning.rule), warning.text});
+        all.push_back({warning.file, warning.line, warning.column, designcode::idOf(warning.rule),
+                       warning.text, warning.cure});
     }
     std::map<int, const designcode::DefaultAction*> actions;
     for (const designcode::DefaultAction& action : code.actions) {
@@ -50,14 +59,26 @@ std::vector<Warned> warningsOf(const designcode::DesignCode& code)
     }
     for (const LCM_Finding& finding : lcm_check_design_code(dataOf(code))) {
         const auto found = actions.find(finding.id);
-        all.push_back(worded(finding, found == actions.end() ? nullptr : found->second));
+        all.push_back(worded(finding, code, found == actions.end() ? nullptr : found->second));
     }
     std::stable_sort(all.begin(), all.end(),
-                     [](const Warned& a, const Warned& b) { return a.line < b.line; });
+                     [](const CodeFinding& a, const CodeFinding& b) { return a.line < b.line; });
     return all;
 }
 
-} // namespace
+std::string textOf(const CodeFinding& finding)
+{
+    return designcode::Error{finding.file, finding.line, finding.column, finding.text, finding.cure}.text();
+}
+
+std::string textOf(const designcode::Errors& errors)
+{
+    std::string text;
+    for (const designcode::Error& error : errors) {
+        text += (text.empty() ? "" : "\nmrl-lc: ") + error.text();
+    }
+    return text;
+}
 
 designcode::DesignCode readDesignCode(const std::string& name)
 {
@@ -67,8 +88,8 @@ designcode::DesignCode readDesignCode(const std::string& name)
                       name + ": there is no such design code; 'mrl-lc codes' lists those on the path"};
     }
     auto result = designcode::read(*file);
-    if (const auto* error = std::get_if<designcode::Error>(&result)) {
-        throw Failure{ExitCode::File, error->text()};
+    if (const auto* errors = std::get_if<designcode::Errors>(&result)) {
+        throw Failure{ExitCode::File, textOf(*errors)};
     }
     return std::get<designcode::DesignCode>(std::move(result));
 }
@@ -80,11 +101,17 @@ Json identityJson(const designcode::DesignCode& code)
             {"year", code.year}};
 }
 
+Json findingJson(const CodeFinding& finding)
+{
+    return {{"line", finding.line}, {"rule", finding.rule},     {"text", finding.text},
+            {"file", finding.file}, {"column", finding.column}, {"cure", finding.cure}};
+}
+
 Json warningsJson(const designcode::DesignCode& code)
 {
     Json list = Json::array();
-    for (const Warned& warning : warningsOf(code)) {
-        list.push_back({{"line", warning.line}, {"rule", warning.rule}, {"text", warning.text}});
+    for (const CodeFinding& finding : findingsOf(code)) {
+        list.push_back(findingJson(finding));
     }
     return list;
 }
@@ -92,8 +119,8 @@ Json warningsJson(const designcode::DesignCode& code)
 void printWarnings(const designcode::DesignCode& code)
 {
     Output out;
-    for (const Warned& warning : warningsOf(code)) {
-        out.line("warning: " + designcode::Error{code.file, warning.line, warning.text}.text());
+    for (const CodeFinding& finding : findingsOf(code)) {
+        out.line("warning: " + textOf(finding));
     }
     out.finish();
 }

@@ -31,7 +31,7 @@ _mrl_lc() {
         case $command in
         action) words_of_level="list show create create-all set" ;;
         case) words_of_level="list show create init set remove current set-current" ;;
-        code) words_of_level="show" ;;
+        code) words_of_level="show check diff list new" ;;
         esac
         if [[ -n ${words_of_level:-} ]]; then
             COMPREPLY=($(compgen -W "$words_of_level" -- "$current"))

@@ -83,9 +83,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const std::string text = textOf(data, size);
     const auto result = mrl::designcode::parse(text, "fuzz.ini");
-    if (const auto* error = std::get_if<mrl::designcode::Error>(&result)) {
+    if (const auto* errors = std::get_if<mrl::designcode::Errors>(&result)) {
         const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
-        require(!error->reason.empty() && error->line >= 0 && error->line <= lines);
+        require(!errors->empty());
+        for (const mrl::designcode::Error& error : *errors) {
+            require(!error.reason.empty() && error.line >= 0 && error.line <= lines);
+        }
     } else {
         checkRead(std::get<mrl::designcode::DesignCode>(result));
     }

@@ -42,6 +42,48 @@ std::string labelOf(const designcode::DesignCode& code, const LCM_Factor& factor
     return {};
 }
 
+Json originJson(const designcode::Origin& origin)
+{
+    return {{"clause", origin.source.clause},
+            {"state", designcode::wordOf(origin.source.state)},
+            {"note", origin.source.note},
+            {"file", origin.file},
+            {"line", origin.line}};
+}
+
+/// By factor; one that the file doesn't state has none.
+Json originsJson(const designcode::DefaultAction& action)
+{
+    Json out = Json::object();
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (action.origins[factor.id].isStated()) {
+            out[factor.key] = originJson(action.origins[factor.id]);
+        }
+    }
+    return out;
+}
+
+Json situationsJson(const designcode::DesignCode& code)
+{
+    Json out = Json::array();
+    for (const LCM_Situation& situation : code.situations) {
+        Json expressions = Json::array();
+        for (const LCM_Expression& expression : situation.expressions) {
+            expressions.push_back(
+                {{"name", expression.name},
+                 {"clause", expression.clause.empty() ? situation.clause : expression.clause},
+                 {"state", expression.state.empty() ? situation.state : expression.state}});
+        }
+        out.push_back({{"name", situation.name},
+                       {"kind", situation.kind},
+                       {"clause", situation.clause},
+                       {"state", situation.state},
+                       {"title", situation.title},
+                       {"expressions", expressions}});
+    }
+    return out;
+}
+
 Json codeJson(const designcode::DesignCode& code)
 {
     Json out = identityJson(code);
@@ -55,10 +97,32 @@ Json codeJson(const designcode::DesignCode& code)
     for (const auto& action : code.actions) {
         Json entry = actionJson(action.code, action.record);
         entry["oldNumbers"] = action.oldNumbers;
+        entry["titles"] = action.titles;
+        entry["origins"] = originsJson(action);
         out["actions"].push_back(entry);
+    }
+    out["situations"] = situationsJson(code);
+    for (const auto& [name, origin] : code.constantOrigins) {
+        out["constants"][name] = originJson(origin);
+        out["constants"][name]["value"] = jsonNumber(code.constants.at(name));
+    }
+    out["files"] = Json::array();
+    for (const designcode::FileText& file : code.files) {
+        out["files"].push_back(file.file);
     }
     out["warnings"] = warningsJson(code);
     return out;
+}
+
+/// " {Table A1.1, verified} note", as the file writes it; empty where it says nothing.
+std::string sourceText(const designcode::Origin& origin)
+{
+    const designcode::Source& source = origin.source;
+    if (source.clause.empty() && source.note.empty()) {
+        return {};
+    }
+    return " {" + printable(qtext(source.clause)) + ", " + std::string(designcode::wordOf(source.state)) +
+           "}" + (source.note.empty() ? "" : " " + printable(qtext(source.note)));
 }
 
 void printHead(const designcode::DesignCode& code)
@@ -69,11 +133,11 @@ void printHead(const designcode::DesignCode& code)
     out.line("Numbers: national code " + std::to_string(code.ntcode) + ", code " +
              std::to_string(code.idcode) + ", country " + std::to_string(code.country) + ", year " +
              std::to_string(code.year));
-    if (code.kfi) {
-        out.line("KFI:     " + numberText(*code.kfi));
+    for (std::size_t i = 1; i < code.files.size(); ++i) {
+        out.line("Base:    " + code.files[i].file);
     }
-    if (code.xsi) {
-        out.line("XSI:     " + numberText(*code.xsi));
+    for (const auto& [name, origin] : code.constantOrigins) {
+        out.line(padded(name + ":", 9) + numberText(code.constants.at(name)) + sourceText(origin));
     }
     out.line("");
     out.finish();
@@ -90,15 +154,73 @@ void printFactors(const designcode::DesignCode& code)
     table.print();
 }
 
-void printActions(const designcode::DesignCode& code)
+void printTitle(const std::string& title)
 {
     Output out;
     out.line("");
+    out.line(title);
     out.finish();
-    Table table = actionTable();
-    for (const auto& action : code.actions) {
-        addActionRow(table, action.code, action.record);
+}
+
+bool isKnown(const designcode::DesignCode& code, const LCM_Factor& factor)
+{
+    return code.availability.*factor.actionField > 0.0f;
+}
+
+/// With the factors that the code knows alone: a 0 in the column of another one would read as a value.
+void printActions(const designcode::DesignCode& code)
+{
+    std::vector<Table::Column> columns{{"Name"}, {"Title"}, {"Partition"}, {"Superposition"}};
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        if (isKnown(code, factor)) {
+            columns.push_back({factor.key, Table::Align::Right});
+        }
     }
+    Table table(columns);
+    for (const auto& action : code.actions) {
+        const Json json = actionJson(action.code, action.record);
+        std::vector<std::string> row{json["name"], json["title"], json["partition"], json["superposition"]};
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            if (isKnown(code, factor)) {
+                const float value = lcm_shown_factor(action.record, factor);
+                row.push_back(action.origins[factor.id].isStated() ? factorText(value) : "-");
+            }
+        }
+        table.add(row);
+    }
+    printTitle("Actions");
+    table.print();
+}
+
+void printOrigins(const designcode::DesignCode& code)
+{
+    Table table({{"Action"}, {"Factor"}, {"Value", Table::Align::Right}, {"State"}, {"Clause"}, {"Note"}});
+    for (const auto& action : code.actions) {
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            const designcode::Origin& origin = action.origins[factor.id];
+            if (origin.isStated()) {
+                table.add({action.name, factor.key, factorText(lcm_shown_factor(action.record, factor)),
+                           std::string(designcode::wordOf(origin.source.state)),
+                           printable(qtext(origin.source.clause)), printable(qtext(origin.source.note))});
+            }
+        }
+    }
+    printTitle("Where the values come from");
+    table.print();
+}
+
+void printSituations(const designcode::DesignCode& code)
+{
+    Table table({{"Situation"}, {"Kind"}, {"State"}, {"Clause"}});
+    for (const LCM_Situation& situation : code.situations) {
+        table.add({situation.name, situation.kind, situation.state, situation.clause});
+        for (const LCM_Expression& expression : situation.expressions) {
+            if (!expression.name.empty()) {
+                table.add({"  " + expression.name, "", expression.state, expression.clause});
+            }
+        }
+    }
+    printTitle("Situations");
     table.print();
 }
 
@@ -112,6 +234,8 @@ ExitCode CodeShowCommand::run()
     printHead(read);
     printFactors(read);
     printActions(read);
+    printOrigins(read);
+    printSituations(read);
     printWarnings(read);
     return ExitCode::Done;
 }

@@ -28,8 +28,8 @@ ExitCode CodesCommand::run()
     std::vector<designcode::DesignCode> codes;
     for (const designcode::Found& found : designcode::list()) {
         auto read = designcode::read(found.file);
-        if (const auto* error = std::get_if<designcode::Error>(&read)) {
-            std::fprintf(stderr, "mrl-lc: %s\n", error->text().c_str());
+        if (const auto* errors = std::get_if<designcode::Errors>(&read)) {
+            std::fprintf(stderr, "mrl-lc: %s\n", textOf(*errors).c_str());
             result = ExitCode::File;
             continue;
         }

@@ -26,7 +26,8 @@ std::vector<CommandGroup> allCommands()
                            caseSetCommand(), caseRemoveCommand(), caseCurrentCommand(),
                            caseSetCurrentCommand()));
     groups.push_back(group("", "", combineCommand(), envelopeCommand(), codesCommand()));
-    groups.push_back(group("code", "Show a design code", codeShowCommand()));
+    groups.push_back(group("code", "Show, judge, compare and write design codes", codeShowCommand(),
+                           codeCheckCommand(), codeDiffCommand(), codeListCommand(), codeNewCommand()));
     groups.push_back(group("", "", keysCommand(), getCommand(), putCommand(), delCommand()));
     return groups;
 }

@@ -13,6 +13,10 @@ std::vector<CommandGroup> allCommands();
 // One maker a command; each command's class lives in the file of the same name.
 std::unique_ptr<Command> codesCommand();
 std::unique_ptr<Command> codeShowCommand();
+std::unique_ptr<Command> codeCheckCommand();
+std::unique_ptr<Command> codeDiffCommand();
+std::unique_ptr<Command> codeListCommand();
+std::unique_ptr<Command> codeNewCommand();
 std::unique_ptr<Command> newCommand();
 std::unique_ptr<Command> infoCommand();
 std::unique_ptr<Command> actionListCommand();

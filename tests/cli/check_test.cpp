@@ -98,7 +98,7 @@ TEST_F(Check, UnreadableDesignCodeIsAFindingOfTheProject)
     EXPECT_EQ(found[0]["subject"], "project");
     EXPECT_EQ(found[0]["name"], nullptr);
     EXPECT_EQ(found[0]["rule"], "design-code-unreadable");
-    EXPECT_EQ(found[0]["message"], own + ":1: the section's name has no closing ']'");
+    EXPECT_EQ(found[0]["message"], own + ":1: the section's name has no closing ']': write [NAME]");
 }
 
 TEST_F(Check, ReservedAndNamelessActionsAreReported)

@@ -65,25 +65,33 @@ TEST_F(Codes, DefaultActionsAreJudgedAsRowsWithTheirLines)
         << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 2\ncountry = 45\nyear = 2004\n"
            "[AVAILABILITY]\nGamu = 1\nGamf = 1\nPsi1 = 1\nPsi2 = 1\nPsi1s = 1\n"
            "[ACTION G]\ncategory = G\nsuperposition = PERM\nold = 2\nGamu = 1.35\nGamf = 1.36\n"
-           "Psi1s = 0.9\n"
-           "[ACTION Q_1]\ncategory = Q\nsuperposition = COND\nPsi0 = 1\nPsi1s = 0.8\nold = 7\n";
+           "Psi1 = 0\nPsi2 = 0\nPsi1s = 0.9\n"
+           "[ACTION Q_1]\ncategory = Q\nsuperposition = COND\nPsi0 = 1\nPsi1s = 0.8\nold = 7\n"
+           "Gamu = 0\nGamf = 0\nPsi1 = 0\n";
     // In the order of the lines, those of the file's form among those of the rules.
     const std::string at = "warning: " + own + ":";
     EXPECT_THAT(done({"code", "show", own}).out,
-                HasSubstr(at + "13: action G: GAMF has to be between 0.0 and 1.35!\n" +      //
-                          at + "20: action Q_1: Psi0 is stated, but not marked as known\n" + //
+                HasSubstr(at + "18:8: action G: GAMF has to be between 0.0 and 1.35!\n" + //
                           at +
-                          "20: action Q_1: the plain action of its first part has to stand ahead of it\n" + //
-                          at + "20: action Q_1: GAMU has to be bigger than 0.0!\n" +                        //
-                          at + "20: action Q_1: Psi1' has to be between 0.9 and 1.0!\n"));
+                          "22: action Q_1: Psi2 is marked, but not stated: it counts as 0: state it; 0 is "
+                          "written as 0\n" + //
+                          at +
+                          "22: action Q_1: the plain action of its first part has to stand ahead of it: "
+                          "move the plain action ahead of it\n" + //
+                          at +
+                          "25:8: action Q_1: Psi0 is stated, but not marked as known: mark it in "
+                          "[AVAILABILITY], or leave it out\n" + //
+                          at +
+                          "26:9: action Q_1: Psi1' has to be between 0.9 and 1.0!\n" + //
+                          at + "28:8: action Q_1: GAMU has to be bigger than 0.0!\n"));
     std::vector<std::string> rules;
     const auto code = done({"code", "show", own, "--json"}).json();
     for (const auto& warning : code["warnings"]) {
         rules.push_back(warning["rule"]);
     }
-    EXPECT_THAT(rules,
-                ElementsAre("gamf-not-between-0-and-gamu", "factor-not-marked", "plain-action-not-ahead",
-                            "gamu-not-above-0", "psi1s-not-between-national-bound-and-limit"));
+    EXPECT_THAT(rules, ElementsAre("gamf-not-between-0-and-gamu", "factor-not-stated",
+                                   "plain-action-not-ahead", "factor-not-marked",
+                                   "psi1s-not-between-national-bound-and-limit", "gamu-not-above-0"));
 }
 
 TEST_F(Codes, TrapsOfTheWholeFileComeFirst)
@@ -101,7 +109,7 @@ TEST_F(Codes, TrapsOfTheWholeFileComeFirst)
     EXPECT_THAT(found,
                 ElementsAre(Pair(0, "psi1-without-psi2"), Pair(9, "plain-action-not-ahead"),
                             Pair(9, "action-suffix-too-long"), Pair(9, "action-name-reserved"),
-                            Pair(9, "psi1-not-between-psi2-and-limit"), Pair(14, "action-name-reserved")));
+                            Pair(13, "psi1-not-between-psi2-and-limit"), Pair(14, "action-name-reserved")));
 }
 
 TEST_F(Codes, ShowOfWhatIsNoneOrMalformedIsAFileError)
@@ -110,7 +118,7 @@ TEST_F(Codes, ShowOfWhatIsNoneOrMalformedIsAFileError)
     const std::string bad = path("bad.ini");
     std::ofstream(bad) << "[DESIGN CODE\n";
     EXPECT_EQ(fails(3, {"code", "show", bad}),
-              "mrl-lc: " + bad + ":1: the section's name has no closing ']'\n");
+              "mrl-lc: " + bad + ":1: the section's name has no closing ']': write [NAME]\n");
     fails(2, {"code", "show"});
 }
 
@@ -125,11 +133,90 @@ TEST_F(Codes, OwnFolderComesFirstAndAMalformedFileHidesNoOther)
     const auto run = mrlLc({"codes", "--json"});
     qputenv("MRL_DESIGNCODE_PATH", QByteArray::fromStdString(old));
     EXPECT_EQ(run.code, 3);
-    EXPECT_THAT(run.err, HasSubstr("bad.ini:1: the line is neither a section"));
+    EXPECT_THAT(run.err, HasSubstr("bad.ini:1:1: the line is neither a section"));
     EXPECT_EQ(run.json().size(), 18u);
     for (const auto& code : run.json()) {
         EXPECT_EQ(code["label"] == "Own", code["name"] == "en1990");
     }
+}
+
+TEST_F(Codes, CheckTellsEveryErrorOfAFileWithItsCureAndEndsWithOne)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own) << "[DESIGN CODE]\nbase = en1990\nlabel = Own\n[ACTION Q_B]\nPsi0 = 0,6\nPsi3 = 0.5\n";
+    const auto run = mrlLc({"code", "check", own});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.out,
+              own + ":5:8: '0,6' of entry 'Psi0' is no number: write a point: 0.6 [file-not-readable]\n" +
+                  own +
+                  ":6:1: entry 'Psi3' is not known in section 'ACTION Q_B': write Psi0 "
+                  "[file-not-readable]\n");
+    std::ofstream(own) << "[DESIGN CODE]\nbase = en1990\nlabel = Own\n[ACTION Q_B]\nPsi0 = 6\n";
+    const auto found = mrlLc({"code", "check", own, "en1990", "--json"});
+    EXPECT_EQ(found.code, 1);
+    EXPECT_EQ(found.json()[0]["findings"][0]["rule"], "psi-above-1");
+    EXPECT_EQ(found.json()[0]["findings"][0]["line"], 5);
+    EXPECT_TRUE(found.json()[1]["findings"].empty());
+    done({"code", "check", "en1990", "sia260"});
+    fails(3, {"code", "check", "none"});
+}
+
+TEST_F(Codes, DiffTellsActionsAndFactorsThatDiffer)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own) << "[DESIGN CODE]\nbase = en1990\nlabel = Own\n[ACTION Q_B]\nPsi0 = 0.6\n"
+                          "[ACTION Q_H]\nremove = yes\n";
+    const auto run = mrlLc({"code", "diff", "en1990", own, "--json"});
+    EXPECT_EQ(run.code, 1) << "they differ";
+    EXPECT_EQ(run.json(), nlohmann::json::parse(
+                              R"([{"where": "action Q_B", "what": "Psi0", "a": "0.7", "b": "0.6"},
+                                  {"where": "action Q_H", "what": "", "a": "", "b": null}])"));
+    EXPECT_THAT(mrlLc({"code", "diff", "en1990", own}).out, HasSubstr("action Q_B  Psi0  0.7"));
+    done({"code", "diff", "en1990", "en1990"});
+}
+
+TEST_F(Codes, NewWritesAFileThatReadsAsItIsIntoTheOwnFolder)
+{
+    qputenv("XDG_DATA_HOME", QByteArray::fromStdString(path("data")));
+    const std::string written = path("data") + "/mrl/designcodes/mine.ini";
+    EXPECT_EQ(done({"code", "new", "mine", "--base", "bs-en1990-na"}).out, written + "\n");
+    done({"code", "check", "mine"});
+    done({"code", "diff", "bs-en1990-na", "mine"});
+    EXPECT_THAT(mrl::test::contentOf(written), HasSubstr("; [ACTION Q_A]\n; title = Domestic, category A\n"));
+    EXPECT_THAT(fails(3, {"code", "new", "mine", "--base", "en1990"}), HasSubstr("mine.ini"));
+    std::ofstream(path("data") + "/mrl/designcodes/en1990.ini")
+        << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
+    const std::string old = qEnvironmentVariable("MRL_DESIGNCODE_PATH").toStdString();
+    qunsetenv("MRL_DESIGNCODE_PATH");
+    const auto list = done({"code", "list", "--json"}).json();
+    const std::string text = done({"code", "list"}).out;
+    qputenv("MRL_DESIGNCODE_PATH", QByteArray::fromStdString(old));
+    qunsetenv("XDG_DATA_HOME");
+    for (const auto& code : list["codes"]) {
+        EXPECT_EQ(code["hides"].size(), code["name"] == "en1990" ? 1u : 0u) << code["name"];
+    }
+    EXPECT_THAT(text, HasSubstr("hides"));
+}
+
+TEST_F(Codes, ShowTellsWhereEachValueComesFrom)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own) << "[DESIGN CODE]\nbase = en1990\nlabel = Own\n[ACTION Q_B]\n"
+                          "Psi0 = 0.6 {Table NA.1, one source} offices alone\n";
+    const auto code = done({"code", "show", own, "--json"}).json();
+    for (const auto& action : code["actions"]) {
+        if (action["name"] == "Q_B") {
+            EXPECT_EQ(action["origins"]["Psi0"]["clause"], "Table NA.1");
+            EXPECT_EQ(action["origins"]["Psi0"]["state"], "one source");
+            EXPECT_EQ(action["origins"]["Psi0"]["note"], "offices alone");
+            EXPECT_EQ(action["origins"]["Psi0"]["line"], 5);
+            EXPECT_FALSE(action["origins"].contains("Psi1s"));
+        }
+    }
+    EXPECT_EQ(code["situations"][0]["name"], "persistent");
+    const std::string text = done({"code", "show", own}).out;
+    EXPECT_THAT(text, HasSubstr("Q_B     Psi0      0.6  one source"));
+    EXPECT_THAT(text, HasSubstr("Psi1  Psi2\nG ")) << "no column for what the code doesn't know";
 }
 
 TEST_F(Codes, ShippedCodesAreFoundBesideTheProgramWithoutASearchPath)

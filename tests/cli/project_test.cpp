@@ -78,7 +78,8 @@ TEST_F(NewProject, MalformedDesignCodeIsNamedWithLineAndReason)
     const std::string code = path("bad.ini");
     std::ofstream(code) << "[DESIGN CODE]\nlabel = x\nntcode = a\nidcode = 0\ncountry = 0\nyear = 0\n";
     EXPECT_EQ(fails(3, {"new", file, "--code", code}),
-              "mrl-lc: " + code + ":3: 'a' of entry 'ntcode' is no whole number\n");
+              "mrl-lc: " + code +
+                  ":3:10: 'a' of entry 'ntcode' is no whole number: write digits alone, such as 2005\n");
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 

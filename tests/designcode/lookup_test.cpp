@@ -116,7 +116,8 @@ TEST_F(DesignCodeLookup, FileThatBecameMalformedFailsAndHeals)
 {
     write("[DESIGN CODE");
     EXPECT_LT(mrl_dlib_ini_switch(db), 0);
-    EXPECT_EQ(mrl::designcode::ofDatabase(db).reason, file + ":1: the section's name has no closing ']'");
+    EXPECT_EQ(mrl::designcode::ofDatabase(db).reason,
+              file + ":1: the section's name has no closing ']': write [NAME]");
     write(READER_SAMPLE);
     EXPECT_EQ(mrl_dlib_ini_switch(db), 0);
 }

@@ -49,6 +49,7 @@ category = Q
 superposition = COND
 old = 7
 Gamu = 1.5
+Gamf = 0
 Gama = 1.0
 Psi0 = 0.7
 Psi1 = 0.5
@@ -58,6 +59,7 @@ category = Q
 group = 1
 superposition = EXCL
 Gamu = 1.5
+Gamf = 0
 Gama = 1.0
 Psi0 = 0.7
 Psi1 = 0.5
@@ -77,19 +79,26 @@ inline std::string sampleWith(const std::string& from, const std::string& to,
 inline designcode::DesignCode parsed(const std::string& text)
 {
     auto result = designcode::parse(text, "sample.ini");
-    if (const auto* error = std::get_if<designcode::Error>(&result)) {
-        ADD_FAILURE() << error->text();
+    if (const auto* errors = std::get_if<designcode::Errors>(&result)) {
+        ADD_FAILURE() << errors->front().text();
         return {};
     }
     return std::get<designcode::DesignCode>(std::move(result));
 }
 
-/// The error of a text that must not be readable, as "FILE:LINE: REASON".
+/// The errors of a text that must not be readable, a line each.
 inline std::string errorOf(const std::string& text)
 {
     const auto result = designcode::parse(text, "bad.ini");
-    const auto* error = std::get_if<designcode::Error>(&result);
-    return error == nullptr ? "readable" : error->text();
+    const auto* errors = std::get_if<designcode::Errors>(&result);
+    if (errors == nullptr) {
+        return "readable";
+    }
+    std::string all;
+    for (const designcode::Error& error : *errors) {
+        all += (all.empty() ? "" : "\n") + error.text();
+    }
+    return all;
 }
 
 } // namespace mrl::test

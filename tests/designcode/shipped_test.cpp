@@ -23,8 +23,8 @@ class ShippedCode : public testing::TestWithParam<const char*>
             return {};
         }
         auto result = mrl::designcode::read(*file);
-        if (const auto* error = std::get_if<mrl::designcode::Error>(&result)) {
-            ADD_FAILURE() << error->text();
+        if (const auto* error = std::get_if<mrl::designcode::Errors>(&result)) {
+            ADD_FAILURE() << error->front().text();
             return {};
         }
         return std::get<DesignCode>(std::move(result));

@@ -62,13 +62,66 @@ TEST(DesignCodeWarnings, LabelAboveTwentyBytesWillBeCut)
 TEST(DesignCodeWarnings, FactorWithoutAMark)
 {
     EXPECT_THAT(warningsOf(sampleWith("Psi0 = 0.7\n", "Psi0 = 0.7\nPsi1s = 0.8\n")),
-                ElementsAre("31 action Q: Psi1s is stated, but not marked as known [factor-not-marked]"));
+                ElementsAre("40 action Q: Psi1s is stated, but not marked as known [factor-not-marked]"));
 }
 
 TEST(DesignCodeWarnings, GamaMarkedAndNotStated)
 {
     EXPECT_THAT(warningsOf(sampleWith("Gama = 1.0\n", "")),
                 ElementsAre("20 action G: Gama is marked, but not stated [gama-not-stated]"));
+}
+
+namespace {
+
+/// A value that loads and can't be meant.
+struct Trap
+{
+    const char* name;
+    const char* from;
+    const char* to;
+    const char* warning;
+};
+
+std::ostream& operator<<(std::ostream& out, const Trap& trap) { return out << trap.name; }
+
+class TrappedCode : public testing::TestWithParam<Trap>
+{
+};
+
+const Trap TRAPS[] = {
+    {"PsiMissing", "Psi0 = 0.7\n", "",
+     "31 action Q: Psi0 is marked, but not stated: it counts as 0 [factor-not-stated]"},
+    {"FavourableFactorMissing", "Gamf = 1.0\n", "",
+     "20 action G: Gamf is marked, but not stated: it counts as 0 [factor-not-stated]"},
+    {"UnfavourableFactorMissing", "Gamu = 1.35\n", "",
+     "20 action G: Gamu is marked, but not stated: it counts as 0 [factor-not-stated]"},
+    {"PointForgotten", "Gamu = 1.35", "Gamu = 135", "25 action G: Gamu is above 3 [gamma-above-3]"},
+    {"PointMisplaced", "Gamu = 1.5\n", "Gamu = 15\n", "36 action Q: Gamu is above 3 [gamma-above-3]"},
+    {"PsiInPercent", "Psi0 = 0.7", "Psi0 = 70", "39 action Q: Psi0 is above 1 [psi-above-1]"},
+    {"XsiInPercent", "XSI = 0.85", "XSI = 85", "16 XSI is not above 0 and at most 1 [xsi-out-of-range]"},
+    {"XsiOfZero", "XSI = 0.85", "XSI = 0", "16 XSI is not above 0 and at most 1 [xsi-out-of-range]"},
+    {"KfiBelowZero", "KFI = 1.1", "KFI = -1", "15 KFI is not between 0.5 and 2 [kfi-out-of-range]"},
+    {"KfiWithoutPoint", "KFI = 1.1", "KFI = 11", "15 KFI is not between 0.5 and 2 [kfi-out-of-range]"},
+    {"VariableActionThatHelps", "Gamf = 0\n", "Gamf = 1.35\n",
+     "37 action Q: Gamf of a variable action is above 1 [gamf-above-1-of-variable-action]"},
+};
+
+} // namespace
+
+TEST_P(TrappedCode, IsToldWithTheLineOfTheEntry)
+{
+    EXPECT_THAT(warningsOf(sampleWith(GetParam().from, GetParam().to)), ElementsAre(GetParam().warning));
+}
+
+INSTANTIATE_TEST_SUITE_P(Designcode, TrappedCode, testing::ValuesIn(TRAPS),
+                         [](const auto& trap) { return std::string(trap.param.name); });
+
+TEST(DesignCodeWarnings, HaveACureEach)
+{
+    const auto all = mrl::designcode::warnings(parsed(sampleWith("Gamu = 1.35", "Gamu = 135")));
+    ASSERT_EQ(all.size(), 1u);
+    EXPECT_EQ(all[0].cure, "look for the point");
+    EXPECT_EQ(all[0].column, 8);
 }
 
 TEST(DesignCodeWarnings, LimitBelowZero)
@@ -82,13 +135,13 @@ TEST(DesignCodeWarnings, LimitBelowZero)
 TEST(DesignCodeWarnings, SuffixedActionNeedsItsPlainOneAhead)
 {
     EXPECT_THAT(warningsOf(sampleWith("[ACTION Q_A]", "[ACTION R_A]")),
-                ElementsAre("41 action R_A: the plain action of its first part has to stand ahead of it "
+                ElementsAre("42 action R_A: the plain action of its first part has to stand ahead of it "
                             "[plain-action-not-ahead]"));
 }
 
 TEST(DesignCodeWarnings, GroupedActionNeedsItsPlainOneAhead)
 {
     EXPECT_THAT(warningsOf(sampleWith("[ACTION Q_A]", "[ACTION R]")),
-                ElementsAre("41 action R: the plain action of its first part has to stand ahead of it "
+                ElementsAre("42 action R: the plain action of its first part has to stand ahead of it "
                             "[plain-action-not-ahead]"));
 }

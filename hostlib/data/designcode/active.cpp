@@ -16,8 +16,8 @@ struct CacheEntry
 LoadedIndexed load(const std::string& file)
 {
     ReadResult result = read(file);
-    if (const auto* error = std::get_if<Error>(&result)) {
-        return {nullptr, error->text()};
+    if (const auto* errors = std::get_if<Errors>(&result)) {
+        return {nullptr, errors->front().text()};
     }
     return {std::make_shared<IndexedCode>(std::get<DesignCode>(std::move(result))), {}};
 }

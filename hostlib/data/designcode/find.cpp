@@ -1,6 +1,8 @@
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <map>
+#include <set>
 
 #include "hostlib/data/designcode/designcode.h"
 #include "hostlib/data/designcode/file_stamp.h"
@@ -10,15 +12,29 @@ namespace mrl::designcode {
 
 namespace {
 
-/// The folders that may hold design codes, whether they exist or not.
+constexpr const char* PATH_VARIABLE = "MRL_DESIGNCODE_PATH";
+
+/// The folders that may hold design codes, whether they exist or not: those that the environment names, the user's
+/// own, those of the installation.
 QStringList candidateFolders()
 {
-    return install::dataFolders("MRL_DESIGNCODE_PATH", QStringLiteral("designcodes"));
+    QStringList folders = install::dataFolders(PATH_VARIABLE, QStringLiteral("designcodes"));
+    const auto named = QString::fromLocal8Bit(qgetenv(PATH_VARIABLE))
+                           .split(QDir::listSeparator(), Qt::SkipEmptyParts)
+                           .size();
+    folders.insert(named, QString::fromStdString(userFolder()));
+    return folders;
 }
 
 bool isFile(const std::string& path) { return FileStamp(path).exists(); }
 
 } // namespace
+
+std::string userFolder()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return (data + QStringLiteral("/mrl/designcodes")).toStdString();
+}
 
 std::vector<std::string> searchPath()
 {
@@ -34,17 +50,25 @@ std::vector<std::string> searchPath()
 
 std::vector<Found> list()
 {
-    std::map<std::string, std::string> byName;
+    std::map<std::string, Found> byName;
+    std::set<QString> seen;
     for (const std::string& folder : searchPath()) {
         const QDir dir(QString::fromStdString(folder));
+        if (!seen.insert(dir.canonicalPath()).second) {
+            continue; // named twice: a file shadows none but another one
+        }
         const QFileInfoList files = dir.entryInfoList({"*.ini"}, QDir::Files);
         for (const QFileInfo& file : files) {
-            byName.emplace(file.completeBaseName().toStdString(), file.filePath().toStdString());
+            const std::string name = file.completeBaseName().toStdString();
+            const auto [found, isNew] = byName.emplace(name, Found{name, file.filePath().toStdString(), {}});
+            if (!isNew) {
+                found->second.shadowed.push_back(file.filePath().toStdString());
+            }
         }
     }
     std::vector<Found> out;
-    for (auto& [name, file] : byName) {
-        out.push_back({name, file});
+    for (auto& [name, found] : byName) {
+        out.push_back(std::move(found));
     }
     return out;
 }

@@ -41,9 +41,9 @@ class Judge
     void unusedActions() const;
 
   private:
-    void tell(WarningRule rule, int line, const std::string& text) const;
-    void factors(const LCM_Term& term, int line) const;
-    void action(const std::string& name, int line) const;
+    void tell(WarningRule rule, int place, const std::string& text, const std::string& cure = {}) const;
+    void factors(const LCM_Term& term, int place) const;
+    void action(const std::string& name, int place) const;
     void role(const LCM_RoleEntry& entry);
     void order(const LCM_RoleEntry& entry, const LCM_Expression& expression) const;
     void use(const LCM_Expression& expression);
@@ -56,31 +56,32 @@ class Judge
     std::string m_where; ///< "situation persistent / 6.10a"
 };
 
-void Judge::tell(WarningRule rule, int line, const std::string& text) const
+void Judge::tell(WarningRule rule, int place, const std::string& text, const std::string& cure) const
 {
-    m_out.push_back({rule, line, m_where + ": " + text});
+    const auto file = static_cast<std::size_t>(fileOfPlace(place));
+    m_out.push_back({rule, m_code.files.at(file).file, lineOfPlace(place), 0, m_where + ": " + text, cure});
 }
 
-void Judge::factors(const LCM_Term& term, int line) const
+void Judge::factors(const LCM_Term& term, int place) const
 {
     for (const LCM_FactorId id : term.factors) {
         const LCM_Factor& factor = lcm_factor(id);
         if (!(m_code.availability.*factor.actionField > 0.0f)) {
-            tell(WarningRule::SituationFactorNotMarked, line,
+            tell(WarningRule::SituationFactorNotMarked, place,
                  std::string(factor.key) + " is named, but not marked as known");
         }
     }
 }
 
-void Judge::action(const std::string& name, int line) const
+void Judge::action(const std::string& name, int place) const
 {
     const auto isMeant = [&](const std::string& known) { return lcm_action_matches(name, known) > 0; };
     if (name.empty() || std::any_of(m_names.begin(), m_names.end(), isMeant)) {
         return;
     }
     const std::string nearest = lcm_nearest_word(name, m_names);
-    tell(WarningRule::SituationActionUnknown, line,
-         "there is no action '" + name + "'" + (nearest.empty() ? "" : ", perhaps '" + nearest + "'"));
+    tell(WarningRule::SituationActionUnknown, place, "there is no action '" + name + "'",
+         nearest.empty() ? "" : "write " + nearest);
 }
 
 void Judge::role(const LCM_RoleEntry& entry)
@@ -174,8 +175,12 @@ void Judge::unusedActions() const
     for (std::size_t i = 0; i < m_isUsed.size(); ++i) {
         if (!m_isUsed[i]) {
             const DefaultAction& action = m_code.actions[i];
-            m_out.push_back({WarningRule::ActionInNoSituation, action.line,
-                             "action " + action.name + ": no expression of a situation uses it"});
+            m_out.push_back({WarningRule::ActionInNoSituation,
+                             action.file,
+                             action.line,
+                             0,
+                             "action " + action.name + ": no expression of a situation uses it",
+                             {}});
         }
     }
 }

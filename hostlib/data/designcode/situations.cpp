@@ -11,22 +11,15 @@ namespace mrl::designcode {
 namespace {
 
 constexpr std::string_view SITUATION = "SITUATION ";
+constexpr int LINE_BITS = 21;
 
 LCM_SituationSection textOf(const IniSection& section)
 {
-    LCM_SituationSection text{section.name.substr(SITUATION.size()), {}, section.line};
+    LCM_SituationSection text{section.name.substr(SITUATION.size()), {}, placeOf(section.file, section.line)};
     for (const IniEntry& entry : section.entries) {
-        text.entries.push_back({entry.key, entry.value, entry.line});
+        text.entries.push_back({entry.key, entry.value, placeOf(entry.file, entry.line)});
     }
     return text;
-}
-
-/// "persistent" of "persistent / 6.10a".
-std::string situationOf(const std::string& section)
-{
-    const std::string name = section.substr(0, section.find(" / "));
-    const auto last = name.find_last_not_of(' ');
-    return last == std::string::npos ? std::string() : name.substr(0, last + 1);
 }
 
 void forEachTerm(const LCM_Expression& expression, const std::function<void(const LCM_Term&)>& visit)
@@ -49,6 +42,18 @@ void forEachTerm(const LCM_Expression& expression, const std::function<void(cons
 
 bool isSituation(std::string_view section) { return section.substr(0, SITUATION.size()) == SITUATION; }
 
+std::string situationOf(const std::string& section)
+{
+    const std::string name = section.substr(SITUATION.size());
+    const std::string situation = name.substr(0, name.find(" / "));
+    const auto last = situation.find_last_not_of(' ');
+    return last == std::string::npos ? std::string() : situation.substr(0, last + 1);
+}
+
+int placeOf(int file, int line) { return (file << LINE_BITS) + line; }
+int fileOfPlace(int place) { return place >> LINE_BITS; }
+int lineOfPlace(int place) { return place & ((1 << LINE_BITS) - 1); }
+
 bool isNamed(const std::string& constant, const DesignCode& code)
 {
     bool found = false;
@@ -62,7 +67,8 @@ bool isNamed(const std::string& constant, const DesignCode& code)
     return found;
 }
 
-void readSituations(const std::vector<const IniSection*>& sections, DesignCode& code)
+void readSituations(const std::vector<const IniSection*>& sections, const std::vector<FileText>& files,
+                    DesignCode& code)
 {
     std::vector<LCM_SituationSection> texts;
     for (const IniSection* section : sections) {
@@ -75,13 +81,16 @@ void readSituations(const std::vector<const IniSection*>& sections, DesignCode& 
     LCM_SituationsRead read = lcm_read_situations(texts, constants);
     std::set<std::string> broken;
     for (const LCM_SituationFinding& finding : read.findings) {
-        const auto& text = texts.at(static_cast<std::size_t>(std::max(finding.section, 0)));
-        const bool isEntry = finding.entry >= 0;
-        const int line = isEntry ? text.entries[static_cast<std::size_t>(finding.entry)].place : text.place;
-        broken.insert(situationOf(text.name));
+        const auto number = static_cast<std::size_t>(std::max(finding.section, 0));
+        const IniSection& section = *sections.at(number);
+        const IniEntry* entry =
+            finding.entry >= 0 ? &section.entries[static_cast<std::size_t>(finding.entry)] : nullptr;
+        broken.insert(situationOf(section.name));
+        const auto file = static_cast<std::size_t>(entry != nullptr ? entry->file : section.file);
         code.readingWarnings.push_back(
-            {WarningRule::SituationNotReadable, line,
-             "situation " + text.name + ": " + finding.message + ": " + finding.cure});
+            {WarningRule::SituationNotReadable, files[file].file,
+             entry != nullptr ? entry->line : section.line, entry != nullptr ? entry->column : 0,
+             "situation " + texts[number].name + ": " + finding.message, finding.cure});
     }
     for (LCM_Situation& situation : read.situations) {
         if (!situation.removed && broken.count(situation.name) == 0) {

@@ -13,7 +13,6 @@
 namespace {
 
 using mrl::designcode::IniEntry;
-using mrl::designcode::IniFile;
 
 constexpr int MISSING = -1;
 constexpr int SECTION_ONLY = 0;
@@ -64,7 +63,7 @@ mrl::designcode::IniResult parse(const std::string& file)
 {
     const auto content = mrl::designcode::readText(file);
     if (const auto* error = std::get_if<mrl::designcode::IniError>(&content)) {
-        return *error;
+        return {{}, {*error}};
     }
     return mrl::designcode::parseIni(std::get<std::string>(content));
 }
@@ -75,7 +74,7 @@ const mrl::designcode::IniResult& parsed(const std::string& file)
 {
     static std::string lastFile;
     static mrl::designcode::FileStamp lastStamp;
-    static mrl::designcode::IniResult last = mrl::designcode::IniError{};
+    static mrl::designcode::IniResult last;
     const mrl::designcode::FileStamp stamp(file);
     if (file != lastFile || stamp != lastStamp) {
         last = parse(file);
@@ -87,8 +86,7 @@ const mrl::designcode::IniResult& parsed(const std::string& file)
 
 const mrl::designcode::IniSection* sectionOf(const mrl::designcode::IniResult& ini, const char* section)
 {
-    const auto* file = std::get_if<IniFile>(&ini);
-    return file == nullptr ? nullptr : file->find(section);
+    return ini.errors.empty() ? ini.file.find(section) : nullptr;
 }
 
 } // namespace
