@@ -148,6 +148,8 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
     virtual bool enterText(const QString& text, Entry entry);
     /// Tells the table that the value has changed.
     void valueChanged();
+    /// Tells the table's journal that the cell is about to change.
+    void willChange();
 
   private:
     friend struct MRL_H_TwCellAccess;
@@ -161,6 +163,7 @@ class MRL_HOST_API MRL_H_TwItem : public MRL_QT_TableWidgetItem
     std::unique_ptr<Extra> m_extra; ///< tool tip and rare roles, only for the cells that have some
     mutable int m_row = -1;         ///< where the cell was last seen; to be verified
     quint8 m_state = 0;
+    quint16 m_noted = 0; ///< for the table's journal
 };
 
 /// A cell of a line-edit column: a text or a number, as the column's description says.
@@ -220,6 +223,7 @@ class MRL_HOST_API MRL_H_TwEditableComboBoxItem : public MRL_H_TwSimpleLineEditI
     bool assignNumber(double number) override;
 
   private:
+    friend struct MRL_H_TwCellAccess;
     bool m_own = true;
     bool m_showNext = false; ///< the next number is for show
 };

@@ -9,18 +9,13 @@
 #include "hostlib/ui/table/cell_access.h"
 #include "hostlib/ui/table/cell_cast.h"
 #include "hostlib/ui/table/column.h"
+#include "hostlib/ui/table/kept_cell.h"
 #include "hostlib/ui/table/number_text.h"
 #include "hostlib/ui/table/table_private.h"
 
 using Access = MRL_H_TwCellAccess;
 using mrl::table::ChangeReports;
 using mrl::table::numberLess;
-
-struct MRL_H_TwItem::Extra
-{
-    QString toolTip;
-    std::vector<std::pair<int, QVariant>> roles;
-};
 
 static_assert(Access::FirstFlag << 2 == Access::SecondFlag && Access::SecondFlag << 2 == Access::Unsorted,
               "two bits for each flag role");
@@ -71,8 +66,14 @@ MRL_H_TwItem::MRL_H_TwItem(int type, MRL_H_TwColumn* column)
 
 MRL_H_TwItem::~MRL_H_TwItem()
 {
-    if ((m_state & Access::Unsorted) != 0 && m_column != nullptr && m_column->table != nullptr) {
-        MRL_H_TableWidget::Private::of(*m_column->table).order.forget(*this);
+    if (m_column != nullptr && m_column->table != nullptr) {
+        MRL_H_TableWidget::Private& table = MRL_H_TableWidget::Private::of(*m_column->table);
+        if ((m_state & Access::Unsorted) != 0) {
+            table.order.forget(*this);
+        }
+        if (table.journal) {
+            table.journal->noteBroken();
+        }
     }
     MRL_H_TwColumn::release(m_column);
 }
@@ -92,6 +93,7 @@ void MRL_H_TwItem::setEnabled(bool enabled)
     if (enabled == ((m_state & Access::Disabled) == 0)) {
         return;
     }
+    willChange();
     m_state = static_cast<quint8>(m_state ^ Access::Disabled);
     Access::applyFlags(*this);
     ChangeReports::tellLooks(*this);
@@ -185,6 +187,9 @@ bool MRL_H_TwItem::setFlag(int role, const QVariant& value)
     }
     const int without = m_state & ~(flagKnownBit(flag) | flagBit(flag));
     const int now = isFlag ? without | flagKnownBit(flag) | (value.toBool() ? flagBit(flag) : 0) : without;
+    if (now != m_state) {
+        willChange();
+    }
     m_state = static_cast<quint8>(now);
     return isFlag;
 }
@@ -194,6 +199,7 @@ void MRL_H_TwItem::setRole(int role, const QVariant& value)
     if (!m_extra && !value.isValid()) {
         return;
     }
+    willChange();
     if (!m_extra) {
         m_extra = std::make_unique<Extra>();
     }
@@ -231,6 +237,7 @@ void MRL_H_TwItem::setForeground(const QBrush& brush)
     if (colour != 0 && (m_state & colour) != 0) {
         return;
     }
+    willChange();
     m_state = static_cast<quint8>((m_state & ~(Access::TextRed | Access::TextBlack)) | colour);
     setRole(Qt::ForegroundRole, colour != 0 || brush.style() == Qt::NoBrush ? QVariant() : QVariant(brush));
     ChangeReports::tellLooks(*this);
@@ -241,6 +248,7 @@ void MRL_H_TwItem::setToolTip(const QString& toolTip)
     if (m_extra ? m_extra->toolTip == toolTip : toolTip.isEmpty()) {
         return;
     }
+    willChange();
     if (!m_extra) {
         m_extra = std::make_unique<Extra>();
     }
@@ -257,6 +265,16 @@ bool MRL_H_TwItem::assign(const QVariant&) { return false; }
 bool MRL_H_TwItem::enterText(const QString&, Entry) { return false; }
 
 void MRL_H_TwItem::valueChanged() { ChangeReports::tellValue(*this); }
+
+void MRL_H_TwItem::willChange()
+{
+    if (m_column == nullptr || m_column->table == nullptr) {
+        return;
+    }
+    if (const auto& journal = MRL_H_TableWidget::Private::of(*m_column->table).journal) {
+        journal->note(*this);
+    }
+}
 
 bool MRL_H_TwItem::operator<(const QTableWidgetItem& other) const
 {

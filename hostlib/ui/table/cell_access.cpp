@@ -2,8 +2,10 @@
 
 namespace {
 
+/// Those that an item is made with, so that a cell that was disabled for a while is as it was.
 constexpr Qt::ItemFlags EDITABLE_FLAGS = Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled |
-                                         Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
+                                         Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled |
+                                         Qt::ItemIsDropEnabled;
 
 QTableWidgetItem itemWith(Qt::ItemFlags flags)
 {
@@ -20,6 +22,7 @@ bool MRL_H_TwCellAccess::enterId(MRL_H_TwSimpleComboBoxItem& cell, int id, MRL_H
         return false;
     }
     if (entry == MRL_H_TwItem::Entry::Make) {
+        cell.willChange();
         cell.m_id = id;
     }
     return true;

@@ -21,6 +21,8 @@ struct MRL_H_TwCellAccess
     static int& row(const MRL_H_TwItem& cell) { return cell.m_row; }
     static quint8& state(MRL_H_TwItem& cell) { return cell.m_state; }
     static quint8 state(const MRL_H_TwItem& cell) { return cell.m_state; }
+    /// The take of the table's journal that the cell was noted for last.
+    static quint16& noted(MRL_H_TwItem& cell) { return cell.m_noted; }
     static QString text(const MRL_H_TwItem& cell) { return cell.shownText(); }
     /// @return true when the value is, or would be, another one; reports nothing
     static bool enterText(MRL_H_TwItem& cell, const QString& text, MRL_H_TwItem::Entry entry)
@@ -32,4 +34,6 @@ struct MRL_H_TwCellAccess
     /// Gives the cell the flags of its enabled state. Tells nobody.
     static void applyFlags(MRL_H_TwItem& cell);
     static double number(const MRL_H_TwSimpleLineEditItem& cell) { return cell.m_number; }
+
+    struct Kept;
 };

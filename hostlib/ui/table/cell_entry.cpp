@@ -6,6 +6,7 @@
 #include "hostlib/ui/table/cell_access.h"
 #include "hostlib/ui/table/navigation.h"
 #include "hostlib/ui/table/selection.h"
+#include "hostlib/ui/table/table_private.h"
 
 namespace mrl::table {
 
@@ -59,6 +60,38 @@ class NarrowedSelection
     bool m_narrowed = false;
 };
 
+/// Tells the listener of the table's journal where an entry begins and ends.
+class EntryReport
+{
+  public:
+    EntryReport(MRL_H_TableWidget& table, MRL_H_TableJournalListener::Entry kind,
+                const std::vector<Entry>& entries)
+        : m_table(&table)
+    {
+        if (MRL_H_TableJournalListener* listener = listenerOf(table)) {
+            listener->entryBegins(kind, table.getColumnId(entries.front().column), entries.size());
+        }
+    }
+    ~EntryReport()
+    {
+        MRL_H_TableJournalListener* listener = m_table != nullptr ? listenerOf(*m_table) : nullptr;
+        if (listener != nullptr) {
+            listener->entryEnds();
+        }
+    }
+    EntryReport(const EntryReport&) = delete;
+    EntryReport& operator=(const EntryReport&) = delete;
+
+  private:
+    static MRL_H_TableJournalListener* listenerOf(MRL_H_TableWidget& table)
+    {
+        const auto& journal = MRL_H_TableWidget::Private::of(table).journal;
+        return journal ? journal->listener() : nullptr;
+    }
+
+    QPointer<MRL_H_TableWidget> m_table; ///< null when a receiver deleted the table
+};
+
 } // namespace
 
 MRL_H_TwItem* CellEntry::editableCell(const Entry& entry) const
@@ -79,8 +112,16 @@ std::size_t CellEntry::lastOfOtherValue(const std::vector<Entry>& entries) const
     return entries.size();
 }
 
-void CellEntry::enter(const std::vector<Entry>& entries)
+void CellEntry::enter(const std::vector<Entry>& entries, MRL_H_TableJournalListener::Entry kind,
+                      const QItemSelection& cells)
 {
+    if (entries.empty()) {
+        return;
+    }
+    const EntryReport report(m_table, kind, entries);
+    if (!cells.isEmpty()) {
+        m_table.selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
+    }
     const QPointer<MRL_H_TableWidget> alive(&m_table);
     const ReportScope scope(m_changes);
     const std::size_t last = lastOfOtherValue(entries);
@@ -112,12 +153,15 @@ void CellEntry::enterFromEditor(const Entry& entry)
         }
     }
     m_reachedManyRows = entries.size() > 1;
-    enter(entries);
+    enter(entries, MRL_H_TableJournalListener::Entry::Typed);
 }
 
 void CellEntry::leaveEditor(int rows, int columns, const std::function<void()>& commit)
 {
     const QPointer<MRL_H_TableWidget> alive(&m_table);
+    // The step to the next cell belongs to the entry.
+    const EntryReport report(m_table, MRL_H_TableJournalListener::Entry::Typed,
+                             {{m_table.currentRow(), m_table.currentColumn(), {}, std::nullopt}});
     // Taken before the entry, which may sort: filling a column goes on with the cell that stood below.
     const QPersistentModelIndex next = neighbour(m_table, m_table.currentIndex(), rows, columns);
     m_reachedManyRows = false;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/mrl_table.h"
+#include "host/mrl_table_journal.h"
 #include "hostlib/ui/table/change_reports.h"
 
 namespace mrl::table {
@@ -33,7 +34,9 @@ class CellEntry
 
     /// Enters values: skips what can't be edited, reports each changed cell once. With more than one entry each
     /// is reported with its row alone selected, the last one with the whole selection.
-    void enter(const std::vector<Entry>& entries);
+    /// @param kind what the listener of the table's journal is told. @param cells selected first, unless empty
+    void enter(const std::vector<Entry>& entries, MRL_H_TableJournalListener::Entry kind,
+               const QItemSelection& cells = {});
     /// Enters a value from an editor, which multi-editing may carry to other rows.
     void enterFromEditor(const Entry& entry);
     /// Commits an open editor through `commit`, then makes the cell so many steps further the current one.

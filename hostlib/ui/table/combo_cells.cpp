@@ -22,6 +22,7 @@ const MRL_H_TwSimpleComboBoxItem* MRL_H_TwSimpleComboBoxItem::fromItem(const QTa
 bool MRL_H_TwSimpleComboBoxItem::setCurrentId(int id)
 {
     if (m_id != id) {
+        willChange();
         m_id = id;
         valueChanged();
     }

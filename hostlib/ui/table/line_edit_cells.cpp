@@ -84,6 +84,7 @@ bool MRL_H_TwSimpleLineEditItem::assignText(const QString& text)
     if (m_text == text) {
         return false;
     }
+    willChange();
     m_text = text;
     return true;
 }
@@ -94,6 +95,7 @@ bool MRL_H_TwSimpleLineEditItem::assignNumber(double number)
     if (sameNumber(m_number, kept)) {
         return false;
     }
+    willChange();
     m_number = kept;
     return true;
 }
@@ -152,6 +154,7 @@ bool MRL_H_TwEditableComboBoxItem::setCurrentId(int id)
     const bool own = id == 0;
     m_showNext = !own;
     if (m_own != own) {
+        willChange();
         m_own = own;
         valueChanged();
     }
@@ -165,6 +168,7 @@ bool MRL_H_TwEditableComboBoxItem::assign(const QVariant& v)
     const QString text = v.toString();
     if (!text.isEmpty() && !parseNumber(text).has_value()) {
         const bool had = m_own; // a text such as "Use from Action" gives up the cell's own value
+        willChange();
         m_own = false;
         m_showNext = false;
         return had;
@@ -189,6 +193,9 @@ bool MRL_H_TwEditableComboBoxItem::assignNumber(double number)
     const bool forShow = m_showNext && !m_own;
     m_showNext = false;
     const bool becomesOwn = !forShow && !m_own && number != UNDEFINED_VALUE;
+    if (becomesOwn) {
+        willChange();
+    }
     m_own = m_own || becomesOwn;
     return MRL_H_TwSimpleLineEditItem::assignNumber(number) || becomesOwn;
 }

@@ -99,10 +99,10 @@ LayoutChange::LayoutChange(QAbstractItemModel& model) : m_model(model)
 
 LayoutChange::~LayoutChange() { emit m_model.layoutChanged({}, QAbstractItemModel::VerticalSortHint); }
 
-void permuteRows(QTableWidget& table, const std::vector<int>& order)
+bool permuteRows(QTableWidget& table, const std::vector<int>& order)
 {
     if (endMoved(order) == 0) {
-        return;
+        return false;
     }
     QAbstractItemModel& model = *table.model();
     const LayoutChange change(model);
@@ -113,19 +113,23 @@ void permuteRows(QTableWidget& table, const std::vector<int>& order)
     }
     permuteCells(table, order);
     movePersistent(model, target);
+    return true;
 }
 
-void dropRows(QTableWidget& table, const std::vector<int>& kept, const std::vector<int>& gone)
+std::vector<std::unique_ptr<QTableWidgetItem>> dropRows(QTableWidget& table, const std::vector<int>& kept,
+                                                        const std::vector<int>& gone)
 {
     QAbstractItemModel& model = *table.model();
     const int columns = table.columnCount();
     const LayoutChange change(model);
     const QSignalBlocker quiet(&model);
     std::vector<int> target(kept.size() + gone.size());
+    std::vector<std::unique_ptr<QTableWidgetItem>> taken;
+    taken.reserve(gone.size() * static_cast<std::size_t>(columns));
     for (std::size_t i = 0; i < gone.size(); ++i) {
         target[static_cast<std::size_t>(gone[i])] = static_cast<int>(kept.size() + i);
         for (int column = 0; column < columns; ++column) {
-            delete table.takeItem(gone[i], column);
+            taken.emplace_back(table.takeItem(gone[i], column));
         }
     }
     for (std::size_t i = 0; i < kept.size(); ++i) {
@@ -136,6 +140,7 @@ void dropRows(QTableWidget& table, const std::vector<int>& kept, const std::vect
         }
     }
     movePersistent(model, target);
+    return taken;
 }
 
 void moveRow(QTableWidget& table, int from, int to)

@@ -4,6 +4,7 @@
 
 #include <QTableWidget>
 
+#include <memory>
 #include <vector>
 
 namespace mrl::table {
@@ -21,12 +22,13 @@ class LayoutChange
     QAbstractItemModel& m_model;
 };
 
-/// The row `order[i]` becomes row i. One walk over the cells of the rows that move.
-void permuteRows(QTableWidget& table, const std::vector<int>& order);
+/// The row `order[i]` becomes row i. One walk over the cells of the rows that move. @return whether any moves
+bool permuteRows(QTableWidget& table, const std::vector<int>& order);
 
 /// Closes the rows that stay up over those that go, which then stand last and are empty. One walk over the
 /// cells. @param kept, gone all rows of the table, each list ascending
-void dropRows(QTableWidget& table, const std::vector<int>& kept, const std::vector<int>& gone);
+/// @return the cells of the rows that go, row by row; null where there is none
+std::vector<std::unique_ptr<QTableWidgetItem>> dropRows(QTableWidget& table, const std::vector<int>& kept, const std::vector<int>& gone);
 
 /// Moves one row for one shift of the model's cells. The caller holds a LayoutChange.
 /// @param to where the row stands afterwards

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hostlib/ui/table/cell_access.h"
+#include "hostlib/ui/table/journal.h"
 #include "hostlib/ui/table/row_moves.h"
 #include "hostlib/ui/table/sorted_rows.h"
 
@@ -72,7 +73,10 @@ void RowOrder::sortAll()
     clearUnsorted();
     m_allUnsorted = false;
     if (m_column >= 0 && m_column < m_table.columnCount() && m_table.rowCount() > 1) {
-        permuteRows(m_table, sortedRows(m_table, m_column, m_order));
+        const std::vector<int> order = sortedRows(m_table, m_column, m_order);
+        if (permuteRows(m_table, order) && m_journal != nullptr) {
+            m_journal->notePermuted(order);
+        }
     }
 }
 

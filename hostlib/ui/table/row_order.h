@@ -6,6 +6,8 @@
 
 namespace mrl::table {
 
+class Journal;
+
 /// By which column a table is sorted, and which of its rows may stand wrong.
 ///
 /// A few changed rows are moved one by one, each for one shift of the model's cells; more are sorted at once.
@@ -28,6 +30,8 @@ class RowOrder
     /// The value of a cell of the sorted column is another one.
     void noteUnsorted(MRL_H_TwItem& cell);
     void noteAllUnsorted();
+    /// Who is told of rows that move; null for nobody.
+    void setJournal(Journal* journal) { m_journal = journal; }
     /// A cell that was noted ends.
     void forget(const MRL_H_TwItem& cell);
 
@@ -49,6 +53,7 @@ class RowOrder
     void moveStrays(std::vector<Stray>& strays);
 
     QTableWidget& m_table;
+    Journal* m_journal = nullptr;
     bool m_on = false;
     int m_column = -1;
     Qt::SortOrder m_order = Qt::AscendingOrder;

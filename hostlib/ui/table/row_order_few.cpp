@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hostlib/ui/table/cell_rows.h"
+#include "hostlib/ui/table/journal.h"
 #include "hostlib/ui/table/row_moves.h"
 #include "hostlib/ui/table/row_order.h"
 
@@ -93,6 +94,9 @@ void RowOrder::moveStrays(std::vector<Stray>& strays)
             to += row < to ? 1 : 0;
         }
         moveRow(m_table, from, to);
+        if (m_journal != nullptr && from != to) {
+            m_journal->noteMoved(from, to);
+        }
         for (std::size_t j = i + 1; j < strays.size(); ++j) {
             int& row = strays[j].row;
             row -= row > from ? 1 : 0;

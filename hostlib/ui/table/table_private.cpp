@@ -1,6 +1,10 @@
 #include "hostlib/ui/table/table_private.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+#include "hostlib/ui/table/row_moves.h"
 
 namespace {
 
@@ -19,8 +23,8 @@ void installSelection(MRL_H_TableWidget& table, mrl::table::FilteredSelection& s
 
 } // namespace
 
-MRL_H_TableWidget::Private::Private(MRL_H_TableWidget& table)
-    : columns(table), order(table), changes(table, order), entry(table, changes), contextMenu(table),
+MRL_H_TableWidget::Private::Private(MRL_H_TableWidget& owner)
+    : table(owner), columns(table), order(table), changes(table, order), entry(table, changes), contextMenu(table),
       selection(new mrl::table::FilteredSelection(table)), marks(table)
 {
     installSelection(table, *selection);
@@ -37,11 +41,67 @@ MRL_H_TableWidget::Private::Private(MRL_H_TableWidget& table)
     QObject::connect(model, &QAbstractItemModel::rowsInserted, &context, [this] {
         if (!appending) {
             order.noteAllUnsorted();
+            breakJournal();
         }
     });
-    QObject::connect(model, &QAbstractItemModel::modelReset, &context, [this] { order.noteAllUnsorted(); });
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, &context, [this] {
+        if (!removing) {
+            breakJournal();
+        }
+    });
+    QObject::connect(model, &QAbstractItemModel::modelReset, &context, [this] {
+        order.noteAllUnsorted();
+        breakJournal();
+    });
     QObject::connect(model, &QAbstractItemModel::columnsInserted, &context, [this] { columns.renumber(); });
     QObject::connect(model, &QAbstractItemModel::columnsRemoved, &context, [this] { columns.renumber(); });
     table.horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     columns.renumber();
+}
+
+void MRL_H_TableWidget::Private::breakJournal()
+{
+    if (journal) {
+        journal->noteBroken();
+    }
+}
+
+mrl::table::HeldCells MRL_H_TableWidget::Private::takeRows(const std::vector<int>& rows)
+{
+    std::vector<int> kept;
+    kept.reserve(static_cast<std::size_t>(table.rowCount()) - rows.size());
+    auto next = rows.begin();
+    for (int row = 0; row < table.rowCount(); ++row) {
+        if (next != rows.end() && *next == row) {
+            ++next;
+        } else {
+            kept.push_back(row);
+        }
+    }
+    mrl::table::HeldCells cells = mrl::table::dropRows(table, kept, rows);
+    const QScopedValueRollback<bool> guard(removing, true);
+    table.model()->removeRows(static_cast<int>(kept.size()), static_cast<int>(rows.size()));
+    return cells;
+}
+
+void MRL_H_TableWidget::Private::putRows(mrl::table::HeldCells cells)
+{
+    const int columnCount = table.columnCount();
+    const int first = table.rowCount();
+    {
+        const QScopedValueRollback<bool> guard(appending, true);
+        table.setRowCount(first + static_cast<int>(cells.size()) / columnCount);
+    }
+    const QSignalBlocker quiet(table.model());
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const int row = first + static_cast<int>(i) / columnCount;
+        const int column = static_cast<int>(i) % columnCount;
+        if (MRL_H_TwItem* cell = MRL_H_TwItem::fromItem(cells[i].get())) {
+            MRL_H_TwCellAccess::row(*cell) = row;
+            MRL_H_TwCellAccess::noted(*cell) = 0;
+        }
+        if (cells[i]) {
+            table.setItem(row, column, cells[i].release()); // the table's
+        }
+    }
 }

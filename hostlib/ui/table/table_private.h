@@ -11,15 +11,24 @@
 #include "hostlib/ui/table/context_menu.h"
 #include "hostlib/ui/table/filtered_selection.h"
 #include "hostlib/ui/table/finding_marks.h"
+#include "hostlib/ui/table/journal.h"
 #include "hostlib/ui/table/row_order.h"
 
 /// The parts of a table, each with a room of its own.
 struct MRL_H_TableWidget::Private
 {
-    explicit Private(MRL_H_TableWidget& table);
+    explicit Private(MRL_H_TableWidget& owner);
 
     static Private& of(MRL_H_TableWidget& table) { return *table.d; }
 
+    /// Takes rows out of the table in one pass. @param rows ascending @return their cells
+    mrl::table::HeldCells takeRows(const std::vector<int>& rows);
+    /// Rows came or went unseen.
+    void breakJournal();
+    /// Appends rows of cells that were taken out.
+    void putRows(mrl::table::HeldCells cells);
+
+    MRL_H_TableWidget& table;
     mrl::table::Columns columns;
     mrl::table::RowOrder order;
     mrl::table::ChangeReports changes;
@@ -30,7 +39,10 @@ struct MRL_H_TableWidget::Private
     mrl::table::FilteredSelection* selection; ///< child of the table
     mrl::table::FindingMarks marks;
 
+    std::unique_ptr<mrl::table::Journal> journal; ///< null until somebody asks for it
+
     bool appending = false;         ///< appendNewRows notes its rows itself
+    bool removing = false;          ///< takeRows has emptied the rows that go
     bool openListOnRelease = false; ///< after a double click on a choice
     bool copiesHtml = false;        ///< beside the text, when copying with headers
     QObject context;                ///< ends the connections to the parts before the parts and the model end

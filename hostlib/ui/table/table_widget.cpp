@@ -12,7 +12,7 @@ namespace {
 
 /// Fills an empty row. @param makers the header of each column, null where cells have no maker
 void fillRow(MRL_H_TableWidget& table, int row, const std::vector<MRL_H_TwHeaderItem*>& makers,
-             mrl::table::RowOrder& order)
+             mrl::table::RowOrder& order, const mrl::table::Journal* journal)
 {
     for (int column = 0; column < static_cast<int>(makers.size()); ++column) {
         MRL_H_TwHeaderItem* maker = makers[static_cast<std::size_t>(column)];
@@ -21,6 +21,9 @@ void fillRow(MRL_H_TableWidget& table, int row, const std::vector<MRL_H_TwHeader
         }
         MRL_H_TwItem* cell = maker->createEmptyItem();
         MRL_H_TwCellAccess::row(*cell) = row;
+        if (journal != nullptr) {
+            journal->noteNew(*cell);
+        }
         table.setItem(row, column, cell);
         if (column == order.column()) {
             order.noteUnsorted(*cell);
@@ -116,7 +119,7 @@ void MRL_H_TableWidget::appendNewRows(int count, CreateType type)
         setRowCount(first + count);
     }
     if (type == CreateNone) {
-        return;
+        return; // the rows' empty places have made the journal give up
     }
     // The cells are new and the rows stand empty so far: nobody needs to be told of each one.
     const QSignalBlocker quiet(model());
@@ -126,7 +129,10 @@ void MRL_H_TableWidget::appendNewRows(int count, CreateType type)
     }
     // Row by row, as they are filled, moved and removed later: the cells of a row lie together in memory.
     for (int row = first; row < first + count; ++row) {
-        fillRow(*this, row, makers, d->order);
+        fillRow(*this, row, makers, d->order, d->journal.get());
+    }
+    if (d->journal) {
+        d->journal->noteCame(first, count);
     }
     viewport()->update();
 }

@@ -51,13 +51,13 @@ void MRL_H_TableWidget::pasteClipboard()
         return;
     }
     const mrl::table::Paste paste = mrl::table::plannedPaste(*this, lines);
-    if (!paste.cells.isEmpty()) {
-        selectionModel()->select(paste.cells, QItemSelectionModel::ClearAndSelect);
-    }
-    d->entry.enter(paste.entries);
+    d->entry.enter(paste.entries, MRL_H_TableJournalListener::Entry::Pasted, paste.cells);
 }
 
-void MRL_H_TableWidget::fillDown() { d->entry.enter(mrl::table::plannedFillDown(*this)); }
+void MRL_H_TableWidget::fillDown()
+{
+    d->entry.enter(mrl::table::plannedFillDown(*this), MRL_H_TableJournalListener::Entry::FilledDown);
+}
 
 void MRL_H_TableWidget::fitColumns() { resizeColumnsToContents(); }
 
@@ -87,12 +87,7 @@ void MRL_H_TableWidget::setFindingMarks(int id, int role)
 
 void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
 {
-    std::vector<int> kept;
-    kept.reserve(static_cast<std::size_t>(rowCount()));
-    std::vector<int> gone;
-    for (int row = 0; row < rowCount(); ++row) {
-        (rows.count(row) != 0 ? gone : kept).push_back(row);
-    }
+    const std::vector<int> gone(rows.lower_bound(0), rows.lower_bound(rowCount()));
     if (gone.empty()) {
         return;
     }
@@ -105,10 +100,10 @@ void MRL_H_TableWidget::removeRows(const std::set<int>& rows)
         const QSignalBlocker quiet(selectionModel());
         selectionModel()->clearSelection();
     }
-    if (!kept.empty() && kept.back() > gone.front()) {
-        mrl::table::dropRows(*this, kept, gone);
+    mrl::table::HeldCells cells = d->takeRows(gone);
+    if (d->journal) {
+        d->journal->noteWent(gone, std::move(cells));
     }
-    model()->removeRows(static_cast<int>(kept.size()), static_cast<int>(gone.size()));
     if (selectionGoes) {
         emit selectionModel()->selectionChanged({}, {});
     }
