@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "actions/actions_widget.h"
+#include "actions/host_settings.h"
 #include "actions/load_case_tab.h"
 #include "actions/row_cells.h"
 #include "host/mrl_widgets.h"
@@ -60,6 +61,9 @@ bool LCM_ActionDeletion::userAgrees() const
     for (const int code : m_used) {
         text += lcm_action_label(actionOf(code)) + QLatin1Char('\n');
     }
+    if (lcm_wants_extras()) {
+        text += QLatin1Char('\n') + m_loadCaseTab->describeLoadCasesOf(usedActions());
+    }
     return MRL_QT_MessageBox::warning(&m_tab, LCM_ActionsWidget::tr("Action used!"), text,
                                       LCM_ActionsWidget::tr("Delete"), LCM_ActionsWidget::tr("Cancel"),
                                       QString(), 0, -1) == 0;
@@ -72,16 +76,21 @@ void LCM_ActionDeletion::addUsed()
         tagCDB_LC_ACT action;
         rowOfCode.emplace(m_tab.readRow(row, action), row); // the first row of a code counts
     }
-    std::vector<tagCDB_LC_ACT> actions;
-    for (const int code : m_used) {
-        actions.push_back(actionOf(code));
-    }
-    m_loadCaseTab->removeLoadCasesOf(actions);
+    m_loadCaseTab->removeLoadCasesOf(usedActions());
     for (const int code : m_used) {
         m_codes.insert(code);
         const auto row = rowOfCode.find(code);
         m_rows.insert(row == rowOfCode.end() ? -1 : row->second);
     }
+}
+
+std::vector<tagCDB_LC_ACT> LCM_ActionDeletion::usedActions() const
+{
+    std::vector<tagCDB_LC_ACT> actions;
+    for (const int code : m_used) {
+        actions.push_back(actionOf(code));
+    }
+    return actions;
 }
 
 tagCDB_LC_ACT LCM_ActionDeletion::actionOf(int code) const

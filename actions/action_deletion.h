@@ -29,6 +29,7 @@ class LCM_ActionDeletion
     std::vector<int> rowsInSelectionOrder() const;
     bool userAgrees() const;
     void addUsed();
+    std::vector<tagCDB_LC_ACT> usedActions() const;
     tagCDB_LC_ACT actionOf(int code) const;
 
     LCM_ActionsWidget& m_tab;

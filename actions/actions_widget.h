@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "actions/tab_interface.h"
+#include "check/finding_text.h"
 #include "lcdata/values/records.h"
 
 class LCM_LoadCaseTab;
@@ -51,6 +52,10 @@ class LCM_ActionsWidget : public LCM_TabInterface
 
     /// Judges all rows anew.
     void judgeAllRows();
+    /// What a judgement of the row finds now, by column id. Shows and stores nothing.
+    LCM_ErrorList errorsOf(int row) const;
+    /// The rows have changed without a command of this tab.
+    void forgetRowCache() { m_rowCacheDirty = true; }
     MRL_LC_ActionsTable* actionsTable() const { return m_actionsTable; }
 
   signals:
@@ -90,6 +95,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
     QString cellText(int row, int column) const;
     void fillRow(int row, const tagCDB_LC_ACT& action, bool check);
     void fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& action, bool check);
+    LCM_ErrorList errorsOf(const LCM_RowCells& cells) const;
     bool checkRow(const LCM_RowCells& cells);
     void appendRow(const tagCDB_LC_ACT& action);
     void bringIntoSight(int row);

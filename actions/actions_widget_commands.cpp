@@ -5,6 +5,7 @@
 #include "actions/action_deletion.h"
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
+#include "actions/command_log.h"
 #include "actions/host_settings.h"
 #include "actions/new_action.h"
 #include "actions/new_action_dialog.h"
@@ -17,6 +18,7 @@
 
 void LCM_ActionsWidget::slot_newClicked()
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::NewAction);
     m_rowCacheDirty = true;
     modified = true;
     // Until the end of the slot: receivers of the signals find the new row last, before it sorts into place.
@@ -50,6 +52,7 @@ void LCM_ActionsWidget::bringIntoSight(int row)
 
 void LCM_ActionsWidget::slot_addAllClicked()
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::AddAllActions);
     m_rowCacheDirty = true;
     const MRL_QT_SortingBlocker sortingBlocker(table);
     for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*model)) {
@@ -67,6 +70,7 @@ void LCM_ActionsWidget::appendRow(const tagCDB_LC_ACT& action)
 
 void LCM_ActionsWidget::slot_deleteClicked()
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::DeleteActions);
     modified = true;
     LCM_ActionDeletion deletion(*this, m_loadCaseTab);
     deletion.askForUsed();
@@ -89,6 +93,7 @@ void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedR
 
 void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::ReinitialiseActions);
     m_rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
     for (const int row : rows) {

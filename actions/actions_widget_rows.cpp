@@ -8,6 +8,7 @@
 #include "actions/action_columns_setup.h"
 #include "actions/actions_table.h"
 #include "actions/actions_widget.h"
+#include "actions/command_log.h"
 #include "actions/row_cells.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
@@ -104,22 +105,29 @@ void LCM_ActionsWidget::fillRow(const LCM_RowCells& cells, const tagCDB_LC_ACT& 
     }
 }
 
+LCM_ErrorList LCM_ActionsWidget::errorsOf(int row) const { return errorsOf(LCM_RowCells(table, row)); }
+
+LCM_ErrorList LCM_ActionsWidget::errorsOf(const LCM_RowCells& cells) const
+{
+    tagCDB_LC_ACT action;
+    cells.read(action);
+    return lcm_error_list(lcm_check_action(action, *model->availabilityRecord(), lcm_active_design_code()));
+}
+
 bool LCM_ActionsWidget::checkRow(const LCM_RowCells& cells)
 {
     MRL_QT_UpdateBlocker updateBlocker(table);
     MRL_QT_SignalBlocker signalBlocker(table);
-    tagCDB_LC_ACT action;
-    cells.read(action);
-    const LCM_Findings findings =
-        lcm_check_action(action, *model->availabilityRecord(), lcm_active_design_code());
-    cells.markErrors(lcm_error_list(findings));
+    const LCM_ErrorList errors = errorsOf(cells);
+    cells.markErrors(errors);
     updateBlocker.unblock();
     signalBlocker.unblock();
-    return findings.empty();
+    return errors.empty();
 }
 
 void LCM_ActionsWidget::judgeAllRows()
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::CheckAgain);
     const MRL_QT_SignalBlocker signalBlocker(table);
     std::vector<LCM_RowCells> all; // taken first: colouring can move rows of a sorted table
     for (int row = 0; row < table->rowCount(); ++row) {

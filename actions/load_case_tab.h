@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <vector>
 
 #include "lcdata/values/records.h"
@@ -17,6 +19,8 @@ class LCM_LoadCaseTab
     virtual LCM_DataClass* workingModel() const = 0;
     /// Whether a row of the load-case table holds the action's code.
     virtual bool isActionUsed(const tagCDB_LC_ACT& action) = 0;
+    /// A line that names the load cases of actions, for a question about them.
+    virtual QString describeLoadCasesOf(const std::vector<tagCDB_LC_ACT>&) { return {}; }
     /// Removes the load cases of an action without asking.
     virtual void removeActionLoadcases(const tagCDB_LC_ACT& action) = 0;
     /// The same for several actions in turn; the load-case tab does it in one pass.

@@ -21,12 +21,17 @@ bool LCM_TabInterface::isValid() { return firstInvalidRow() < 0; }
 int LCM_TabInterface::firstInvalidRow() const
 {
     for (int row = 0; table != nullptr && row < table->rowCount(); ++row) {
-        const MRL_H_TwSimpleLineEditItem* cell = verdictCell(row);
-        if (cell == nullptr || !cell->data(ROLE_ROW_VALID).toBool()) {
+        if (!isRowValid(row)) {
             return row;
         }
     }
     return -1;
+}
+
+bool LCM_TabInterface::isRowValid(int row) const
+{
+    const MRL_H_TwSimpleLineEditItem* cell = verdictCell(row);
+    return cell != nullptr && cell->data(ROLE_ROW_VALID).toBool();
 }
 
 void LCM_TabInterface::showInvalidRow()

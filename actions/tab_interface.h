@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class LCM_CommandLog;
 class LCM_DataClass;
 class MRL_H_TableWidget;
 class MRL_H_TwSimpleLineEditItem;
@@ -33,6 +34,8 @@ class LCM_TabInterface : public QWidget
     void showInvalidRow();
     /// Stores the verdict on a row in its cell of column id 100; does nothing without such a cell.
     void setRowValid(int row, bool valid);
+    /// The stored verdict on a row.
+    bool isRowValid(int row) const;
 
     /// The table, null until the tab has built it.
     MRL_H_TableWidget* tableWidget() const { return table; }
@@ -42,6 +45,11 @@ class LCM_TabInterface : public QWidget
     int database() const { return db; }
     /// Whether the user changed something on this tab.
     bool isModified() const { return modified; }
+    /// For a change that is taken back or done again.
+    void setModified(bool isModified) { modified = isModified; }
+    /// @param log is told of the commands of this tab, null for nobody; outlives them
+    void setCommandLog(LCM_CommandLog* log) { m_commandLog = log; }
+    LCM_CommandLog* commandLog() const { return m_commandLog; }
 
   protected:
     MRL_H_TableWidget* table = nullptr;
@@ -50,6 +58,8 @@ class LCM_TabInterface : public QWidget
     bool modified = false;
 
   private:
+    LCM_CommandLog* m_commandLog = nullptr;
+
     /// @return -1 when all rows are valid
     int firstInvalidRow() const;
     MRL_H_TwSimpleLineEditItem* verdictCell(int row) const;

@@ -1,5 +1,7 @@
 #include "actions/table_helpers.h"
 
+#include <QApplication>
+
 #include "actions/row_cells.h"
 #include "lcdata/values/roles.h"
 #include "rules/action_columns.h"
@@ -31,6 +33,14 @@ std::set<int> getSelectedRows(const QTableWidget* table)
 void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_ErrorList& errors)
 {
     LCM_RowCells(table, row).markErrors(errors);
+}
+
+void lcm_commit_edit(MRL_H_TableWidget& table)
+{
+    // An open editor commits its value when the table takes the focus.
+    if (table.viewport()->isAncestorOf(QApplication::focusWidget())) {
+        table.setFocus();
+    }
 }
 
 void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid)

@@ -23,6 +23,9 @@ std::set<int> getSelectedRows(const QTableWidget* table);
 /// not shown. Writes only what changes. The caller blocks the table's signals.
 void markRowErrors(MRL_H_TableWidget* table, int row, const LCM_ErrorList& errors);
 
+/// Commits what is being typed into a cell of the table.
+void lcm_commit_edit(MRL_H_TableWidget& table);
+
 /// Stores the verdict on a row, see ROLE_ROW_VALID; does nothing without a cell for it.
 void lcm_set_row_valid(MRL_H_TableWidget* table, int row, bool valid);
 

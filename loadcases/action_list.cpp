@@ -1,5 +1,7 @@
 #include "loadcases/action_list.h"
 
+#include <algorithm>
+
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 #include "rules/load_case_row.h"
@@ -23,6 +25,12 @@ void LCM_ActionList::append(const QString& text, int id, int code, bool marker)
     m_entries.push_back({text, id, -99999});
     m_byId.emplace(id, Entry{text, code, marker});
     m_grown = true;
+}
+
+bool LCM_ActionList::isSame(const LCM_ActionList& other) const
+{
+    return std::equal(m_entries.begin(), m_entries.end(), other.m_entries.begin(), other.m_entries.end(),
+                      [](const ComboList& a, const ComboList& b) { return a.id == b.id && a.text == b.text; });
 }
 
 bool LCM_ActionList::isMarker(int id) const

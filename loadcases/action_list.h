@@ -21,6 +21,8 @@ class LCM_ActionList
     LCM_ActionList() = default;
 
     const std::list<ComboList>& entries() const { return m_entries; }
+    /// Whether it offers the same entries in the same order.
+    bool isSame(const LCM_ActionList& other) const;
     bool contains(int id) const { return m_byId.count(id) != 0; }
     bool isMarker(int id) const;
     /// The text that a cell with this id shows; null when there is no such entry.

@@ -7,11 +7,13 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "actions/host_settings.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/action_code.h"
 #include "loadcases/cell_value.h"
 #include "loadcases/loadcase_widget.h"
+#include "loadcases/numbers_line.h"
 #include "loadcases/row_actions.h"
 #include "loadcases/table_loadcases.h"
 #include "model/working_model.h"
@@ -32,13 +34,16 @@ void forgetCopies(std::vector<LCM_LoadcaseCopy>& copies, std::unordered_map<int,
 
 } // namespace
 
-bool LCM_LoadCaseDeletion::confirmed(QWidget* parent, std::size_t count)
+bool LCM_LoadCaseDeletion::confirmed(QWidget* parent, const std::set<int>& numbers, std::size_t count)
 {
-    const QString text =
+    QString text =
         count == 1
             ? LCM_LoadcaseWidget::tr("Should the selected loadcase (including all loads) really be deleted?")
             : LCM_LoadcaseWidget::tr("Should %1 selected loadcases (including all loads) really be deleted?")
                   .arg(count);
+    if (lcm_wants_extras()) {
+        text += QStringLiteral("\n\n") + lcm_numbers_line(numbers);
+    }
     return MRL_QT_MessageBox::question(parent, LCM_LoadcaseWidget::tr("Delete loadcase(s)"), text,
                                        QMessageBox::Yes, QMessageBox::No) == QMessageBox::Yes;
 }

@@ -21,8 +21,8 @@ class LCM_LoadCaseDeletion
     {
     }
 
-    /// Asks the user whether so many load cases may go.
-    static bool confirmed(QWidget* parent, std::size_t count);
+    /// Asks the user whether these load cases may go, by their number and, where the host wants it, by name.
+    static bool confirmed(QWidget* parent, const std::set<int>& numbers, std::size_t count);
     /// Removes the selected rows. Each takes one note with it, the first with its number.
     void removeSelected(std::vector<LCM_LoadcaseCopy>& copies);
     /// Removes all rows that have one of the actions. Notes of copies stay.

@@ -69,10 +69,10 @@ void LCM_LoadCaseRows::followAction(LCM_LoadCaseCells& cells, LCM_RowContext& co
     lcm_set_cell_from_action(cells[LC_COL_ACTION], true);
 }
 
-bool LCM_LoadCaseRows::judge(int row, const LCM_LoadCaseCells& cells, LCM_RowContext& context) const
+LCM_LoadCaseVerdict LCM_LoadCaseRows::verdict(const LCM_LoadCaseCells& cells, LCM_RowContext& context) const
 {
     if (!context.actions.hasTab()) {
-        return true;
+        return {};
     }
     tagCDB_LC_CTRL record{};
     record.action = m_actions.word(cells);
@@ -80,12 +80,17 @@ bool LCM_LoadCaseRows::judge(int row, const LCM_LoadCaseCells& cells, LCM_RowCon
     if (action) {
         lcm_store_factors(cells.factors(), context.setup, record);
     }
-    const LCM_LoadCaseVerdict verdict = lcm_judge_load_case(record, action, m_limits);
+    return lcm_judge_load_case(record, action, m_limits);
+}
+
+bool LCM_LoadCaseRows::judge(int row, const LCM_LoadCaseCells& cells, LCM_RowContext& context) const
+{
+    const LCM_LoadCaseVerdict result = verdict(cells, context);
     // Without an action nothing was examined, and the colours stay as they were.
-    if (action) {
-        markRowErrors(&m_table, row, lcm_error_list(verdict.findings));
+    if (context.actions.hasTab() && shownAction(cells, context)) {
+        markRowErrors(&m_table, row, lcm_error_list(result.findings));
     }
-    return verdict.valid;
+    return result.valid;
 }
 
 void LCM_LoadCaseRows::judgeAndStore(const std::set<int>& rows, LCM_RowContext& context) const

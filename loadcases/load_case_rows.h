@@ -3,6 +3,7 @@
 #include <set>
 
 #include "lcdata/values/records.h"
+#include "rules/load_case_rules.h"
 
 class LCM_RowActions;
 class LCM_LoadCaseCells;
@@ -30,6 +31,8 @@ class LCM_LoadCaseRows
     void followAction(LCM_LoadCaseCells& cells, LCM_RowContext& context);
 
     /// Judges a row, colours its cells and gives them their tool tips. The verdict isn't stored.
+    /// What a judgement finds; nothing without an actions tab. Shows nothing.
+    LCM_LoadCaseVerdict verdict(const LCM_LoadCaseCells& cells, LCM_RowContext& context) const;
     /// @return true for a valid row, and always without an actions tab
     bool judge(int row, const LCM_LoadCaseCells& cells, LCM_RowContext& context) const;
     /// Judges rows and stores the verdicts.

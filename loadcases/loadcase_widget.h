@@ -6,10 +6,12 @@
 
 #include "actions/load_case_tab.h"
 #include "actions/tab_interface.h"
+#include "check/finding_text.h"
 #include "lcdata/values/records.h"
 #include "loadcases/loadcase_copy.h"
 #include "rules/load_case_row.h"
 
+class LCM_ActionList;
 class LCM_RowActions;
 class LCM_ActionsWidget;
 class LCM_LoadCaseNumbering;
@@ -49,9 +51,18 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     /// @param numbers [out] the numbers of the selected rows
     void getSelectedLoadcases(std::set<int>& numbers);
     std::vector<LCM_LoadcaseCopy> getCopies() const;
+    /// For a change that is taken back or done again.
+    void setCopies(std::vector<LCM_LoadcaseCopy> copies) { m_copies = std::move(copies); }
+    /// What the action column offers, to be put back by offerActions. The same object until the list changes.
+    std::shared_ptr<const LCM_ActionList> offeredActions() const;
+    /// Offers these actions in the place of the present ones. Moves no row to another action.
+    void offerActions(const LCM_ActionList& actions);
+    /// The rows have changed without a command of this tab.
+    void forgetUsedActions();
 
     LCM_DataClass* workingModel() const override { return model; }
     bool isActionUsed(const tagCDB_LC_ACT& action) override;
+    QString describeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions) override;
     void removeActionLoadcases(const tagCDB_LC_ACT& action) override;
     void removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions) override;
 
@@ -66,6 +77,8 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     /// Judges all rows anew. Unlike after an edit, a valid row also loses the colours and tool tips that it got
     /// with an action which it no longer has.
     void judgeAllRows();
+    /// What a judgement of the row finds now, by column id; an action that is missing too. Shows and stores nothing.
+    LCM_ErrorList errorsOf(int row) const;
     /// The value of a cell, LC_UNDEFINED when it has none.
     float getItemVal(int row, int colId);
     QString getItemText(int row, int colId);

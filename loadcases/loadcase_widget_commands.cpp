@@ -1,12 +1,15 @@
 // The commands of the tab: new, copied and deleted load cases.
 
+#include "actions/command_log.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "lcdata/values/action_code.h"
+#include "loadcases/cell_value.h"
 #include "loadcases/load_case_creation.h"
 #include "loadcases/load_case_deletion.h"
 #include "loadcases/load_case_numbering.h"
 #include "loadcases/loadcase_widget.h"
+#include "loadcases/numbers_line.h"
 #include "loadcases/row_actions.h"
 #include "loadcases/table_loadcases.h"
 
@@ -23,6 +26,7 @@ void LCM_LoadcaseWidget::slot_copyClicked()
 
 void LCM_LoadcaseWidget::createLoadcases(bool copy)
 {
+    const LCM_CommandScope command(commandLog(), copy ? LCM_Command::CopyLoadCases : LCM_Command::NewLoadCase);
     modified = true;
     LCM_LoadCaseCreation(*this, *m_loadcaseTable, *m_numbering, m_copies).run(copy);
 }
@@ -50,11 +54,29 @@ void LCM_LoadcaseWidget::getAllLoadcases(std::set<int>& out)
 
 void LCM_LoadcaseWidget::slot_deleteClicked()
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::DeleteLoadCases);
     modified = true;
     const std::size_t count = getSelectedRows(m_loadcaseTable).size();
-    if (count > 0 && LCM_LoadCaseDeletion::confirmed(this, count)) {
+    std::set<int> numbers;
+    getSelectedLoadcases(numbers);
+    if (count > 0 && LCM_LoadCaseDeletion::confirmed(this, numbers, count)) {
         LCM_LoadCaseDeletion(*m_loadcaseTable, *model, *m_actions).removeSelected(m_copies);
     }
+}
+
+QString LCM_LoadcaseWidget::describeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)
+{
+    std::set<int> codes;
+    for (const tagCDB_LC_ACT& action : actions) {
+        codes.insert(lcm_action_code(action));
+    }
+    std::set<int> numbers;
+    for (int row = 0; row < m_loadcaseTable->rowCount(); ++row) {
+        if (codes.count(lcm_cell_id(m_loadcaseTable->itemOnColId(row, LC_COL_ACTION))) != 0) {
+            numbers.insert(m_loadcaseTable->numberOfRow(row));
+        }
+    }
+    return lcm_numbers_line(numbers);
 }
 
 void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { removeLoadCasesOf({action}); }

@@ -1,6 +1,7 @@
 // The operations on rows and cells that other code calls on the tab; the parts of the tab do the work.
 
 #include "actions/actions_widget.h"
+#include "actions/command_log.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_widgets.h"
 #include "loadcases/cell_value.h"
@@ -13,6 +14,7 @@
 #include "loadcases/row_context.h"
 #include "loadcases/table_loadcases.h"
 #include "rules/action_columns.h"
+#include "rules/load_case_rules.h"
 
 void LCM_LoadcaseWidget::fillRow(int row, const LCM_LoadcaseEntry& entry)
 {
@@ -40,6 +42,7 @@ bool LCM_LoadcaseWidget::checkRow(int row)
 
 void LCM_LoadcaseWidget::judgeAllRows()
 {
+    const LCM_CommandScope command(commandLog(), LCM_Command::CheckAgain);
     const MRL_QT_UpdateBlocker updateBlocker(m_loadcaseTable);
     const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
     LCM_RowContext context = rowContext();
@@ -50,6 +53,18 @@ void LCM_LoadcaseWidget::judgeAllRows()
         }
         setRowValid(row, valid);
     }
+}
+
+LCM_ErrorList LCM_LoadcaseWidget::errorsOf(int row) const
+{
+    LCM_RowContext context = rowContext();
+    const LCM_LoadCaseVerdict verdict =
+        m_rows->verdict(LCM_LoadCaseCells(*m_loadcaseTable, row), context);
+    LCM_ErrorList errors = lcm_error_list(verdict.findings);
+    if (!verdict.valid && errors.empty()) {
+        errors.emplace(LC_COL_ACTION, tr("The action of this load case is missing."));
+    }
+    return errors;
 }
 
 void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
@@ -125,6 +140,15 @@ void LCM_LoadcaseWidget::setActionItem(int row, int colId, int code)
         m_actions->bindAgain(cells, code);
     }
 }
+
+std::shared_ptr<const LCM_ActionList> LCM_LoadcaseWidget::offeredActions() const
+{
+    return m_actions->snapshot();
+}
+
+void LCM_LoadcaseWidget::offerActions(const LCM_ActionList& actions) { m_actions->restore(actions); }
+
+void LCM_LoadcaseWidget::forgetUsedActions() { m_actions->forgetUsed(); }
 
 LCM_LoadCaseReconciliation LCM_LoadcaseWidget::reconciliation()
 {

@@ -115,8 +115,24 @@ bool LCM_RowActions::isUsed(int id)
     return m_used->count(id) != 0;
 }
 
+std::shared_ptr<const LCM_ActionList> LCM_RowActions::snapshot()
+{
+    if (!m_snapshot) {
+        m_snapshot = std::make_shared<const LCM_ActionList>(m_list);
+    }
+    return m_snapshot;
+}
+
+void LCM_RowActions::restore(const LCM_ActionList& list)
+{
+    m_list = list;
+    show();
+    forgetUsed();
+}
+
 void LCM_RowActions::show()
 {
+    m_snapshot.reset();
     m_list.takeGrown();
     const MRL_QT_SignalBlocker signalBlocker(&m_table);
     if (auto* header =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -52,6 +53,11 @@ class LCM_RowActions
     /// @return false if its entry is the same as before; nothing was written then
     bool move(LCM_LoadCaseCells& cells, const Move& move);
 
+    /// The list as it is now, to be put back by restore. The same object until the list changes.
+    std::shared_ptr<const LCM_ActionList> snapshot();
+    /// Puts a list in the place of the present one. Writes no cell.
+    void restore(const LCM_ActionList& list);
+
     /// Whether a row is bound to the id.
     bool isUsed(int id);
     /// The rows or their actions have changed.
@@ -63,6 +69,7 @@ class LCM_RowActions
 
     TableLoadCases& m_table;
     LCM_ActionList m_list;
+    std::shared_ptr<const LCM_ActionList> m_snapshot; ///< of the present list; null while none was taken
     /// Ids that the action cells hold, while they are known; saves a walk over all rows for each question.
     std::optional<std::unordered_set<int>> m_used;
 };

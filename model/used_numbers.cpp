@@ -14,6 +14,23 @@ std::set<int>& LCM_UsedNumbers::numbers()
     return m_numbers;
 }
 
+void LCM_UsedNumbers::remove(int number)
+{
+    if (numbers().erase(number) != 0) {
+        m_removed.numbers.push_back(number);
+        m_removed.wereLast = m_numbers.empty();
+    }
+}
+
+void LCM_UsedNumbers::restore(const LCM_RemovedNumbers& removed)
+{
+    std::set<int>& known = numbers();
+    if (removed.wereLast) {
+        known.clear();
+    }
+    known.insert(removed.numbers.begin(), removed.numbers.end());
+}
+
 const std::set<int>& LCM_UsedNumbers::known()
 {
     if (numbers().empty()) {

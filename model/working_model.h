@@ -98,6 +98,10 @@ class LCM_DataClass : public QObject
     /// The same without the copy; good until the next call that changes the model.
     const std::set<int>& knownLoadCaseNumbers() { return m_usedNumbers.known(); }
     void removeUsedLoadcaseNumber(int number) { m_usedNumbers.remove(number); }
+    /// The numbers that were removed since the last call.
+    LCM_RemovedNumbers takeRemovedLoadcaseNumbers() { return m_usedNumbers.takeRemoved(); }
+    /// Puts them back.
+    void restoreUsedLoadcaseNumbers(const LCM_RemovedNumbers& removed) { m_usedNumbers.restore(removed); }
 
     /// The design code's marks; its factor fields also are the limits of the cell checks. Zero when the
     /// design code has none.
