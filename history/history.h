@@ -71,7 +71,7 @@ class LCM_History : public QObject, public LCM_CommandLog, public MRL_H_TableJou
     int m_dropped = 0;
 
     bool m_broken = false; ///< the command that runs has changed what can't be taken back
-    int m_depth = 0; ///< commands that have begun and not ended, one in the other
+    int m_depth = 0;       ///< commands that have begun and not ended, one in the other
     LCM_Command m_command = LCM_Command::Other;
     QString m_column;
     LCM_DialogState m_before;

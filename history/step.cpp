@@ -36,7 +36,10 @@ class Quiet
     }
 
   private:
-    static MRL_H_TableWidget* tableOf(const LCM_TabInterface* tab) { return tab ? tab->tableWidget() : nullptr; }
+    static MRL_H_TableWidget* tableOf(const LCM_TabInterface* tab)
+    {
+        return tab ? tab->tableWidget() : nullptr;
+    }
 
     MRL_H_TableWidget* m_actions;
     MRL_H_TableWidget* m_loadCases;
@@ -106,8 +109,8 @@ bool LCM_HistoryStep::offersOthers() const
 
 bool LCM_HistoryStep::isEmpty() const
 {
-    return !m_actions && !m_loadCases && m_tree.isEmpty() && m_freedNumbers.numbers.empty() && !offersOthers() &&
-           sameCopies(m_before.copies, m_after.copies);
+    return !m_actions && !m_loadCases && m_tree.isEmpty() && m_freedNumbers.numbers.empty() &&
+           !offersOthers() && sameCopies(m_before.copies, m_after.copies);
 }
 
 void LCM_HistoryStep::undo(const LCM_HistoryTabs& tabs)

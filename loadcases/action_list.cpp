@@ -29,8 +29,9 @@ void LCM_ActionList::append(const QString& text, int id, int code, bool marker)
 
 bool LCM_ActionList::isSame(const LCM_ActionList& other) const
 {
-    return std::equal(m_entries.begin(), m_entries.end(), other.m_entries.begin(), other.m_entries.end(),
-                      [](const ComboList& a, const ComboList& b) { return a.id == b.id && a.text == b.text; });
+    return std::equal(
+        m_entries.begin(), m_entries.end(), other.m_entries.begin(), other.m_entries.end(),
+        [](const ComboList& a, const ComboList& b) { return a.id == b.id && a.text == b.text; });
 }
 
 bool LCM_ActionList::isMarker(int id) const

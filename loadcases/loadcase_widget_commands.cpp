@@ -26,7 +26,8 @@ void LCM_LoadcaseWidget::slot_copyClicked()
 
 void LCM_LoadcaseWidget::createLoadcases(bool copy)
 {
-    const LCM_CommandScope command(commandLog(), copy ? LCM_Command::CopyLoadCases : LCM_Command::NewLoadCase);
+    const LCM_CommandScope command(commandLog(),
+                                   copy ? LCM_Command::CopyLoadCases : LCM_Command::NewLoadCase);
     modified = true;
     LCM_LoadCaseCreation(*this, *m_loadcaseTable, *m_numbering, m_copies).run(copy);
 }

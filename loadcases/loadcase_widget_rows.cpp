@@ -58,8 +58,7 @@ void LCM_LoadcaseWidget::judgeAllRows()
 LCM_ErrorList LCM_LoadcaseWidget::errorsOf(int row) const
 {
     LCM_RowContext context = rowContext();
-    const LCM_LoadCaseVerdict verdict =
-        m_rows->verdict(LCM_LoadCaseCells(*m_loadcaseTable, row), context);
+    const LCM_LoadCaseVerdict verdict = m_rows->verdict(LCM_LoadCaseCells(*m_loadcaseTable, row), context);
     LCM_ErrorList errors = lcm_error_list(verdict.findings);
     if (!verdict.valid && errors.empty()) {
         errors.emplace(LC_COL_ACTION, tr("The action of this load case is missing."));

@@ -1,6 +1,8 @@
 #include "manager/loadcase_manager.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTabWidget>
 
@@ -12,9 +14,10 @@
 #include "host/mrl_lib.h"
 #include "host/mrl_textlist.h"
 #include "loadcases/loadcase_widget.h"
-#include "manager/check_again.h"
 #include "manager/control_struct.h"
 #include "manager/entry_points.h"
+#include "manager/extras.h"
+#include "manager/leaving.h"
 
 namespace {
 
@@ -66,9 +69,12 @@ int LoadcaseManager::createContents(QBoxLayout* layout)
     setCaption(tr("Marlavon: Loadcase Manager"));
     createTabs();
     if (lcm_wants_extras()) {
-        lcm_add_check_again(this, m_actions, m_loadCases);
+        createExtras(layout);
     }
     layout->addWidget(m_tabs, 1);
+    if (m_extras) {
+        layout->addWidget(m_extras->findingsList());
+    }
     mrl_cdb_use(m_db, 0);
     mrl_dlib_ini_switch(m_db);
     addInfoLine(layout);
@@ -78,6 +84,12 @@ int LoadcaseManager::createContents(QBoxLayout* layout)
         m_tabs->setCurrentWidget(m_actions);
     }
     return 1;
+}
+
+void LoadcaseManager::createExtras(QBoxLayout* layout)
+{
+    m_extras = std::make_unique<LCM_Extras>(this, LCM_HistoryTabs{m_actions, m_loadCases, m_tabs});
+    layout->addWidget(m_extras.get());
 }
 
 void LoadcaseManager::createTabs()
@@ -140,6 +152,9 @@ void LoadcaseManager::initContents()
     if (m_loadCases) {
         m_loadCases->fillTable();
         m_loadCases->selectLoadcases(m_control->loadCases);
+    }
+    if (m_extras) {
+        m_extras->start();
     }
     if (!m_actions || m_actions->hasFactorColumns()) {
         return;
@@ -215,4 +230,46 @@ void LoadcaseManager::showHelp()
 
 void LoadcaseManager::slot_tabChanged(int) {}
 
-void LoadcaseManager::slot_deleteUnusedLoadcases() { done(MRL_LC_DELETE_UNUSED); }
+void LoadcaseManager::slot_deleteUnusedLoadcases()
+{
+    if (mayLoseSteps()) {
+        done(MRL_LC_DELETE_UNUSED);
+    }
+}
+
+bool LoadcaseManager::mayLoseSteps() { return !m_extras || lcm_may_lose(this, m_extras->stepCount()); }
+
+void LoadcaseManager::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel) && !mayLoseSteps()) {
+        event->accept();
+        return;
+    }
+    MRL_H_Dialog::keyPressEvent(event);
+}
+
+void LoadcaseManager::closeEvent(QCloseEvent* event)
+{
+    if (!mayLoseSteps()) {
+        event->ignore();
+        return;
+    }
+    MRL_H_Dialog::closeEvent(event);
+}
+
+void LoadcaseManager::showEvent(QShowEvent* event)
+{
+    MRL_H_Dialog::showEvent(event);
+    auto* buttons = m_extras ? findChild<MRL_QT_Ok*>(QStringLiteral("buttons")) : nullptr;
+    if (!buttons || event->spontaneous()) {
+        return;
+    }
+    // The base connects the button to reject(), which stays unconditional for those who call it.
+    QPushButton* cancel = buttons->cmdCancel();
+    cancel->disconnect(this);
+    connect(cancel, &QPushButton::clicked, this, [this] {
+        if (mayLoseSteps()) {
+            reject();
+        }
+    });
+}

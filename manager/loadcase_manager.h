@@ -3,6 +3,7 @@
 #include "host/mrl_framework.h"
 
 class LCM_ActionsWidget;
+class LCM_Extras;
 class LCM_LoadcaseWidget;
 class LCM_TabInterface;
 class QTabWidget;
@@ -35,12 +36,18 @@ class LoadcaseManager : public MRL_H_Dialog
     void saveContents() override;
     void noOpHook() override;
     void showHelp() override;
+    /// Esc and the window's close button ask before steps are lost, where the host wants it.
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void createTabs();
     void createActionsTab();
     void createLoadCaseTab();
     void addInfoLine(QBoxLayout* layout);
+    void createExtras(QBoxLayout* layout);
+    bool mayLoseSteps();
     QString infoText() const;
     bool refuseInvalid(LCM_TabInterface* tab);
     bool takeSelectedLoadCases();
@@ -50,4 +57,6 @@ class LoadcaseManager : public MRL_H_Dialog
     LCM_LoadcaseWidget* m_loadCases = nullptr; ///< null without a load-case tab
     MRL_LC_CtrlStruct* m_control;
     int m_db;
+    /// Null unless the host wants more than the plain form. Child of this, but it ends before the tabs.
+    std::unique_ptr<LCM_Extras> m_extras;
 };

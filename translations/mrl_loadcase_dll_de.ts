@@ -181,6 +181,232 @@ Die Einwirkungen sind:
     </message>
 </context>
 <context>
+    <name>LCM_Extras</name>
+    <message>
+        <source>Actions</source>
+        <translation>Einwirkungen</translation>
+    </message>
+    <message>
+        <source>Load cases</source>
+        <translation>Lastfälle</translation>
+    </message>
+    <message>
+        <source>Nothing to undo</source>
+        <translation>Nichts rückgängig zu machen</translation>
+    </message>
+    <message>
+        <source>Undo: %1 (Ctrl+Z)</source>
+        <translation>Rückgängig: %1 (Strg+Z)</translation>
+    </message>
+    <message>
+        <source>Nothing to redo</source>
+        <translation>Nichts wiederherzustellen</translation>
+    </message>
+    <message>
+        <source>Redo: %1 (Ctrl+Y)</source>
+        <translation>Wiederherstellen: %1 (Strg+Y)</translation>
+    </message>
+    <message>
+        <source>The oldest steps were dropped: %1</source>
+        <translation>Die ältesten Schritte wurden verworfen: %1</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Hidden rows: %1</source>
+        <translation>Ausgeblendete Zeilen: %1</translation>
+    </message>
+    <message>
+        <source>Findings (%1)</source>
+        <translation>Befunde (%1)</translation>
+    </message>
+    <message>
+        <source>No findings</source>
+        <translation>Keine Befunde</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Find (Ctrl+F)</source>
+        <translation>Suchen (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Finds as you type, in all columns; F3 finds the next one</source>
+        <translation>Sucht beim Tippen in allen Spalten; F3 sucht weiter</translation>
+    </message>
+    <message>
+        <source>Find next</source>
+        <translation>Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find previous</source>
+        <translation>Rückwärts suchen</translation>
+    </message>
+    <message>
+        <source>Filter: text, &gt;1.0, =Q_B</source>
+        <translation>Filter: Text, &gt;1.0, =Q_B</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Hides the rows without a match. Hidden rows are never selected, filled or deleted, but they are saved and checked.</source>
+        <translation>Blendet die Zeilen ohne Treffer aus. Ausgeblendete Zeilen werden nie markiert, ausgefüllt oder gelöscht, aber gespeichert und geprüft.</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>All rows</source>
+        <translation>Alle Zeilen</translation>
+    </message>
+    <message>
+        <source>Findings only</source>
+        <translation>Nur Befunde</translation>
+    </message>
+    <message>
+        <source>Changed only</source>
+        <translation>Nur Geänderte</translation>
+    </message>
+    <message>
+        <source>Lists the findings; F8 goes to the next one, Shift+F8 back</source>
+        <translation>Listet die Befunde; F8 geht zum nächsten, Umschalt+F8 zurück</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Erneut prüfen</translation>
+    </message>
+    <message>
+        <source>Judges all rows of both tabs anew (F5)</source>
+        <translation>Beurteilt alle Zeilen beider Register neu (F5)</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>Befunde</translation>
+    </message>
+    <message>
+        <source>Next finding</source>
+        <translation>Nächster Befund</translation>
+    </message>
+    <message>
+        <source>Previous finding</source>
+        <translation>Voriger Befund</translation>
+    </message>
+    <message>
+        <source>The reason is gone. &quot;Check again&quot; (F5) judges the row anew.</source>
+        <translation>Der Grund besteht nicht mehr. „Erneut prüfen“ (F5) beurteilt die Zeile neu.</translation>
+    </message>
+    <message>
+        <source>%1 (not shown)</source>
+        <translation>%1 (nicht sichtbar)</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>Action %1</source>
+        <translation>Einwirkung %1</translation>
+    </message>
+    <message>
+        <source>Load case %1</source>
+        <translation>Lastfall %1</translation>
+    </message>
+    <message>
+        <source>One step has not been saved and would be lost.</source>
+        <translation>Ein Schritt ist nicht gespeichert und ginge verloren.</translation>
+    </message>
+    <message>
+        <source>%1 steps have not been saved and would be lost.</source>
+        <translation>%1 Schritte sind nicht gespeichert und gingen verloren.</translation>
+    </message>
+    <message>
+        <source>Leave without saving?</source>
+        <translation>Ohne Speichern verlassen?</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_History</name>
+    <message>
+        <source>Input</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Fill down</source>
+        <translation>Nach unten ausfüllen</translation>
+    </message>
+    <message>
+        <source>New action</source>
+        <translation>Neue Einwirkung</translation>
+    </message>
+    <message>
+        <source>Add all actions</source>
+        <translation>Alle Einwirkungen hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete actions</source>
+        <translation>Einwirkungen löschen</translation>
+    </message>
+    <message>
+        <source>Reinitialise actions</source>
+        <translation>Einwirkungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>New load case</source>
+        <translation>Neuer Lastfall</translation>
+    </message>
+    <message>
+        <source>Copy load cases</source>
+        <translation>Lastfälle kopieren</translation>
+    </message>
+    <message>
+        <source>Delete load cases</source>
+        <translation>Lastfälle löschen</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Erneut prüfen</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2 rows)</source>
+        <translation>%1 (%2 Zeilen)</translation>
+    </message>
+</context>
+<context>
     <name>LCM_LoadcaseNumberDialog</name>
     <message>
         <source>Target loadcase number</source>
@@ -377,6 +603,18 @@ Die Einwirkungen sind:
         <source>Use from Action</source>
         <translation>Von der Einwirkung übernehmen</translation>
     </message>
+    <message>
+        <source>The action of this load case is missing.</source>
+        <translation>Die Einwirkung dieses Lastfalls fehlt.</translation>
+    </message>
+    <message>
+        <source>Load case %1</source>
+        <translation>Lastfall %1</translation>
+    </message>
+    <message>
+        <source>%1 load cases: %2</source>
+        <translation>%1 Lastfälle: %2</translation>
+    </message>
 </context>
 <context>
     <name>LCM_ProjectCheck</name>
@@ -495,10 +733,6 @@ Bitte prüfen Sie Ihre Eingaben im Überlagerungs-Manager und passen Sie sie nö
     <message>
         <source>Please select exactly one loadcase!</source>
         <translation>Bitte wählen Sie genau einen Lastfall aus!</translation>
-    </message>
-    <message>
-        <source>Check again</source>
-        <translation>Neu prüfen</translation>
     </message>
 </context>
 <context>

@@ -74,8 +74,9 @@ TEST_F(History, TakesAPasteBackWithVerdictsColoursAndToolTips)
     EXPECT_FALSE(tabs->actions->isValid());
     EXPECT_EQ(snapshotOf(parts).mid(2), after.mid(2));
     history->undo();
-    EXPECT_EQ(tabs->actions->tableWidget()->itemOnColId(tabs->actionRow(codeOf("Q")), ACT_COL_GAMF)->toolTip(),
-              QString());
+    EXPECT_EQ(
+        tabs->actions->tableWidget()->itemOnColId(tabs->actionRow(codeOf("Q")), ACT_COL_GAMF)->toolTip(),
+        QString());
     EXPECT_NE(before, after);
 }
 

@@ -11,8 +11,8 @@
 
 #include "actions/table_helpers.h"
 #include "history/history.h"
-#include "loadcases/action_list.h"
 #include "host/mrl_widgets.h"
+#include "loadcases/action_list.h"
 #include "tests/history/snapshot.h"
 #include "tests/loadcases/load_cases_fixture.h"
 
@@ -48,7 +48,8 @@ class Answerer
         if (name && m_random() % 2 == 0) {
             auto* radio = window->findChildren<QRadioButton*>().at(1);
             QTest::mouseClick(radio, Qt::LeftButton, {}, QPoint(8, radio->height() / 2));
-            QTest::keyClicks(name, QString(QChar(ushort('A' + m_random() % 20))) + QString::number(m_random() % 10));
+            QTest::keyClicks(name, QString(QChar(ushort('A' + m_random() % 20))) +
+                                       QString::number(m_random() % 10));
         }
         QTest::keyClick(window, m_random() % 5 == 0 ? Qt::Key_Escape : Qt::Key_Return);
         if (window->isVisible()) {
@@ -139,8 +140,8 @@ class Person
 
     MRL_H_TableWidget* anyTable()
     {
-        LCM_TabInterface* tab =
-            below(2) ? static_cast<LCM_TabInterface*>(m_tabs.actions) : static_cast<LCM_TabInterface*>(m_tabs.lc);
+        LCM_TabInterface* tab = below(2) ? static_cast<LCM_TabInterface*>(m_tabs.actions)
+                                         : static_cast<LCM_TabInterface*>(m_tabs.lc);
         m_parts.pages->setCurrentWidget(tab);
         return tab->tableWidget();
     }

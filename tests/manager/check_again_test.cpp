@@ -64,7 +64,7 @@ TEST_F(CheckAgain, TakesTheColoursOfAnActionFromALoadCaseThatWasGivenNone)
 {
     wantExtras(1);
     MRL_LC_CtrlStruct control;
-    run(control, [](QWidget* dialog) {
+    run(control, [this](QWidget* dialog) {
         giveNone(dialog, 2);
         ASSERT_TRUE(isRed(dialog, 2)) << "a load case without an action isn't examined";
         QTest::keyClick(dialog, Qt::Key_F5);
@@ -72,6 +72,7 @@ TEST_F(CheckAgain, TakesTheColoursOfAnActionFromALoadCaseThatWasGivenNone)
         EXPECT_EQ(cell(dialog, 2, LC_COL_GAMF)->toolTip(), QString());
         EXPECT_TRUE(isRed(dialog, 1)) << "what is wrong stays red";
         EXPECT_FALSE(loadCaseTab(dialog)->isValid());
+        answers.click("Discard");
         pressCancel(dialog);
     });
 }
@@ -80,7 +81,7 @@ TEST_F(CheckAgain, JudgesWhatIsStillBeingTyped)
 {
     wantExtras(1);
     MRL_LC_CtrlStruct control;
-    run(control, [](QWidget* dialog) {
+    run(control, [this](QWidget* dialog) {
         tabsOf(dialog)->setCurrentWidget(actionsTab(dialog));
         MRL_H_TableWidget* table = actionsTab(dialog)->tableWidget();
         const int row = rowOf(table, ACT_COL_ACTION, "G");
@@ -90,6 +91,7 @@ TEST_F(CheckAgain, JudgesWhatIsStillBeingTyped)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
         EXPECT_FALSE(isRed(dialog, 1));
         EXPECT_TRUE(loadCaseTab(dialog)->isValid());
+        answers.click("Discard");
         pressCancel(dialog);
     });
 }

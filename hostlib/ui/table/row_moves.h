@@ -28,7 +28,8 @@ bool permuteRows(QTableWidget& table, const std::vector<int>& order);
 /// Closes the rows that stay up over those that go, which then stand last and are empty. One walk over the
 /// cells. @param kept, gone all rows of the table, each list ascending
 /// @return the cells of the rows that go, row by row; null where there is none
-std::vector<std::unique_ptr<QTableWidgetItem>> dropRows(QTableWidget& table, const std::vector<int>& kept, const std::vector<int>& gone);
+std::vector<std::unique_ptr<QTableWidgetItem>> dropRows(QTableWidget& table, const std::vector<int>& kept,
+                                                        const std::vector<int>& gone);
 
 /// Moves one row for one shift of the model's cells. The caller holds a LayoutChange.
 /// @param to where the row stands afterwards

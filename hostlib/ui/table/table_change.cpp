@@ -48,7 +48,8 @@ std::vector<int> lastRowsTo(const std::vector<int>& rows, int count)
 
 TableChange::TableChange(MRL_H_TableWidget& table, Cells cells, std::vector<RowEvent> events, int before,
                          int after)
-    : m_table(&table), m_cells(std::move(cells)), m_events(std::move(events)), m_before(before), m_after(after)
+    : m_table(&table), m_cells(std::move(cells)), m_events(std::move(events)), m_before(before),
+      m_after(after)
 {
 }
 

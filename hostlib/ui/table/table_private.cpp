@@ -24,8 +24,8 @@ void installSelection(MRL_H_TableWidget& table, mrl::table::FilteredSelection& s
 } // namespace
 
 MRL_H_TableWidget::Private::Private(MRL_H_TableWidget& owner)
-    : table(owner), columns(table), order(table), changes(table, order), entry(table, changes), contextMenu(table),
-      selection(new mrl::table::FilteredSelection(table)), marks(table)
+    : table(owner), columns(table), order(table), changes(table, order), entry(table, changes),
+      contextMenu(table), selection(new mrl::table::FilteredSelection(table)), marks(table)
 {
     installSelection(table, *selection);
     // Qt's own way of reporting goes through the model for each cell, searches the cells for the item that
