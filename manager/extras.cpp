@@ -180,7 +180,8 @@ void LCM_Extras::applyFilter()
         lcm_commit_edit(*tab->tableWidget());
         std::set<int> changed;
         if (kind == ChangedOnly && m_history) {
-            changed = tab == m_tabs.actions ? m_history->changedActionRows() : m_history->changedLoadCaseRows();
+            changed =
+                tab == m_tabs.actions ? m_history->changedActionRows() : m_history->changedLoadCaseRows();
         }
         if (filter.isEmpty() && kind == AllRows) {
             table->setRowFilter(nullptr);

@@ -88,8 +88,8 @@ void LCM_Extras::createHistoryButtons(QLayout* layout)
     });
     createCommand(tr("Undo"), {QKeySequence(Qt::CTRL + Qt::Key_Z)}, "undo", &LCM_Extras::undoStep);
     createCommand(tr("Redo"),
-                  {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)}, "redo",
-                  &LCM_Extras::redoStep);
+                  {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)},
+                  "redo", &LCM_Extras::redoStep);
 }
 
 void LCM_Extras::createSearch(QLayout* layout)
@@ -123,8 +123,9 @@ void LCM_Extras::createFilter(QLayout* layout)
     m_filter->setObjectName(QStringLiteral("line_filter"));
     m_filter->setPlaceholderText(tr("Filter: text, >1.0, =Q_B"));
     m_filter->setAccessibleName(tr("Filter"));
-    m_filter->setToolTip(tr("Hides the rows without a match. Hidden rows are never selected, filled or deleted, "
-                            "but they are saved and checked."));
+    m_filter->setToolTip(
+        tr("Hides the rows without a match. Hidden rows are never selected, filled or deleted, "
+           "but they are saved and checked."));
     m_filter->setClearButtonEnabled(true);
     m_filter->setMinimumWidth(LEAST_FIELD);
     m_filter->installEventFilter(this);

@@ -60,6 +60,7 @@ std::vector<LCM_ShownFinding> lcm_shown_findings(LCM_ActionsWidget* actions, LCM
     addTab(
         actions, [](const QString& name) { return LCM_Extras::tr("Action %1").arg(name); }, findings);
     addTab(
-        loadCases, [](const QString& number) { return LCM_Extras::tr("Load case %1").arg(number); }, findings);
+        loadCases, [](const QString& number) { return LCM_Extras::tr("Load case %1").arg(number); },
+        findings);
     return findings;
 }

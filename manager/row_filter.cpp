@@ -26,7 +26,11 @@ LCM_RowFilter::LCM_RowFilter(const QString& wish)
     {
         const char* sign;
         Kind kind;
-    } signs[] = {{">=", Kind::AtLeast}, {"<=", Kind::AtMost}, {">", Kind::Above}, {"<", Kind::Below}, {"=", Kind::Equals}};
+    } signs[] = {{">=", Kind::AtLeast},
+                 {"<=", Kind::AtMost},
+                 {">", Kind::Above},
+                 {"<", Kind::Below},
+                 {"=", Kind::Equals}};
     m_text = wish.trimmed();
     for (const auto& [sign, kind] : signs) {
         if (m_text.startsWith(QLatin1String(sign))) {

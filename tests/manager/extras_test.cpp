@@ -188,7 +188,8 @@ TEST_F(Extras, ADeletionTellsTheNumbers)
         press(loadCaseTab(dialog), "Delete");
         pressCancel(dialog);
     });
-    EXPECT_EQ(box(0).text, "Should 2 selected loadcases (including all loads) really be deleted?\n\n2 load cases: 1-2");
+    EXPECT_EQ(box(0).text,
+              "Should 2 selected loadcases (including all loads) really be deleted?\n\n2 load cases: 1-2");
 }
 
 TEST_F(Extras, FindsAsOneTypesAndF3GoesOn)
@@ -350,13 +351,14 @@ namespace {
 QStringList nameless(QAccessibleInterface* control)
 {
     QStringList found;
-    const QSet<QAccessible::Role> roles{QAccessible::Table,    QAccessible::List,       QAccessible::EditableText,
-                                        QAccessible::ComboBox, QAccessible::PushButton, QAccessible::CheckBox,
-                                        QAccessible::ButtonMenu};
+    const QSet<QAccessible::Role> roles{
+        QAccessible::Table,      QAccessible::List,     QAccessible::EditableText, QAccessible::ComboBox,
+        QAccessible::PushButton, QAccessible::CheckBox, QAccessible::ButtonMenu};
     const QWidget* widget = qobject_cast<QWidget*>(control->object());
     if (widget && widget->isVisible() && roles.contains(control->role()) &&
         control->text(QAccessible::Name).isEmpty()) {
-        found << QStringLiteral("%1 %2").arg(QLatin1String(widget->metaObject()->className()), widget->objectName());
+        found << QStringLiteral("%1 %2").arg(QLatin1String(widget->metaObject()->className()),
+                                             widget->objectName());
     }
     // The cells of tables are not walked.
     for (int i = 0; control->role() != QAccessible::Table && i < control->childCount(); ++i) {

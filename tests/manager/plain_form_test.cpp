@@ -15,14 +15,15 @@ namespace mrl::test {
 
 namespace {
 
-const char* const TEXTS[] = {"text",     "title",          "windowTitle",          "toolTip", "placeholderText",
-                             "shortcut", "accessibleName", "accessibleDescription"};
+const char* const TEXTS[] = {
+    "text",     "title",          "windowTitle",          "toolTip", "placeholderText",
+    "shortcut", "accessibleName", "accessibleDescription"};
 
 /// One line: class, name and texts.
 QString lineOf(const QObject& object)
 {
-    QString line = QStringLiteral("%1 '%2'").arg(QLatin1String(object.metaObject()->className()),
-                                                 object.objectName());
+    QString line =
+        QStringLiteral("%1 '%2'").arg(QLatin1String(object.metaObject()->className()), object.objectName());
     for (const char* name : TEXTS) {
         const QString text = object.property(name).toString();
         if (!text.isEmpty()) {
@@ -62,8 +63,8 @@ void addTree(const QObject& object, int depth, QStringList& lines)
 
 void addMetaObject(const QMetaObject& meta, QStringList& lines)
 {
-    lines << QStringLiteral("class %1 : %2").arg(QLatin1String(meta.className()),
-                                                 QLatin1String(meta.superClass()->className()));
+    lines << QStringLiteral("class %1 : %2")
+                 .arg(QLatin1String(meta.className()), QLatin1String(meta.superClass()->className()));
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         const QMetaMethod method = meta.method(i);
         lines << QStringLiteral("  %1 %2 %3")
@@ -120,8 +121,8 @@ TEST_F(PlainForm, IsAsItWasRecorded)
          {&LCM_TabInterface::staticMetaObject, &LCM_ActionsWidget::staticMetaObject,
           &LCM_LoadcaseWidget::staticMetaObject, &TableLoadCases::staticMetaObject,
           &MRL_LC_ActionsTable::staticMetaObject, &MRL_LC_AddNewActionDialog::staticMetaObject,
-          &LCM_LoadcaseNumberDialog::staticMetaObject, &MySlider::staticMetaObject, &MyDelegate::staticMetaObject,
-          &LoadcaseManager::staticMetaObject}) {
+          &LCM_LoadcaseNumberDialog::staticMetaObject, &MySlider::staticMetaObject,
+          &MyDelegate::staticMetaObject, &LoadcaseManager::staticMetaObject}) {
         addMetaObject(*meta, m_lines);
     }
     const QStringList recorded = linesOf(QStringLiteral(MRL_PLAIN_FORM));
