@@ -80,6 +80,17 @@ TEST_F(ChangedUnderneath, FileThatWasPutInItsPlaceIsTold)
     expectRefused("the file was moved, deleted or replaced while it was open");
 }
 
+TEST_F(ChangedUnderneath, FileThatIsReplacedInTheMiddleOfATransactionIsTold)
+{
+    write(folder / "other.cdb", backup);
+    mrl::cdb::Transaction transaction(db);
+    EXPECT_EQ(putText(db, 12, 50, "ours"), CD_OK);
+    std::filesystem::rename(folder / "other.cdb", file);
+    EXPECT_THAT(transaction.commit().text,
+                HasSubstr("the file was moved, deleted or replaced while it was open"));
+    EXPECT_TRUE(contentOf(file) == backup);
+}
+
 TEST_F(ChangedUnderneath, FileWithAnotherNameIsNotWritten)
 {
     std::filesystem::create_hard_link(file, folder / "b.cdb");

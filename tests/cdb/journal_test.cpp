@@ -112,6 +112,19 @@ TEST_F(Journals, MissingOneIsTold)
     EXPECT_TRUE(contentOf(crashed) == half);
 }
 
+TEST_F(Journals, DamagedOneOfTheFileBehindALinkIsTold)
+{
+    const Folder links;
+    std::filesystem::create_symlink(crashed, links / "link.cdb");
+    write(journal, whole.substr(0, whole.size() / 2));
+    for (const auto& opened :
+         {mrl::cdb::open(links / "link.cdb"), mrl::cdb::openReadOnly(links / "link.cdb")}) {
+        EXPECT_FALSE(opened);
+        EXPECT_THAT(opened.result.text, HasSubstr(journal + ", which a crashed program left, is damaged"));
+    }
+    EXPECT_TRUE(contentOf(crashed) == half);
+}
+
 /// A journal whose first byte is zero counts as never completed.
 TEST_F(Journals, OneThatLostItsFirstByteIsTold)
 {

@@ -5,6 +5,7 @@
 #include <random>
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include "cdb/fixture.h"
@@ -91,6 +92,63 @@ TEST_F(Processes, TwoThatWriteLoseNothing)
     EXPECT_EQ(walkUp(db, 12, 0).size(), 2u * rounds);
     EXPECT_TRUE(mrl::cdb::integrityCheck(db));
     mrl::cdb::close(db);
+}
+
+/// A reader that may not write beside the file sees no state that is older than what was told, and no false damage.
+TEST_F(Processes, ReaderWithoutRightsSeesWholeAndNewestStates)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can give up its rights";
+    }
+    constexpr int RECORDS = 40;
+    const auto writeAll = [](int db, int generation) {
+        mrl::cdb::Transaction transaction(db);
+        for (int i = 1; i <= RECORDS; ++i) {
+            putText(db, 12, i, std::to_string(generation));
+        }
+        return static_cast<bool>(transaction.commit());
+    };
+    chmod(file.c_str(), 0644);
+    chmod(folder.name().c_str(), 0755);
+    const SharedNumber told;
+    const SharedNumber stop;
+    const pid_t writer = startProcess([&] {
+        const int db = mrl::cdb::open(file).db;
+        for (int generation = 1; *stop == 0; ++generation) {
+            if (!writeAll(db, generation)) {
+                return 1;
+            }
+            *told = generation;
+        }
+        return 0;
+    });
+    const pid_t reader = startProcess([&] {
+        if (setgid(65534) != 0 || setuid(65534) != 0) {
+            return 99;
+        }
+        for (int round = 0; round < 180; ++round) {
+            const int before = *told;
+            const auto opened = mrl::cdb::openReadOnly(file);
+            if (!opened) {
+                // It may say that it can't, but not that the file is damaged.
+                const auto code = opened.result.code;
+                if (code == mrl::cdb::Code::Corrupt || code == mrl::cdb::Code::Checksum) {
+                    return 2;
+                }
+                continue;
+            }
+            mrl::cdb::setLockWait(opened.db, 60000);
+            const std::string text = getText(opened.db, 12, 1);
+            if (before > 0 && (text.front() == '<' || std::stoi(text) < before)) {
+                return 3;
+            }
+            mrl::cdb::close(opened.db);
+        }
+        return 0;
+    });
+    EXPECT_EQ(waitFor(reader), 0);
+    *stop = 1;
+    EXPECT_EQ(waitFor(writer), 0);
 }
 
 TEST_F(Processes, OneThatReadsSeesWholeTransactionsOfTheOther)
