@@ -36,6 +36,7 @@ enum class LCM_Rule : int {
     NewNameAlreadyUsed,
     // A project.
     DesignCodeUnreadable,
+    DesignCodeNotAsKept,
     ActionNameReserved,
     ActionWithoutName,
     ActionNameDiffersFromKey,
@@ -79,6 +80,7 @@ inline constexpr std::array<std::pair<LCM_Rule, const char*>, 37> LCM_RULE_IDS{{
     {LCM_Rule::NewNameBeginsWithY, "new-name-begins-with-y"},
     {LCM_Rule::NewNameAlreadyUsed, "new-name-already-used"},
     {LCM_Rule::DesignCodeUnreadable, "design-code-unreadable"},
+    {LCM_Rule::DesignCodeNotAsKept, "design-code-not-as-kept"},
     {LCM_Rule::ActionNameReserved, "action-name-reserved"},
     {LCM_Rule::ActionWithoutName, "action-without-name"},
     {LCM_Rule::ActionNameDiffersFromKey, "action-name-differs-from-key"},

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "hostlib/data/designcode/kept.h"
 #include "hostlib/ui/framework/failure_text.h"
 #include "hostlib/ui/framework/project_document.h"
 #include "lcdata/default_actions.h"
@@ -18,6 +19,11 @@ QString fill(int db, const NewProject& wish)
     cdb::Transaction transaction(db);
     if (const auto named = cdb::setFact(db, "designcode", wish.designCode.toStdString()); !named) {
         return ui::failureText(named);
+    }
+    if (const designcode::Loaded loaded = designcode::ofDatabase(db); loaded.code) {
+        if (const auto kept = designcode::keep(db, *loaded.code); !kept) {
+            return ui::failureText(kept);
+        }
     }
     if (!lcm_write_system(db, lcm_raw_system(wish.systemClass), wish.gravity)) {
         return ui::failureText(cdb::stickyError(db));

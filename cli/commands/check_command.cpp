@@ -4,6 +4,7 @@
 #include "cli/finding.h"
 #include "cli/project.h"
 #include "hostlib/data/designcode/designcode.h"
+#include "hostlib/data/designcode/kept.h"
 
 namespace mrl::cli {
 
@@ -41,6 +42,11 @@ LCM_Findings findingsOf(int db)
                                            0,
                                            0,
                                            {QString::fromStdString(loaded.reason)}});
+    }
+    if (const designcode::KeptReport kept = designcode::keptReport(db); !kept.text.empty()) {
+        findings.insert(
+            findings.begin(),
+            {LCM_Rule::DesignCodeNotAsKept, LCM_Subject::Project, 0, 0, {QString::fromStdString(kept.text)}});
     }
     return findings;
 }

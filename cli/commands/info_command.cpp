@@ -2,6 +2,7 @@
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
 #include "cli/project.h"
+#include "hostlib/data/designcode/kept.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
@@ -33,6 +34,7 @@ struct Info
 {
     designcode::Loaded designCode;
     std::string designCodeFact;
+    designcode::KeptReport kept;
     int systemClass = 0;
     std::string gravity;
     std::size_t actions = 0;
@@ -54,6 +56,7 @@ Info gather(const Project& project)
     Info info;
     info.designCode = designcode::ofDatabase(db);
     info.designCodeFact = cdb::fact(db, "designcode");
+    info.kept = designcode::keptReport(db);
     info.systemClass = lcm_system_class(db);
     info.gravity = lcm_word_of_id(LCM_GRAVITY_AXES, lcm_gravity_direction(db));
     info.actions = lcm_stored_actions(db).size();
@@ -73,6 +76,13 @@ Json infoJson(const Info& info, const std::string& file)
         code = identityJson(*info.designCode.code);
         code["problem"] = nullptr;
     }
+    Json differences = Json::array();
+    for (const designcode::Difference& each : info.kept.differences) {
+        differences.push_back(designcode::textOf(each));
+    }
+    code["kept"] = {{"state", designcode::wordOf(info.kept.state)},
+                    {"text", info.kept.text.empty() ? Json(nullptr) : Json(info.kept.text)},
+                    {"differences", differences}};
     return {{"file", file},
             {"designCode", code},
             {"systemClass", info.systemClass},
@@ -99,6 +109,9 @@ ExitCode InfoCommand::run()
     out.line("Project:            " + printable(qtext(m_file)));
     out.line("Design code:        " + (code ? printable(qtext(code->name + ", " + code->label))
                                             : "none active: " + printable(qtext(info.designCode.reason))));
+    if (!info.kept.text.empty()) {
+        out.line("                    " + printable(qtext(info.kept.text)));
+    }
     out.line("System:             " + lcm_word_of_id(LCM_SYSTEMS, info.systemClass));
     out.line("Gravity:            " + info.gravity);
     out.line("Actions:            " + std::to_string(info.actions));

@@ -5,6 +5,7 @@
 #include "cli/design_codes.h"
 #include "cli/failure.h"
 #include "cli/project.h"
+#include "hostlib/data/designcode/kept.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/system_record.h"
 #include "lcdata/values/system_words.h"
@@ -30,6 +31,7 @@ class NewCommand : public Command
     std::optional<int> m_system;
     std::optional<int> m_gravity;
     bool m_defaultActions = false;
+    designcode::DesignCode m_read;
 };
 
 void NewCommand::declare(Arguments& args)
@@ -56,6 +58,9 @@ void NewCommand::fill(Project& project) const
     if (!named) {
         throw Failure{ExitCode::File, named.text};
     }
+    if (const cdb::Result kept = designcode::keep(project.db(), m_read); !kept) {
+        throw Failure{ExitCode::File, kept.text};
+    }
     const int chosen = m_system.value_or(LC_SYSTEM_SPATIAL);
     lcm_write_system(project.db(), lcm_raw_system(chosen), m_gravity.value_or(lcm_usual_gravity(chosen)));
     if (m_defaultActions) {
@@ -67,7 +72,7 @@ void NewCommand::fill(Project& project) const
 
 ExitCode NewCommand::run()
 {
-    readDesignCode(*m_code);
+    m_read = readDesignCode(*m_code);
     Project::create(m_file, [this](Project& project) { fill(project); });
     return ExitCode::Done;
 }

@@ -84,7 +84,7 @@ TEST_F(Check, JsonGivesTheRuleBesideAnEnglishMessageWhateverTheLanguageIs)
         "rule": "action-missing", "message": "the project has no action X9"})"));
 }
 
-TEST_F(Check, UnreadableDesignCodeIsAFindingOfTheProject)
+TEST_F(Check, CopyThatHoldsInPlaceOfAnUnreadableFileIsAFindingOfTheProject)
 {
     const std::string own = path("own.ini");
     std::ofstream(own) << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
@@ -97,8 +97,9 @@ TEST_F(Check, UnreadableDesignCodeIsAFindingOfTheProject)
     ASSERT_EQ(found.size(), 1u) << run.out;
     EXPECT_EQ(found[0]["subject"], "project");
     EXPECT_EQ(found[0]["name"], nullptr);
-    EXPECT_EQ(found[0]["rule"], "design-code-unreadable");
-    EXPECT_EQ(found[0]["message"], own + ":1: the section's name has no closing ']': write [NAME]");
+    EXPECT_EQ(found[0]["rule"], "design-code-not-as-kept");
+    EXPECT_EQ(found[0]["message"], "there is no readable file of the design code '" + own +
+                                       "' here; the copy in the project holds");
 }
 
 TEST_F(Check, ReservedAndNamelessActionsAreReported)

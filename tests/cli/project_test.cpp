@@ -167,12 +167,15 @@ TEST_F(Info, TellsPeopleTheSame)
     EXPECT_THAT(out, HasSubstr("Current load case:  none\n"));
 }
 
-TEST_F(Info, DesignCodeThatIsGoneIsAProblemAndNoFailure)
+TEST_F(Info, DesignCodeWhoseFileIsGoneComesFromTheProject)
 {
     const std::string code = path("own.ini");
     std::ofstream(code) << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
     done({"new", file, "--code", code});
     std::filesystem::remove(code);
     const auto info = done({"info", file, "--json"}).json();
-    EXPECT_EQ(info["designCode"]["problem"], "the design code '" + code + "' is not on the search path");
+    EXPECT_EQ(info["designCode"]["problem"], nullptr);
+    EXPECT_EQ(info["designCode"]["label"], "Own");
+    EXPECT_EQ(info["designCode"]["kept"]["state"], "file-absent");
+    EXPECT_THAT(done({"info", file}).out, HasSubstr("the copy in the project holds"));
 }

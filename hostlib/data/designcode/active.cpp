@@ -1,7 +1,14 @@
 #include "hostlib/data/designcode/active.h"
 
+#include <QCryptographicHash>
+#include <QDir>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <algorithm>
+
 #include "hostlib/data/cdb/project.h"
 #include "hostlib/data/designcode/file_stamp.h"
+#include "hostlib/data/designcode/kept.h"
 
 namespace mrl::designcode {
 
@@ -9,7 +16,7 @@ namespace {
 
 struct CacheEntry
 {
-    FileStamp stamp;
+    std::vector<std::pair<std::string, FileStamp>> stamps; ///< of the file and of its bases
     LoadedIndexed loaded;
 };
 
@@ -22,16 +29,69 @@ LoadedIndexed load(const std::string& file)
     return {std::make_shared<IndexedCode>(std::get<DesignCode>(std::move(result))), {}};
 }
 
-/// Parses a file once for as long as its time and size stand; also a failure is kept.
+bool isCurrent(const CacheEntry& entry)
+{
+    return !entry.stamps.empty() &&
+           std::all_of(entry.stamps.begin(), entry.stamps.end(),
+                       [](const auto& each) { return each.second == FileStamp(each.first); });
+}
+
+/// Parses a file once for as long as its time and size stand, and those of its bases; also a failure is kept.
 LoadedIndexed cached(const std::string& file)
 {
     static std::unordered_map<std::string, CacheEntry> cache;
-    const FileStamp stamp(file);
-    const auto it = cache.find(file);
-    if (it != cache.end() && it->second.stamp == stamp) {
-        return it->second.loaded;
+    CacheEntry& entry = cache[file];
+    if (isCurrent(entry)) {
+        return entry.loaded;
     }
-    return (cache[file] = {stamp, load(file)}).loaded;
+    entry.stamps = {{file, FileStamp(file)}};
+    entry.loaded = load(file);
+    if (entry.loaded.code) {
+        for (const FileText& each : entry.loaded.code->code.files) {
+            if (each.file != file) {
+                entry.stamps.emplace_back(each.file, FileStamp(each.file));
+            }
+        }
+    }
+    return entry.loaded;
+}
+
+/// The code that a project keeps, read once for each fingerprint; null when there is none that can be read.
+std::shared_ptr<const IndexedCode> cachedKept(int db)
+{
+    static std::unordered_map<std::string, std::shared_ptr<const IndexedCode>> cache;
+    const std::string fingerprint = keptFingerprint(db);
+    if (fingerprint.empty()) {
+        return nullptr;
+    }
+    const auto found = cache.find(fingerprint);
+    if (found != cache.end()) {
+        return found->second;
+    }
+    auto kept = keptCode(db);
+    if (!kept) {
+        return nullptr;
+    }
+    return cache[fingerprint] = std::make_shared<IndexedCode>(*std::move(kept));
+}
+
+/// A file without bases that says the same, in the user's cache: readers by file name know nothing of bases.
+std::optional<std::string> flatFile(const DesignCode& code)
+{
+    const QString folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + "/mrl/designcodes";
+    const QByteArray text = QByteArray::fromStdString(code.flat);
+    const QString mark = QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(16);
+    const QString path = folder + "/" + QString::fromStdString(code.name) + "-" + mark + ".ini";
+    QFile present(path);
+    if (present.open(QIODevice::ReadOnly) && present.readAll() == text) {
+        return path.toStdString();
+    }
+    QDir().mkpath(folder);
+    QSaveFile file(path);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    return isWritten ? std::optional(path.toStdString()) : std::nullopt;
 }
 
 bool isRelativePath(const std::string& name)
@@ -56,7 +116,8 @@ std::optional<std::string> fileOfName(int db, const std::string& name)
 
 } // namespace
 
-IndexedCode::IndexedCode(DesignCode parsed) : code(std::move(parsed))
+IndexedCode::IndexedCode(DesignCode parsed)
+    : code(std::move(parsed)), fingerprint(designcode::fingerprint(code))
 {
     for (std::size_t i = 0; i < code.actions.size(); ++i) {
         byCode.emplace(code.actions[i].code, i);
@@ -75,21 +136,33 @@ const DefaultAction* IndexedCode::find(int codeOrOldNumber) const
     return it == byOldNumber.end() ? nullptr : &code.actions[it->second];
 }
 
-std::optional<std::string> fileOfDatabase(int db) { return fileOfName(db, mrl::cdb::fact(db, "designcode")); }
-
 LoadedIndexed indexedOfDatabase(int db)
 {
     const std::string name = mrl::cdb::fact(db, "designcode");
     if (name.empty()) {
         return {nullptr, "the project names no design code"};
     }
+    const auto kept = cachedKept(db);
     const auto file = fileOfName(db, name);
-    if (!file) {
-        return {nullptr,
-                "the design code '" + name + "' is not " +
-                    (isRelativePath(name) ? "there, seen from the project's folder" : "on the search path")};
+    const LoadedIndexed ofFile =
+        file ? cached(*file)
+             : LoadedIndexed{nullptr, "the design code '" + name + "' is not " +
+                                          (isRelativePath(name) ? "there, seen from the project's folder"
+                                                                : "on the search path")};
+    const bool keptHolds = kept && (!ofFile.code || ofFile.code->fingerprint != kept->fingerprint);
+    return keptHolds ? LoadedIndexed{kept, {}} : ofFile;
+}
+
+std::optional<std::string> fileOfDatabase(int db)
+{
+    const auto file = fileOfName(db, mrl::cdb::fact(db, "designcode"));
+    const auto loaded = indexedOfDatabase(db);
+    const bool isPlain = loaded.code && file == loaded.code->code.file && loaded.code->code.files.size() == 1;
+    if (isPlain || !loaded.code) {
+        return file;
     }
-    return cached(*file);
+    const auto flat = flatFile(loaded.code->code);
+    return flat ? flat : file;
 }
 
 Loaded ofDatabase(int db)

@@ -19,6 +19,7 @@ struct IndexedCode
     const DefaultAction* find(int codeOrOldNumber) const;
 
     DesignCode code;
+    std::string fingerprint; ///< of the code
 
   private:
     std::unordered_map<int, std::size_t> byCode;
@@ -31,7 +32,7 @@ struct LoadedIndexed
     std::string reason;                      ///< one line; empty on success
 };
 
-/// The design code that a database names.
+/// The design code of a database: the one that it keeps, unless the file of its name says the same.
 LoadedIndexed indexedOfDatabase(int db);
 
 } // namespace mrl::designcode
