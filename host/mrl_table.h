@@ -380,8 +380,8 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     QModelIndex findText(const QString& text, const QModelIndex& from, Search search) const;
 
     /// Marks findings by more than their colour: red cells of a row without a valid verdict, and the number of
-    /// that row. Red text is then painted in a shade that can be read on its background, and the tool tip of such
-    /// a cell is its accessible description. Off by default.
+    /// that row. Red text is painted in a shade that can be read on its background, the tool tip of such a cell is
+    /// its accessible description, and a typed value that isn't taken is told beside its cell. Off by default.
     /// @param id of the column whose cells hold the verdict of their row; -1: no marks
     /// @param role of the verdict, a bool, false for a row with a finding
     void setFindingMarks(int id, int role);

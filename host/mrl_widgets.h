@@ -34,8 +34,8 @@ MRL_HOST_API bool mrl_connect(const QObject* sender, const char* signal, const Q
 /// The application-wide services: settings and switches.
 ///
 /// The managers keep their settings in the group "LF_Manager". One of them is the host's: with "extras" at 1 they
-/// offer what goes beyond their plain form, "Check again" on F5 and the selection of a new action's row. It is 0
-/// when absent.
+/// offer what goes beyond their plain form, undo, search, filter, a list of findings and a question before steps
+/// are lost. It is 0 when absent.
 class MRL_HOST_API MRL_QT_ApplicationInterface
 {
   public:

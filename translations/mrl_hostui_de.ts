@@ -128,6 +128,18 @@
         <source>Delete rows</source>
         <translation>Zeilen löschen</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is no number.</source>
+        <translation>„%1“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>%1 is not between %2 and %3.</source>
+        <translation>%1 liegt nicht zwischen %2 und %3.</translation>
+    </message>
+    <message>
+        <source>%1 is no whole number.</source>
+        <translation>%1 ist keine ganze Zahl.</translation>
+    </message>
 </context>
 <context>
     <name>MRL_QT_AdvancedSlider</name>

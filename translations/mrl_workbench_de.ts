@@ -50,6 +50,26 @@
         <source>there is no design code &quot;%1&quot; in the folders that are searched</source>
         <translation>in den durchsuchten Ordnern gibt es keine Norm „%1“</translation>
     </message>
+    <message>
+        <source>%1 new</source>
+        <translation>%1 neu</translation>
+    </message>
+    <message>
+        <source>%1 changed</source>
+        <translation>%1 geändert</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 gelöscht</translation>
+    </message>
+    <message>
+        <source>Load cases</source>
+        <translation>Lastfälle</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Einwirkungen</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::ActionsModel</name>
@@ -309,6 +329,62 @@
         <source>Generated input</source>
         <translation>Erzeugte Eingabe</translation>
     </message>
+    <message>
+        <source>The project has one finding.</source>
+        <translation>Das Projekt hat einen Befund.</translation>
+    </message>
+    <message>
+        <source>The project has %1 findings.</source>
+        <translation>Das Projekt hat %1 Befunde.</translation>
+    </message>
+    <message>
+        <source>It can be saved all the same.</source>
+        <translation>Es kann trotzdem gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Show &amp;findings</source>
+        <translation>&amp;Befunde zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Reload, giving up my changes</source>
+        <translation>&amp;Neu laden, meine Änderungen aufgeben</translation>
+    </message>
+    <message>
+        <source>%1 from %2 (factor %3)</source>
+        <translation>%1 von %2 (Faktor %3)</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>The loads of copies belong to other modules: %1.</source>
+        <translation>Die Lasten von Kopien gehören anderen Modulen: %1.</translation>
+    </message>
+    <message>
+        <source>Delete unused load cases</source>
+        <translation>Unbenutzte Lastfälle löschen</translation>
+    </message>
+    <message>
+        <source>No load case is unused.</source>
+        <translation>Kein Lastfall ist unbenutzt.</translation>
+    </message>
+    <message>
+        <source>%1 load cases carry no dead weight, are no imperfection, and no other module holds anything under their numbers. Should they be deleted?</source>
+        <translation>%1 Lastfälle tragen kein Eigengewicht, sind keine Imperfektion, und kein anderes Modul hält etwas unter ihren Nummern. Sollen sie gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Deleted load cases: %1</source>
+        <translation>Gelöschte Lastfälle: %1</translation>
+    </message>
+    <message>
+        <source>The load cases could not be deleted. The project is as it was.</source>
+        <translation>Die Lastfälle konnten nicht gelöscht werden. Das Projekt ist, wie es war.</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>
@@ -412,8 +488,16 @@
         <translation>&amp;Mehr als die schlichten Manager</translation>
     </message>
     <message>
-        <source>F5 checks all rows of a manager again, a new action&apos;s row is selected, and the findings can be checked again.</source>
-        <translation>F5 prüft alle Zeilen eines Managers neu, die Zeile einer neuen Einwirkung wird ausgewählt, und die Befunde lassen sich neu prüfen.</translation>
+        <source>&amp;One tab a task</source>
+        <translation>&amp;Ein Register je Aufgabe</translation>
+    </message>
+    <message>
+        <source>Undo and redo, search, filter and a list of findings in the managers. The workbench tells what an OK has changed.</source>
+        <translation>Rückgängig und Wiederherstellen, Suche, Filter und eine Liste der Befunde in den Managern. Die Workbench sagt, was ein OK geändert hat.</translation>
+    </message>
+    <message>
+        <source>Each task then opens its own tab. With both tabs, deleting an action shows which load cases use it.</source>
+        <translation>Jede Aufgabe öffnet dann nur ihr eigenes Register. Mit beiden Registern zeigt das Löschen einer Einwirkung, welche Lastfälle sie benutzen.</translation>
     </message>
 </context>
 <context>

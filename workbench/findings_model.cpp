@@ -33,7 +33,8 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
         return index.column() == 0 ? whereOf(rowOf(index)) : lcm_finding_text(rowOf(index));
     }
-    return QVariant();
+    const bool isOfLoadCase = rowOf(index).subject == LCM_Subject::LoadCase;
+    return role == RowLoadCaseRole && isOfLoadCase ? QVariant(rowOf(index).id) : QVariant();
 }
 
 QString FindingsModel::caption(int section) const { return section == 0 ? tr("Where") : tr("Finding"); }

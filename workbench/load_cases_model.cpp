@@ -105,6 +105,8 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::TextAlignmentRole:
         return alignment(index.column() == Number || index.column() >= Dlx);
+    case RowLoadCaseRole:
+        return loadCase.number;
     case Qt::DisplayRole:
         return text(loadCase, index.column());
     case Qt::ToolTipRole:

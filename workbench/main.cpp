@@ -3,6 +3,7 @@
 
 #include "host/mrl_widgets.h"
 #include "workbench/command_line.h"
+#include "workbench/extras.h"
 #include "workbench/main_window.h"
 #include "workbench/resources.h"
 
@@ -32,6 +33,7 @@ int main(int argc, char** argv)
         return *code;
     }
 
+    mrl::workbench::turnExtrasOnAtFirst();
     MainWindow window;
     window.show();
     if (!line.project.isEmpty()) {

@@ -13,6 +13,7 @@
 
 #include "host/mrl_textlist.h"
 #include "hostlib/ui/widget/window_size.h"
+#include "workbench/extras.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
 #include "workbench/settings_dialog.h"
@@ -48,9 +49,10 @@ MainWindow::MainWindow() : m_document(new Document(m_managers, this))
     connect(m_start, &StartPage::newWanted, this, &MainWindow::slot_new);
     connect(m_start, &StartPage::openWanted, this, &MainWindow::slot_open);
     connect(m_start, &StartPage::recentWanted, this, &MainWindow::openProject);
-    connect(m_tasks, &TaskPanel::managerWanted, this, &MainWindow::openManager);
+    connect(m_tasks, &TaskPanel::managerWanted, this, [this](Manager which) { openManager(which); });
     connect(m_document, &Document::replaced, this, &MainWindow::slot_replaced);
     connect(m_document, &Document::changed, this, &MainWindow::slot_changed);
+    setAcceptDrops(true);
     restorePlace();
     slot_replaced();
 }
@@ -88,7 +90,7 @@ QString MainWindow::managerRefusal() const
                      .arg(reason);
 }
 
-void MainWindow::openManager(Manager which)
+void MainWindow::openManager(Manager which, const std::set<int>& loadCases)
 {
     if (!m_document->isOpen()) {
         return;
@@ -98,7 +100,11 @@ void MainWindow::openManager(Manager which)
         QMessageBox::warning(this, tr("Managers"), refusal);
         return;
     }
-    m_managers.openDialog(which, m_document->shadow(), this);
+    if (wantsExtras()) {
+        runDialog(which, loadCases);
+    } else {
+        m_managers.openDialog(which, m_document->shadow(), this);
+    }
     slot_changed();
 }
 

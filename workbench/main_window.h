@@ -2,6 +2,8 @@
 
 #include <QMainWindow>
 
+#include <set>
+
 #include "workbench/document.h"
 #include "workbench/managers.h"
 
@@ -15,6 +17,7 @@ class StartPage;
 class SummaryPage;
 class TaskPanel;
 struct NewProject;
+struct ProjectSummary;
 
 /// The host's window: one project, its tasks, and what came of them.
 class MainWindow : public QMainWindow
@@ -27,7 +30,8 @@ class MainWindow : public QMainWindow
     /// Opens a project, after the question about unsaved changes. @return whether it is open now
     bool openProject(const QString& file);
     /// Runs a manager on the open project, or tells why not.
-    void openManager(Manager which);
+    /// @param loadCases to be selected in it
+    void openManager(Manager which, const std::set<int>& loadCases = {});
     const Document& document() const { return *m_document; }
 
   public slots:
@@ -43,6 +47,9 @@ class MainWindow : public QMainWindow
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    /// A project's file that is dropped here is opened.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private slots:
     void slot_replaced();
@@ -61,6 +68,12 @@ class MainWindow : public QMainWindow
     bool createAndOpen(const NewProject& wish);
     bool saved(const Document::Result& result);
     bool overwriteConflict();
+    /// Runs the dialog as a module of the package does, and tells what came of it.
+    void runDialog(Manager which, const std::set<int>& loadCases);
+    void tellAccepted(const ProjectSummary& before, const MRL_LC_CtrlStruct& control);
+    void deleteUnusedLoadCases();
+    /// Asks whether a project with findings is to be saved. @return false when the user wants to see them first
+    bool maySaveFindings();
     /// Why no manager can run; empty when they can.
     QString managerRefusal() const;
     void refreshProject();

@@ -8,9 +8,11 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 
+#include "workbench/extras.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/recent_files.h"
 #include "workbench/start_page.h"
+#include "workbench/summary_page.h"
 
 namespace mrl::workbench {
 
@@ -79,11 +81,35 @@ bool MainWindow::slot_save()
     if (m_document->isReadOnly()) {
         return slot_saveAs();
     }
+    if (wantsExtras() && !maySaveFindings()) {
+        return false;
+    }
     const auto result = m_document->save(false);
     if (result.outcome == Document::Outcome::Conflict) {
         return overwriteConflict();
     }
     return saved(result);
+}
+
+bool MainWindow::maySaveFindings()
+{
+    const auto count = summarise(m_document->database()).findings.size();
+    if (count == 0) {
+        return true;
+    }
+    QMessageBox box(QMessageBox::Question, tr("Save project"),
+                    count == 1 ? tr("The project has one finding.")
+                               : tr("The project has %1 findings.").arg(count),
+                    QMessageBox::Save, this);
+    box.setInformativeText(tr("It can be saved all the same."));
+    auto* show = box.addButton(tr("Show &findings"), QMessageBox::RejectRole);
+    box.setEscapeButton(show);
+    box.exec();
+    if (box.clickedButton() == show) {
+        m_summary->showFindings();
+        return false;
+    }
+    return true;
 }
 
 bool MainWindow::overwriteConflict()
@@ -95,8 +121,24 @@ bool MainWindow::overwriteConflict()
         tr("Overwriting replaces its actions and load cases by those shown here. \"Save as\" keeps "
            "both."));
     auto* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+    QAbstractButton* saveAs = nullptr;
+    QAbstractButton* reload = nullptr;
+    if (wantsExtras()) {
+        saveAs = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+        reload = box.addButton(tr("&Reload, giving up my changes"), QMessageBox::ResetRole);
+    }
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
+    if (saveAs && box.clickedButton() == saveAs) {
+        return slot_saveAs();
+    }
+    if (reload && box.clickedButton() == reload) {
+        const QString reason = m_document->open(m_document->file());
+        if (!reason.isEmpty()) {
+            QMessageBox::critical(this, tr("Open project"), reason);
+        }
+        return false;
+    }
     return box.clickedButton() == overwrite && saved(m_document->save(true));
 }
 

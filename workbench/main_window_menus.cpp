@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+#include "workbench/extras.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
 #include "workbench/summary_page.h"
@@ -109,6 +110,16 @@ QWidget* MainWindow::createProjectPage()
     tabs->setObjectName(QStringLiteral("project_tabs"));
     m_summary = new SummaryPage(tabs);
     connect(m_summary, &SummaryPage::checkAgain, this, &MainWindow::slot_changed);
+    connect(m_summary, &SummaryPage::loadCaseWanted, this, [this](int number) {
+        if (wantsExtras()) {
+            openManager(Manager::LoadCases, {number});
+        }
+    });
+    connect(m_summary, &SummaryPage::actionWanted, this, [this] {
+        if (wantsExtras()) {
+            openManager(Manager::Actions);
+        }
+    });
     m_input = new InputPage(tabs);
     tabs->addTab(m_summary, tr("Summary"));
     tabs->addTab(m_input, tr("Generated input"));

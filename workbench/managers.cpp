@@ -45,6 +45,9 @@ Managers::Managers()
         m_reason = m_library.errorString();
         return;
     }
+    // mrl_loadcase_manager(QWidget*, int, MRL_LC_CtrlStruct&), as the compiler names it.
+    m_dialog = reinterpret_cast<Dialog>(
+        m_library.resolve("_Z20mrl_loadcase_managerP7QWidgetiR17MRL_LC_CtrlStruct"));
     m_actions.reset(factory(QStringLiteral("actionmanager")));
     m_loadCases.reset(factory(QStringLiteral("lcmanager")));
     if (!isLoaded()) {
@@ -98,6 +101,12 @@ int Managers::openDialog(Manager which, MRL_H_ShadowDatabase& document, QWidget*
     parameter.document = &document;
     parameter.parentWidget = parent;
     return call(which, MRL_H_FUNCTION_DIALOG, parameter);
+}
+
+std::optional<int> Managers::openDialog(MRL_LC_CtrlStruct& control, MRL_H_ShadowDatabase& document,
+                                        QWidget* parent)
+{
+    return m_dialog ? std::optional<int>(m_dialog(parent, document.index(), control)) : std::nullopt;
 }
 
 QString Managers::generate(MRL_H_ShadowDatabase& document)

@@ -6,9 +6,11 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 #include "host/mrl_framework.h"
 #include "host/mrl_textlist.h"
+#include "manager/control_struct.h"
 
 class QWidget;
 
@@ -32,8 +34,11 @@ class Managers
     void load(MRL_H_ShadowDatabase& document);
     /// The document is about to be saved: the plug-ins mark their keys.
     void markForSaving(MRL_H_ShadowDatabase& document);
-    /// Runs the dialog of a manager. @return the host's result value
+    /// Runs the dialog of a manager, as its plug-in has it. @return the host's result value
     int openDialog(Manager which, MRL_H_ShadowDatabase& document, QWidget* parent);
+    /// Runs the dialog as another module does: with a structure that says what is wanted and what came of it.
+    /// @return the dialog's result, nothing if the library has no such function
+    std::optional<int> openDialog(MRL_LC_CtrlStruct& control, MRL_H_ShadowDatabase& document, QWidget* parent);
     /// The input text that the managers generate.
     QString generate(MRL_H_ShadowDatabase& document);
 
@@ -41,7 +46,10 @@ class Managers
     MRL_H_Plugin* plugin(Manager which) const;
     int call(Manager which, SupportedFunctions code, MRL_H_PluginParameter& parameter);
 
+    using Dialog = int (*)(QWidget*, int, MRL_LC_CtrlStruct&);
+
     QLibrary m_library;
+    Dialog m_dialog = nullptr;
     QString m_reason;
     std::unique_ptr<MRL_H_Plugin> m_actions;
     std::unique_ptr<MRL_H_Plugin> m_loadCases;

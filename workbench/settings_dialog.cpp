@@ -31,7 +31,8 @@ SettingsDialog::SettingsDialog(QWidget* parent)
     : MRL_QT_Dialog(parent, "settings"), m_language(new MRL_QT4_ComboBox(this, "combo_language")),
       m_experimental(new MRL_QT_CheckBox(tr("&Experimental functions"), this, "check_experimental")),
       m_restricted(new MRL_QT_CheckBox(tr("&Restricted run mode"), this, "check_restricted")),
-      m_extras(new MRL_QT_CheckBox(tr("&More than the plain managers"), this, "check_extras"))
+      m_extras(new MRL_QT_CheckBox(tr("&More than the plain managers"), this, "check_extras")),
+      m_oneTab(new MRL_QT_CheckBox(tr("&One tab a task"), this, "check_one_tab"))
 {
     setCaption(tr("Settings"));
     // Each language stands under its own name, so that its speakers find it.
@@ -41,6 +42,7 @@ SettingsDialog::SettingsDialog(QWidget* parent)
     m_experimental->setChecked(MRL_QT_ApplicationInterface::experimentalOn());
     m_restricted->setChecked((settings::runMode() & RESTRICTED_MODES) != 0);
     m_extras->setChecked(wantsExtras());
+    m_oneTab->setChecked(wantsOneTab());
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
@@ -67,8 +69,12 @@ QLayout* SettingsDialog::createForm()
     form->addRow(QString(),
                  hint(tr("The Action Manager then offers the actions of the design code only."), this));
     form->addRow(QString(), m_extras);
-    form->addRow(QString(), hint(tr("F5 checks all rows of a manager again, a new action's row is selected, "
-                                    "and the findings can be checked again."),
+    form->addRow(QString(), hint(tr("Undo and redo, search, filter and a list of findings in the managers. The "
+                                    "workbench tells what an OK has changed."),
+                                 this));
+    form->addRow(QString(), m_oneTab);
+    form->addRow(QString(), hint(tr("Each task then opens its own tab. With both tabs, deleting an action shows "
+                                    "which load cases use it."),
                                  this));
     return form;
 }
@@ -86,6 +92,7 @@ void SettingsDialog::accept()
     if (wantsExtras() != m_extras->isChecked()) {
         storeExtras(m_extras->isChecked());
     }
+    storeOneTab(m_oneTab->isChecked());
     MRL_QT_Dialog::accept();
 }
 

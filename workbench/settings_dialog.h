@@ -23,6 +23,7 @@ class SettingsDialog : public MRL_QT_Dialog
     MRL_QT_CheckBox* m_experimental;
     MRL_QT_CheckBox* m_restricted;
     MRL_QT_CheckBox* m_extras;
+    MRL_QT_CheckBox* m_oneTab;
 };
 
 } // namespace mrl::workbench

@@ -17,6 +17,8 @@ namespace mrl::workbench {
 
 namespace {
 
+constexpr int FINDINGS = 2; ///< the tab of the findings
+
 QLabel* valueLabel(const char* name, QWidget* parent)
 {
     auto* label = new QLabel(parent);
@@ -94,6 +96,22 @@ QWidget* SummaryPage::createFindingsPage()
     return page;
 }
 
+void SummaryPage::showFindings()
+{
+    m_tabs->setCurrentIndex(FINDINGS);
+    m_findings->setFocus();
+}
+
+void SummaryPage::openAt(const QModelIndex& index)
+{
+    const QVariant number = index.data(RowLoadCaseRole);
+    if (number.isValid()) {
+        emit loadCaseWanted(number.toInt());
+    } else {
+        emit actionWanted();
+    }
+}
+
 QWidget* SummaryPage::createFacts()
 {
     auto* facts = new QWidget(this);
@@ -115,6 +133,7 @@ QTableView* SummaryPage::createTable(QAbstractItemModel* model, const char* name
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setAlternatingRowColors(true);
+    connect(table, &QTableView::activated, this, &SummaryPage::openAt);
     table->setWordWrap(false);
     table->setTabKeyNavigation(false);
     table->setFrameShape(QFrame::NoFrame);

@@ -24,16 +24,23 @@ class SummaryPage : public QWidget
     ~SummaryPage() override;
 
     void show(const ProjectSummary& summary);
+    /// Brings the findings to the front.
+    void showFindings();
     using QWidget::show;
 
   signals:
     /// The user wants the project checked again.
     void checkAgain();
+    /// The user wants to see these load cases in their manager.
+    void loadCaseWanted(int number);
+    /// The user wants to see the actions in their manager.
+    void actionWanted();
 
   private:
     QWidget* createFacts();
     QWidget* createFindingsPage();
     QTableView* createTable(QAbstractItemModel* model, const char* name);
+    void openAt(const QModelIndex& index);
     void showFacts(const ProjectSummary& summary);
     void showCounts(const ProjectSummary& summary);
 

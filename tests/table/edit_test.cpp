@@ -1,5 +1,6 @@
 #include "table/fixture.h"
 
+#include <QToolTip>
 #include <QDialog>
 #include <QPushButton>
 #include <QShortcut>
@@ -79,6 +80,22 @@ class Editing : public Table
     int clicks = 0;
     int deletes = 0;
 };
+
+TEST_F(Editing, RefusedValueSaysWhyBesideItsCellWhereFindingsAreMarked)
+{
+    line(0, Bounded).setVal(2.0f);
+    enter(0, Bounded, "9.5");
+    EXPECT_EQ(QToolTip::text(), "");
+    table.setFindingMarks(table.getColumnId(0), 357);
+    enter(0, Bounded, "9.5");
+    EXPECT_TRUE(QToolTip::text().contains("9.5 is not between 0.00 and 9.00."));
+    enter(0, Factor, "1.2.3");
+    EXPECT_TRUE(QToolTip::text().contains("1.2.3"));
+    EXPECT_TRUE(QToolTip::text().contains("is no number."));
+    QToolTip::hideText();
+    enter(0, Factor, "1.2");
+    EXPECT_FALSE(QToolTip::text().contains("is no number."));
+}
 
 TEST_F(Editing, TypingOverReplacesTheValueAndReportsOnce)
 {

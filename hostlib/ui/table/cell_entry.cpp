@@ -2,9 +2,15 @@
 
 #include <QItemSelectionModel>
 #include <QSignalBlocker>
+#include <QToolTip>
+
+#include <cmath>
 
 #include "hostlib/ui/table/cell_access.h"
+#include "hostlib/ui/table/column.h"
 #include "hostlib/ui/table/navigation.h"
+#include "hostlib/ui/table/number_text.h"
+#include "hostlib/ui/table/plain_tool_tip.h"
 #include "hostlib/ui/table/selection.h"
 #include "hostlib/ui/table/table_private.h"
 
@@ -59,6 +65,27 @@ class NarrowedSelection
     QItemSelection m_whole;
     bool m_narrowed = false;
 };
+
+/// Why a column of numbers doesn't take a text; empty when it does.
+QString reasonOfRefusal(const MRL_H_TwColumn& column, const QString& text)
+{
+    if (!column.isNumber()) {
+        return {};
+    }
+    const auto number = parseNumber(text);
+    if (!number.has_value()) {
+        return MRL_H_TableWidget::tr("\"%1\" is no number.").arg(text);
+    }
+    if (!column.allows(*number)) {
+        return MRL_H_TableWidget::tr("%1 is not between %2 and %3.")
+            .arg(text, column.numberText(column.description.firstBound),
+                 column.numberText(column.description.secondBound));
+    }
+    const bool isWhole = *number == std::floor(*number);
+    return column.kind == MRL_H_TwColumn::Kind::Whole && !isWhole
+               ? MRL_H_TableWidget::tr("%1 is no whole number.").arg(text)
+               : QString();
+}
 
 /// Tells the listener of the table's journal where an entry begins and ends.
 class EntryReport
@@ -153,7 +180,27 @@ void CellEntry::enterFromEditor(const Entry& entry)
         }
     }
     m_reachedManyRows = entries.size() > 1;
+    const QPointer<MRL_H_TableWidget> alive(&m_table);
     enter(entries, MRL_H_TableJournalListener::Entry::Typed);
+    if (alive != nullptr) {
+        tellRefusal(entry);
+    }
+}
+
+void CellEntry::tellRefusal(const Entry& entry) const
+{
+    constexpr int MILLISECONDS = 5000;
+    const MRL_H_TwItem* cell = entry.id.has_value() ? nullptr : editableCell(entry);
+    if (cell == nullptr || !MRL_H_TableWidget::Private::of(m_table).marks.areOn()) {
+        return;
+    }
+    const QString reason = reasonOfRefusal(*MRL_H_TwCellAccess::column(*cell), entry.text);
+    if (reason.isEmpty()) {
+        return;
+    }
+    const QRect place = m_table.visualItemRect(cell);
+    QToolTip::showText(m_table.viewport()->mapToGlobal(place.bottomLeft()), plainToolTip(reason), &m_table,
+                       QRect(), MILLISECONDS);
 }
 
 void CellEntry::leaveEditor(int rows, int columns, const std::function<void()>& commit)

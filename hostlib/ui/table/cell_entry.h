@@ -43,6 +43,8 @@ class CellEntry
     void leaveEditor(int rows, int columns, const std::function<void()>& commit);
 
   private:
+    /// Says for some seconds beside the cell why a typed text was not taken, where findings are marked.
+    void tellRefusal(const Entry& entry) const;
     MRL_H_TwItem* editableCell(const Entry& entry) const;
     std::size_t lastOfOtherValue(const std::vector<Entry>& entries) const;
 
