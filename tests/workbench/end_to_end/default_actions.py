@@ -15,7 +15,7 @@ with Desktop() as desktop:
     workbench = Workbench(desktop, bin_folder, project)
     desktop.wait_active(r"^tower\.cdb - ")
     desktop.key("ctrl+1")
-    desktop.wait_active(r"^Marlavon: Action Manager$")
+    desktop.wait_active(r"^Marlavon: Action and Loadcase Manager$")
     desktop.key("ctrl+Return")
     desktop.wait_active(r"^tower\.cdb\*? - ")
     assert cli.action_names(project) == [], "nothing is in the file before it is saved"
@@ -29,7 +29,7 @@ with Desktop() as desktop:
     assert "G" in names and "Q" in names, names
 
     workbench = Workbench(desktop, bin_folder, project, "--manager", "actions")
-    desktop.wait_active(r"^Marlavon: Action Manager$")
+    desktop.wait_active(r"^Marlavon: Action and Loadcase Manager$")
     desktop.key("ctrl+Return")
     desktop.wait_active(r"^tower\.cdb - ")  # they are stored as they are shown
     workbench.quit()

@@ -6,7 +6,7 @@ from desktop import Cli, Desktop, Workbench
 
 bin_folder = sys.argv[1]
 cli = Cli(bin_folder)
-MANAGER = r"^Marlavon: Action Manager$"
+MANAGER = r"^Marlavon: Action and Loadcase Manager$"
 
 with Desktop() as desktop:
     project = desktop.path("tower.cdb")
@@ -16,8 +16,8 @@ with Desktop() as desktop:
     desktop.key("ctrl+1")
     desktop.wait_active(MANAGER)
 
-    # Backwards from the tab: Cancel, OK, Help, Delete, New.
-    desktop.key(*["shift+Tab"] * 5, "space")
+    # Backwards from the tab: Cancel, OK, Help, the five parts of the bar that are not disabled, Delete, New.
+    desktop.key(*["shift+Tab"] * 10, "space")
     desktop.wait_active(r"^New action$")
     desktop.key("q", "Tab", "Return")  # the category Q, and its first member that is free
     desktop.wait_active(MANAGER)

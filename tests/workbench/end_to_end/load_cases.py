@@ -20,14 +20,14 @@ with Desktop() as desktop:
     desktop.wait_active(r"^tower\.cdb - ")
 
     desktop.key("ctrl+1")
-    desktop.wait_active(r"^Marlavon: Action Manager$")
+    desktop.wait_active(r"^Marlavon: Action and Loadcase Manager$")
     desktop.key("ctrl+Return")
     desktop.wait_active(r"^tower\.cdb\* - ")
 
     desktop.key("ctrl+2")
     desktop.wait_active(MANAGER)
-    # Backwards from the tab: Cancel, OK, Help, the two boxes, Delete, Copy, New.
-    desktop.key(*["shift+Tab"] * 8, *["space"] * 10)
+    # Backwards from the tab: Cancel, OK, Help, five parts of the bar, the two boxes, Delete, Copy, New.
+    desktop.key(*["shift+Tab"] * 13, *["space"] * 10)
     # The first three rows of the table, which stands before the button; F6 leaves it again.
     desktop.key("shift+Tab", "ctrl+Home", "shift+Down", "shift+Down", "F6", "Tab", "space")
     for factor in ("1.5", None, None):  # the second and third copy offer the factor of the first
