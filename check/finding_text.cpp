@@ -112,6 +112,9 @@ constexpr RuleWords RULE_WORDS[] = {
     {LCM_Rule::LoadCaseNumberSharedWithModule,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck", "another module keeps a record of kind %1 under this "
                                                      "number; accepting the dialog drops it")}},
+    {LCM_Rule::LoadCaseFactorsDifferFromAction,
+     {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck",
+                                 "it keeps factors that differ from those of its action %1, which count")}},
     {LCM_Rule::Psi1WithoutPsi2,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck",
                                  "Psi1 is marked without Psi2, so that every Psi1 below 1.0 is refused")}},

@@ -46,6 +46,7 @@ class Check
     LCM_DesignCodeIdentity m_identity;
     LCM_LoadCaseSetup m_setup;
     std::map<int, tagCDB_LC_ACT> m_actions; ///< as their rows show them, by code
+    std::map<int, tagCDB_LC_ACT> m_stored;  ///< as they are stored, by code
     LCM_ActionWords m_words;
     LCM_Findings m_findings;
 };
@@ -103,6 +104,7 @@ void Check::checkAction(int key, const tagCDB_LC_ACT& record)
     }
     add(key, lcm_check_action(shown, m_limits, m_identity));
     m_actions[code] = shown;
+    m_stored[code] = record;
 }
 
 void Check::checkActions()
@@ -153,6 +155,11 @@ void Check::checkLoadCase(const LCM_CheckedLoadCase& loadCase)
         add(LCM_Subject::LoadCase, number, LCM_Rule::ActionMissing, {lcm_word_name(record.action)});
     }
     add(number, std::move(verdict.findings));
+    const auto action = m_stored.find(record.action);
+    if (action != m_stored.end() && lcm_copies_differ(record, action->second)) {
+        add(LCM_Subject::LoadCase, number, LCM_Rule::LoadCaseFactorsDifferFromAction,
+            {lcm_word_name(record.action)});
+    }
     if (loadCase.foreignKind) {
         add(LCM_Subject::LoadCase, number, LCM_Rule::LoadCaseNumberSharedWithModule, {*loadCase.foreignKind});
     }

@@ -1,11 +1,11 @@
 #include "cli/arguments.h"
+#include "exchange/raw_records.h"
 
 #include <CLI/CLI.hpp>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 
-#include "cli/raw_records.h"
 #include "lcdata/values/action_code.h"
 #include "rules/load_case_numbers.h"
 
@@ -70,8 +70,9 @@ std::string checkElement(const std::string& text)
 std::string checkHex(const std::string& text)
 {
     std::string bytes;
-    return fromHex(text, bytes) && !bytes.empty() ? std::string()
-                                                  : "the record is no even number of hexadecimal digits";
+    return exchange::fromHex(text, bytes) && !bytes.empty()
+               ? std::string()
+               : "the record is no even number of hexadecimal digits";
 }
 
 } // namespace
@@ -192,6 +193,29 @@ void Arguments::needsAnOption()
             throw CLI::RequiredError("An option that says what to change");
         }
     });
+}
+
+void Arguments::needsEither(const std::string& option, const std::string& other)
+{
+    m_app.parse_complete_callback([&parser = m_app, option, other] {
+        if (parser.count(option) + parser.count(other) == 0) {
+            throw CLI::RequiredError(option + " or " + other);
+        }
+    });
+}
+
+void Arguments::need(const std::string& option, const std::vector<std::string>& dependents)
+{
+    for (const std::string& dependent : dependents) {
+        m_app.get_option(dependent)->needs(m_app.get_option(option));
+    }
+}
+
+void Arguments::needForFactors(const std::string& option)
+{
+    for (const LCM_Factor& factor : LCM_FACTORS) {
+        need(option, {lcm_factor_option(factor)});
+    }
 }
 
 void Arguments::exclude(const std::string& option, const std::string& other)

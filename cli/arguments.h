@@ -38,6 +38,8 @@ class Arguments
     void hex(std::string& digits);
     /// Any other positional text.
     void positional(const std::string& name, std::string& value, const std::string& help);
+    /// One or more positional texts.
+    void positionals(const std::string& name, std::vector<std::string>& values, const std::string& help);
 
     /// Any number of texts, one at least; the last positional.
     void positionals(const std::string& name, std::vector<std::string>& values, const std::string& help);
@@ -69,6 +71,12 @@ class Arguments
     void factors(FactorOptions& values);
     /// A command that changes what its options say is wrong usage without any.
     void needsAnOption();
+    /// One of two options has to be given.
+    void needsEither(const std::string& option, const std::string& other);
+    /// Options that can stand beside another one only.
+    void need(const std::string& option, const std::vector<std::string>& dependents);
+    /// The same for the options of all factors.
+    void needForFactors(const std::string& option);
     /// Two options that cannot stand together.
     void exclude(const std::string& option, const std::string& other);
 

@@ -39,6 +39,13 @@ void Project::create(const std::string& file, const std::function<void(Project&)
     cdb::close(made.db);
 }
 
+std::map<std::string, std::string> Project::facts() const
+{
+    std::map<std::string, std::string> facts;
+    throwUnless(cdb::facts(db(), facts));
+    return facts;
+}
+
 void Project::commit() { throwUnless(m_transaction->commit()); }
 
 void Project::refuse(const std::string& reason) const

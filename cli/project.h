@@ -3,6 +3,7 @@
 /// The project that a command works on.
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -28,6 +29,9 @@ class Project
 
     int db() const { return m_handle.db; }
     const std::string& file() const { return m_name; }
+
+    /// All facts of the project.
+    std::map<std::string, std::string> facts() const;
 
     /// Makes the writes of the command durable.
     void commit();

@@ -1,7 +1,7 @@
 #include "cli/project_records.h"
+#include "exchange/raw_records.h"
 
 #include "cli/arguments.h"
-#include "cli/raw_records.h"
 #include "host/mrl_cdb.h"
 #include "lcdata/guards.h"
 #include "lcdata/load_case_factors.h"
@@ -44,8 +44,8 @@ int typedActionWord(int db, const std::string& name)
 
 bool rewriteAction(int db, const LCM_StoredAction& action)
 {
-    return overwriteRecord(db, LC_KWH_ACTIONS, action.code, action.position, &action.record,
-                           sizeof action.record);
+    return exchange::overwriteRecord(db, LC_KWH_ACTIONS, action.code, action.position, &action.record,
+                                     sizeof action.record);
 }
 
 LCM_StoredLoadCase requireLoadCase(const Project& project, int number)

@@ -44,6 +44,7 @@ enum class LCM_Rule : int {
     ActionMissing,
     LoadCaseNumberAbove999999,
     LoadCaseNumberSharedWithModule,
+    LoadCaseFactorsDifferFromAction,
     // A design code.
     Psi1WithoutPsi2,
     ActionNameLowerCase,
@@ -59,7 +60,7 @@ enum class LCM_Rule : int {
 };
 
 /// The rules in their order, each with its stable id.
-inline constexpr std::array<std::pair<LCM_Rule, const char*>, 37> LCM_RULE_IDS{{
+inline constexpr std::array<std::pair<LCM_Rule, const char*>, 38> LCM_RULE_IDS{{
     {LCM_Rule::GamuNotAbove0, "gamu-not-above-0"},
     {LCM_Rule::GamuBelow0, "gamu-below-0"},
     {LCM_Rule::GamfNotBetween0AndGamu, "gamf-not-between-0-and-gamu"},
@@ -88,6 +89,7 @@ inline constexpr std::array<std::pair<LCM_Rule, const char*>, 37> LCM_RULE_IDS{{
     {LCM_Rule::ActionMissing, "action-missing"},
     {LCM_Rule::LoadCaseNumberAbove999999, "load-case-number-above-999999"},
     {LCM_Rule::LoadCaseNumberSharedWithModule, "load-case-number-shared-with-module"},
+    {LCM_Rule::LoadCaseFactorsDifferFromAction, "load-case-factors-differ-from-action"},
     {LCM_Rule::Psi1WithoutPsi2, "psi1-without-psi2"},
     {LCM_Rule::ActionNameLowerCase, "action-name-lower-case"},
     {LCM_Rule::ActionSuffixTooLong, "action-suffix-too-long"},

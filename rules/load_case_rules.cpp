@@ -1,5 +1,8 @@
 #include "rules/load_case_rules.h"
 
+#include <algorithm>
+
+#include "lcdata/load_case_factors.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packing.h"
 
@@ -103,6 +106,17 @@ LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagC
     verdict.actionMissing = record.action != LC_ACTION_NONE && record.action != LC_ACTION_IMPERFECTION;
     verdict.valid = !verdict.actionMissing;
     return verdict;
+}
+
+bool lcm_copies_differ(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action)
+{
+    tagCDB_LC_CTRL copies = record;
+    lcm_load_case_from_action(action, copies, record.action);
+    const auto differs = [&](const LCM_Factor& factor) {
+        const float field = record.*factor.loadCaseField;
+        return field != LC_UNDEFINED && field != copies.*factor.loadCaseField;
+    };
+    return std::any_of(LCM_FACTORS.begin(), LCM_FACTORS.end(), differs);
 }
 
 LCM_LoadCaseVerdict lcm_judge_stored_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,

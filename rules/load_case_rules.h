@@ -27,6 +27,10 @@ struct LCM_LoadCaseVerdict
 LCM_LoadCaseVerdict lcm_judge_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,
                                         const tagCDB_LC_ACT& limits);
 
+/// Whether a record keeps a factor beside those of its action: one that is set, and is not the action's present value.
+/// The dialog drops such copies. @param action as it is stored
+bool lcm_copies_differ(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT& action);
+
 /// Judges a stored record as the dialog would when it opens: after showing it in a row and reading it back,
 /// so that factors copied from an action don't count.
 LCM_LoadCaseVerdict lcm_judge_stored_load_case(const tagCDB_LC_CTRL& record, const tagCDB_LC_ACT* action,

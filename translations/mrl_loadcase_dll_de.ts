@@ -635,6 +635,10 @@ Die Einwirkungen sind:
         <translation>die Nummer liegt über 999999</translation>
     </message>
     <message>
+        <source>it keeps factors that differ from those of its action %1, which count</source>
+        <translation>behält Beiwerte, die von denen seiner Einwirkung %1 abweichen; diese zählen</translation>
+    </message>
+    <message>
         <source>the project has no action %1</source>
         <translation>das Projekt hat keine Einwirkung %1</translation>
     </message>

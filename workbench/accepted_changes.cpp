@@ -46,10 +46,11 @@ QString changes(const QString& heading, const std::vector<Stored>& before, const
 
 QString changesInNumbers(const ProjectSummary& before, const ProjectSummary& after)
 {
-    QStringList lines{changes(QCoreApplication::translate("Workbench", "Load cases"), before.loadCases, after.loadCases,
+    QStringList lines{changes(QCoreApplication::translate("Workbench", "Load cases"), before.loadCases,
+                              after.loadCases,
                               [](const LCM_StoredLoadCase& loadCase) { return loadCase.number; }),
-                      changes(QCoreApplication::translate("Workbench", "Actions"), before.actions, after.actions,
-                              [](const LCM_StoredAction& action) { return action.code; })};
+                      changes(QCoreApplication::translate("Workbench", "Actions"), before.actions,
+                              after.actions, [](const LCM_StoredAction& action) { return action.code; })};
     lines.removeAll(QString());
     return lines.join(QLatin1Char(' '));
 }

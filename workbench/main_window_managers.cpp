@@ -30,7 +30,10 @@ QString scaledCopies(const std::vector<LCM_LoadcaseCopy>& copies)
     QStringList scaled;
     for (const LCM_LoadcaseCopy& copy : copies) {
         if (std::fabs(copy.factor - 1.0) > 1e-9) {
-            scaled << MainWindow::tr("%1 from %2 (factor %3)").arg(copy.target).arg(copy.source).arg(copy.factor);
+            scaled << MainWindow::tr("%1 from %2 (factor %3)")
+                          .arg(copy.target)
+                          .arg(copy.source)
+                          .arg(copy.factor);
         }
     }
     return scaled.join(QStringLiteral(", "));

@@ -46,8 +46,8 @@ Managers::Managers()
         return;
     }
     // mrl_loadcase_manager(QWidget*, int, MRL_LC_CtrlStruct&), as the compiler names it.
-    m_dialog = reinterpret_cast<Dialog>(
-        m_library.resolve("_Z20mrl_loadcase_managerP7QWidgetiR17MRL_LC_CtrlStruct"));
+    m_dialog =
+        reinterpret_cast<Dialog>(m_library.resolve("_Z20mrl_loadcase_managerP7QWidgetiR17MRL_LC_CtrlStruct"));
     m_actions.reset(factory(QStringLiteral("actionmanager")));
     m_loadCases.reset(factory(QStringLiteral("lcmanager")));
     if (!isLoaded()) {

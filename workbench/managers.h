@@ -38,7 +38,8 @@ class Managers
     int openDialog(Manager which, MRL_H_ShadowDatabase& document, QWidget* parent);
     /// Runs the dialog as another module does: with a structure that says what is wanted and what came of it.
     /// @return the dialog's result, nothing if the library has no such function
-    std::optional<int> openDialog(MRL_LC_CtrlStruct& control, MRL_H_ShadowDatabase& document, QWidget* parent);
+    std::optional<int> openDialog(MRL_LC_CtrlStruct& control, MRL_H_ShadowDatabase& document,
+                                  QWidget* parent);
     /// The input text that the managers generate.
     QString generate(MRL_H_ShadowDatabase& document);
 

@@ -69,13 +69,15 @@ QLayout* SettingsDialog::createForm()
     form->addRow(QString(),
                  hint(tr("The Action Manager then offers the actions of the design code only."), this));
     form->addRow(QString(), m_extras);
-    form->addRow(QString(), hint(tr("Undo and redo, search, filter and a list of findings in the managers. The "
-                                    "workbench tells what an OK has changed."),
-                                 this));
+    form->addRow(QString(),
+                 hint(tr("Undo and redo, search, filter and a list of findings in the managers. The "
+                         "workbench tells what an OK has changed."),
+                      this));
     form->addRow(QString(), m_oneTab);
-    form->addRow(QString(), hint(tr("Each task then opens its own tab. With both tabs, deleting an action shows "
-                                    "which load cases use it."),
-                                 this));
+    form->addRow(QString(),
+                 hint(tr("Each task then opens its own tab. With both tabs, deleting an action shows "
+                         "which load cases use it."),
+                      this));
     return form;
 }
 

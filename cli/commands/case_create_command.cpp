@@ -8,6 +8,7 @@
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
 #include "rules/load_case_numbers.h"
+#include "rules/load_case_row.h"
 
 namespace mrl::cli {
 
@@ -73,15 +74,14 @@ void CaseCreateCommand::create(const Project& project, int lc) const
 {
     const int db = project.db();
     const int word = m_action ? typedActionWord(db, *m_action) : LC_ACTION_NONE;
-    const QString text = m_title ? qtext(*m_title) : QStringLiteral("Loadcase %1").arg(lc);
-    if (word != LC_ACTION_NONE && !mrl_lc_create_load_case(db, lc, word, text)) {
+    const bool isReserved = word == LC_ACTION_NONE || word == LC_ACTION_IMPERFECTION;
+    if (!isReserved && !lcm_stored_action(db, word)) {
         project.refuse("the project has no action " + *m_action + "; 'mrl-lc action create' takes one over");
     }
-    tagCDB_LC_CTRL record{};
-    mrl_lc_get(db, lc, record);
-    lcm_title_pack(text, record.title, LC_TITLE_WORDS);
-    // The function leaves 0, which would switch the load case off.
+    tagCDB_LC_CTRL record = lcm_record_with_action({}, word);
     record.factor = 1.0f;
+    lcm_title_pack(m_title ? qtext(*m_title) : QStringLiteral("Loadcase %1").arg(lc), record.title,
+                   LC_TITLE_WORDS);
     mrl_lc_put(db, lc, record);
 }
 

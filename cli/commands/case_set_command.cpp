@@ -2,7 +2,7 @@
 #include "cli/commands/commands.h"
 #include "cli/project.h"
 #include "cli/project_records.h"
-#include "cli/raw_records.h"
+#include "exchange/raw_records.h"
 #include "lcdata/values/factors.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packed_text.h"
@@ -117,7 +117,7 @@ ExitCode CaseSetCommand::run()
     record.dly = m_dly.value_or(record.dly);
     record.dlz = m_dlz.value_or(record.dlz);
     record.factor = m_factor.value_or(record.factor);
-    if (!overwriteRecord(project.db(), LC_KWH_CASES, m_number, 0, &record, sizeof record)) {
+    if (!exchange::overwriteRecord(project.db(), LC_KWH_CASES, m_number, 0, &record, sizeof record)) {
         project.refuse("load case " + std::to_string(m_number) + " could not be written");
     }
     project.throwOnError();

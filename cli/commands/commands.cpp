@@ -17,13 +17,14 @@ CommandGroup group(std::string name, std::string description, Commands... comman
 std::vector<CommandGroup> allCommands()
 {
     std::vector<CommandGroup> groups;
-    groups.push_back(group("", "", newCommand(), infoCommand(), checkCommand(), verifyCommand()));
+    groups.push_back(group("", "", newCommand(), infoCommand(), checkCommand(), verifyCommand(),
+                           exportCommand(), importCommand(), diffCommand(), mergeCommand(), applyCommand()));
     groups.push_back(group("action", "List, show, create and change the actions of a project",
                            actionListCommand(), actionShowCommand(), actionCreateCommand(),
-                           actionCreateAllCommand(), actionSetCommand()));
+                           actionCreateAllCommand(), actionSetCommand(), actionRemoveCommand()));
     groups.push_back(group("case", "List, show, create, change and remove the load cases of a project",
                            caseListCommand(), caseShowCommand(), caseCreateCommand(), caseInitCommand(),
-                           caseSetCommand(), caseRemoveCommand(), caseCurrentCommand(),
+                           caseSetCommand(), caseRemoveCommand(), caseRenumberCommand(), caseCurrentCommand(),
                            caseSetCurrentCommand()));
     groups.push_back(group("", "", combineCommand(), envelopeCommand(), codesCommand()));
     groups.push_back(group("code", "Show, judge, compare and write design codes", codeShowCommand(),

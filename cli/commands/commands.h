@@ -40,5 +40,12 @@ std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> verifyCommand();
 std::unique_ptr<Command> combineCommand();
 std::unique_ptr<Command> envelopeCommand();
+std::unique_ptr<Command> exportCommand();
+std::unique_ptr<Command> importCommand();
+std::unique_ptr<Command> diffCommand();
+std::unique_ptr<Command> mergeCommand();
+std::unique_ptr<Command> applyCommand();
+std::unique_ptr<Command> caseRenumberCommand();
+std::unique_ptr<Command> actionRemoveCommand();
 
 } // namespace mrl::cli

@@ -3,6 +3,7 @@
 #include "cli/output.h"
 #include "cli/project.h"
 #include "cli/raw_records.h"
+#include "exchange/raw_records.h"
 
 namespace mrl::cli {
 
@@ -52,7 +53,7 @@ void GetCommand::printLines(const std::vector<std::string>& records) const
 {
     Output out;
     for (std::size_t i = 0; i < records.size(); ++i) {
-        const std::string digits = toHex(records[i]);
+        const std::string digits = exchange::toHex(records[i]);
         out.line(std::to_string(i) + " " + std::to_string(records[i].size()) + " " +
                  (m_hex ? digits : inWords(digits)));
     }
@@ -62,7 +63,7 @@ void GetCommand::printLines(const std::vector<std::string>& records) const
 ExitCode GetCommand::run()
 {
     const Project project = Project::openForReading(m_file);
-    const std::vector<std::string> records = readRecords(project.db(), m_kwh, m_kwl);
+    const std::vector<std::string> records = exchange::readRecords(project.db(), m_kwh, m_kwl);
     project.throwOnError();
     if (records.empty()) {
         project.refuse("there is no key " + keyText(m_kwh, m_kwl));
@@ -73,7 +74,8 @@ ExitCode GetCommand::run()
     }
     Json list = Json::array();
     for (std::size_t i = 0; i < records.size(); ++i) {
-        list.push_back({{"position", i}, {"length", records[i].size()}, {"bytes", toHex(records[i])}});
+        list.push_back(
+            {{"position", i}, {"length", records[i].size()}, {"bytes", exchange::toHex(records[i])}});
     }
     printJson(list);
     return ExitCode::Done;

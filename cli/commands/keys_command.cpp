@@ -1,9 +1,9 @@
-#include "cli/all_keys.h"
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/output.h"
 #include "cli/project.h"
 #include "cli/words.h"
+#include "exchange/all_keys.h"
 #include "lcdata/values/keys.h"
 
 namespace mrl::cli {
@@ -54,7 +54,8 @@ std::string asJson(int kwh, int kwl)
 ExitCode KeysCommand::run()
 {
     const Project project = Project::openForReading(m_file);
-    AllKeys keys = m_kwh ? AllKeys(project.db(), *m_kwh) : AllKeys(project.db());
+    exchange::AllKeys keys =
+        m_kwh ? exchange::AllKeys(project.db(), *m_kwh) : exchange::AllKeys(project.db());
     Output out;
     const char* separator = "\n";
     if (m_json) {

@@ -4,7 +4,10 @@
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
 #include "cli/failure.h"
+#include "cli/input_file.h"
 #include "cli/project.h"
+#include "cli/project_content.h"
+#include "exchange/json_text.h"
 #include "hostlib/data/designcode/kept.h"
 #include "lcdata/default_actions.h"
 #include "lcdata/system_record.h"
@@ -24,10 +27,12 @@ class NewCommand : public Command
 
   private:
     void fill(Project& project) const;
+    ExitCode restore() const;
     std::string codeToStore() const;
 
     std::string m_file;
     std::optional<std::string> m_code;
+    std::optional<std::string> m_from;
     std::optional<int> m_system;
     std::optional<int> m_gravity;
     bool m_defaultActions = false;
@@ -37,10 +42,16 @@ class NewCommand : public Command
 void NewCommand::declare(Arguments& args)
 {
     args.file(m_file);
-    args.text("--code", m_code, Arguments::Need::Required, "Name of a design code, or the path of its file");
+    args.text("--code", m_code, Arguments::Need::Optional, "Name of a design code, or the path of its file");
+    args.text("--from", m_from, Arguments::Need::Optional,
+              "Take everything from this file, which 'export --format json' wrote; - is standard input");
     args.choice("--system", m_system, LCM_SYSTEMS, "; spatial unless given");
     args.choice("--gravity", m_gravity, LCM_GRAVITY_AXES, "; -Z unless given, -Y for a plane system");
     args.flag("--default-actions", m_defaultActions, "Take over every default action of the design code");
+    args.needsEither("--code", "--from");
+    for (const char* option : {"--code", "--system", "--gravity", "--default-actions"}) {
+        args.exclude("--from", option);
+    }
 }
 
 /// A path is stored whole, so that the project finds the file from any folder.
@@ -70,8 +81,26 @@ void NewCommand::fill(Project& project) const
     project.commit();
 }
 
+/// Every record and fact as the file has it, judged by no rule.
+ExitCode NewCommand::restore() const
+{
+    const QByteArray bytes = readInput(*m_from);
+    const auto read = exchange::projectOfJson(viewOf(bytes));
+    if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
+        throw Failure{ExitCode::Refused, *m_from + ": " + error->text};
+    }
+    Project::create(m_file, [&](Project& project) {
+        writeContent(std::get<exchange::ProjectContent>(read), project);
+        project.commit();
+    });
+    return ExitCode::Done;
+}
+
 ExitCode NewCommand::run()
 {
+    if (m_from) {
+        return restore();
+    }
     m_read = readDesignCode(*m_code);
     Project::create(m_file, [this](Project& project) { fill(project); });
     return ExitCode::Done;

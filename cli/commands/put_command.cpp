@@ -2,7 +2,7 @@
 #include "cli/commands/commands.h"
 #include "cli/failure.h"
 #include "cli/project.h"
-#include "cli/raw_records.h"
+#include "exchange/raw_records.h"
 #include "host/mrl_cdb.h"
 
 namespace mrl::cli {
@@ -54,7 +54,7 @@ void PutCommand::write(const Project& project, const std::string& bytes) const
 ExitCode PutCommand::run()
 {
     std::string bytes;
-    fromHex(m_hex, bytes);
+    exchange::fromHex(m_hex, bytes);
     Project project = Project::openForWriting(m_file);
     write(project, bytes);
     project.throwOnError();

@@ -1,10 +1,10 @@
 #include "check/record_check.h"
-#include "cli/all_keys.h"
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/finding.h"
 #include "cli/project.h"
-#include "cli/raw_records.h"
+#include "exchange/all_keys.h"
+#include "exchange/raw_records.h"
 
 namespace mrl::cli {
 
@@ -34,9 +34,9 @@ void VerifyCommand::declare(Arguments& args)
 
 void verifyRecords(const Project& project, LCM_Findings& findings)
 {
-    AllKeys keys(project.db());
+    exchange::AllKeys keys(project.db());
     while (keys.next()) {
-        const std::vector<std::string> records = readRecords(project.db(), keys.kwh(), keys.kwl());
+        const std::vector<std::string> records = exchange::readRecords(project.db(), keys.kwh(), keys.kwl());
         for (std::size_t i = 0; i < records.size(); ++i) {
             if (auto finding = lcm_check_record({keys.kwh(), keys.kwl(), i == 0, records[i]})) {
                 findings.push_back(std::move(*finding));

@@ -2,11 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include "lcdata/load_cases.h"
 #include "tests/support/plain_findings.h"
 #include "tests/support/project_test.h"
 
 using mrl::test::ActionBuilder;
 using mrl::test::bareLoadCase;
+using mrl::test::following;
 using mrl::test::soundAction;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -19,7 +21,7 @@ class ProjectCheck : public mrl::test::ProjectTest
     ProjectCheck()
     {
         project.putAction(soundAction("G"));
-        project.putLoadCase(1, bareLoadCase("G"));
+        project.putLoadCase(1, following("G"));
     }
 
     /// The findings as "SUBJECT COLUMN RULE ARGUMENTS", the column left out for the whole subject.
@@ -68,18 +70,27 @@ TEST_F(ProjectCheck, NameThatNoRowKeepsIsAFinding)
     tagCDB_LC_ACT twoCharacters = soundAction("A");
     twoCharacters.suffix = lcm_pack_word("I4");
     project.putAction(twoCharacters);
-    project.putLoadCase(2, bareLoadCase("A_I4"));
+    project.putLoadCase(2, following("A_I4"));
     EXPECT_THAT(findings(), ElementsAre("A_I4 action-name-shortened A_I"));
 }
 
-TEST_F(ProjectCheck, CopiedFactorsOfALoadCaseAreNotCondemned)
+TEST_F(ProjectCheck, CopiedFactorsThatDifferFromTheActionAreToldAndNotCondemned)
 {
     // The dialog shows the action's present factors, whatever the record holds.
-    tagCDB_LC_CTRL record = bareLoadCase("G");
+    tagCDB_LC_CTRL record = following("G");
     record.gamu = 1.0f;
     record.gamf = 5.0f;
     project.putLoadCase(2, record);
+    EXPECT_THAT(findings(), ElementsAre("2 load-case-factors-differ-from-action G"));
+}
+
+TEST_F(ProjectCheck, CopiesAsTheActionHasThemAreNoFinding)
+{
+    ASSERT_TRUE(mrl_lc_create_load_case(db, 2, mrl::test::codeOf("G"), "Copy"));
+    ASSERT_NE(project.storedLoadCase(2).gamu, LC_UNDEFINED);
     EXPECT_THAT(findings(), IsEmpty());
+    project.putAction(soundAction("G").psi2(0.4f));
+    EXPECT_THAT(findings(), ElementsAre("2 load-case-factors-differ-from-action G"));
 }
 
 TEST_F(ProjectCheck, MissingActionIsAFinding)
@@ -94,14 +105,14 @@ TEST_F(ProjectCheck, NamesInTheOtherCaseAreFoundAsTheDialogFindsThemWhenItOpens)
     project.putAction(soundAction("W"));
     EXPECT_THAT(findings(), ElementsAre("2 action-missing w")) << "W is stored in upper case";
 
-    project.putLoadCase(2, bareLoadCase("V"));
+    project.putLoadCase(2, following("V"));
     project.putAction(0x20202076, soundAction("v"));
     EXPECT_THAT(findings(), IsEmpty());
 }
 
 TEST_F(ProjectCheck, OldActionNumberIsResolved)
 {
-    project.putLoadCase(2, bareLoadCase().action(2)); // G
+    project.putLoadCase(2, following(2)); // G
     project.putLoadCase(3, bareLoadCase().action(99));
     EXPECT_THAT(findings(), ElementsAre("3 action-missing 99"));
 }
@@ -130,8 +141,8 @@ TEST_F(ProjectCheck, NumberThatAnotherModuleUsesTooIsReported)
 
 TEST_F(ProjectCheck, NumberAboveTheDialogsLimitIsReported)
 {
-    project.putLoadCase(999999, bareLoadCase("G"));
-    project.putLoadCase(1000000, bareLoadCase("G"));
+    project.putLoadCase(999999, following("G"));
+    project.putLoadCase(1000000, following("G"));
     EXPECT_THAT(findings(), ElementsAre("1000000 load-case-number-above-999999"));
 }
 
@@ -144,8 +155,8 @@ TEST_F(ProjectCheck, ForeignLoadCasesAreNotJudged)
 TEST_F(ProjectCheck, ProjectWithoutAnActionOfItsCodeIsJudgedWithTheDefaultOnes)
 {
     mrl_cdb_del(db, LC_KWH_ACTIONS, mrl::test::codeOf("G"));
-    project.putLoadCase(2, bareLoadCase("Q"));
-    project.putLoadCase(3, bareLoadCase("W"));
+    project.putLoadCase(2, following("Q"));
+    project.putLoadCase(3, following("W"));
     EXPECT_THAT(findings(), ElementsAre("3 action-missing W")) << "the dialog offers G and Q then";
 }
 

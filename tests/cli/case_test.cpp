@@ -16,7 +16,7 @@ class CaseCommand : public CliTest
 
 } // namespace
 
-TEST_F(CaseCommand, CreateWithAnActionTakesItsFactorsAndAFactorOfOne)
+TEST_F(CaseCommand, CreateWithAnActionFollowsItsFactorsWithAFactorOfOne)
 {
     EXPECT_EQ(done({"case", "create", file, "3", "--action", "w", "--title", "Wind +X"}).out, "3\n");
     const auto lc = loadCase(3);
@@ -24,10 +24,10 @@ TEST_F(CaseCommand, CreateWithAnActionTakesItsFactorsAndAFactorOfOne)
     EXPECT_EQ(lc["action"], "W");
     EXPECT_EQ(lc["kind"], 0);
     EXPECT_EQ(lc["factor"], 1.0);
-    EXPECT_EQ(lc["Gamu"], 1.5);
-    EXPECT_EQ(lc["Gama"], 1.0);
-    EXPECT_EQ(lc["Psi0"], 0.6);
-    EXPECT_EQ(lc["Psi1"], 0.2);
+    EXPECT_EQ(lc["Gamu"], nullptr);
+    EXPECT_EQ(lc["Gama"], nullptr);
+    EXPECT_EQ(lc["Psi0"], nullptr);
+    EXPECT_EQ(lc["Psi1"], nullptr);
     EXPECT_EQ(lc["current"], false);
 }
 

@@ -15,17 +15,24 @@ const std::vector<std::vector<std::string>> COMMANDS = {{"new"},
                                                         {"info"},
                                                         {"check"},
                                                         {"verify"},
+                                                        {"export"},
+                                                        {"import"},
+                                                        {"diff"},
+                                                        {"merge"},
+                                                        {"apply"},
                                                         {"action", "list"},
                                                         {"action", "show"},
                                                         {"action", "create"},
                                                         {"action", "create-all"},
                                                         {"action", "set"},
+                                                        {"action", "remove"},
                                                         {"case", "list"},
                                                         {"case", "show"},
                                                         {"case", "create"},
                                                         {"case", "init"},
                                                         {"case", "set"},
                                                         {"case", "remove"},
+                                                        {"case", "renumber"},
                                                         {"case", "current"},
                                                         {"case", "set-current"},
                                                         {"combine"},
@@ -99,7 +106,7 @@ TEST(Help, WrongUsageNamesTheCommandAndWhatIsWrong)
     EXPECT_EQ(said({"case", "nonsense", "p.cdb"}), message("mrl-lc case", "there is no command 'nonsense'"));
     EXPECT_EQ(said({"--nonsense"}), message("mrl-lc", "option --nonsense is not known here"));
     EXPECT_EQ(said({}), message("mrl-lc", "A subcommand is required"));
-    EXPECT_EQ(said({"new", "p.cdb"}), message("mrl-lc new", "--code is required"));
+    EXPECT_EQ(said({"new", "p.cdb"}), message("mrl-lc new", "--code or --from is required"));
     EXPECT_EQ(said({"case", "show"}), message("mrl-lc case show", "FILE is required"));
 }
 

@@ -1,9 +1,9 @@
 #include "table/fixture.h"
 
-#include <QToolTip>
 #include <QDialog>
 #include <QPushButton>
 #include <QShortcut>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace tabletest {

@@ -271,7 +271,7 @@ TEST_F(SummaryTest, FindingsAreToldInGerman)
 TEST_F(SummaryTest, SoundProjectHasNoFindings)
 {
     project.putAction(soundAction(QStringLiteral("G")));
-    project.putLoadCase(1, bareLoadCase(QStringLiteral("G")));
+    project.putLoadCase(1, mrl::test::following(QStringLiteral("G")));
     EXPECT_TRUE(summarise(db).findings.empty());
 }
 

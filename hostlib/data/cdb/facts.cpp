@@ -29,6 +29,12 @@ std::string fact(int db, const std::string& name)
     return database != nullptr ? database->facts().fact(name) : std::string();
 }
 
+Result facts(int db, std::map<std::string, std::string>& out)
+{
+    auto* database = Registry::instance().find(db);
+    return database != nullptr ? database->facts().facts(out) : notOpen(db);
+}
+
 Result setFact(int db, const std::string& name, const std::string& value)
 {
     auto* database = Registry::instance().find(db);

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -132,6 +133,9 @@ MRL_HOST_API void setLockWait(int db, int milliseconds);
 
 /// A fact about the project; empty when it is not set. "designcode" is the file name of its design code.
 MRL_HOST_API std::string fact(int db, const std::string& name);
+
+/// All facts by name. @param out [out] receives them beside what it holds; those read so far on failure
+MRL_HOST_API Result facts(int db, std::map<std::string, std::string>& out);
 
 /// Sets a fact; an empty value removes it.
 MRL_HOST_API Result setFact(int db, const std::string& name, const std::string& value);

@@ -4,7 +4,7 @@
 
 #include "host/mrl_cdb.h"
 
-namespace mrl::cli {
+namespace mrl::exchange {
 
 /// A walk over every key of a project, or over every key of one group, negative elements too.
 class AllKeys
@@ -50,4 +50,4 @@ class AllKeys
     bool m_started = false;
 };
 
-} // namespace mrl::cli
+} // namespace mrl::exchange

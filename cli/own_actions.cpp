@@ -1,0 +1,83 @@
+#include "cli/own_actions.h"
+
+#include "cli/project_records.h"
+#include "exchange/number_text.h"
+#include "exchange/plan.h"
+#include "exchange/raw_records.h"
+#include "host/mrl_cdb.h"
+#include "lcdata/stored_load_cases.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/partition.h"
+
+namespace mrl::cli {
+
+namespace {
+
+constexpr std::size_t NAMED_USERS = 5; // of the load cases that keep an action
+
+/// The action as the row of a table, so that it is judged as an import judges it.
+exchange::Table tableOf(const OwnAction& action)
+{
+    exchange::Table table;
+    table.head.sheet = exchange::Sheet::Actions;
+    exchange::Row row;
+    const auto& columns = exchange::columnsOf(exchange::Sheet::Actions);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        table.head.columns.push_back(static_cast<int>(i));
+        const auto value =
+            columns[i].factor == nullptr ? std::nullopt : action.factors[columns[i].factor->id];
+        row.cells.push_back(value ? exchange::numberText(*value) : std::string());
+    }
+    row.cells[exchange::ACTION_NAME] = action.name;
+    row.cells[exchange::ACTION_TITLE] = action.title.value_or("");
+    row.cells[exchange::ACTION_PARTITION] = lcm_word_of_id(LCM_PARTITIONS, action.partition);
+    row.cells[exchange::ACTION_SUPERPOSITION] = lcm_word_of_id(LCM_SUPERPOSITIONS, action.superposition);
+    table.rows.push_back(row);
+    return table;
+}
+
+} // namespace
+
+void createOwnAction(const OwnAction& action, const Project& project)
+{
+    const exchange::Plan plan = exchange::planOf(exchange::stateOf(project.db()), {tableOf(action)});
+    const exchange::PlannedRow& row = plan.rows.front();
+    if (row.outcome == exchange::Outcome::Refused) {
+        project.refuse("action " + action.name + ": " + row.reasons.front().text + " [" +
+                       row.reasons.front().rule + "]");
+    }
+    if (!row.isNew) {
+        project.refuse("action " + action.name + " is stored already");
+    }
+    if (!exchange::putRecord(project.db(), LC_KWH_ACTIONS, row.id, exchange::bytesOf(row.action))) {
+        project.refuse("action " + action.name + " could not be written");
+    }
+}
+
+void removeAction(const std::string& name, const Project& project)
+{
+    const LCM_StoredAction action = requireAction(project, name);
+    std::vector<int> users;
+    for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
+        if (walk.current().isOwn() && actionWordOf(walk.current().record) == action.code) {
+            users.push_back(walk.current().number);
+        }
+    }
+    if (!users.empty()) {
+        std::string numbers;
+        for (std::size_t i = 0; i < users.size() && i < NAMED_USERS; ++i) {
+            numbers += (i == 0 ? "" : ", ") + std::to_string(users[i]);
+        }
+        project.refuse("load cases use the action " + name + ": " + numbers +
+                       (users.size() > NAMED_USERS ? ", ..." : ""));
+    }
+    if (exchange::readRecords(project.db(), LC_KWH_ACTIONS, action.code).size() > 1) {
+        project.refuse("other records stand under the key of the action " + name +
+                       "; 'mrl-lc del' removes all");
+    }
+    if (mrl_cdb_del(project.db(), LC_KWH_ACTIONS, action.code) != 0) {
+        project.refuse("action " + name + " could not be removed");
+    }
+}
+
+} // namespace mrl::cli

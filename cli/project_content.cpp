@@ -1,0 +1,46 @@
+#include "cli/project_content.h"
+
+#include "cli/raw_records.h"
+#include "exchange/raw_records.h"
+
+namespace mrl::cli {
+
+exchange::ProjectContent readContent(const std::string& file)
+{
+    const Project project = Project::openForReading(file);
+    exchange::ProjectContent content = exchange::contentOf(project.db(), project.facts());
+    project.throwOnError();
+    return content;
+}
+
+void writeKey(const exchange::RecordKey& key, const exchange::KeyRecords& records, const Project& project)
+{
+    bool fine = true;
+    if (records.empty()) {
+        fine = mrl_cdb_del(project.db(), key.kwh, key.kwl) == 0;
+    }
+    for (std::size_t i = 0; i < records.size() && fine; ++i) {
+        const std::string& bytes = records[i];
+        fine = i == 0 ? exchange::putRecord(project.db(), key.kwh, key.kwl, bytes)
+                      : static_cast<bool>(cdb::append(project.db(), key.kwh, key.kwl, bytes.data(),
+                                                      static_cast<int>(bytes.size())));
+    }
+    if (!fine) {
+        project.refuse("the key " + keyText(key.kwh, key.kwl) + " could not be written");
+    }
+}
+
+void writeContent(const exchange::ProjectContent& content, const Project& project)
+{
+    for (const auto& [name, value] : content.facts) {
+        if (!cdb::setFact(project.db(), name, value)) {
+            project.refuse("the fact " + name + " could not be written");
+        }
+    }
+    for (const auto& [key, records] : content.keys) {
+        writeKey(key, records, project);
+    }
+    project.throwOnError();
+}
+
+} // namespace mrl::cli

@@ -1,0 +1,174 @@
+#include <map>
+
+#include "exchange/number_text.h"
+#include "exchange/planning.h"
+#include "exchange/raw_records.h"
+#include "exchange/record_cells.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/keywords.h"
+#include "lcdata/values/partition.h"
+#include "rules/action_row.h"
+#include "rules/new_action_name.h"
+
+namespace mrl::exchange {
+
+namespace {
+
+/// Plans one row.
+class ActionRow
+{
+  public:
+    ActionRow(const RowCells& cells, const ProjectState& state, PlannedRow& row)
+        : m_cells(cells), m_state(state), m_row(row)
+    {
+    }
+
+    void plan()
+    {
+        m_row.name = m_cells.text(ACTION_NAME);
+        m_row.id = codeOfName();
+        const auto stored = m_state.actions.find(m_row.id);
+        m_row.isNew = stored == m_state.actions.end();
+        if (m_row.isNew) {
+            checkName();
+        } else {
+            m_row.storedAction = stored->second.record;
+        }
+        m_row.action = m_row.isNew ? newRecord() : m_row.storedAction;
+        if (m_row.outcome == Outcome::Refused) {
+            return;
+        }
+        changeTexts();
+        changeFactors();
+        conclude(m_row, bytesOf(m_row.action) == bytesOf(m_row.storedAction));
+        if (m_row.outcome == Outcome::Added || m_row.outcome == Outcome::Changed) {
+            refuse(m_row, lcm_check_action(asShown(), m_state.limits, m_state.identity));
+        }
+    }
+
+  private:
+    /// A stored action as it stands, else in upper case.
+    int codeOfName() const
+    {
+        const QString name = QString::fromStdString(m_row.name);
+        const int typed = lcm_pack_word(name);
+        return m_state.actions.count(typed) != 0 ? typed : lcm_normalise_code(name);
+    }
+    /// Judges the name of a new action as the dialog does.
+    void checkName()
+    {
+        const QString upper = QString::fromStdString(m_row.name).toUpper();
+        const int underscore = upper.indexOf('_');
+        const LCM_TypedName name{upper.left(underscore),
+                                 underscore < 0 ? QString() : upper.mid(underscore + 1)};
+        if (name.action.isEmpty()) {
+            refuse(m_row, "import-no-name", "the row names no action");
+        }
+        if (upper.toUtf8().size() > 4) {
+            refuse(m_row, {LCM_Finding{LCM_Rule::NewNameTooLong, LCM_Subject::Action, 0, 0, {}}});
+        }
+        for (const LCM_NameEdit edit : {LCM_NameEdit::Action, LCM_NameEdit::Category}) {
+            const auto finding = lcm_check_new_name(name, {}, edit);
+            if (finding && m_row.outcome != Outcome::Refused) {
+                refuse(m_row, {*finding});
+            }
+        }
+    }
+    /// A variable action without factors, as the dialog makes one whose name is typed.
+    tagCDB_LC_ACT newRecord() const
+    {
+        LCM_ActionCells cells;
+        cells.name = lcm_code_text(m_row.id);
+        cells.partition = LC_CATEGORY_VARIABLE;
+        cells.superposition = LC_SUPERPOSITION_EXCL;
+        tagCDB_LC_ACT record{};
+        lcm_action_record(cells, record);
+        return record;
+    }
+    template <class List>
+    int idOf(const List& list, std::size_t place, int old)
+    {
+        const std::string text = QString::fromStdString(m_cells.text(place)).toUpper().toStdString();
+        if (text.empty() || text == lcm_word_of_id(list, old)) {
+            return old;
+        }
+        const auto id = lcm_id_of_word(list, text);
+        if (!id) {
+            refuse(m_row, "import-unknown-word",
+                   '"' + text + "\" of \"" + columnsOf(Sheet::Actions)[place].name + "\" is none of " +
+                       lcm_joined_words(list));
+        }
+        return id.value_or(old);
+    }
+    void changeTexts()
+    {
+        const std::string* title = m_cells.cell(ACTION_TITLE);
+        if (title != nullptr && *title != titleText(m_row.action.title)) {
+            packTitle(*title, m_row.action.title, m_row);
+        }
+        const int partition = lcm_partition_id(m_row.action.partition);
+        const int superposition = lcm_superposition_id(m_row.action.partition);
+        const int newPartition = idOf(LCM_PARTITIONS, ACTION_PARTITION, partition);
+        const int newSuperposition = idOf(LCM_SUPERPOSITIONS, ACTION_SUPERPOSITION, superposition);
+        if (newPartition != partition || newSuperposition != superposition) {
+            m_row.action.partition = lcm_partition_word(newPartition, newSuperposition);
+        }
+    }
+    /// An empty factor leaves it as it is.
+    void changeFactors()
+    {
+        const std::vector<Column>& columns = columnsOf(Sheet::Actions);
+        for (std::size_t i = ACTION_SUPERPOSITION + 1; i < columns.size(); ++i) {
+            const LCM_Factor& factor = *columns[i].factor;
+            const std::string text = m_cells.text(i);
+            if (!m_row.isNew && text == numberText(lcm_shown_factor(m_row.action, factor))) {
+                continue;
+            }
+            if (const auto value = numberIn(text, columns[i], m_row)) {
+                m_row.action.*factor.actionField = lcm_factor_to_store(factor, *value);
+            }
+        }
+    }
+    /// As its row shows it: a factor without a column is 0.
+    tagCDB_LC_ACT asShown() const
+    {
+        tagCDB_LC_ACT shown = m_row.action;
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            shown.*factor.actionField =
+                m_state.setup.factorColumns[factor.id] ? lcm_shown_factor(m_row.action, factor) : 0.0f;
+        }
+        return shown;
+    }
+
+    const RowCells& m_cells;
+    const ProjectState& m_state;
+    PlannedRow& m_row;
+};
+
+} // namespace
+
+void planActions(const Table& table, ProjectState& state, Plan& plan)
+{
+    std::map<int, int> lines;
+    RowCells cells(table.head);
+    for (const Row& tableRow : table.rows) {
+        PlannedRow row;
+        row.sheet = Sheet::Actions;
+        row.line = tableRow.line;
+        row.notes = tableRow.notes;
+        cells.moveTo(tableRow);
+        ActionRow(cells, state, row).plan();
+        const auto [first, isFirst] = lines.emplace(row.id, row.line);
+        if (!isFirst) {
+            refuse(row, "import-doubled",
+                   '"' + row.name + "\" stands in line " + std::to_string(first->second) + " already");
+        } else if (row.outcome == Outcome::Added || row.outcome == Outcome::Changed) {
+            LCM_StoredAction& stored = state.actions[row.id];
+            stored.code = row.id;
+            stored.record = row.action;
+        }
+        plan.rows.push_back(std::move(row));
+    }
+}
+
+} // namespace mrl::exchange

@@ -1,0 +1,98 @@
+#include "exchange/delimited_writer.h"
+
+#include <algorithm>
+
+#include "exchange/delimited_lines.h"
+#include "exchange/delimited_text.h"
+#include "exchange/sheet_walk.h"
+#include "exchange/text_decoding.h"
+
+namespace mrl::exchange {
+
+namespace {
+
+constexpr std::size_t BLOCK = 1 << 16;
+
+/// Writes lines in one encoding; the first failure stays.
+class LineWriter
+{
+  public:
+    LineWriter(const FormatOptions& options, const Sink& sink)
+        : m_separator(options.separator), m_decimal(options.decimalSign == 0 ? '.' : options.decimalSign),
+          m_encoding(options.encoding.empty() ? "UTF-8" : options.encoding), m_sink(sink)
+    {
+    }
+    bool write(const std::vector<Column>& columns, const Cells& cells)
+    {
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            if (i > 0) {
+                m_lines += m_separator;
+            }
+            if (columns[i].isNumeric()) {
+                addNumber(cells[i]);
+            } else {
+                appendQuoted(m_lines, guarded(cells[i]), m_separator);
+            }
+        }
+        m_lines += '\n';
+        return m_lines.size() < BLOCK || flush();
+    }
+    bool flush()
+    {
+        const auto bytes = encoded(m_lines, m_encoding, !m_written);
+        m_lines.clear();
+        m_written = true;
+        if (!bytes) {
+            m_error = m_encoding + " can't hold all characters of the titles";
+        } else if (!m_sink(*bytes)) {
+            m_error = "the file can't be written";
+        }
+        return m_error.empty();
+    }
+    const std::string& error() const { return m_error; }
+    bool isSound() const { return m_separator != m_decimal && m_separator != '"'; }
+
+  private:
+    void addNumber(const std::string& cell)
+    {
+        const std::size_t begin = m_lines.size();
+        m_lines += cell;
+        if (m_decimal != '.') {
+            std::replace(m_lines.begin() + static_cast<std::ptrdiff_t>(begin), m_lines.end(), '.', m_decimal);
+        }
+    }
+
+    char m_separator;
+    char m_decimal;
+    std::string m_encoding;
+    const Sink& m_sink;
+    std::string m_lines;
+    std::string m_error;
+    bool m_written = false;
+};
+
+} // namespace
+
+std::optional<FormatError> writeDelimited(const Source& source, const FormatOptions& options,
+                                          const Sink& sink)
+{
+    if (source.sheets.size() != 1) {
+        return FormatError{"a file of this format holds either actions or load cases"};
+    }
+    const std::vector<Column>& columns = columnsOf(source.sheets[0]);
+    LineWriter writer(options, sink);
+    if (!writer.isSound()) {
+        return FormatError{"the separator can't be the decimal sign or a quote"};
+    }
+    SheetWalk walk(source.db, source.sheets[0]);
+    bool fine = writer.write(columns, headingsOf(source.sheets[0]));
+    while (fine && walk.next()) {
+        fine = writer.write(columns, walk.cells());
+    }
+    if (!fine || !writer.flush()) {
+        return FormatError{writer.error()};
+    }
+    return std::nullopt;
+}
+
+} // namespace mrl::exchange

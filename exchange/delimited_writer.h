@@ -1,0 +1,11 @@
+#pragma once
+
+#include "exchange/format.h"
+
+namespace mrl::exchange {
+
+/// Writes the one sheet of a source as lines. @param options its separator is set
+std::optional<FormatError> writeDelimited(const Source& source, const FormatOptions& options,
+                                          const Sink& sink);
+
+} // namespace mrl::exchange

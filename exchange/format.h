@@ -1,0 +1,113 @@
+#pragma once
+
+/// What a format of files is to the rest: it writes sheets of a project and reads neutral tables.
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "exchange/sheet.h"
+
+namespace mrl::exchange {
+
+/// How a file is written, or what the caller knows of one that is read; 0 and empty: the default, or to be found
+/// out.
+struct FormatOptions
+{
+    char separator = 0;
+    char decimalSign = 0;       ///< '.' or ','
+    std::string encoding;       ///< see text_decoding.h
+    std::optional<Sheet> sheet; ///< what a file of one sheet holds that doesn't tell
+    bool byTitle = false;       ///< a table of load cases may have titles in place of numbers
+};
+
+/// Takes a piece of the file. @return false when it can't be written
+using Sink = std::function<bool(std::string_view)>;
+
+/// What is written.
+struct Source
+{
+    int db = -1; ///< an open database
+    std::vector<Sheet> sheets;
+    /// The whole project is meant: a format that can hold records of other modules and facts writes these too.
+    bool whole = false;
+    std::map<std::string, std::string> facts; ///< of the project, which the caller reads from its host
+};
+
+/// Why a file could not be read or written, with the place, in English.
+struct FormatError
+{
+    std::string text;
+};
+
+/// Takes tables row by row while a file is read.
+class TableReceiver
+{
+  public:
+    TableReceiver() = default;
+    virtual ~TableReceiver() = default;
+    TableReceiver(const TableReceiver&) = delete;
+    TableReceiver& operator=(const TableReceiver&) = delete;
+
+    /// The rows that follow are of this table.
+    virtual void begin(const TableHead& head) = 0;
+    /// @param row its strings may be taken
+    virtual void take(Row& row) = 0;
+    /// What was found out or passed over, in English.
+    virtual void note(const std::string& text) = 0;
+};
+
+class Format
+{
+  public:
+    Format() = default;
+    virtual ~Format() = default;
+    Format(const Format&) = delete;
+    Format& operator=(const Format&) = delete;
+
+    virtual std::string name() const = 0; ///< the word of --format
+    virtual std::string description() const = 0;
+    virtual std::vector<std::string> suffixes() const = 0;
+    virtual bool holdsManySheets() const = 0;
+    /// Whether the first bytes of a file are of this format beyond doubt.
+    virtual bool recognises(std::string_view beginning) const = 0;
+
+    /// What a file of this format would not tell of a project, in English; none unless a format says so.
+    virtual std::vector<std::string> losses(const Source&) const { return {}; }
+
+    /// @return nothing when all was written
+    virtual std::optional<FormatError> write(const Source& source, const FormatOptions& options,
+                                             const Sink& sink) const = 0;
+    /// @param bytes the whole file
+    /// @return nothing when all was read; what was received before an error counts for nothing
+    virtual std::optional<FormatError> read(std::string_view bytes, const FormatOptions& options,
+                                            TableReceiver& receiver) const = 0;
+};
+
+/// All formats, in the order of the help. A new one is a file of its own and a line in formats.cpp.
+const std::vector<std::unique_ptr<Format>>& formats();
+
+/// The format of a word; null for one that is none.
+const Format* formatOfName(std::string_view name);
+
+/// The format of a file: by its content, else by its suffix; null when neither tells.
+const Format* formatOfFile(const std::string& fileName, std::string_view beginning);
+
+struct ReadTables
+{
+    std::vector<Table> tables;
+    std::vector<std::string> notes;
+};
+
+/// Reads a whole file into tables.
+std::variant<ReadTables, FormatError> readTables(const Format& format, std::string_view bytes,
+                                                 const FormatOptions& options);
+
+/// The greatest file that is read, in bytes.
+constexpr long long MAX_FILE_BYTES = 256LL * 1024 * 1024;
+
+} // namespace mrl::exchange

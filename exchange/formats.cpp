@@ -1,0 +1,80 @@
+#include <QFileInfo>
+
+#include <algorithm>
+
+#include "exchange/delimited_text.h"
+#include "exchange/format.h"
+#include "exchange/json_text.h"
+
+namespace mrl::exchange {
+
+namespace {
+
+std::vector<std::unique_ptr<Format>> allFormats()
+{
+    std::vector<std::unique_ptr<Format>> all;
+    all.push_back(csvFormat());
+    all.push_back(tsvFormat());
+    all.push_back(jsonFormat());
+    return all;
+}
+
+template <class Test>
+const Format* firstWith(const Test& test)
+{
+    const auto found = std::find_if(formats().begin(), formats().end(), test);
+    return found == formats().end() ? nullptr : found->get();
+}
+
+class TableCollector : public TableReceiver
+{
+  public:
+    void begin(const TableHead& head) override { m_read.tables.push_back({head, {}}); }
+    void take(Row& row) override { m_read.tables.back().rows.push_back(row); }
+    void note(const std::string& text) override { m_read.notes.push_back(text); }
+
+    ReadTables& tables() { return m_read; }
+
+  private:
+    ReadTables m_read;
+};
+
+} // namespace
+
+const std::vector<std::unique_ptr<Format>>& formats()
+{
+    static const auto ALL = allFormats();
+    return ALL;
+}
+
+const Format* formatOfName(std::string_view name)
+{
+    return firstWith([&](const auto& format) { return format->name() == name; });
+}
+
+const Format* formatOfFile(const std::string& fileName, std::string_view beginning)
+{
+    if (const Format* found = firstWith([&](const auto& format) { return format->recognises(beginning); })) {
+        return found;
+    }
+    const std::string suffix = QFileInfo(QString::fromStdString(fileName)).suffix().toLower().toStdString();
+    return firstWith([&](const auto& format) {
+        const std::vector<std::string> suffixes = format->suffixes();
+        return std::find(suffixes.begin(), suffixes.end(), suffix) != suffixes.end();
+    });
+}
+
+std::variant<ReadTables, FormatError> readTables(const Format& format, std::string_view bytes,
+                                                 const FormatOptions& options)
+{
+    TableCollector collector;
+    if (static_cast<long long>(bytes.size()) > MAX_FILE_BYTES) {
+        return FormatError{"the file is larger than 256 MiB"};
+    }
+    if (auto error = format.read(bytes, options, collector)) {
+        return std::move(*error);
+    }
+    return std::move(collector.tables());
+}
+
+} // namespace mrl::exchange

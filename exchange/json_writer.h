@@ -1,0 +1,11 @@
+#pragma once
+
+#include "exchange/format.h"
+
+namespace mrl::exchange {
+
+/// Writes the sheets of a source, one line for each row, and of a whole project what they leave out. What is written
+/// depends on the content alone.
+std::optional<FormatError> writeJson(const Source& source, const Sink& sink);
+
+} // namespace mrl::exchange

@@ -1,0 +1,133 @@
+#include "exchange/load_case_numbering.h"
+
+#include "exchange/number_text.h"
+#include "exchange/record_cells.h"
+#include "lcdata/values/keys.h"
+
+namespace mrl::exchange {
+
+namespace {
+
+/// The numbers that are not free: those of the project, and those that rows state.
+std::set<int> usedNumbers(const Table& table, const ProjectState& state)
+{
+    std::set<int> used = state.foreignNumbers;
+    for (const auto& loadCase : state.loadCases) {
+        used.insert(loadCase.first);
+    }
+    RowCells cells(table.head);
+    for (const Row& row : table.rows) {
+        cells.moveTo(row);
+        if (const auto number = wholeNumberOf(cells.text(CASE_NUMBER))) {
+            used.insert(*number);
+        }
+    }
+    return used;
+}
+
+bool mayPick(const Table& table, Match match) { return table.head.picksNumbers || match == Match::Title; }
+
+} // namespace
+
+LoadCaseNumbering::LoadCaseNumbering(const Table& table, const ProjectState& state, Match match)
+    : m_state(state), m_match(match), m_picksNumbers(mayPick(table, match)),
+      m_used(m_picksNumbers ? usedNumbers(table, state) : std::set<int>()),
+      m_free({m_used.begin(), m_used.end()}, std::nullopt, m_used)
+{
+    if (match == Match::Title) {
+        for (const auto& [number, record] : state.loadCases) {
+            const auto [at, isFirst] = m_titles.emplace(titleText(record.title), number);
+            at->second = isFirst ? number : 0;
+        }
+    }
+}
+
+void LoadCaseNumbering::identify(const RowCells& cells, PlannedRow& row)
+{
+    row.name = cells.text(CASE_NUMBER);
+    if (m_match == Match::Title) {
+        identifyByTitle(cells, row);
+    } else {
+        identifyByNumber(cells, row);
+    }
+    if (row.outcome != Outcome::Refused && m_state.foreignNumbers.count(row.id) != 0) {
+        refuse(row, "import-other-module",
+               "load case " + std::to_string(row.id) + " belongs to another module");
+    }
+    if (row.outcome != Outcome::Refused) {
+        refuseDoubled(row);
+    }
+}
+
+void LoadCaseNumbering::identifyByNumber(const RowCells& cells, PlannedRow& row)
+{
+    if (row.name.empty() && m_picksNumbers) {
+        row.name = cells.text(CASE_TITLE);
+        takeFreeNumber(row);
+    } else {
+        readNumber(row.name, row);
+    }
+}
+
+void LoadCaseNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
+{
+    const std::string* title = cells.cell(CASE_TITLE);
+    const std::string number = row.name;
+    row.name = title == nullptr ? std::string() : *title;
+    const auto [first, isFirst] = m_titleLines.emplace(row.name, row.line);
+    if (!isFirst) {
+        refuse(row, "import-doubled",
+               "the title \"" + row.name + "\" stands in line " + std::to_string(first->second) + " already");
+        return;
+    }
+    const auto found = m_titles.find(row.name);
+    if (found != m_titles.end() && found->second == 0) {
+        refuse(row, "import-title-ambiguous", "several load cases have the title \"" + row.name + '"');
+    } else if (found != m_titles.end()) {
+        row.id = found->second;
+    } else if (number.empty()) {
+        takeFreeNumber(row);
+    } else {
+        readNumber(number, row);
+        if (m_state.loadCases.count(row.id) != 0) {
+            refuse(row, "import-number-taken",
+                   "load case " + number + " has another title than \"" + row.name + '"');
+        }
+    }
+}
+
+void LoadCaseNumbering::readNumber(const std::string& text, PlannedRow& row)
+{
+    row.id = wholeNumberOf(text).value_or(0);
+    const bool isStored = m_state.loadCases.count(row.id) != 0;
+    if (row.id < 1 || (row.id > LC_MAX_NUMBER && !isStored)) {
+        refuse(row, "import-load-case-number", '"' + text + "\" is no number of a load case (1 to 999999)");
+        row.id = 0;
+    }
+}
+
+void LoadCaseNumbering::takeFreeNumber(PlannedRow& row)
+{
+    row.id = m_free.next();
+    while (m_used.count(row.id) != 0) {
+        m_free.take(row.id);
+        row.id = m_free.next();
+    }
+    m_free.take(row.id);
+    m_used.insert(row.id);
+    if (row.id > LC_MAX_NUMBER) {
+        refuse(row, "import-load-case-number", "no number up to 999999 is free for \"" + row.name + '"');
+    }
+}
+
+void LoadCaseNumbering::refuseDoubled(PlannedRow& row)
+{
+    const auto [first, isFirst] = m_lines.emplace(row.id, row.line);
+    if (!isFirst) {
+        refuse(row, "import-doubled",
+               "load case " + std::to_string(row.id) + " stands in line " + std::to_string(first->second) +
+                   " already");
+    }
+}
+
+} // namespace mrl::exchange

@@ -1,0 +1,46 @@
+#pragma once
+
+/// What the plans of both sheets share.
+
+#include "exchange/plan.h"
+
+namespace mrl::exchange {
+
+/// Plans the actions of a table and enters them into the state, so that load cases find them.
+void planActions(const Table& table, ProjectState& state, Plan& plan);
+void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options, Plan& plan);
+
+void refuse(PlannedRow& row, const char* rule, const std::string& text);
+void refuse(PlannedRow& row, const LCM_Findings& findings);
+
+/// The cells of a row by column.
+class RowCells
+{
+  public:
+    explicit RowCells(const TableHead& head);
+
+    /// The row that the cells are of from now on.
+    void moveTo(const Row& row) { m_row = &row; }
+    /// @param column its place among columnsOf(). @return null for a column that the table lacks
+    const std::string* cell(std::size_t column) const
+    {
+        return m_places[column] < 0 ? nullptr : &m_row->cells[static_cast<std::size_t>(m_places[column])];
+    }
+    /// The cell without blanks around it; empty for a column that the table lacks.
+    std::string text(std::size_t column) const;
+
+  private:
+    std::vector<int> m_places; ///< among the cells of the row, by column; -1 for none
+    const Row* m_row = nullptr;
+};
+
+/// Packs a title as far as a record can hold it; what is cut becomes a note.
+void packTitle(const std::string& title, std::uint32_t (&field)[LC_TITLE_WORDS], PlannedRow& row);
+
+/// The number of a cell. @return nothing for an empty cell, and for one that is refused
+std::optional<float> numberIn(const std::string& cell, const Column& column, PlannedRow& row);
+
+/// Added, changed or unchanged, unless the row is refused. @param isEqual whether the record stays as it is
+void conclude(PlannedRow& row, bool isEqual);
+
+} // namespace mrl::exchange
