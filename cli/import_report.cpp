@@ -55,8 +55,11 @@ Json jsonOf(const exchange::PlannedRow& row)
 
 void printRow(Output& out, const exchange::PlannedRow& row)
 {
+    const std::string number =
+        row.sheet == exchange::Sheet::LoadCases && row.id != 0 ? std::to_string(row.id) : "";
+    const bool tellsNumber = !number.empty() && number != row.name;
     out.line(std::string(wordOf(row.outcome)) + " line " + std::to_string(row.line) + ": " +
-             exchange::nameOf(row.sheet) + " " + shown(row.name));
+             exchange::nameOf(row.sheet) + " " + (tellsNumber ? number + " " : "") + shown(row.name));
     if (row.outcome == Outcome::Changed) {
         for (const exchange::Change& change : row.changes()) {
             out.line("  " + std::string(change.column->name) + ": " + shown(change.before) + " -> " +

@@ -44,7 +44,7 @@ _mrl_lc() {
 
     case $command in
     new) options="--code --from --system --gravity --default-actions" ;;
-    export) options="--output --format --what --separator --decimal --encoding" ;;
+    export) options="--saf-version --output --format --what --separator --decimal --encoding" ;;
     import)
         options="--format --what --separator --decimal --encoding --match --create-actions --dry-run --skip-refused"
         options+=" --apply-plan --json"

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 
 #include "exchange/number_text.h"
@@ -39,6 +40,9 @@ class ActionRow
             return;
         }
         changeTexts();
+        if (m_row.isNew) {
+            takeDefaultFactors();
+        }
         changeFactors();
         conclude(m_row, bytesOf(m_row.action) == bytesOf(m_row.storedAction));
         if (m_row.outcome == Outcome::Added || m_row.outcome == Outcome::Changed) {
@@ -114,6 +118,47 @@ class ActionRow
             m_row.action.partition = lcm_partition_word(newPartition, newSuperposition);
         }
     }
+    /// The factors that a row doesn't state are those of the design code.
+    void takeDefaultFactors()
+    {
+        const auto found = defaultCode();
+        if (!found) {
+            return;
+        }
+        const int code = *found;
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            m_row.action.*factor.actionField = m_state.defaultActions.at(code).*factor.actionField;
+        }
+        if (!statesAllFactors()) {
+            m_row.notes.push_back("factors that the row doesn't state are those of " +
+                                  lcm_code_name(code).toStdString() + " of the design code");
+        }
+    }
+    /// The action of the same name, else that which the row resembles, else the first one of its category.
+    std::optional<int> defaultCode() const
+    {
+        const auto& defaults = m_state.defaultActions;
+        const int like = lcm_pack_word(QString::fromStdString(m_cells.row().like));
+        for (const int code : {m_row.id, like}) {
+            if (defaults.count(code) != 0) {
+                return code;
+            }
+        }
+        const auto category = [](const tagCDB_LC_ACT& action) { return action.partition & 0xF0; };
+        const auto alike =
+            std::find_if(m_state.defaultOrder.begin(), m_state.defaultOrder.end(),
+                         [&](int code) { return category(defaults.at(code)) == category(m_row.action); });
+        return alike == m_state.defaultOrder.end() ? std::nullopt : std::optional<int>(*alike);
+    }
+    bool statesAllFactors() const
+    {
+        for (std::size_t i = ACTION_SUPERPOSITION + 1; i < columnsOf(Sheet::Actions).size(); ++i) {
+            if (m_cells.text(i).empty()) {
+                return false;
+            }
+        }
+        return true;
+    }
     /// An empty factor leaves it as it is.
     void changeFactors()
     {
@@ -147,9 +192,8 @@ class ActionRow
 
 } // namespace
 
-void planActions(const Table& table, ProjectState& state, Plan& plan)
+void planActions(const Table& table, ProjectState& state, std::map<int, int>& lines, Plan& plan)
 {
-    std::map<int, int> lines;
     RowCells cells(table.head);
     for (const Row& tableRow : table.rows) {
         PlannedRow row;

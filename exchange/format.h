@@ -21,6 +21,7 @@ struct FormatOptions
     char separator = 0;
     char decimalSign = 0;       ///< '.' or ','
     std::string encoding;       ///< see text_decoding.h
+    std::string version;        ///< of a format that has several; empty: the newest
     std::optional<Sheet> sheet; ///< what a file of one sheet holds that doesn't tell
     bool byTitle = false;       ///< a table of load cases may have titles in place of numbers
 };
@@ -31,7 +32,8 @@ using Sink = std::function<bool(std::string_view)>;
 /// What is written.
 struct Source
 {
-    int db = -1; ///< an open database
+    int db = -1;      ///< an open database
+    std::string name; ///< of the project
     std::vector<Sheet> sheets;
     /// The whole project is meant: a format that can hold records of other modules and facts writes these too.
     bool whole = false;
@@ -73,8 +75,8 @@ class Format
     virtual std::string description() const = 0;
     virtual std::vector<std::string> suffixes() const = 0;
     virtual bool holdsManySheets() const = 0;
-    /// Whether the first bytes of a file are of this format beyond doubt.
-    virtual bool recognises(std::string_view beginning) const = 0;
+    /// Whether a file is of this format beyond doubt.
+    virtual bool recognises(std::string_view file) const = 0;
 
     /// What a file of this format would not tell of a project, in English; none unless a format says so.
     virtual std::vector<std::string> losses(const Source&) const { return {}; }
@@ -95,7 +97,8 @@ const std::vector<std::unique_ptr<Format>>& formats();
 const Format* formatOfName(std::string_view name);
 
 /// The format of a file: by its content, else by its suffix; null when neither tells.
-const Format* formatOfFile(const std::string& fileName, std::string_view beginning);
+/// @param file its bytes; empty for one that is to be written
+const Format* formatOfFile(const std::string& fileName, std::string_view file);
 
 struct ReadTables
 {

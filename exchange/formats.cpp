@@ -5,6 +5,8 @@
 #include "exchange/delimited_text.h"
 #include "exchange/format.h"
 #include "exchange/json_text.h"
+#include "exchange/saf_format.h"
+#include "exchange/xlsx_format.h"
 
 namespace mrl::exchange {
 
@@ -16,6 +18,8 @@ std::vector<std::unique_ptr<Format>> allFormats()
     all.push_back(csvFormat());
     all.push_back(tsvFormat());
     all.push_back(jsonFormat());
+    all.push_back(safFormat()); // is a workbook too, and tells by its sheets
+    all.push_back(xlsxFormat());
     return all;
 }
 
@@ -52,9 +56,9 @@ const Format* formatOfName(std::string_view name)
     return firstWith([&](const auto& format) { return format->name() == name; });
 }
 
-const Format* formatOfFile(const std::string& fileName, std::string_view beginning)
+const Format* formatOfFile(const std::string& fileName, std::string_view file)
 {
-    if (const Format* found = firstWith([&](const auto& format) { return format->recognises(beginning); })) {
+    if (const Format* found = firstWith([&](const auto& format) { return format->recognises(file); })) {
         return found;
     }
     const std::string suffix = QFileInfo(QString::fromStdString(fileName)).suffix().toLower().toStdString();

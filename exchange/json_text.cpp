@@ -14,10 +14,10 @@ class JsonText : public Format
     std::string description() const override { return "JSON"; }
     std::vector<std::string> suffixes() const override { return {name()}; }
     bool holdsManySheets() const override { return true; }
-    bool recognises(std::string_view beginning) const override
+    bool recognises(std::string_view file) const override
     {
-        const std::size_t first = beginning.find_first_not_of(" \t\r\n");
-        return first != std::string_view::npos && beginning[first] == '{';
+        const std::size_t first = file.find_first_not_of(" \t\r\n");
+        return first != std::string_view::npos && file[first] == '{';
     }
     std::optional<FormatError> write(const Source& source, const FormatOptions&,
                                      const Sink& sink) const override

@@ -1,5 +1,7 @@
 #include "exchange/load_case_numbering.h"
 
+#include <algorithm>
+
 #include "exchange/number_text.h"
 #include "exchange/record_cells.h"
 #include "lcdata/values/keys.h"
@@ -8,13 +10,14 @@ namespace mrl::exchange {
 
 namespace {
 
-/// The numbers that are not free: those of the project, and those that rows state.
-std::set<int> usedNumbers(const Table& table, const ProjectState& state)
+bool mayPick(const std::vector<Table>& tables, Match match)
 {
-    std::set<int> used = state.foreignNumbers;
-    for (const auto& loadCase : state.loadCases) {
-        used.insert(loadCase.first);
-    }
+    return match == Match::Title || std::any_of(tables.begin(), tables.end(),
+                                                [](const Table& table) { return table.head.picksNumbers; });
+}
+
+void addStated(const Table& table, std::set<int>& used)
+{
     RowCells cells(table.head);
     for (const Row& row : table.rows) {
         cells.moveTo(row);
@@ -22,17 +25,31 @@ std::set<int> usedNumbers(const Table& table, const ProjectState& state)
             used.insert(*number);
         }
     }
+}
+
+/// The numbers that are not free: those of the project, and those that rows state. None where no row picks one.
+std::set<int> usedNumbers(const std::vector<Table>& tables, const ProjectState& state, Match match)
+{
+    if (!mayPick(tables, match)) {
+        return {};
+    }
+    std::set<int> used = state.foreignNumbers;
+    for (const auto& loadCase : state.loadCases) {
+        used.insert(loadCase.first);
+    }
+    for (const Table& table : tables) {
+        if (table.head.sheet == Sheet::LoadCases) {
+            addStated(table, used);
+        }
+    }
     return used;
 }
 
-bool mayPick(const Table& table, Match match) { return table.head.picksNumbers || match == Match::Title; }
-
 } // namespace
 
-LoadCaseNumbering::LoadCaseNumbering(const Table& table, const ProjectState& state, Match match)
-    : m_state(state), m_match(match), m_picksNumbers(mayPick(table, match)),
-      m_used(m_picksNumbers ? usedNumbers(table, state) : std::set<int>()),
-      m_free({m_used.begin(), m_used.end()}, std::nullopt, m_used)
+LoadCaseNumbering::LoadCaseNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match)
+    : m_state(state), m_match(match), m_picksNumbers(mayPick(tables, match)),
+      m_used(usedNumbers(tables, state, match)), m_free({m_used.begin(), m_used.end()}, std::nullopt, m_used)
 {
     if (match == Match::Title) {
         for (const auto& [number, record] : state.loadCases) {

@@ -9,13 +9,13 @@
 
 namespace mrl::exchange {
 
-/// Finds the number of each row of one table: the one that it states, that of the load case with its title, or the
+/// Finds the number of each row of the tables of a file: the one that it states, that of the load case with its title, or the
 /// next free one.
 class LoadCaseNumbering
 {
   public:
-    /// @param table, state have to outlive this
-    LoadCaseNumbering(const Table& table, const ProjectState& state, Match match);
+    /// @param state has to outlive this
+    LoadCaseNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match);
 
     /// Enters number and name of a row, or refuses it.
     void identify(const RowCells& cells, PlannedRow& row);

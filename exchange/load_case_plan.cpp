@@ -183,9 +183,9 @@ void createAction(const std::string& name, int line, ProjectState& state, Plan& 
 
 } // namespace
 
-void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options, Plan& plan)
+void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options,
+                   LoadCaseNumbering& numbering, Plan& plan)
 {
-    LoadCaseNumbering numbering(table, state, options.match);
     RowCells cells(table.head);
     for (const Row& tableRow : table.rows) {
         PlannedRow row;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "check/finding_text.h"
+#include "exchange/load_case_numbering.h"
 #include "exchange/number_text.h"
 #include "exchange/planning.h"
 #include "exchange/raw_records.h"
@@ -137,9 +138,11 @@ PlannedRow planRow(ProjectState& state, const TableHead& head, const Row& row)
     Plan plan;
     const Table table{head, {row}};
     if (head.sheet == Sheet::Actions) {
-        planActions(table, state, plan);
+        std::map<int, int> lines;
+        planActions(table, state, lines, plan);
     } else {
-        planLoadCases(table, state, {}, plan);
+        LoadCaseNumbering numbering({}, state, Match::Number);
+        planLoadCases(table, state, {}, numbering, plan);
     }
     PlannedRow& planned = plan.rows.front();
     if (head.sheet == Sheet::LoadCases &&
@@ -153,14 +156,16 @@ Plan planOf(const ProjectState& state, const std::vector<Table>& tables, const P
 {
     ProjectState after = state;
     Plan plan;
+    std::map<int, int> lines;
     for (const Table& table : tables) {
         if (table.head.sheet == Sheet::Actions) {
-            planActions(table, after, plan);
+            planActions(table, after, lines, plan);
         }
     }
+    LoadCaseNumbering numbering(tables, after, options.match);
     for (const Table& table : tables) {
         if (table.head.sheet == Sheet::LoadCases) {
-            planLoadCases(table, after, options, plan);
+            planLoadCases(table, after, options, numbering, plan);
         }
     }
     return plan;

@@ -2,13 +2,19 @@
 
 /// What the plans of both sheets share.
 
+#include <map>
+
 #include "exchange/plan.h"
 
 namespace mrl::exchange {
 
+class LoadCaseNumbering;
+
 /// Plans the actions of a table and enters them into the state, so that load cases find them.
-void planActions(const Table& table, ProjectState& state, Plan& plan);
-void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options, Plan& plan);
+/// @param lines of the names that were met, over all tables of a file
+void planActions(const Table& table, ProjectState& state, std::map<int, int>& lines, Plan& plan);
+void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options,
+                   LoadCaseNumbering& numbering, Plan& plan);
 
 void refuse(PlannedRow& row, const char* rule, const std::string& text);
 void refuse(PlannedRow& row, const LCM_Findings& findings);
@@ -21,6 +27,7 @@ class RowCells
 
     /// The row that the cells are of from now on.
     void moveTo(const Row& row) { m_row = &row; }
+    const Row& row() const { return *m_row; }
     /// @param column its place among columnsOf(). @return null for a column that the table lacks
     const std::string* cell(std::size_t column) const
     {

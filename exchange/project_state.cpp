@@ -24,6 +24,7 @@ void readDesignCode(int db, ProjectState& state)
     lcm_read_system(db, state.setup);
     lcm_enumerate_default_actions([&](const tagCDB_LC_ACT& action) {
         state.defaultActions.emplace(lcm_action_code(action), action);
+        state.defaultOrder.push_back(lcm_action_code(action));
         return false;
     });
 }

@@ -18,6 +18,7 @@ struct ProjectState
     std::map<int, tagCDB_LC_CTRL> loadCases;     ///< this system's, by number
     std::set<int> foreignNumbers;                ///< under which another module keeps its load cases
     std::map<int, tagCDB_LC_ACT> defaultActions; ///< of the design code, by code
+    std::vector<int> defaultOrder;               ///< their codes as the design code has them
     tagCDB_LC_ACT limits{};
     LCM_DesignCodeIdentity identity;
     LCM_LoadCaseSetup setup;

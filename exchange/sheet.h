@@ -62,6 +62,8 @@ struct Row
     int line = 0;                   ///< of the file, from 1
     Cells cells;                    ///< in the order of TableHead::columns
     std::vector<std::string> notes; ///< what the format had to cure
+    std::string
+        like; ///< of a new action: the one of the design code whose factors it takes; empty: by its category
 };
 
 struct Table

@@ -9,6 +9,7 @@
 #include "cli/failure.h"
 #include "cli/output.h"
 #include "cli/project.h"
+#include "exchange/saf_format.h"
 
 namespace mrl::cli {
 
@@ -33,6 +34,7 @@ class ExportCommand : public Command
     std::string m_file;
     std::optional<std::string> m_out;
     ExchangeOptions m_options;
+    std::optional<std::string> m_safVersion;
 };
 
 void ExportCommand::declare(Arguments& args)
@@ -40,6 +42,7 @@ void ExportCommand::declare(Arguments& args)
     args.file(m_file);
     args.text("--output,-o", m_out, Arguments::Need::Optional,
               "File to write; - (the default) is standard output");
+    args.text("--saf-version", m_safVersion, Arguments::Need::Optional, "Version of SAF that is written");
     m_options.declare(args,
                       "actions, loadcases or both with a comma between; what the format holds unless given");
 }
@@ -57,6 +60,8 @@ exchange::Source ExportCommand::sourceOf(const Project& project, const exchange:
 {
     exchange::Source source;
     source.db = project.db();
+    source.name = QFileInfo(qtext(m_file)).completeBaseName().toStdString();
+    source.facts = project.facts();
     source.sheets = m_options.sheets();
     if (source.sheets.empty()) {
         source.sheets = {exchange::Sheet::LoadCases};
@@ -64,7 +69,6 @@ exchange::Source ExportCommand::sourceOf(const Project& project, const exchange:
             source.sheets.insert(source.sheets.begin(), exchange::Sheet::Actions);
         }
         source.whole = true;
-        source.facts = project.facts();
     }
     return source;
 }
@@ -72,7 +76,12 @@ exchange::Source ExportCommand::sourceOf(const Project& project, const exchange:
 void ExportCommand::writeTo(const exchange::Format& format, const exchange::Source& source,
                             const exchange::Sink& sink) const
 {
-    if (const auto error = format.write(source, m_options.format(), sink)) {
+    exchange::FormatOptions options = m_options.format();
+    if (m_safVersion) {
+        requireOneOf("--saf-version", *m_safVersion, exchange::safVersions());
+        options.version = *m_safVersion;
+    }
+    if (const auto error = format.write(source, options, sink)) {
         throw Failure{ExitCode::Refused, m_out.value_or("-") + ": " + error->text};
     }
 }
@@ -111,7 +120,7 @@ ExitCode ExportCommand::run()
     const Project project = Project::openForReading(m_file);
     const exchange::Source source = sourceOf(project, format);
     for (const std::string& loss : format.losses(source)) {
-        std::fprintf(stderr, "mrl-lc: %s\n", loss.c_str());
+        std::fprintf(stderr, "mrl-lc: not told in the file: %s\n", loss.c_str());
     }
     if (m_out && *m_out != "-") {
         writeFile(project, format, source);

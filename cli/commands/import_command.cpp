@@ -11,8 +11,6 @@ namespace mrl::cli {
 
 namespace {
 
-constexpr std::size_t LOOKED_AT = 64; // bytes of a file that tell its format
-
 class ImportCommand : public Command
 {
   public:
@@ -78,7 +76,7 @@ exchange::ReadTables ImportCommand::readTables(const exchange::PlanOptions& opti
     told.byTitle = options.match == exchange::Match::Title;
     const QByteArray bytes = readInput(m_table);
     if (format == nullptr) {
-        format = exchange::formatOfFile(m_table, viewOf(bytes).substr(0, LOOKED_AT));
+        format = exchange::formatOfFile(m_table, viewOf(bytes));
     }
     auto read =
         exchange::readTables(format == nullptr ? *exchange::formats().front() : *format, viewOf(bytes), told);

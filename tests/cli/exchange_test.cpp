@@ -42,6 +42,27 @@ TEST_F(CliExchange, ExportChoosesTheFormatByTheFilesName)
     EXPECT_THAT(contentOf(path("t.tsv")), testing::StartsWith("number\ttitle"));
 }
 
+TEST_F(CliExchange, SafListsItsLossesBeforeItIsWritten)
+{
+    const Outcome run =
+        mrlLc({"export", file, "--format", "saf", "-o", path("t.xlsx"), "--saf-version", "2.1.0"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(run.err, HasSubstr("not told in the file: action G: all factors\n"));
+    const std::string before = content();
+    EXPECT_THAT(done({"import", file, path("t.xlsx"), "--dry-run"}).out,
+                HasSubstr("note: SAF version 2.1.0\n"));
+    EXPECT_EQ(content(), before);
+    EXPECT_THAT(fails(2, {"export", file, "--format", "saf", "--saf-version", "7"}),
+                HasSubstr("1.0.5, 2.0.0"));
+}
+
+TEST_F(CliExchange, WorkbookGoesOutAndIn)
+{
+    done({"export", file, "-o", path("t.xlsx")});
+    EXPECT_THAT(done({"import", file, path("t.xlsx")}).out,
+                HasSubstr("0 added, 0 changed, 5 unchanged, 0 refused"));
+}
+
 TEST_F(CliExchange, ExportNeverWritesOverItsProject)
 {
     const std::string before = content();

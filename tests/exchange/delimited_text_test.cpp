@@ -150,7 +150,7 @@ TEST(DelimitedText, EncodingThatCannotHoldATitleIsRefused)
     const MemoryProject project;
     project.putLoadCase(1, standalone().title("ψ"));
     const auto error = mrl::exchange::formatOfName("csv")->write(
-        {project.db(), {Sheet::LoadCases}, false, {}}, told(0, 0, "Latin-1"),
+        {project.db(), "p", {Sheet::LoadCases}, false, {}}, told(0, 0, "Latin-1"),
         [](std::string_view) { return true; });
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->text, "Latin-1 can't hold all characters of the titles");

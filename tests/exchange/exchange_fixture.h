@@ -27,7 +27,7 @@ inline std::string written(const char* format, const exchange::Source& source,
 inline std::string written(const char* format, int db, const std::vector<Sheet>& sheets,
                            const FormatOptions& options = {})
 {
-    return written(format, exchange::Source{db, sheets, false, {}}, options);
+    return written(format, exchange::Source{db, "p", sheets, false, {}}, options);
 }
 
 /// What a format reads. A file that it refuses fails the test.

@@ -146,6 +146,6 @@ TEST_P(RoundTrip, BringsEveryFieldOfRandomProjectsBackBitForBit)
 
 INSTANTIATE_TEST_SUITE_P(Formats, RoundTrip,
                          testing::Values(Way{"csv", {}}, Way{"csv", told(';', ',', "UTF-16")},
-                                         Way{"tsv", told(0, '.')}, Way{"json", {}}));
+                                         Way{"tsv", told(0, '.')}, Way{"json", {}}, Way{"xlsx", {}}));
 
 } // namespace

@@ -20,7 +20,7 @@ std::map<std::string, std::string> factsOf(int db)
 
 std::string wholeJson(int db)
 {
-    return written("json", {db, {Sheet::Actions, Sheet::LoadCases}, true, factsOf(db)});
+    return written("json", {db, "p", {Sheet::Actions, Sheet::LoadCases}, true, factsOf(db)});
 }
 
 ProjectContent restored(const std::string& json)

@@ -1,0 +1,45 @@
+#include "exchange/saf_format.h"
+
+#include "exchange/saf_reader.h"
+#include "exchange/saf_writer.h"
+#include "exchange/xlsx_workbook.h"
+
+namespace mrl::exchange {
+
+namespace {
+
+class SafFormat : public Format
+{
+  public:
+    std::string name() const override { return "saf"; }
+    std::string description() const override { return "SAF workbook: load groups and load cases"; }
+    std::vector<std::string> suffixes() const override { return {}; }
+    bool holdsManySheets() const override { return true; }
+    bool recognises(std::string_view file) const override
+    {
+        return file.substr(0, 2) == "PK" && isSaf(Workbook(file));
+    }
+    std::vector<std::string> losses(const Source& source) const override { return safLosses(source); }
+    std::optional<FormatError> write(const Source& source, const FormatOptions& options,
+                                     const Sink& sink) const override
+    {
+        return writeSaf(source, options.version.empty() ? safVersions().back() : options.version, sink);
+    }
+    std::optional<FormatError> read(std::string_view bytes, const FormatOptions&,
+                                    TableReceiver& receiver) const override
+    {
+        return readSaf(bytes, receiver);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Format> safFormat() { return std::make_unique<SafFormat>(); }
+
+const std::vector<std::string>& safVersions()
+{
+    static const std::vector<std::string> VERSIONS{"1.0.5", "2.0.0", "2.1.0", "2.2.0"};
+    return VERSIONS;
+}
+
+} // namespace mrl::exchange

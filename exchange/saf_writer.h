@@ -1,0 +1,13 @@
+#pragma once
+
+#include "exchange/format.h"
+
+namespace mrl::exchange {
+
+/// Writes load groups and load cases with ids that stay the same from one writing of a project to the next.
+std::optional<FormatError> writeSaf(const Source& source, const std::string& version, const Sink& sink);
+
+/// What such a file doesn't tell of the project.
+std::vector<std::string> safLosses(const Source& source);
+
+} // namespace mrl::exchange
