@@ -41,9 +41,6 @@ class Arguments
     /// One or more positional texts.
     void positionals(const std::string& name, std::vector<std::string>& values, const std::string& help);
 
-    /// Any number of texts, one at least; the last positional.
-    void positionals(const std::string& name, std::vector<std::string>& values, const std::string& help);
-
     /// --json
     void json(bool& value);
     /// --title, a text that a record can hold whole.

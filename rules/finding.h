@@ -60,7 +60,7 @@ enum class LCM_Rule : int {
 };
 
 /// The rules in their order, each with its stable id.
-inline constexpr std::array<std::pair<LCM_Rule, const char*>, 38> LCM_RULE_IDS{{
+inline constexpr std::array<std::pair<LCM_Rule, const char*>, 39> LCM_RULE_IDS{{
     {LCM_Rule::GamuNotAbove0, "gamu-not-above-0"},
     {LCM_Rule::GamuBelow0, "gamu-below-0"},
     {LCM_Rule::GamfNotBetween0AndGamu, "gamf-not-between-0-and-gamu"},
