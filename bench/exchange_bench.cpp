@@ -27,10 +27,11 @@ const Format& format(const char* name) { return *mrl::exchange::formatOfName(nam
 std::string written(const char* name, int db)
 {
     std::string file;
-    const auto error = format(name).write({db, "p", {Sheet::LoadCases}, false, {}}, {}, [&](std::string_view bytes) {
-        file += bytes;
-        return true;
-    });
+    const auto error =
+        format(name).write({db, "p", {Sheet::LoadCases}, false, {}}, {}, [&](std::string_view bytes) {
+            file += bytes;
+            return true;
+        });
     bench::require(!error, "write");
     return file;
 }
@@ -108,8 +109,7 @@ class Import : bench::LoadCases
         mrl::cdb::Transaction transaction(db);
         const auto tables = mrl::exchange::readTables(format(NAME), m_text, {});
         const auto state = mrl::exchange::stateOf(db);
-        const auto plan =
-            mrl::exchange::planOf(state, std::get<mrl::exchange::ReadTables>(tables).tables);
+        const auto plan = mrl::exchange::planOf(state, std::get<mrl::exchange::ReadTables>(tables).tables);
         bench::require(mrl::exchange::apply(plan, state, db) == nullptr, "apply");
         bench::require(plan.count(mrl::exchange::Outcome::Added) == n, "added");
         bench::require(static_cast<bool>(transaction.commit()), "commit");

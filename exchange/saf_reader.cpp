@@ -61,7 +61,9 @@ std::string readNamedRows(const Workbook& workbook, const WorkbookSheet& sheet,
 class SafReader
 {
   public:
-    SafReader(const Workbook& workbook, TableReceiver& receiver) : m_workbook(workbook), m_receiver(receiver) {}
+    SafReader(const Workbook& workbook, TableReceiver& receiver) : m_workbook(workbook), m_receiver(receiver)
+    {
+    }
 
     std::string run()
     {
@@ -80,12 +82,12 @@ class SafReader
     {
         std::map<std::string, std::string> model;
         const WorkbookSheet* sheet = sheetOf(m_workbook, "Model");
-        const std::string error = sheet == nullptr ? std::string()
-                                                   : m_workbook.readRows(*sheet, [&](WorkbookRow& row) {
-                                                         row.cells.resize(2);
-                                                         model[plainHeading(row.cells[0])] = row.cells[1];
-                                                         return true;
-                                                     });
+        const std::string error =
+            sheet == nullptr ? std::string() : m_workbook.readRows(*sheet, [&](WorkbookRow& row) {
+                row.cells.resize(2);
+                model[plainHeading(row.cells[0])] = row.cells[1];
+                return true;
+            });
         const auto tell = [&](const char* key, const char* name) {
             const std::string& value = model[key];
             m_receiver.note(value.empty() ? std::string("the model has no ") + name
@@ -113,7 +115,10 @@ class SafReader
         }
         const SafGroup group{row["name"], row["loadgrouptype"], row["relation"], row["loadtype"], {}};
         const SafMeaning meaning = safMeaningOf(group);
-        Row out{line, {actionNameOf(group.name), meaning.partition, meaning.superposition}, meaning.notes, safActionLike(group)};
+        Row out{line,
+                {actionNameOf(group.name), meaning.partition, meaning.superposition},
+                meaning.notes,
+                safActionLike(group)};
         if (out.cells[0] != group.name) {
             out.notes.push_back("load group \"" + group.name + "\" becomes the action " + out.cells[0]);
         }
@@ -132,7 +137,8 @@ class SafReader
         }
         const QString upper = QString::fromStdString(group).toUpper();
         const int underscore = upper.indexOf('_');
-        const LCM_TypedName typed{upper.left(underscore), underscore < 0 ? QString() : upper.mid(underscore + 1)};
+        const LCM_TypedName typed{upper.left(underscore),
+                                  underscore < 0 ? QString() : upper.mid(underscore + 1)};
         const bool isGood = !typed.action.isEmpty() && upper.toUtf8().size() <= ACTION_NAME_BYTES &&
                             !lcm_check_new_name(typed, {}, LCM_NameEdit::Action) &&
                             !lcm_check_new_name(typed, {}, LCM_NameEdit::Category) &&
@@ -192,11 +198,15 @@ class SafReader
     /// Groups of ours for what has no action mean none.
     std::string actionOf(const std::string& group)
     {
-        return group == "NONE" || group.empty() ? std::string() : group == "IMP" ? group : actionNameOf(group);
+        return group == "NONE" || group.empty() ? std::string()
+               : group == "IMP"                 ? group
+                                                : actionNameOf(group);
     }
     void noteFaults(const std::string& name, const std::string& number, NamedRow& row, Row& out)
     {
-        const auto note = [&](const std::string& text) { out.notes.push_back("load case " + name + ": " + text); };
+        const auto note = [&](const std::string& text) {
+            out.notes.push_back("load case " + name + ": " + text);
+        };
         if (number.empty()) {
             note("the name becomes the title");
         }
@@ -216,7 +226,8 @@ class SafReader
         if (type == m_groupTypes.end()) {
             note("there is no load group \"" + row["loadgroup"] + '"');
         } else if ((type->second == "Permanent") != (row["actiontype"] == "Permanent")) {
-            note("its action type is " + row["actiontype"] + ", that of its group " + type->second + "; the group counts");
+            note("its action type is " + row["actiontype"] + ", that of its group " + type->second +
+                 "; the group counts");
         }
     }
 

@@ -17,23 +17,26 @@ struct Pair
 };
 
 /// Load types of groups by the name of the action.
-constexpr Pair LOAD_TYPES[] = {{"Q_A", "Domestic"},       {"Q_B", "Offices"},        {"Q_C", "Congregation"},
-                               {"Q_D", "Shopping"},       {"Q_E", "Storage"},        {"Q_F", "Vehicle < 30kN"},
+constexpr Pair LOAD_TYPES[] = {{"Q_A", "Domestic"},       {"Q_B", "Offices"}, {"Q_C", "Congregation"},
+                               {"Q_D", "Shopping"},       {"Q_E", "Storage"}, {"Q_F", "Vehicle < 30kN"},
                                {"Q_G", "Vehicle > 30kN"}, {"Q_H", "Roofs"}};
 
 constexpr Pair CLIMATE[] = {{"W", "Wind"}, {"S", "Snow"}, {"T", "Temperature"}};
 
 /// Classes of load duration of EN 1995-1-1, 2.3.1.2, by the name of the action; Medium for all others.
-constexpr Pair DURATIONS[] = {{"Q_E", "Long"}, {"Q_H", "Short"}, {"W", "Short"}, {"S", "Short"}, {"T", "Short"}};
+constexpr Pair DURATIONS[] = {
+    {"Q_E", "Long"}, {"Q_H", "Short"}, {"W", "Short"}, {"S", "Short"}, {"T", "Short"}};
 
-constexpr Pair CODES[] = {{"en1990", "EC-Standard-EN"}, {"din-en1990-na", "EC-DIN-EN"}, {"bs-en1990-na", "EC-BS-EN"},
-                          {"ds-en1990-dkna", "EC-DS-EN"}, {"sia260", "SIA 26x"}, {"asce7-lrfd", "IBC"},
+constexpr Pair CODES[] = {{"en1990", "EC-Standard-EN"}, {"din-en1990-na", "EC-DIN-EN"},
+                          {"bs-en1990-na", "EC-BS-EN"}, {"ds-en1990-dkna", "EC-DS-EN"},
+                          {"sia260", "SIA 26x"},        {"asce7-lrfd", "IBC"},
                           {"asce7-22-lrfd", "IBC"}};
 
 template <std::size_t N>
 std::string found(const Pair (&pairs)[N], const std::string& ours, const char* otherwise)
 {
-    const auto at = std::find_if(std::begin(pairs), std::end(pairs), [&](const Pair& pair) { return ours == pair.ours; });
+    const auto at =
+        std::find_if(std::begin(pairs), std::end(pairs), [&](const Pair& pair) { return ours == pair.ours; });
     return at == std::end(pairs) ? otherwise : at->saf;
 }
 
@@ -79,7 +82,9 @@ void addLosses(const tagCDB_LC_ACT& action, SafGroup& group)
 {
     const int superposition = lcm_superposition_id(action.partition);
     const int partition = lcm_partition_id(action.partition);
-    const auto lose = [&](const std::string& text) { group.losses.push_back("action " + group.name + ": " + text); };
+    const auto lose = [&](const std::string& text) {
+        group.losses.push_back("action " + group.name + ": " + text);
+    };
     lose("all factors");
     const SafMeaning meaning = safMeaningOf(group);
     const std::string ours = lcm_word_of_id(LCM_SUPERPOSITIONS, superposition);
@@ -117,7 +122,8 @@ SafGroup safGroupOfNoAction(const std::string& name)
 SafCase safCaseOf(const SafGroup& group, const tagCDB_LC_ACT* action, const tagCDB_LC_CTRL& loadCase)
 {
     if (isPermanent(group)) {
-        const bool isPrestress = action != nullptr && lcm_partition_id(action->partition) == LC_CATEGORY_PRESTRESS;
+        const bool isPrestress =
+            action != nullptr && lcm_partition_id(action->partition) == LC_CATEGORY_PRESTRESS;
         const bool hasWeight = loadCase.dlx != 0.0f || loadCase.dly != 0.0f || loadCase.dlz != 0.0f;
         return {"Permanent", isPrestress ? "Prestress" : hasWeight ? "Self weight" : "Others", ""};
     }
@@ -128,8 +134,8 @@ SafCase safCaseOf(const SafGroup& group, const tagCDB_LC_ACT* action, const tagC
         return {"Variable", "Seismic", "Instantaneous"};
     }
     const std::string known = climate(group.name);
-    const std::string duration =
-        known.empty() ? found(DURATIONS, group.name, "Medium") : found(DURATIONS, firstPart(group.name), "Medium");
+    const std::string duration = known.empty() ? found(DURATIONS, group.name, "Medium")
+                                               : found(DURATIONS, firstPart(group.name), "Medium");
     return {"Variable", known.empty() ? (action == nullptr ? "Others" : "Static") : known, duration};
 }
 
@@ -137,7 +143,7 @@ SafMeaning safMeaningOf(const SafGroup& group)
 {
     SafMeaning meaning;
     const std::string place = "load group " + group.name + ": ";
-    meaning.partition = isPermanent(group)              ? "G"
+    meaning.partition = isPermanent(group)           ? "G"
                         : group.type == "Accidental" ? "A"
                         : group.type == "Seismic"    ? "E"
                                                      : "Q";
@@ -154,7 +160,7 @@ SafMeaning safMeaningOf(const SafGroup& group)
                                 (isPermanent(group) ? "Together" : "Standard"));
     }
     // A permanent load acts always, whatever a relation of Standard says elsewhere.
-    meaning.superposition = group.relation == "Exclusive"            ? "EXCL"
+    meaning.superposition = group.relation == "Exclusive"      ? "EXCL"
                             : isTogether || isPermanent(group) ? "PERM"
                                                                : "COND";
     return meaning;

@@ -13,9 +13,9 @@ namespace mrl::exchange {
 struct SafGroup
 {
     std::string name;
-    std::string type;     ///< Permanent, Variable, Accidental, Seismic, ...
-    std::string relation; ///< Standard, Exclusive, Together
-    std::string loadType; ///< of a variable one
+    std::string type;                ///< Permanent, Variable, Accidental, Seismic, ...
+    std::string relation;            ///< Standard, Exclusive, Together
+    std::string loadType;            ///< of a variable one
     std::vector<std::string> losses; ///< of the action that SAF can't say
 };
 

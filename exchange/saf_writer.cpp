@@ -45,7 +45,8 @@ class SafModel
             const LCM_StoredLoadCase& loadCase = walk.current();
             if (loadCase.isOwn() && m_groups.count(loadCase.record.action) == 0) {
                 const std::string word = actionWordText(loadCase.record.action);
-                m_groups[loadCase.record.action] = {safGroupOfNoAction(word.empty() ? "NONE" : word), nullptr};
+                m_groups[loadCase.record.action] = {safGroupOfNoAction(word.empty() ? "NONE" : word),
+                                                    nullptr};
             }
         }
     }
@@ -134,7 +135,11 @@ void writeModel(const SafModel& model, const std::string& version, WorkbookWrite
 void writeGroups(const SafModel& model, WorkbookWriter& writer)
 {
     writer.beginSheet("StructuralLoadGroup",
-                      {{"Name", WIDTH}, {"Load group type", WIDTH}, {"Relation", WIDTH}, {"Load type", WIDTH}, {"Id", WIDE}},
+                      {{"Name", WIDTH},
+                       {"Load group type", WIDTH},
+                       {"Relation", WIDTH},
+                       {"Load type", WIDTH},
+                       {"Id", WIDE}},
                       false);
     for (const auto& [word, named] : model.groups()) {
         const SafGroup& group = named.group;
@@ -159,8 +164,8 @@ void writeCases(const SafModel& model, WorkbookWriter& writer)
         if (loadCase.isOwn()) {
             const NamedGroup& named = model.groups().at(loadCase.record.action);
             const SafCase words = safCaseOf(named.group, named.action, loadCase.record);
-            writer.addRow({"LC" + std::to_string(loadCase.number), titleText(loadCase.record.title), words.actionType,
-                           named.group.name, words.loadType, words.duration,
+            writer.addRow({"LC" + std::to_string(loadCase.number), titleText(loadCase.record.title),
+                           words.actionType, named.group.name, words.loadType, words.duration,
                            model.idOf("case " + std::to_string(loadCase.number))});
         }
     }

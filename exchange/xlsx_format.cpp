@@ -5,9 +5,9 @@
 #include "check/finding_text.h"
 #include "check/project_check.h"
 #include "exchange/headings.h"
+#include "exchange/number_text.h"
 #include "exchange/project_state.h"
 #include "exchange/sheet_walk.h"
-#include "exchange/number_text.h"
 #include "exchange/xlsx_workbook.h"
 #include "exchange/xlsx_writer.h"
 #include "lcdata/values/action_code.h"
@@ -30,7 +30,9 @@ std::vector<WorkbookColumn> workbookColumns(Sheet sheet)
 {
     std::vector<WorkbookColumn> columns;
     for (const Column& column : columnsOf(sheet)) {
-        const double width = column.kind == Kind::Text ? TITLE_WIDTH : column.isNumeric() ? FACTOR_WIDTH : TEXT_WIDTH;
+        const double width = column.kind == Kind::Text ? TITLE_WIDTH
+                             : column.isNumeric()      ? FACTOR_WIDTH
+                                                       : TEXT_WIDTH;
         columns.push_back({column.name, width, isNumberIn(sheet, column)});
     }
     return columns;
@@ -55,7 +57,8 @@ void writeDesignCode(const Source& source, WorkbookWriter& writer)
         writer.addRow({name, value});
     }
     for (const LCM_Factor& factor : LCM_FACTORS) {
-        writer.addRow({std::string("limit ") + factor.key, numberText(lcm_stored_factor(state.limits, factor))});
+        writer.addRow(
+            {std::string("limit ") + factor.key, numberText(lcm_stored_factor(state.limits, factor))});
     }
 }
 
@@ -68,14 +71,16 @@ std::string nameOf(const LCM_Finding& finding)
 
 void writeFindings(const Source& source, WorkbookWriter& writer)
 {
-    writer.beginSheet("findings",
-                      {{"subject", TEXT_WIDTH}, {"name", TEXT_WIDTH}, {"rule", TITLE_WIDTH}, {"message", MESSAGE_WIDTH}},
-                      true);
+    writer.beginSheet(
+        "findings",
+        {{"subject", TEXT_WIDTH}, {"name", TEXT_WIDTH}, {"rule", TITLE_WIDTH}, {"message", MESSAGE_WIDTH}},
+        true);
     for (const LCM_Finding& finding : lcm_check_project(source.db, false)) {
         const char* subject = finding.subject == LCM_Subject::Action     ? "action"
                               : finding.subject == LCM_Subject::LoadCase ? "loadcase"
                                                                          : "project";
-        writer.addRow({subject, nameOf(finding), lcm_rule_id(finding.rule), lcm_finding_english(finding).toStdString()});
+        writer.addRow({subject, nameOf(finding), lcm_rule_id(finding.rule),
+                       lcm_finding_english(finding).toStdString()});
     }
 }
 
@@ -165,7 +170,8 @@ class XlsxFormat : public Format
     bool holdsManySheets() const override { return true; }
     bool recognises(std::string_view file) const override { return file.substr(0, 4) == "PK\x03\x04"; }
 
-    std::optional<FormatError> write(const Source& source, const FormatOptions&, const Sink& sink) const override
+    std::optional<FormatError> write(const Source& source, const FormatOptions&,
+                                     const Sink& sink) const override
     {
         WorkbookWriter writer;
         int actions = 0;

@@ -124,7 +124,8 @@ std::string RowReader::valueOf(const QStringRef& type, const QString& text) cons
         bool isNumber = false;
         const uint index = text.toUInt(&isNumber);
         if (!isNumber || index >= m_shared.size()) {
-            m_error = "row " + std::to_string(m_row.number) + ": there is no shared string " + text.toStdString();
+            m_error =
+                "row " + std::to_string(m_row.number) + ": there is no shared string " + text.toStdString();
             return {};
         }
         return m_shared[index];
@@ -168,8 +169,8 @@ void RowReader::readCell()
     m_row.cells.resize(std::max(m_row.cells.size(), column + 1));
     m_row.isDates.resize(m_row.cells.size());
     const bool isNumber = type.isEmpty() || type == QLatin1String("n");
-    m_row.isDates[column] = type == QLatin1String("d") ||
-                            (isNumber && style < m_dateStyles.size() && m_dateStyles[style]);
+    m_row.isDates[column] =
+        type == QLatin1String("d") || (isNumber && style < m_dateStyles.size() && m_dateStyles[style]);
     m_row.cells[column] = std::move(value);
 }
 

@@ -18,8 +18,8 @@ std::string withoutEscapes(const QString& text);
 class RowReader
 {
   public:
-    RowReader(QXmlStreamReader& xml, const std::vector<std::string>& shared, const std::vector<bool>& dateStyles,
-              const std::function<bool(WorkbookRow&)>& take)
+    RowReader(QXmlStreamReader& xml, const std::vector<std::string>& shared,
+              const std::vector<bool>& dateStyles, const std::function<bool(WorkbookRow&)>& take)
         : m_xml(xml), m_shared(shared), m_dateStyles(dateStyles), m_take(take)
     {
     }

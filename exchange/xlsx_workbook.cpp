@@ -60,7 +60,8 @@ bool showsDate(const std::string& code)
         isBracketed = c == '[' ? true : c == ']' ? false : isBracketed;
         if (c == '\\') {
             ++i;
-        } else if (!isQuoted && !isBracketed && std::string_view("ymdhsYMDHS").find(c) != std::string_view::npos) {
+        } else if (!isQuoted && !isBracketed &&
+                   std::string_view("ymdhsYMDHS").find(c) != std::string_view::npos) {
             return true;
         }
     }
@@ -69,7 +70,8 @@ bool showsDate(const std::string& code)
 
 bool isBuiltInDate(int id)
 {
-    return (id >= 14 && id <= 22) || (id >= 27 && id <= 36) || (id >= 45 && id <= 47) || (id >= 50 && id <= 58);
+    return (id >= 14 && id <= 22) || (id >= 27 && id <= 36) || (id >= 45 && id <= 47) ||
+           (id >= 50 && id <= 58);
 }
 
 } // namespace
@@ -80,15 +82,18 @@ Workbook::Workbook(std::string_view bytes) : m_zip(bytes), m_error(m_zip.error()
         m_error = readSheets();
     }
     if (m_error.empty()) {
-        m_error = readEntry(m_sharedEntry, [this](QXmlStreamReader& xml) { return readSharedStrings(xml); }, false);
+        m_error = readEntry(
+            m_sharedEntry, [this](QXmlStreamReader& xml) { return readSharedStrings(xml); }, false);
     }
     if (m_error.empty()) {
-        m_error = readEntry(m_stylesEntry, [this](QXmlStreamReader& xml) { return readStyles(xml); }, false);
+        m_error = readEntry(
+            m_stylesEntry, [this](QXmlStreamReader& xml) { return readStyles(xml); }, false);
     }
 }
 
 /// @param isNeeded whether a workbook without this entry is none
-std::string Workbook::readEntry(const std::string& name, const std::function<std::string(QXmlStreamReader&)>& read,
+std::string Workbook::readEntry(const std::string& name,
+                                const std::function<std::string(QXmlStreamReader&)>& read,
                                 bool isNeeded) const
 {
     const auto entry = m_zip.open(name);
@@ -164,7 +169,8 @@ std::string Workbook::readStyles(QXmlStreamReader& xml)
     return {};
 }
 
-std::string Workbook::readRows(const WorkbookSheet& sheet, const std::function<bool(WorkbookRow&)>& take) const
+std::string Workbook::readRows(const WorkbookSheet& sheet,
+                               const std::function<bool(WorkbookRow&)>& take) const
 {
     return readEntry(
         sheet.entry,

@@ -90,7 +90,8 @@ WorkbookWriter::~WorkbookWriter()
     }
 }
 
-void WorkbookWriter::beginSheet(const std::string& name, const std::vector<WorkbookColumn>& columns, bool hasFilters)
+void WorkbookWriter::beginSheet(const std::string& name, const std::vector<WorkbookColumn>& columns,
+                                bool hasFilters)
 {
     d->endSheet();
     d->sheet = workbook_add_worksheet(d->workbook, name.c_str());

@@ -15,7 +15,7 @@ namespace mrl::exchange {
 struct WorkbookColumn
 {
     std::string heading;
-    double width = 10.0; ///< in characters
+    double width = 10.0;   ///< in characters
     bool isNumber = false; ///< its cells are numbers where they are one
 };
 

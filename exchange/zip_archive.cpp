@@ -20,13 +20,17 @@ bool isBomb(const zip_stat_t& entry)
 
 void ZipEntry::Close::operator()(zip_file* file) const { zip_fclose(file); }
 
-ZipEntry::ZipEntry(zip_file* file, long long limit) : m_file(file), m_left(limit) { open(QIODevice::ReadOnly); }
+ZipEntry::ZipEntry(zip_file* file, long long limit) : m_file(file), m_left(limit)
+{
+    open(QIODevice::ReadOnly);
+}
 
 ZipEntry::~ZipEntry() = default;
 
 qint64 ZipEntry::readData(char* data, qint64 size)
 {
-    const zip_int64_t count = zip_fread(m_file.get(), data, static_cast<zip_uint64_t>(std::max<qint64>(size, 0)));
+    const zip_int64_t count =
+        zip_fread(m_file.get(), data, static_cast<zip_uint64_t>(std::max<qint64>(size, 0)));
     // The directory may lie about the size of an entry.
     m_left -= std::max<zip_int64_t>(count, 0);
     if (count < 0 || m_left < 0) {

@@ -41,7 +41,8 @@ class ZipArchive
   public:
     static constexpr long long MAX_ENTRIES = 10000;
     static constexpr long long MAX_ENTRY_BYTES = 2LL * 1024 * 1024 * 1024; ///< inflated
-    static constexpr long long MAX_RATIO = 300; ///< of an entry's size to what it takes up; for entries above 10 MB
+    static constexpr long long MAX_RATIO =
+        300; ///< of an entry's size to what it takes up; for entries above 10 MB
 
     /// @param bytes have to outlive this
     explicit ZipArchive(std::string_view bytes);

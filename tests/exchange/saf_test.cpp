@@ -87,7 +87,8 @@ TEST_F(Saf, IdsStayTheSameSoThatASecondWritingUpdates)
 {
     fillProject();
     const std::string before = sheetText(file(), "StructuralLoadCase");
-    EXPECT_THAT(before, testing::ContainsRegex("[0-9a-f]{8}-[0-9a-f]{4}-5[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}"));
+    EXPECT_THAT(before, testing::ContainsRegex(
+                            "[0-9a-f]{8}-[0-9a-f]{4}-5[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}"));
     EXPECT_EQ(sheetText(file(), "StructuralLoadCase"), before);
     project.putLoadCase(14, standalone());
     EXPECT_THAT(sheetText(file(), "StructuralLoadCase"), testing::StartsWith(before));
@@ -99,7 +100,9 @@ TEST_F(Saf, LossesAreListedBesideAndInTheFile)
     project.putAction(soundAction("A").partition(0x36));
     const auto losses = mrl::exchange::formatOfName("saf")->losses(source());
     EXPECT_THAT(losses, Contains("action G: all factors"));
-    EXPECT_THAT(losses, Contains("action A: the superposition EXEX is written as Exclusive and would be read as EXCL"));
+    EXPECT_THAT(
+        losses,
+        Contains("action A: the superposition EXEX is written as Exclusive and would be read as EXCL"));
     EXPECT_THAT(losses, Contains("action Q_1: the partition Q_1 would be read as Q"));
     EXPECT_THAT(losses, Contains("load case 1: the amounts of dead weight"));
     const std::string notes = sheetText(file(), "MrlNotes");
@@ -116,7 +119,8 @@ TEST_F(Saf, LosesExactlyWhatTheListSays)
         const MemoryProject from(smallCode());
         for (int category = 1; category <= 5; ++category) {
             from.putAction(soundAction(names[category - 1]).partition(category * 16 + superposition));
-            from.putLoadCase(category, following(names[category - 1]).title(QString("Title %1").arg(category)));
+            from.putLoadCase(category,
+                             following(names[category - 1]).title(QString("Title %1").arg(category)));
         }
         const mrl::exchange::Source fromSource{from.db(), "p", {}, true, {}};
         const auto losses = mrl::exchange::formatOfName("saf")->losses(fromSource);
@@ -145,16 +149,19 @@ TEST_F(Saf, NamesBecomeNumbersAndTitlesAndFaultsAreTold)
     mrl::exchange::WorkbookWriter writer;
     writer.beginSheet("Model", {{"Name"}, {"x"}}, false);
     writer.addRow({"SAF Version", "2.1.0"});
-    writer.beginSheet("StructuralLoadGroup", {{"name"}, {"Load-group type"}, {"Relation [-]"}, {"Load type"}}, false);
+    writer.beginSheet("StructuralLoadGroup", {{"name"}, {"Load-group type"}, {"Relation [-]"}, {"Load type"}},
+                      false);
     writer.addRow({"LG1", "Permanent", "", ""});
     writer.addRow({"Seismic loads", "Seismic", "Together", ""});
     writer.addRow({"Wind", "Variable", "Exclusive", "Wind"});
-    writer.beginSheet("StructuralLoadCase",
-                      {{"Name"}, {"Description"}, {"Action type"}, {"Load group"}, {"Load type"}, {"Duration"}, {"Id"}},
-                      false);
+    writer.beginSheet(
+        "StructuralLoadCase",
+        {{"Name"}, {"Description"}, {"Action type"}, {"Load group"}, {"Load type"}, {"Duration"}, {"Id"}},
+        false);
     writer.addRow({"LC2", "", "Variable", "LG1", "Standard", "", "1"});
     writer.addRow({"WND - LO", "Wind from the left", "Variable", "Wind", "Static", "Short", "1"});
-    writer.addRow({"A name that is far longer than thirty-three units", "", "Variable", "Wind", "Static", "Short", "1"});
+    writer.addRow({"A name that is far longer than thirty-three units", "", "Variable", "Wind", "Static",
+                   "Short", "1"});
     const auto read = readAs("saf", sinkOf(writer));
     EXPECT_THAT(read.notes, ElementsAre("SAF version 2.1.0", "the model has no national code"));
     const auto plan = mrl::exchange::planOf(mrl::exchange::stateOf(db), read.tables);

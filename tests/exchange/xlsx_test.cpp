@@ -18,10 +18,13 @@ using testing::HasSubstr;
 
 namespace {
 
-constexpr auto TYPES = R"(<?xml version="1.0"?><Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types"/>)";
-constexpr auto RELATIONS = R"(<Relationships><Relationship Id="r1" Type="x/worksheet" Target="worksheets/s.xml"/>
+constexpr auto TYPES =
+    R"(<?xml version="1.0"?><Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types"/>)";
+constexpr auto RELATIONS =
+    R"(<Relationships><Relationship Id="r1" Type="x/worksheet" Target="worksheets/s.xml"/>
 <Relationship Id="r2" Type="x/sharedStrings" Target="/xl/strings.xml"/><Relationship Id="r3" Type="x/styles" Target="styles.xml"/></Relationships>)";
-constexpr auto SHEETS = R"(<workbook xmlns:r="x"><sheets><sheet name="Any" sheetId="1" r:id="r1"/></sheets></workbook>)";
+constexpr auto SHEETS =
+    R"(<workbook xmlns:r="x"><sheets><sheet name="Any" sheetId="1" r:id="r1"/></sheets></workbook>)";
 
 using Entries = std::map<std::string, std::string>;
 
@@ -32,7 +35,8 @@ std::string zipped(const Entries& entries)
     const QString path = folder.filePath("t.zip");
     zip_t* zip = zip_open(path.toStdString().c_str(), ZIP_CREATE, nullptr);
     for (const auto& [name, text] : entries) {
-        zip_file_add(zip, name.c_str(), zip_source_buffer(zip, text.data(), text.size(), 0), ZIP_FL_ENC_UTF_8);
+        zip_file_add(zip, name.c_str(), zip_source_buffer(zip, text.data(), text.size(), 0),
+                     ZIP_FL_ENC_UTF_8);
     }
     EXPECT_EQ(zip_close(zip), 0);
     QFile file(path);
@@ -88,7 +92,10 @@ TEST(Xlsx, OwnWorkbookReadsBackAsItWasWritten)
     EXPECT_EQ(read.tables[1].rows[1].cells[0], "20");
 }
 
-TEST(Xlsx, FileDependsOnTheContentAlone) { EXPECT_EQ(fileOf(someProject().db()), fileOf(someProject().db())); }
+TEST(Xlsx, FileDependsOnTheContentAlone)
+{
+    EXPECT_EQ(fileOf(someProject().db()), fileOf(someProject().db()));
+}
 
 TEST(Xlsx, SheetsOfActionsLoadCasesDesignCodeAndFindings)
 {
@@ -147,10 +154,12 @@ TEST(Xlsx, SharedInlineAndFormulaValuesAreRead)
 {
     const auto read = readAs(
         "xlsx",
-        workbook(HEADING + R"(<row r="5"><c r="A5"><v>7</v></c><c r="B5" t="s"><v>1</v></c>)"
-                           R"(<c r="C5"><f>1/4</f><v>0.25</v></c></row>)"
-                           R"(<row><c><v>8</v></c><c t="str"><f>A()</f><v>a_x000D_b</v></c><c t="e"><v>#DIV/0!</v></c></row>)",
-                 "<si><t>no</t></si><si><r><t>Sn</t></r><r><t>ow</t></r><rPh><t>hint</t></rPh></si>"));
+        workbook(
+            HEADING +
+                R"(<row r="5"><c r="A5"><v>7</v></c><c r="B5" t="s"><v>1</v></c>)"
+                R"(<c r="C5"><f>1/4</f><v>0.25</v></c></row>)"
+                R"(<row><c><v>8</v></c><c t="str"><f>A()</f><v>a_x000D_b</v></c><c t="e"><v>#DIV/0!</v></c></row>)",
+            "<si><t>no</t></si><si><r><t>Sn</t></r><r><t>ow</t></r><rPh><t>hint</t></rPh></si>"));
     EXPECT_THAT(rowsOf(read), ElementsAre("7|Snow|0.25", "8|a\rb|#DIV/0!"));
     EXPECT_EQ(read.tables[0].rows[1].line, 6);
 }
@@ -158,8 +167,10 @@ TEST(Xlsx, SharedInlineAndFormulaValuesAreRead)
 TEST(Xlsx, DatesAreNoNumbersInAnyFormatThatShowsThem)
 {
     const auto cells = [](const std::string& style) {
-        return rowsOf(readAs("xlsx", workbook(HEADING + R"(<row r="2"><c r="A2"><v>7</v></c><c r="C2" s="1"><v>45000</v></c></row>)",
-                                              "", style)));
+        return rowsOf(readAs(
+            "xlsx",
+            workbook(HEADING + R"(<row r="2"><c r="A2"><v>7</v></c><c r="C2" s="1"><v>45000</v></c></row>)",
+                     "", style)));
     };
     const std::string xfs = R"(<cellXfs><xf numFmtId="0"/><xf numFmtId="%"/></cellXfs>)";
     const auto styled = [&](const std::string& id, const std::string& formats = {}) {
@@ -168,8 +179,10 @@ TEST(Xlsx, DatesAreNoNumbersInAnyFormatThatShowsThem)
     EXPECT_THAT(cells(styled("14")), ElementsAre("7||date 45000"));
     EXPECT_THAT(cells(styled("165", R"(<numFmts><numFmt numFmtId="165" formatCode="dd\.mm"/></numFmts>)")),
                 ElementsAre("7||date 45000"));
-    EXPECT_THAT(cells(styled("165", R"(<numFmts><numFmt numFmtId="165" formatCode="[Red]0.0&quot; d&quot;"/></numFmts>)")),
-                ElementsAre("7||45000"));
+    EXPECT_THAT(
+        cells(styled("165",
+                     R"(<numFmts><numFmt numFmtId="165" formatCode="[Red]0.0&quot; d&quot;"/></numFmts>)")),
+        ElementsAre("7||45000"));
     EXPECT_THAT(cells(styled("2")), ElementsAre("7||45000"));
 }
 
@@ -185,12 +198,14 @@ TEST(Xlsx, HostileFilesAreRefusedWithTheReason)
     EXPECT_THAT(errorOf("xlsx", workbook(HEADING + R"(<row r="9999999"><c><v>3</v></c></row>)")),
                 HasSubstr("a sheet has rows 1 to 1048576"));
     EXPECT_THAT(errorOf("xlsx", workbook(HEADING + "<row>")), HasSubstr("can't be read"));
-    EXPECT_THAT(errorOf("xlsx", workbook(HEADING + "<row r=\"2\"><c><v>&e;</v></c></row>")), HasSubstr("can't be read"));
+    EXPECT_THAT(errorOf("xlsx", workbook(HEADING + "<row r=\"2\"><c><v>&e;</v></c></row>")),
+                HasSubstr("can't be read"));
     Entries bomb{{"xl/_rels/workbook.xml.rels", RELATIONS}, {"xl/workbook.xml", SHEETS}};
     bomb["xl/worksheets/s.xml"] = std::string(20 * 1024 * 1024, ' ');
     EXPECT_THAT(errorOf("xlsx", zipped(bomb)), HasSubstr("inflates to 20971520 bytes, which is refused"));
     Entries entities{{"xl/_rels/workbook.xml.rels", RELATIONS}, {"xl/workbook.xml", SHEETS}};
-    entities["xl/worksheets/s.xml"] = "<!DOCTYPE w [<!ENTITY a \"aaaa\"><!ENTITY b \"&a;&a;\">]><worksheet>&b;</worksheet>";
+    entities["xl/worksheets/s.xml"] =
+        "<!DOCTYPE w [<!ENTITY a \"aaaa\"><!ENTITY b \"&a;&a;\">]><worksheet>&b;</worksheet>";
     EXPECT_THAT(errorOf("xlsx", zipped(entities)), HasSubstr("no sheet has a column"));
     entities["xl/worksheets/s.xml"] = "<worksheet/>";
     entities["xl/workbook.xml"] = "<!DOCTYPE w [<!ENTITY a \"aaaa\">]>" + std::string(SHEETS);
