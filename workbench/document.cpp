@@ -56,6 +56,8 @@ bool Document::isOpen() const { return database() >= 0; }
 
 bool Document::isReadOnly() const { return m_shadow.host().isReadOnly(); }
 
+QString Document::readOnlyReason() const { return ui::failureText(m_shadow.host().whyReadOnly()); }
+
 QString Document::file() const { return m_shadow.host().path(); }
 
 bool Document::isModified() const { return isOpen() && m_shadow.host().hasChanges(); }

@@ -27,6 +27,8 @@ class Document : public QObject
 
     bool isOpen() const;
     bool isReadOnly() const;
+    /// Why the project can only be read; empty when it can be written.
+    QString readOnlyReason() const;
     /// Path of the project's file; empty when none is open.
     QString file() const;
     /// Whether the document differs from its file. Found out by comparing, so it is right after a cancelled

@@ -155,6 +155,7 @@ void MainWindow::refreshTitle()
     setWindowTitle(m_document->isReadOnly() ? tr("%1[*] (read-only) - Marlavon Workbench").arg(name)
                                             : tr("%1[*] - Marlavon Workbench").arg(name));
     m_place->setText(shownPath(m_document->file()));
+    m_place->setToolTip(m_document->readOnlyReason());
 }
 
 void MainWindow::slot_settings()

@@ -31,6 +31,9 @@ bool MainWindow::openProject(const QString& file)
     const QString reason = m_document->open(path);
     if (reason.isEmpty()) {
         RecentFiles::add(path);
+        if (m_document->isReadOnly()) {
+            statusBar()->showMessage(m_document->readOnlyReason().section(QLatin1Char('\n'), 0, 0), 10000);
+        }
         return true;
     }
     RecentFiles::remove(path);

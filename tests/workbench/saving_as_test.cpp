@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -108,6 +109,7 @@ TEST_F(SavingAsTest, AProjectThatMayOnlyBeReadSaysSoAndIsSavedElsewhere)
         ASSERT_TRUE(window.openProject(project.path()));
     }
     EXPECT_EQ(window.windowTitle(), QStringLiteral("tower.cdb[*] (read-only) - Marlavon Workbench"));
+    EXPECT_EQ(window.statusBar()->currentMessage(), QStringLiteral("The file or its folder is read-only."));
     change();
     answerFile(project.path(QStringLiteral("mine.cdb")));
     EXPECT_TRUE(window.slot_save());
