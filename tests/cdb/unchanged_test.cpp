@@ -89,6 +89,52 @@ TEST_F(Rewriting, AfterAPauseIsComparedWithWhatIsThereThen)
     mrl::cdb::close(other);
 }
 
+/// In group 0 the first key follows the key 0/0, from which a run of deletions is told.
+TEST(FirstGroup, KeysThatAreDeletedInARowAreGone)
+{
+    const int db = mrl::cdb::openMemory().db;
+    for (int i = 1; i <= 40; ++i) {
+        putText(db, 0, i, "record " + std::to_string(i));
+    }
+    const int copy = mrl::cdb::copyOf(db).db;
+    {
+        Transaction transaction(copy);
+        for (int i = 1; i <= 40; ++i) {
+            ASSERT_EQ(mrl_cdb_del(copy, 0, i), CD_OK);
+        }
+        ASSERT_TRUE(transaction.commit());
+    }
+    EXPECT_THAT(walkUp(copy, 0, 0), IsEmpty());
+    EXPECT_TRUE(mrl::cdb::integrityCheck(copy));
+    mrl::cdb::close(copy);
+    mrl::cdb::close(db);
+}
+
+TEST_F(Rewriting, InAnyOrderAndTwiceLeavesWhatWasPutLast)
+{
+    Transaction transaction(db);
+    for (const int kwl : walkUp(db, 12, 0)) {
+        ASSERT_EQ(mrl_cdb_del(db, 12, kwl), CD_OK);
+    }
+    // Up as it was, some of them changed and changed back, then down.
+    for (int i = 1; i <= COUNT; ++i) {
+        ASSERT_EQ(putText(db, 12, i, textOf(i)), CD_OK);
+        if (i % 7 == 0) {
+            ASSERT_EQ(putText(db, 12, i, "changed"), CD_OK);
+            ASSERT_EQ(putText(db, 12, i + 1, "early"), CD_OK);
+        }
+    }
+    for (int i = COUNT; i > COUNT / 2; --i) {
+        ASSERT_EQ(mrl_cdb_del(db, 12, i), CD_OK);
+        ASSERT_EQ(putText(db, 12, i, textOf(i)), CD_OK);
+    }
+    ASSERT_TRUE(transaction.commit());
+    for (int i = 1; i <= COUNT; ++i) {
+        ASSERT_EQ(getText(db, 12, i), i % 7 == 0 && i <= COUNT / 2 ? "changed" : textOf(i)) << i;
+    }
+    EXPECT_TRUE(mrl::cdb::integrityCheck(db));
+}
+
 class DeletedKeys : public FileProject
 {
   protected:

@@ -59,13 +59,23 @@ Outcome Writer::insert(const Record& record)
     return Outcome::Done;
 }
 
-/// Does this very record stand in the store?
-bool Writer::stands(const Record& record)
+/// Does this very record stand in the store? @param there what the key's records add up to
+bool Writer::stands(const Record& record, const Tally& there)
 {
+    if (there.sum != record.checksum) {
+        return false;
+    }
+    const auto size = static_cast<std::size_t>(record.size);
+    // What was read ahead may have been written since; then it adds up to something else.
+    const auto* ahead = m_comparisons.find(record.key);
+    if (ahead != nullptr && ahead->records == there) {
+        return ahead->size == record.size &&
+               std::memcmp(m_comparisons.bytes(*ahead), record.bytes, size) == 0;
+    }
     Rows rows = m_store.record(record.key, record.position - 1);
     return rows.next() == Status::Ok && rows.position() == record.position &&
            rows.checksum() == record.checksum && rows.size() == record.size &&
-           std::memcmp(rows.bytes(), record.bytes, static_cast<std::size_t>(record.size)) == 0;
+           std::memcmp(rows.bytes(), record.bytes, size) == 0;
 }
 
 /// Adds up the records of a key. @return false on failure
@@ -112,7 +122,7 @@ Outcome Writer::replace(const Record& record, const Tally& there)
         m_change.records -= there;
         return insert(record);
     }
-    if (there.sum == record.checksum && stands(record)) {
+    if (stands(record, there)) {
         return Outcome::Done;
     }
     const Status status = m_store.update(record);
@@ -157,7 +167,7 @@ Outcome Writer::overwrite(const Key& key, int position, const void* data, int si
         there.add(rows.checksum());
     }
     const Record record = makeRecord(key, position, data, size);
-    if (there.sum == record.checksum && stands(record)) {
+    if (stands(record, there)) {
         return Outcome::Done;
     }
     if (m_store.update(record) != Status::Ok) {
@@ -174,7 +184,9 @@ Outcome Writer::erase(const Key& key)
     if (m_pending.find(key) != nullptr) {
         return Outcome::Missing;
     }
-    if (!m_removals.find(key, there) && !find(key, there)) {
+    if (const auto* ahead = m_removals.find(key)) {
+        there = ahead->records;
+    } else if (!find(key, there)) {
         return failed(m_store.failure());
     }
     if (there.count == 0) {

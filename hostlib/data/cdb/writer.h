@@ -2,7 +2,7 @@
 
 #include "hostlib/data/cdb/fact_reader.h"
 #include "hostlib/data/cdb/reader.h"
-#include "hostlib/data/cdb/removal_ahead.h"
+#include "hostlib/data/cdb/records_ahead.h"
 #include "hostlib/data/cdb/sqlite/store.h"
 #include "hostlib/data/cdb/write.h"
 
@@ -14,7 +14,8 @@ class Writer
 {
   public:
     Writer(Store& store, PendingRemovals& pending, Reader& reader, FactReader& facts)
-        : m_store(store), m_pending(pending), m_reader(reader), m_facts(facts), m_removals(store)
+        : m_store(store), m_pending(pending), m_reader(reader), m_facts(facts),
+          m_removals(store, Columns::Checksums), m_comparisons(store, Columns::Records)
     {
     }
 
@@ -31,6 +32,7 @@ class Writer
     void drop()
     {
         m_removals.drop();
+        m_comparisons.drop();
         m_pending.drop();
     }
 
@@ -45,7 +47,7 @@ class Writer
     Outcome overwrite(const Key& key, int position, const void* data, int size);
     Outcome erase(const Key& key);
     Outcome setFact(const std::string& name, const std::string& value);
-    bool stands(const Record& record);
+    bool stands(const Record& record, const Tally& there);
     bool find(const Key& key, Tally& out);
     Outcome failed(const Result& reason);
     Outcome damaged();
@@ -54,7 +56,8 @@ class Writer
     PendingRemovals& m_pending;
     Reader& m_reader;
     FactReader& m_facts;
-    RemovalAhead m_removals;
+    RecordsAhead m_removals;
+    RecordsAhead m_comparisons;
     Summary m_change;
     Result m_failure;
 };
