@@ -25,6 +25,115 @@
     </message>
 </context>
 <context>
+    <name>ContributionPicture</name>
+    <message>
+        <source>Sum</source>
+        <translation>Summe</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectCombinationsText</name>
+    <message>
+        <source>Nothing is combined before this is mended:</source>
+        <translation>Nichts wird kombiniert, bevor dies behoben ist:</translation>
+    </message>
+    <message>
+        <source>The design code can&apos;t be loaded: %1</source>
+        <translation>Die Norm kann nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>The design code doesn&apos;t tell how actions are combined.</source>
+        <translation>Die Norm sagt nicht, wie Einwirkungen kombiniert werden.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 responses changed; most of all %3, from %4 to %5%6</source>
+        <translation>%1 von %2 Größen haben sich geändert, am meisten %3, von %4 auf %5%6</translation>
+    </message>
+</context>
+<context>
+    <name>Readable</name>
+    <message>
+        <source>or</source>
+        <translation>oder</translation>
+    </message>
+    <message>
+        <source>when %1 acts</source>
+        <translation>wenn %1 wirkt</translation>
+    </message>
+    <message>
+        <source>when %1 leads</source>
+        <translation>wenn %1 führt</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>load groups exclude each other</source>
+        <translation>Lastgruppen schließen einander aus</translation>
+    </message>
+    <message>
+        <source>at most %1 variable actions</source>
+        <translation>höchstens %1 veränderliche Einwirkungen</translation>
+    </message>
+    <message>
+        <source>variable actions always act</source>
+        <translation>veränderliche Einwirkungen wirken immer</translation>
+    </message>
+    <message>
+        <source>components of the earthquake: %1, %2</source>
+        <translation>Komponenten des Erdbebens: %1, %2</translation>
+    </message>
+    <message>
+        <source>also without an accidental or seismic action</source>
+        <translation>auch ohne außergewöhnliche oder Erdbebeneinwirkung</translation>
+    </message>
+    <message>
+        <source>%1 million</source>
+        <translation>%1 Millionen</translation>
+    </message>
+    <message>
+        <source>%1 billion</source>
+        <translation>%1 Milliarden</translation>
+    </message>
+    <message>
+        <source>of %1 the first beside the leading one accompanies in full</source>
+        <translation>von %1 begleitet die erste neben der führenden voll</translation>
+    </message>
+    <message>
+        <source>permanent</source>
+        <translation>ständig</translation>
+    </message>
+    <message>
+        <source>prestress</source>
+        <translation>Vorspannung</translation>
+    </message>
+    <message>
+        <source>leading</source>
+        <translation>führend</translation>
+    </message>
+    <message>
+        <source>accompanying</source>
+        <translation>begleitend</translation>
+    </message>
+    <message>
+        <source>accompanying, further</source>
+        <translation>begleitend, weitere</translation>
+    </message>
+    <message>
+        <source>accidental</source>
+        <translation>außergewöhnlich</translation>
+    </message>
+    <message>
+        <source>seismic</source>
+        <translation>Erdbeben</translation>
+    </message>
+    <message>
+        <source>imperfection</source>
+        <translation>Imperfektion</translation>
+    </message>
+</context>
+<context>
     <name>Workbench</name>
     <message>
         <source>%1 holds no managers.</source>
@@ -112,6 +221,114 @@
     <message>
         <source>Partition</source>
         <translation>Einteilung</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::CombinationListModel</name>
+    <message>
+        <source>Combination</source>
+        <translation>Kombination</translation>
+    </message>
+    <message>
+        <source>Leading</source>
+        <translation>Führend</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Ausdruck</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::CombinationsPage</name>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Extremes</source>
+        <translation>Extremwerte</translation>
+    </message>
+    <message>
+        <source>&amp;Responses...</source>
+        <translation>&amp;Größen...</translation>
+    </message>
+    <message>
+        <source>Save &amp;picture as...</source>
+        <translation>&amp;Bild speichern unter...</translation>
+    </message>
+    <message>
+        <source>No responses: a CSV file with a row for each, and a column for each load case.</source>
+        <translation>Keine Größen: eine CSV-Datei mit einer Zeile für jede und einer Spalte für jeden Lastfall.</translation>
+    </message>
+    <message>
+        <source>%1: %2 responses</source>
+        <translation>%1: %2 Größen</translation>
+    </message>
+    <message>
+        <source>%1 combinations are too many to read. Responses from a file show which of them govern.</source>
+        <translation>%1 Kombinationen sind zu viele zum Lesen. Größen aus einer Datei zeigen, welche davon maßgebend sind.</translation>
+    </message>
+    <message>
+        <source>%1: there is no column for %2</source>
+        <translation>%1: es fehlt eine Spalte für %2</translation>
+    </message>
+    <message>
+        <source>minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Choose a response to see its combination.</source>
+        <translation>Wählen Sie eine Größe, um ihre Kombination zu sehen.</translation>
+    </message>
+    <message>
+        <source>Open responses</source>
+        <translation>Größen öffnen</translation>
+    </message>
+    <message>
+        <source>Responses (*.csv *.txt);;All files (*)</source>
+        <translation>Größen (*.csv *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save the picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Pictures (*.svg);;All files (*)</source>
+        <translation>Bilder (*.svg);;Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::ExtremesModel</name>
+    <message>
+        <source>Response</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Governing combination</source>
+        <translation>Maßgebende Kombination</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::FindTable</name>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
     </message>
 </context>
 <context>
@@ -385,6 +602,10 @@
         <source>The load cases could not be deleted. The project is as it was.</source>
         <translation>Die Lastfälle konnten nicht gelöscht werden. Das Projekt ist, wie es war.</translation>
     </message>
+    <message>
+        <source>Combinations</source>
+        <translation>Kombinationen</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>
@@ -498,6 +719,25 @@
     <message>
         <source>Each task then opens its own tab. With both tabs, deleting an action shows which load cases use it.</source>
         <translation>Jede Aufgabe öffnet dann nur ihr eigenes Register. Mit beiden Registern zeigt das Löschen einer Einwirkung, welche Lastfälle sie benutzen.</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::SituationsModel</name>
+    <message>
+        <source>Situation</source>
+        <translation>Situation</translation>
+    </message>
+    <message>
+        <source>Clause</source>
+        <translation>Abschnitt</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>Combinations</source>
+        <translation>Kombinationen</translation>
     </message>
 </context>
 <context>
@@ -640,6 +880,37 @@
     <message>
         <source>%1 load cases</source>
         <translation>%1 Lastfälle</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::TermsModel</name>
+    <message>
+        <source>Load case</source>
+        <translation>Lastfall</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Einwirkung</translation>
+    </message>
+    <message>
+        <source>Acts as</source>
+        <translation>Wirkt als</translation>
+    </message>
+    <message>
+        <source>Factor</source>
+        <translation>Beiwert</translation>
+    </message>
+    <message>
+        <source>Where it comes from</source>
+        <translation>Herkunft</translation>
+    </message>
+    <message>
+        <source>Response</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Contribution</source>
+        <translation>Anteil</translation>
     </message>
 </context>
 </TS>

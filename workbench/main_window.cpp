@@ -13,6 +13,7 @@
 
 #include "host/mrl_textlist.h"
 #include "hostlib/ui/widget/window_size.h"
+#include "workbench/combinations/combinations_page.h"
 #include "workbench/extras.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
@@ -117,6 +118,7 @@ void MainWindow::slot_replaced()
         action->setEnabled(open);
     }
     m_place->setText(open ? shownPath(m_document->file()) : QString());
+    m_combinations->forget();
     slot_changed();
     // So that the keyboard has a place to begin.
     (open ? static_cast<QWidget*>(m_tasks) : m_start)->setFocus();
@@ -139,6 +141,7 @@ void MainWindow::refreshProject()
     m_summary->show(summary);
     m_tasks->showCounts(static_cast<int>(summary.actions.size()), static_cast<int>(summary.loadCases.size()));
     m_tasks->setRefusal(managerRefusal());
+    m_combinations->follow(m_document->database());
     m_input->showText(m_managers.isLoaded() ? m_managers.generate(m_document->shadow()) : QString());
 }
 

@@ -12,6 +12,7 @@ class QStackedWidget;
 
 namespace mrl::workbench {
 
+class CombinationsPage;
 class InputPage;
 class StartPage;
 class SummaryPage;
@@ -89,6 +90,7 @@ class MainWindow : public QMainWindow
     TaskPanel* m_tasks = nullptr;
     SummaryPage* m_summary = nullptr;
     InputPage* m_input = nullptr;
+    CombinationsPage* m_combinations = nullptr;
     QLabel* m_place = nullptr;
     QMenu* m_recentMenu = nullptr;
     QAction* m_newAction = nullptr;

@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+#include "workbench/combinations/combinations_page.h"
 #include "workbench/extras.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
@@ -123,6 +124,8 @@ QWidget* MainWindow::createProjectPage()
     m_input = new InputPage(tabs);
     tabs->addTab(m_summary, tr("Summary"));
     tabs->addTab(m_input, tr("Generated input"));
+    m_combinations = new CombinationsPage(tabs);
+    tabs->addTab(m_combinations, tr("Combinations"));
     splitter->addWidget(m_tasks);
     splitter->addWidget(tabs);
     splitter->setStretchFactor(0, 0);

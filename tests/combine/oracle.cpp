@@ -1,12 +1,12 @@
 #include "tests/combine/oracle.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <set>
 #include <string>
 
 #include "combine/decimal.h"
+#include "tests/combine/oracle_rules.h"
 
 namespace oracle {
 
@@ -14,189 +14,15 @@ namespace {
 
 using namespace mrl::combine;
 
-/// What a load case does: '0' nothing, 'u' and 'f' the unfavourable and the favourable factor, 'c' and 'd' the first
-/// and the other component; capitals with the other sign.
-using Selection = std::string;
-
-struct Act
-{
-    std::string name;
-    Category category = Category::Variable;
-    Superposition code = LC_SUPERPOSITION_COND;
-    int group = 0;
-    bool isImperfection = false;
-    std::array<double, 7> factors{};
-    std::vector<std::size_t> cases; // in Model::loadCases
-    std::string block;              // variable actions with the same one act as one
-    std::vector<Selection> selections;
-};
-
-std::string first(const std::string& name) { return name.substr(0, name.find('_')); }
-
-std::array<double, 7> decimals(const Factors& factors)
-{
-    std::array<double, 7> result{};
-    for (std::size_t i = 0; i < 7; ++i) {
-        result[i] = shortest(factors[i]);
-    }
-    result[2] = factors[2] == 0 ? 1 : factors[2] == 0.001f ? 0 : result[2];
-    return result;
-}
-
-/// All words of a length over an alphabet.
-std::vector<Selection> words(const std::string& alphabet, std::size_t length)
-{
-    std::vector<Selection> result{""};
-    for (std::size_t i = 0; i < length; ++i) {
-        std::vector<Selection> longer;
-        for (const Selection& word : result) {
-            for (const char c : alphabet) {
-                longer.push_back(word + c);
-            }
-        }
-        result = longer;
-    }
-    return result;
-}
-
-long occurrences(const Selection& word, const std::string& of)
-{
-    return std::count_if(word.begin(), word.end(), [&](char c) { return of.find(c) != std::string::npos; });
-}
-
-std::vector<Selection> selectionsOf(const Act& act, const LCM_Situation& situation)
-{
-    const bool isPermanent = act.category == Category::Permanent || act.category == Category::Prestress;
-    if (act.category == Category::Seismic && situation.firstComponent > 0) {
-        std::vector<Selection> result = words("cCdD", act.cases.size());
-        result.push_back(Selection(act.cases.size(), '0'));
-        result.erase(
-            std::remove_if(result.begin(), result.end(),
-                           [](const Selection& s) { return s[0] != '0' && occurrences(s, "cC") != 1; }),
-            result.end());
-        return result;
-    }
-    std::vector<Selection> result;
-    for (const Selection& word : words("0ufUF", act.cases.size())) {
-        const auto n = static_cast<long>(word.size());
-        const long u = occurrences(word, "u");
-        const long f = occurrences(word, "f");
-        const long signs = occurrences(word, "UF");
-        const long acting = n - occurrences(word, "0");
-        bool fits = acting == 0;
-        switch (act.code) {
-        case LC_SUPERPOSITION_PERM:
-            fits = fits || u == n || f == n;
-            break;
-        case LC_SUPERPOSITION_PERC:
-        case LC_SUPERPOSITION_OLD_PERC:
-            fits = fits || u + f == n;
-            break;
-        case LC_SUPERPOSITION_COND:
-            fits = acting == u;
-            break;
-        case LC_SUPERPOSITION_EXCL:
-        case LC_SUPERPOSITION_EXEX:
-            fits = acting <= 1 && signs == 0 && (isPermanent || f == 0);
-            break;
-        case LC_SUPERPOSITION_ALEX:
-            fits = acting <= 1 && signs == 0;
-            break;
-        case LC_SUPERPOSITION_UNSI:
-            fits = occurrences(word, "fF") == 0 || (isPermanent && occurrences(word, "uU") == 0);
-            break;
-        case LC_SUPERPOSITION_USEX:
-            fits = acting <= 1 && (isPermanent || occurrences(word, "fF") == 0);
-            break;
-        }
-        if (fits) {
-            result.push_back(word);
-        }
-    }
-    return result;
-}
-
-std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
-{
-    std::vector<Act> acts;
-    for (const Action& action : model.actions) {
-        Act act{action.name,
-                action.category,
-                action.superposition,
-                action.group,
-                false,
-                decimals(action.factors),
-                {},
-                {},
-                {}};
-        if (situation.groups == LCM_Groups::Apart || action.category != Category::Variable) {
-            act.group = 0;
-        }
-        acts.push_back(act);
-    }
-    Act imperfections;
-    imperfections.isImperfection = true;
-    imperfections.code = LC_SUPERPOSITION_EXCL;
-    for (std::size_t i = 0; i < model.loadCases.size(); ++i) {
-        const LoadCase& each = model.loadCases[i];
-        if (each.isImperfection) {
-            imperfections.cases.push_back(i);
-        } else if (!each.action.empty()) {
-            std::find_if(acts.begin(), acts.end(), [&](const Act& a) {
-                return a.name == each.action;
-            })->cases.push_back(i);
-        } else if (each.own) {
-            const bool isPermanent = (*each.own)[1] > 0;
-            acts.push_back({"LC " + std::to_string(each.number),
-                            isPermanent ? Category::Permanent : Category::Variable,
-                            isPermanent ? LC_SUPERPOSITION_PERM : LC_SUPERPOSITION_COND,
-                            0,
-                            false,
-                            decimals(*each.own),
-                            {i},
-                            {},
-                            {}});
-        }
-    }
-    acts.push_back(imperfections);
-    acts.erase(std::remove_if(acts.begin(), acts.end(), [](const Act& a) { return a.cases.empty(); }),
-               acts.end());
-    for (Act& act : acts) {
-        const bool isPool = act.code == LC_SUPERPOSITION_EXEX;
-        act.block = act.group > 0 ? "group " + std::to_string(act.group)
-                    : isPool      ? "pool " + first(act.name)
-                                  : act.name;
-        if (situation.always && act.category == Category::Variable && !act.isImperfection) {
-            act.code = act.code == LC_SUPERPOSITION_COND   ? LC_SUPERPOSITION_PERM
-                       : act.code == LC_SUPERPOSITION_EXCL ? LC_SUPERPOSITION_ALEX
-                       : isPool                            ? LC_SUPERPOSITION_ALEX
-                                                           : act.code;
-        }
-        act.selections = selectionsOf(act, situation);
-    }
-    return acts;
-}
-
 /// Tries one expression.
-class Trial
+class Trial : Rules
 {
   public:
     Trial(const Model& model, const LCM_Situation& situation, int number,
           const std::function<void(const Found&)>& tell)
-        : m_model(model), m_situation(situation),
-          m_expression(situation.expressions[static_cast<std::size_t>(number)]),
-          m_acts(actsOf(model, situation)), m_chosen(m_acts.size()), m_roles(m_acts.size()), m_tell(tell)
+        : Rules(model, situation, number), m_chosen(m_acts.size()), m_roles(m_acts.size()), m_tell(tell)
     {
         m_found.expression = number;
-        for (const Action& action : model.actions) { // pools and their blocks, load cases or not
-            if (action.superposition == LC_SUPERPOSITION_EXEX && action.category == Category::Variable) {
-                for (const Act& act : m_acts) {
-                    if (act.name == action.name) {
-                        m_poolBlocks[first(action.name)].insert(act.block);
-                    }
-                }
-            }
-        }
         choose(0);
     }
 
@@ -205,49 +31,6 @@ class Trial
     {
         return occurrences(m_chosen[i], "0") < static_cast<long>(m_chosen[i].size());
     }
-    bool isVariable(std::size_t i) const
-    {
-        return m_acts[i].category == Category::Variable && !m_acts[i].isImperfection;
-    }
-    bool isPool(std::size_t i) const
-    {
-        return m_poolBlocks.count(first(m_acts[i].name)) > 0 &&
-               m_poolBlocks.at(first(m_acts[i].name)).count(m_acts[i].block) > 0 && isExex(i);
-    }
-    bool isExex(std::size_t i) const
-    {
-        return std::any_of(m_model.actions.begin(), m_model.actions.end(), [&](const Action& a) {
-            return a.name == m_acts[i].name && a.superposition == LC_SUPERPOSITION_EXEX;
-        });
-    }
-    bool isMust(std::size_t i) const
-    {
-        const Superposition code = m_acts[i].code;
-        const bool isShared = isPool(i) && m_poolBlocks.at(first(m_acts[i].name)).size() > 1;
-        const bool isLoose =
-            m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
-        return !isShared && !isLoose && !isSpread(i) && (m_expression.sum || mustByPlain(i)) &&
-               (code == LC_SUPERPOSITION_PERM || code == LC_SUPERPOSITION_PERC ||
-                code == LC_SUPERPOSITION_ALEX);
-    }
-    /// Whether a pool stands in several alternatives of a sum.
-    bool isSpread(std::size_t i) const
-    {
-        for (std::size_t j = 0; j < m_acts.size() && m_expression.sum && isExex(i); ++j) {
-            const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                                first(m_acts[i].name) == first(m_acts[j].name);
-            if (isSame && place(i) != place(j)) {
-                return true;
-            }
-        }
-        return false;
-    }
-    bool isShort(const std::string& name) const
-    {
-        return std::any_of(m_expression.shortActions.begin(), m_expression.shortActions.end(),
-                           [&](const std::string& each) { return lcm_action_matches(each, name) > 0; });
-    }
-
     void choose(std::size_t at)
     {
         if (at == m_acts.size()) {
@@ -260,12 +43,6 @@ class Trial
             m_chosen[at] = selection;
             choose(at + 1);
         }
-    }
-
-    const LCM_RoleEntry* entry(LCM_Role role, std::size_t i, const std::vector<std::string>& present) const
-    {
-        const LCM_RoleEntry* found = lcm_role_entry(m_expression, role, m_acts[i].name, present);
-        return found != nullptr && found->unfavourable ? found : nullptr;
     }
 
     bool constantPartFits()
@@ -331,23 +108,6 @@ class Trial
         m_group = groups.empty() ? 0 : *groups.begin();
         return (m_situation.groups != LCM_Groups::Exclude || groups.size() <= 1) &&
                (m_situation.atMost == 0 || static_cast<int>(m_acting.size()) <= m_situation.atMost);
-    }
-
-    /// The bracket and the alternative of an action in the sum.
-    std::pair<int, int> place(std::size_t i) const
-    {
-        std::pair<int, int> found{-1, -1};
-        int best = 0;
-        for (std::size_t b = 0; b < m_expression.sum->size(); ++b) {
-            for (std::size_t a = 0; a < (*m_expression.sum)[b].size(); ++a) {
-                const int close = lcm_action_matches((*m_expression.sum)[b][a].action, m_acts[i].name);
-                if (close > best) {
-                    best = close;
-                    found = {static_cast<int>(b), static_cast<int>(a)};
-                }
-            }
-        }
-        return found;
     }
 
     bool poolActs(std::size_t i) const
@@ -457,21 +217,6 @@ class Trial
         }
     }
 
-    bool canLead(std::size_t i) const
-    {
-        const LCM_RoleEntry* lead =
-            entry(LCM_Role::Lead, i,
-                  m_accident.empty() ? std::vector<std::string>{} : std::vector<std::string>{m_accident});
-        const LCM_RoleEntry* others = entry(LCM_Role::Others, i, {});
-        const bool isAsked = std::any_of(m_expression.entries.begin(), m_expression.entries.end(),
-                                         [&](const LCM_RoleEntry& e) {
-                                             return e.role == LCM_Role::Others && !e.when.empty() &&
-                                                    lcm_action_matches(e.when, m_acts[i].name) > 0;
-                                         });
-        return !m_expression.sum && lead != nullptr &&
-               (isAsked || others == nullptr || *lead->unfavourable != *others->unfavourable);
-    }
-
     /// Whether an action that must act rests by right.
     bool mayRest(std::size_t i) const
     {
@@ -510,8 +255,6 @@ class Trial
         return std::any_of(must.begin(), must.end(), [](const auto& each) { return !each.second; });
     }
 
-    bool plainTerm(std::size_t i) const { return entry(LCM_Role::Others, i, {}) != nullptr; }
-
     void roles(std::size_t at, bool someLead)
     {
         if (at == m_acts.size()) {
@@ -524,7 +267,7 @@ class Trial
             roles(at + 1, someLead);
             return;
         }
-        const bool leadable = canLead(at);
+        const bool leadable = canLead(at, m_accident);
         m_leads[at] = false;
         if (!acts(at)) {
             if (!isMust(at) || !mustByPlain(at) || mayRest(at)) {
@@ -557,35 +300,6 @@ class Trial
         other(at, isSecond ? LCM_Role::Second : LCM_Role::Others, someLead);
     }
 
-    bool mustByPlain(std::size_t i) const
-    {
-        if (!isExex(i)) {
-            return m_expression.sum || plainTerm(i);
-        }
-        for (std::size_t j = 0; j < m_acts.size(); ++j) {
-            const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                                first(m_acts[i].name) == first(m_acts[j].name);
-            if (isSame && (m_expression.sum || plainTerm(j))) {
-                return true;
-            }
-        }
-        return false;
-    }
-
-    /// A pool is short-term as a whole.
-    bool shortUnit(std::size_t i) const
-    {
-        for (std::size_t j = 0; j < m_acts.size(); ++j) {
-            const bool isSame =
-                j == i || (isVariable(j) && isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                           first(m_acts[i].name) == first(m_acts[j].name));
-            if (isSame && isShort(m_acts[j].name)) {
-                return true;
-            }
-        }
-        return false;
-    }
-
     void other(std::size_t at, LCM_Role role, bool someLead)
     {
         if (m_expression.sum) {
@@ -611,18 +325,6 @@ class Trial
         }
         return (code != LC_SUPERPOSITION_PERM && code != LC_SUPERPOSITION_ALEX) ||
                occurrences(m_chosen[i], "f") == 0;
-    }
-
-    double value(const LCM_Term& term, std::size_t i) const
-    {
-        double product = term.number;
-        for (const std::string& name : term.constants) {
-            product *= shortest(m_model.constants.at(name));
-        }
-        for (const LCM_SituationFactor f : term.factors) {
-            product *= m_acts[i].factors[static_cast<std::size_t>(f)];
-        }
-        return rounded(product);
     }
 
     void finish()
@@ -675,15 +377,10 @@ class Trial
         m_tell(m_found);
     }
 
-    const Model& m_model;
-    const LCM_Situation& m_situation;
-    const LCM_Expression& m_expression;
-    std::vector<Act> m_acts;
     std::vector<Selection> m_chosen;
     std::vector<const LCM_RoleEntry*> m_roles;
     std::map<std::size_t, LCM_RoleEntry> m_sumEntries;
     std::map<std::size_t, bool> m_leads;
-    std::map<std::string, std::set<std::string>> m_poolBlocks;
     std::string m_accident;
     std::set<std::string> m_acting;
     int m_group = 0;
@@ -697,7 +394,7 @@ class Trial
 
 } // namespace
 
-double selections(const Model& model, const LCM_Situation& situation)
+double selections(const mrl::combine::Model& model, const LCM_Situation& situation)
 {
     double product = 1;
     for (const Act& act : actsOf(model, situation)) {
@@ -706,7 +403,8 @@ double selections(const Model& model, const LCM_Situation& situation)
     return product;
 }
 
-void all(const Model& model, const LCM_Situation& situation, const std::function<void(const Found&)>& tell)
+void all(const mrl::combine::Model& model, const LCM_Situation& situation,
+         const std::function<void(const Found&)>& tell)
 {
     for (std::size_t i = 0; i < situation.expressions.size(); ++i) {
         Trial(model, situation, static_cast<int>(i), tell);

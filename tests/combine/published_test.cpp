@@ -99,4 +99,29 @@ TEST(Canopy, ListsHaveThePublishedLengths)
     EXPECT_EQ(length(ACCIDENTAL), 8);
 }
 
+/// A railway structure of which the lengths of the published lists are known, and not its model: three permanent load
+/// cases with a factor each, two single variable ones and two temperatures are the smallest one that has them all.
+Model railway()
+{
+    return ModelBuilder()
+        .permanent({1, 2, 3}, LC_SUPERPOSITION_PERC)
+        .action("L", Q, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 0.7f, 0.5f, 0), {11})
+        .action("W", Q, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 1, 0, 0), {21})
+        .action("T", Q, LC_SUPERPOSITION_EXCL, factors(1.5f, 0, 1, 0.6f, 0.5f), {31, 32})
+        .action("A", Category::Accidental, LC_SUPERPOSITION_EXCL, factors(1, 0, 0, 0, 0), {41})
+        .model();
+}
+
+TEST(Railway, ListsHaveThePublishedLengths)
+{
+    const auto length = [](const Entries& entries) {
+        return countDistinct(plan(railway(), situation(entries))).all;
+    };
+    EXPECT_EQ(length(PERSISTENT), 136);
+    EXPECT_EQ(length(CHARACTERISTIC), 16 + 1); // the published list leaves the weight alone out
+    EXPECT_EQ(length(FREQUENT), 7 + 1);        // so does this one
+    EXPECT_EQ(length(QUASI_PERMANENT), 3);
+    EXPECT_EQ(length(ACCIDENTAL), 8);
+}
+
 } // namespace
