@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "lcdata/load_case_factors.h"
 #include "lcdata/values/packing.h"
 #include "tests/support/project_test.h"
 
@@ -74,12 +75,20 @@ TEST_F(ProjectModelTest, ActionsBringCategorySuperpositionGroupAndStoredFactors)
 
 TEST_F(ProjectModelTest, ALoadCaseNamesItsActionAndTakesNoFactorsFromItsRecord)
 {
-    project.putLoadCase(5, following(QStringLiteral("G")).factors(0.3f));
+    tagCDB_LC_CTRL record = following(QStringLiteral("G"));
+    lcm_load_case_from_action(permanent(), record, record.action);
+    project.putLoadCase(5, record);
     const LoadCase loadCase = only();
     EXPECT_EQ(loadCase.number, 5);
     EXPECT_EQ(loadCase.action, "G");
     EXPECT_FALSE(loadCase.own);
     EXPECT_EQ(loadCase.finding, "");
+}
+
+TEST_F(ProjectModelTest, FactorsThatDifferFromThoseOfTheActionAreAFinding)
+{
+    project.putLoadCase(5, following(QStringLiteral("G")).factors(0.3f));
+    EXPECT_THAT(only().finding, HasSubstr("differ from those of its action G"));
 }
 
 TEST_F(ProjectModelTest, ImperfectionsAreMarked)
