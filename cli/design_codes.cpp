@@ -1,11 +1,13 @@
 #include "cli/design_codes.h"
 
+#include <QDir>
 #include <algorithm>
 #include <map>
 #include <variant>
 
 #include "check/design_code_check.h"
 #include "check/finding_text.h"
+#include "cli/arguments.h"
 #include "cli/failure.h"
 
 namespace mrl::cli {
@@ -35,6 +37,8 @@ CodeFinding worded(const LCM_Finding& finding, const designcode::DesignCode& cod
     return out;
 }
 
+} // namespace
+
 LCM_DesignCodeData dataOf(const designcode::DesignCode& code)
 {
     LCM_DesignCodeData data{code.availability, {code.ntcode, code.idcode, code.country, code.year}, {}};
@@ -44,7 +48,10 @@ LCM_DesignCodeData dataOf(const designcode::DesignCode& code)
     return data;
 }
 
-} // namespace
+std::string storedCodeName(const std::string& code)
+{
+    return code.find('/') == std::string::npos ? code : QDir().absoluteFilePath(qtext(code)).toStdString();
+}
 
 std::vector<CodeFinding> findingsOf(const designcode::DesignCode& code)
 {

@@ -5,10 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "check/design_code_check.h"
 #include "cli/output.h"
 #include "hostlib/data/designcode/designcode.h"
 
 namespace mrl::cli {
+
+/// A design code as the rules judge it.
+LCM_DesignCodeData dataOf(const designcode::DesignCode& code);
+
+/// What a project stores to name a code. A path is stored whole, so that the project finds the file from any folder.
+std::string storedCodeName(const std::string& code);
 
 /// What would trap the user of a design code.
 struct CodeFinding

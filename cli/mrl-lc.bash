@@ -25,7 +25,7 @@ _mrl_lc() {
     esac
 
     if ((COMP_CWORD == 1)); then
-        words_of_level="new info check verify export import diff merge apply action case combine envelope codes code keys get put"
+        words_of_level="new info check verify export import diff merge apply action case combine envelope codes code recode why keys get put"
         words_of_level+=" del --help --version"
         COMPREPLY=($(compgen -W "$words_of_level" -- "$current"))
         return
@@ -43,6 +43,7 @@ _mrl_lc() {
     fi
 
     case $command in
+    recode) options="--code --map --dry-run --json" ;;
     new) options="--code --from --system --gravity --default-actions" ;;
     export) options="--saf-version --output --format --what --separator --decimal --encoding" ;;
     import)

@@ -6,9 +6,11 @@
 #include <variant>
 
 #include "hostlib/data/designcode/designcode.h"
+#include "hostlib/data/designcode/effective.h"
 
 // An input is either a piece of text that replaces a part of a sound design code (first byte even; then two
-// bytes for the place and one for the length of the part) or a whole file (first byte odd). Neither may
+// bytes for the place and one for the length of the part; from 128 on the sound code is an annex to one) or a whole
+// file (first byte odd). Neither may
 // crash; what is read keeps the promises that its users rely on, and an error names a line that is there.
 
 namespace {
@@ -41,7 +43,46 @@ group = 1
 superposition = EXCL
 old = 7
 Psi1 = 0.5
+[SITUATION persistent]
+kind = ultimate
+G = KFI*Gamu | Gamf
+P = 1
+lead = KFI*Gamu
+others = KFI*Gamu*Psi0
+others Q_A when Q leads = 0.5
+A = none
+E = none
+[SITUATION listed / 1]
+sum = 1.6*Q + (0.5*Q_A or 0.3*G)
 )";
+
+const std::string ANNEX = R"([DESIGN CODE]
+base = sound
+label = Annex
+[ACTION G]
+Gamu = 1.2 {NA, one source} note
+[ACTION Q_A]
+remove = yes
+[ACTION Q]
+after = G
+title[de] = Last
+category = Q
+superposition = COND
+[SITUATION persistent]
+state = verified
+)";
+
+/// Names lead to the sound code, to the text itself or nowhere.
+mrl::designcode::BaseOf basesOf(const std::string& text)
+{
+    using Base = std::variant<mrl::designcode::FileText, std::string>;
+    return [text](const std::string& name, const mrl::designcode::FileText& /*from*/) -> Base {
+        if (name == "sound") {
+            return mrl::designcode::FileText{"sound.ini", SOUND};
+        }
+        return name == "fuzz" ? Base(mrl::designcode::FileText{"fuzz.ini", text}) : Base(std::string("none"));
+    };
+}
 
 std::string textOf(const std::uint8_t* data, std::size_t size)
 {
@@ -50,7 +91,7 @@ std::string textOf(const std::uint8_t* data, std::size_t size)
     if (size < 4 || data[0] % 2 != 0) {
         return std::string(reinterpret_cast<const char*>(data), size);
     }
-    std::string text = SOUND;
+    std::string text = data[3] < 128 ? SOUND : ANNEX;
     return text.replace((data[1] * 256u + data[2]) % text.size(), data[3] % 32u, rest);
 }
 
@@ -75,6 +116,10 @@ void checkRead(const mrl::designcode::DesignCode& code)
     }
     require(code.actions.size() <= 999 && !code.label.empty());
     mrl::designcode::warnings(code);
+    // What readers by file name get says the same.
+    const auto flat = mrl::designcode::parse(code.flat, "flat.ini");
+    require(std::holds_alternative<mrl::designcode::DesignCode>(flat));
+    require(mrl::designcode::differences(code, std::get<mrl::designcode::DesignCode>(flat)).empty());
 }
 
 } // namespace
@@ -82,9 +127,11 @@ void checkRead(const mrl::designcode::DesignCode& code)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string text = textOf(data, size);
-    const auto result = mrl::designcode::parse(text, "fuzz.ini");
+    const auto result = mrl::designcode::parse(mrl::designcode::FileText{"fuzz.ini", text}, basesOf(text));
     if (const auto* errors = std::get_if<mrl::designcode::Errors>(&result)) {
-        const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
+        const auto lines = std::max(std::count(text.begin(), text.end(), '\n'),
+                                    std::count(SOUND.begin(), SOUND.end(), '\n')) +
+                           1;
         require(!errors->empty());
         for (const mrl::designcode::Error& error : *errors) {
             require(!error.reason.empty() && error.line >= 0 && error.line <= lines);

@@ -29,6 +29,7 @@ std::vector<CommandGroup> allCommands()
     groups.push_back(group("", "", combineCommand(), envelopeCommand(), codesCommand()));
     groups.push_back(group("code", "Show, judge, compare and write design codes", codeShowCommand(),
                            codeCheckCommand(), codeDiffCommand(), codeListCommand(), codeNewCommand()));
+    groups.push_back(group("", "", recodeCommand(), whyCommand()));
     groups.push_back(group("", "", keysCommand(), getCommand(), putCommand(), delCommand()));
     return groups;
 }

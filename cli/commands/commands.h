@@ -19,6 +19,8 @@ std::unique_ptr<Command> codeListCommand();
 std::unique_ptr<Command> codeNewCommand();
 std::unique_ptr<Command> newCommand();
 std::unique_ptr<Command> infoCommand();
+std::unique_ptr<Command> recodeCommand();
+std::unique_ptr<Command> whyCommand();
 std::unique_ptr<Command> actionListCommand();
 std::unique_ptr<Command> actionShowCommand();
 std::unique_ptr<Command> actionCreateCommand();

@@ -1,5 +1,3 @@
-#include <QDir>
-
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
@@ -28,7 +26,6 @@ class NewCommand : public Command
   private:
     void fill(Project& project) const;
     ExitCode restore() const;
-    std::string codeToStore() const;
 
     std::string m_file;
     std::optional<std::string> m_code;
@@ -54,18 +51,9 @@ void NewCommand::declare(Arguments& args)
     }
 }
 
-/// A path is stored whole, so that the project finds the file from any folder.
-std::string NewCommand::codeToStore() const
-{
-    if (m_code->find('/') == std::string::npos) {
-        return *m_code;
-    }
-    return QDir().absoluteFilePath(qtext(*m_code)).toStdString();
-}
-
 void NewCommand::fill(Project& project) const
 {
-    const cdb::Result named = cdb::setFact(project.db(), "designcode", codeToStore());
+    const cdb::Result named = cdb::setFact(project.db(), "designcode", storedCodeName(*m_code));
     if (!named) {
         throw Failure{ExitCode::File, named.text};
     }

@@ -236,7 +236,7 @@ std::string iniText(const IniFile& file)
     for (const IniSection& section : file.sections) {
         text += "[" + section.name + "]\n";
         for (const IniEntry& entry : section.entries) {
-            text += entry.key + " = " + entry.value + "\n";
+            text += entry.key + "=" + entry.value + "\n"; // no longer than it was
         }
     }
     return text;
