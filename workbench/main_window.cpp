@@ -106,6 +106,8 @@ void MainWindow::openManager(Manager which, const std::set<int>& loadCases)
     } else {
         m_managers.openDialog(which, m_document->shadow(), this);
     }
+    // Where a question closes together with its dialog, a window manager may be left without an active window.
+    activateWindow();
     slot_changed();
 }
 
