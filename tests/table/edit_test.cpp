@@ -87,14 +87,13 @@ TEST_F(Editing, RefusedValueSaysWhyBesideItsCellWhereFindingsAreMarked)
     enter(0, Bounded, "9.5");
     EXPECT_EQ(QToolTip::text(), "");
     table.setFindingMarks(table.getColumnId(0), 357);
+    enter(0, Factor, "1.2");
+    EXPECT_EQ(QToolTip::text(), "") << "what is taken needs no word";
     enter(0, Bounded, "9.5");
     EXPECT_TRUE(QToolTip::text().contains("9.5 is not between 0.00 and 9.00."));
     enter(0, Factor, "1.2.3");
     EXPECT_TRUE(QToolTip::text().contains("1.2.3"));
     EXPECT_TRUE(QToolTip::text().contains("is no number."));
-    QToolTip::hideText();
-    enter(0, Factor, "1.2");
-    EXPECT_FALSE(QToolTip::text().contains("is no number."));
 }
 
 TEST_F(Editing, TypingOverReplacesTheValueAndReportsOnce)
