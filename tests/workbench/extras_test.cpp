@@ -32,11 +32,11 @@ class WorkbenchExtras : public ::testing::Test
     {
         workbench::storeExtras(true);
         const OtherProgram other(project.path());
-        other.put(LC_KWH_CASES, 1, bareLoadCase("G").title("Dead").deadWeight(0, 0, -1).record());
-        other.put(LC_KWH_CASES, 2, bareLoadCase("G").title("Empty").record());
-        other.put(LC_KWH_CASES, 3, bareLoadCase("G").title("Loaded").record());
+        other.put(LC_KWH_CASES, 1, following("G").title("Dead").deadWeight(0, 0, -1).record());
+        other.put(LC_KWH_CASES, 2, following("G").title("Empty").record());
+        other.put(LC_KWH_CASES, 3, following("G").title("Loaded").record());
         other.put(21, 3, 1); // loads of another module
-        tagCDB_LC_CTRL imperfection = bareLoadCase("G").title("Imperfect").record();
+        tagCDB_LC_CTRL imperfection = following("G").title("Imperfect").record();
         imperfection.action = LC_ACTION_IMPERFECTION;
         other.put(LC_KWH_CASES, 4, imperfection);
     }
@@ -156,7 +156,7 @@ TEST_F(WorkbenchExtras, SavingWithFindingsOffersToShowThem)
 {
     {
         const OtherProgram other(project.path());
-        other.put(LC_KWH_CASES, 9, bareLoadCase("ZZ").title("Lost").record());
+        other.put(LC_KWH_CASES, 9, following("ZZ").title("Lost").record());
     }
     open();
     mrl_lc_remove(db(), 2);
@@ -188,7 +188,7 @@ TEST_F(WorkbenchExtras, AConflictCanBeLeftByReloading)
     mrl_lc_remove(db(), 2);
     {
         const OtherProgram other(project.path());
-        other.put(LC_KWH_CASES, 8, bareLoadCase("G").title("Other").record());
+        other.put(LC_KWH_CASES, 8, following("G").title("Other").record());
     }
     answers.click("Reload, giving up my changes");
     EXPECT_FALSE(window->slot_save());
@@ -201,9 +201,9 @@ TEST_F(WorkbenchExtras, AConflictCanBeLeftByReloading)
 TEST(AcceptedChanges, CountWhatCameChangedAndWent)
 {
     workbench::ProjectSummary before;
-    before.loadCases = {{1, bareLoadCase("G").record()}, {2, bareLoadCase("G").record()}};
+    before.loadCases = {{1, following("G").record()}, {2, following("G").record()}};
     workbench::ProjectSummary after;
-    after.loadCases = {{2, bareLoadCase("G").title("Other").record()}, {3, bareLoadCase("G").record()}};
+    after.loadCases = {{2, following("G").title("Other").record()}, {3, following("G").record()}};
     EXPECT_EQ(workbench::changesInNumbers(before, after), "Load cases: 1 new, 1 changed, 1 deleted.");
     EXPECT_EQ(workbench::changesInNumbers(before, before), "");
 }

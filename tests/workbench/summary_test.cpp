@@ -278,7 +278,7 @@ TEST_F(SummaryTest, SoundProjectHasNoFindings)
 TEST_F(SummaryTest, PageShowsFactsAndCounts)
 {
     project.putAction(soundAction(QStringLiteral("G")));
-    project.putLoadCase(1, bareLoadCase(QStringLiteral("G")));
+    project.putLoadCase(1, mrl::test::following(QStringLiteral("G")));
     const struct
     {
         int raw;
