@@ -9,6 +9,7 @@
 #include "cli/project_records.h"
 #include "cli/raw_records.h"
 #include "cli/words.h"
+#include "exchange/raw_records.h"
 #include "host/mrl_cdb.h"
 #include "hostlib/data/designcode/kept.h"
 #include "lcdata/values/action_code.h"
@@ -160,7 +161,7 @@ void RecodeCommand::moveActions(const Project& project, const LCM_RecodePlan& pl
     std::map<int, std::vector<std::string>> moved;
     for (const LCM_RecodeRow& row : plan.rows) {
         if (row.oldCode != row.newCode) {
-            moved[row.newCode] = readRecords(db, LC_KWH_ACTIONS, row.oldCode);
+            moved[row.newCode] = exchange::readRecords(db, LC_KWH_ACTIONS, row.oldCode);
             mrl_cdb_del(db, LC_KWH_ACTIONS, row.oldCode);
         }
     }
@@ -192,7 +193,7 @@ void RecodeCommand::write(Project& project, const LCM_RecodePlan& plan) const
         for (const int number : found->second) {
             tagCDB_LC_CTRL record = lcm_stored_load_case(db, number)->record;
             record.action = row.newCode;
-            if (!overwriteRecord(db, LC_KWH_CASES, number, 0, &record, sizeof record)) {
+            if (!exchange::overwriteRecord(db, LC_KWH_CASES, number, 0, &record, sizeof record)) {
                 notWritten(project, "load case " + std::to_string(number));
             }
         }
