@@ -131,16 +131,16 @@ void LCM_ActionsWidget::readAllRows(std::vector<tagCDB_LC_ACT>& actions)
 
 const std::map<int, tagCDB_LC_ACT>& LCM_ActionsWidget::getActionMap()
 {
-    if (m_rowCacheDirty) {
-        m_rowCache.clear();
+    if (rowCacheDirty) {
+        rowCache.clear();
         tagCDB_LC_ACT action;
         for (int row = 0; row < table->rowCount(); ++row) {
             const int code = readRow(row, action);
-            m_rowCache[code] = action;
+            rowCache[code] = action;
         }
-        m_rowCacheDirty = false;
+        rowCacheDirty = false;
     }
-    return m_rowCache;
+    return rowCache;
 }
 
 bool LCM_ActionsWidget::findAction(int code, tagCDB_LC_ACT& action)

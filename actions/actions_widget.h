@@ -55,7 +55,7 @@ class LCM_ActionsWidget : public LCM_TabInterface
     /// What a judgement of the row finds now, by column id. Shows and stores nothing.
     LCM_ErrorList errorsOf(int row) const;
     /// The rows have changed without a command of this tab.
-    void forgetRowCache() { m_rowCacheDirty = true; }
+    void forgetRowCache() { rowCacheDirty = true; }
     MRL_LC_ActionsTable* actionsTable() const { return m_actionsTable; }
 
   signals:
@@ -107,6 +107,6 @@ class LCM_ActionsWidget : public LCM_TabInterface
     LCM_LoadCaseTab* m_loadCaseTab;                ///< not owned; null in a dialog of the actions alone
     MRL_QT_Action* m_reinitAllAction = nullptr;
     MRL_QT_Action* m_reinitSelectedAction = nullptr;
-    std::map<int, tagCDB_LC_ACT> m_rowCache; ///< the records of all rows, as of the last rebuild
-    bool m_rowCacheDirty = true;
+    std::map<int, tagCDB_LC_ACT> rowCache; ///< the records of all rows, as of the last rebuild
+    bool rowCacheDirty = true;
 };

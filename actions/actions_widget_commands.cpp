@@ -19,7 +19,7 @@
 void LCM_ActionsWidget::slot_newClicked()
 {
     const LCM_CommandScope command(commandLog(), LCM_Command::NewAction);
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     modified = true;
     // Until the end of the slot: receivers of the signals find the new row last, before it sorts into place.
     MRL_QT_SortingBlocker sortingBlocker(table);
@@ -53,7 +53,7 @@ void LCM_ActionsWidget::bringIntoSight(int row)
 void LCM_ActionsWidget::slot_addAllClicked()
 {
     const LCM_CommandScope command(commandLog(), LCM_Command::AddAllActions);
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     const MRL_QT_SortingBlocker sortingBlocker(table);
     for (const tagCDB_LC_ACT& action : lcm_activate_free_actions(*model)) {
         appendRow(action);
@@ -76,7 +76,7 @@ void LCM_ActionsWidget::slot_deleteClicked()
     deletion.askForUsed();
     model->removeActions(deletion.codes());
     removeRows(table, deletion.rows());
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     emit signal_actionCountChanged();
 }
 
@@ -94,7 +94,7 @@ void LCM_ActionsWidget::slot_reInitSelectedActions() { reinitialise(getSelectedR
 void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
 {
     const LCM_CommandScope command(commandLog(), LCM_Command::ReinitialiseActions);
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
     for (const int row : rows) {
         taken.emplace_back(table, row);

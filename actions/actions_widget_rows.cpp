@@ -141,7 +141,7 @@ void LCM_ActionsWidget::judgeAllRows()
 void LCM_ActionsWidget::slot_cellChanged(int row, int col)
 {
     modified = true;
-    m_rowCacheDirty = true;
+    rowCacheDirty = true;
     // Taken before the judgement: colouring can move rows of a sorted table, and the signal must name the
     // edited row.
     const LCM_RowCells edited(table, row);

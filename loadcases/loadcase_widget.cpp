@@ -40,9 +40,9 @@ void LCM_LoadcaseWidget::createWidgets()
     mrl_connect(deleteAction, "2triggered( bool )", this, "1slot_deleteClicked( )", Qt::AutoConnection);
     addAction(deleteAction);
 
-    auto* box = new MRL_H_TableWidgetBox(m_loadcaseTable, this, nullptr);
+    auto* box = new MRL_H_TableWidgetBox(loadcaseTable, this, nullptr);
     auto* tableLine = new MRL_QT_HBoxLayout(box);
-    tableLine->addWidget(m_loadcaseTable);
+    tableLine->addWidget(loadcaseTable);
     auto* buttonColumn = new MRL_QT_VBoxLayout();
     tableLine->addLayout(buttonColumn);
     createButtons(buttonColumn);
@@ -51,32 +51,32 @@ void LCM_LoadcaseWidget::createWidgets()
     auto* boxLine = new MRL_QT_HBoxLayout();
     mainLayout->addLayout(boxLine);
     createCheckBoxes(boxLine);
-    slot_checkDeadloadChanged(m_checkDeadload->checkState());
+    slot_checkDeadloadChanged(checkDeadload->checkState());
 }
 
 void LCM_LoadcaseWidget::setupTable()
 {
     readSystem();
-    m_loadcaseTable =
+    loadcaseTable =
         new TableLoadCases(LC_FIXED_COLUMNS + model->optionalColumnCount(), this, "loadcase table");
-    table = m_loadcaseTable;
-    m_loadcaseTable->activateSearchEnabled(false);
-    m_loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    QHeaderView* rowHeader = m_loadcaseTable->verticalHeader();
+    table = loadcaseTable;
+    loadcaseTable->activateSearchEnabled(false);
+    loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    QHeaderView* rowHeader = loadcaseTable->verticalHeader();
     rowHeader->setSectionResizeMode(QHeaderView::Fixed);
     rowHeader->setDefaultSectionSize(rowHeader->fontMetrics().height() + 8);
-    m_loadcaseTable->setItemDelegate(new MyDelegate(m_loadcaseTable, this));
-    m_loadcaseTable->setContextmenueEnabled_new_del(false);
-    lcm_create_load_case_columns(m_loadcaseTable, model, m_setup.gravity);
-    mrl_connect(m_loadcaseTable, "2cellChanged( int, int )", this, "1slot_cellChanged( int, int )",
+    loadcaseTable->setItemDelegate(new MyDelegate(loadcaseTable, this));
+    loadcaseTable->setContextmenueEnabled_new_del(false);
+    lcm_create_load_case_columns(loadcaseTable, model, m_setup.gravity);
+    mrl_connect(loadcaseTable, "2cellChanged( int, int )", this, "1slot_cellChanged( int, int )",
                 Qt::AutoConnection);
-    m_loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-    m_loadcaseTable->resizeColumnsToContents();
-    m_loadcaseTable->setSortingEnabled(true);
+    loadcaseTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    loadcaseTable->resizeColumnsToContents();
+    loadcaseTable->setSortingEnabled(true);
 
-    m_actions = std::make_unique<LCM_RowActions>(*m_loadcaseTable);
-    m_rows = std::make_unique<LCM_LoadCaseRows>(*m_loadcaseTable, *m_actions, *model->availabilityRecord());
-    m_numbering = std::make_unique<LCM_LoadCaseNumbering>(*this, *m_loadcaseTable, *model);
+    m_actions = std::make_unique<LCM_RowActions>(*loadcaseTable);
+    m_rows = std::make_unique<LCM_LoadCaseRows>(*loadcaseTable, *m_actions, *model->availabilityRecord());
+    m_numbering = std::make_unique<LCM_LoadCaseNumbering>(*this, *loadcaseTable, *model);
 }
 
 void LCM_LoadcaseWidget::createButtons(QBoxLayout* column)
@@ -100,21 +100,21 @@ void LCM_LoadcaseWidget::createButtons(QBoxLayout* column)
 
 void LCM_LoadcaseWidget::createCheckBoxes(QBoxLayout* line)
 {
-    m_checkDeadload = new MRL_QT_CheckBox(tr("Use global deadload directions"), this, "check_deadload");
-    m_checkIncrease = new MRL_QT_CheckBox(tr("Increment loadcases automatically from selected on"), this,
-                                          "check_increaselc");
-    line->addWidget(m_checkDeadload);
-    line->addWidget(m_checkIncrease);
+    checkDeadload = new MRL_QT_CheckBox(tr("Use global deadload directions"), this, "check_deadload");
+    checkIncrease = new MRL_QT_CheckBox(tr("Increment loadcases automatically from selected on"), this,
+                                        "check_increaselc");
+    line->addWidget(checkDeadload);
+    line->addWidget(checkIncrease);
     line->addStretch(1);
-    m_checkIncrease->setCheckState(Qt::Checked);
-    mrl_connect(m_checkDeadload, "2stateChanged( int )", this, "1slot_checkDeadloadChanged( int )",
+    checkIncrease->setCheckState(Qt::Checked);
+    mrl_connect(checkDeadload, "2stateChanged( int )", this, "1slot_checkDeadloadChanged( int )",
                 Qt::AutoConnection);
 }
 
 void LCM_LoadcaseWidget::slot_checkDeadloadChanged(int state)
 {
     const auto show = [this](int column, bool shown) {
-        m_loadcaseTable->setColumnHidden(m_loadcaseTable->getColumnNumber(column), !shown);
+        loadcaseTable->setColumnHidden(loadcaseTable->getColumnNumber(column), !shown);
     };
     const bool components = state == Qt::Checked;
     readSystem();
@@ -126,7 +126,7 @@ void LCM_LoadcaseWidget::slot_checkDeadloadChanged(int state)
     if (components && !m_componentsFitted) {
         // Fitting passes hidden columns over.
         for (const int column : {LC_COL_DLX, LC_COL_DLY, LC_COL_DLZ}) {
-            m_loadcaseTable->resizeColumnToContents(m_loadcaseTable->getColumnNumber(column));
+            loadcaseTable->resizeColumnToContents(loadcaseTable->getColumnNumber(column));
         }
         m_componentsFitted = true;
     }
@@ -134,7 +134,7 @@ void LCM_LoadcaseWidget::slot_checkDeadloadChanged(int state)
 
 void LCM_LoadcaseWidget::setActionsWidget(LCM_ActionsWidget* actions)
 {
-    m_actionsWidget = actions;
+    actionsWidget = actions;
     mrl_connect(actions, "2signal_actionCountChanged( )", this, "1slot_actionCountChanged( )",
                 Qt::AutoConnection);
     mrl_connect(actions, "2signal_actionValuesChanged( int, int )", this,
@@ -150,10 +150,10 @@ LCM_RowContext LCM_LoadcaseWidget::rowContext() const
 {
     LCM_LoadCaseSetup setup = m_setup;
     for (const LCM_Factor& factor : LCM_FACTORS) {
-        setup.factorColumns[factor.id] = m_loadcaseTable->getColumnNumber(factor.loadCaseColumn) >= 0;
+        setup.factorColumns[factor.id] = loadcaseTable->getColumnNumber(factor.loadCaseColumn) >= 0;
     }
-    setup.globalDirections = m_checkDeadload->isChecked();
-    return {setup, LCM_ActionLookup(m_actionsWidget, *model)};
+    setup.globalDirections = checkDeadload->isChecked();
+    return {setup, LCM_ActionLookup(actionsWidget, *model)};
 }
 
 void LCM_LoadcaseWidget::fillTable()
@@ -162,25 +162,25 @@ void LCM_LoadcaseWidget::fillTable()
     if (!model->loadcases.empty()) {
         appendRows(model->loadcases);
     }
-    m_loadcaseTable->sortByColumn(m_loadcaseTable->getColumnNumber(LC_COL_NUMBER), Qt::AscendingOrder);
-    LCM_TabSettings settings{m_checkDeadload->isChecked(), m_checkIncrease->isChecked()};
+    loadcaseTable->sortByColumn(loadcaseTable->getColumnNumber(LC_COL_NUMBER), Qt::AscendingOrder);
+    LCM_TabSettings settings{checkDeadload->isChecked(), checkIncrease->isChecked()};
     lcm_read_settings(settings);
-    m_checkDeadload->setChecked(settings.globalDirections);
-    m_checkIncrease->setChecked(settings.increment);
-    m_loadcaseTable->resizeColumnsToContents();
+    checkDeadload->setChecked(settings.globalDirections);
+    checkIncrease->setChecked(settings.increment);
+    loadcaseTable->resizeColumnsToContents();
 }
 
 void LCM_LoadcaseWidget::appendRows(const std::vector<LCM_LoadcaseEntry>& entries)
 {
-    MRL_QT_SortingBlocker sortingBlocker(m_loadcaseTable);
-    const MRL_QT_UpdateBlocker updateBlocker(m_loadcaseTable);
-    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
+    MRL_QT_SortingBlocker sortingBlocker(loadcaseTable);
+    const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     m_actions->offerActionsOf(entries);
     LCM_RowContext context = rowContext();
-    int row = m_loadcaseTable->rowCount();
-    m_loadcaseTable->appendNewRows(static_cast<int>(entries.size()), MRL_H_TableWidget::CreateCells);
+    int row = loadcaseTable->rowCount();
+    loadcaseTable->appendNewRows(static_cast<int>(entries.size()), MRL_H_TableWidget::CreateCells);
     for (const LCM_LoadcaseEntry& entry : entries) {
-        LCM_LoadCaseCells cells(*m_loadcaseTable, row);
+        LCM_LoadCaseCells cells(*loadcaseTable, row);
         m_rows->fill(cells, entry, context);
         setRowValid(row, m_rows->judge(row, cells, context));
         ++row;
@@ -194,11 +194,11 @@ void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
     if (numbers.empty()) {
         return;
     }
-    m_loadcaseTable->setFocus();
+    loadcaseTable->setFocus();
     std::set<int> missing = numbers;
     std::map<int, int> rowByNumber; // the first row of each number
-    for (int row = 0; row < m_loadcaseTable->rowCount() && !missing.empty(); ++row) {
-        const int number = m_loadcaseTable->numberOfRow(row);
+    for (int row = 0; row < loadcaseTable->rowCount() && !missing.empty(); ++row) {
+        const int number = loadcaseTable->numberOfRow(row);
         if (missing.erase(number) != 0) {
             rowByNumber.emplace(number, row);
         }
@@ -208,35 +208,34 @@ void LCM_LoadcaseWidget::selectLoadcases(const std::set<int>& numbers)
         rows.insert(row);
     }
     if (!rows.empty()) {
-        m_loadcaseTable->selectWholeRows(rows, rowByNumber.rbegin()->second);
+        loadcaseTable->selectWholeRows(rows, rowByNumber.rbegin()->second);
     }
 }
 
 void LCM_LoadcaseWidget::getSelectedLoadcases(std::set<int>& numbers)
 {
     numbers.clear();
-    for (const int row : getSelectedRows(m_loadcaseTable)) {
-        numbers.insert(m_loadcaseTable->numberOfRow(row));
+    for (const int row : getSelectedRows(loadcaseTable)) {
+        numbers.insert(loadcaseTable->numberOfRow(row));
     }
 }
 
-std::vector<LCM_LoadcaseCopy> LCM_LoadcaseWidget::getCopies() const { return m_copies; }
+std::vector<LCM_LoadcaseCopy> LCM_LoadcaseWidget::getCopies() const { return copies; }
 
 void LCM_LoadcaseWidget::save(bool writeToDatabase)
 {
     readSystem();
     const LCM_RowContext context = rowContext();
-    std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(m_loadcaseTable->rowCount()));
-    for (int row = 0; row < m_loadcaseTable->rowCount(); ++row) {
-        m_rows->read(LCM_LoadCaseCells(*m_loadcaseTable, row), entries[static_cast<std::size_t>(row)],
-                     context);
+    std::vector<LCM_LoadcaseEntry> entries(static_cast<std::size_t>(loadcaseTable->rowCount()));
+    for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
+        m_rows->read(LCM_LoadCaseCells(*loadcaseTable, row), entries[static_cast<std::size_t>(row)], context);
     }
     model->loadcases = std::move(entries);
     notifyModification();
     if (writeToDatabase) {
         model->writeLoadcases(db);
     }
-    lcm_store_settings({m_checkDeadload->isChecked(), m_checkIncrease->isChecked()});
+    lcm_store_settings({checkDeadload->isChecked(), checkIncrease->isChecked()});
 }
 
 void LCM_LoadcaseWidget::notifyModification()

@@ -52,7 +52,7 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     void getSelectedLoadcases(std::set<int>& numbers);
     std::vector<LCM_LoadcaseCopy> getCopies() const;
     /// For a change that is taken back or done again.
-    void setCopies(std::vector<LCM_LoadcaseCopy> copies) { m_copies = std::move(copies); }
+    void setCopies(std::vector<LCM_LoadcaseCopy> rest) { copies = std::move(rest); }
     /// What the action column offers, to be put back by offerActions. The same object until the list changes.
     std::shared_ptr<const LCM_ActionList> offeredActions() const;
     /// Offers these actions in the place of the present ones. Moves no row to another action.
@@ -130,11 +130,11 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
     void readSystem();
     LCM_LoadCaseReconciliation reconciliation();
 
-    TableLoadCases* m_loadcaseTable = nullptr;    ///< the base's table with its full type
-    LCM_ActionsWidget* m_actionsWidget = nullptr; ///< the actions tab, not owned; null without one
-    MRL_QT_CheckBox* m_checkDeadload = nullptr;
-    MRL_QT_CheckBox* m_checkIncrease = nullptr;
-    std::vector<LCM_LoadcaseCopy> m_copies;
+    TableLoadCases* loadcaseTable = nullptr;    ///< the base's table with its full type
+    LCM_ActionsWidget* actionsWidget = nullptr; ///< the actions tab, not owned; null without one
+    MRL_QT_CheckBox* checkDeadload = nullptr;
+    MRL_QT_CheckBox* checkIncrease = nullptr;
+    std::vector<LCM_LoadcaseCopy> copies;
 
     LCM_LoadCaseSetup m_setup;       ///< the system as it was read last
     bool m_componentsFitted = false; ///< the columns of the dead weight's components were shown once

@@ -17,7 +17,7 @@ void LCM_LoadcaseWidget::slot_newClicked() { createLoadcases(false); }
 
 void LCM_LoadcaseWidget::slot_copyClicked()
 {
-    if (getSelectedRows(m_loadcaseTable).empty()) {
+    if (getSelectedRows(loadcaseTable).empty()) {
         MRL_QT_MessageBox::critical(this, tr("Loadcase selection"), tr("Please select a loadcase to copy!"));
     } else {
         createLoadcases(true);
@@ -29,18 +29,18 @@ void LCM_LoadcaseWidget::createLoadcases(bool copy)
     const LCM_CommandScope command(commandLog(),
                                    copy ? LCM_Command::CopyLoadCases : LCM_Command::NewLoadCase);
     modified = true;
-    LCM_LoadCaseCreation(*this, *m_loadcaseTable, *m_numbering, m_copies).run(copy);
+    LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).run(copy);
 }
 
 bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows,
                                      LCM_LoadcaseCopy& info)
 {
-    return LCM_LoadCaseCreation(*this, *m_loadcaseTable, *m_numbering, m_copies).add(copy, entry, rows, info);
+    return LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).add(copy, entry, rows, info);
 }
 
 int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)
 {
-    const bool automatic = !copy && m_checkIncrease->checkState() == Qt::Checked;
+    const bool automatic = !copy && checkIncrease->checkState() == Qt::Checked;
     return automatic ? nextNumber() : m_numbering->ask(copy, info);
 }
 
@@ -48,7 +48,7 @@ int LCM_LoadcaseWidget::nextNumber() { return m_numbering->next(); }
 
 void LCM_LoadcaseWidget::getAllLoadcases(std::set<int>& out)
 {
-    for (const int number : m_loadcaseTable->numbers()) {
+    for (const int number : loadcaseTable->numbers()) {
         out.insert(out.end(), number);
     }
 }
@@ -57,11 +57,11 @@ void LCM_LoadcaseWidget::slot_deleteClicked()
 {
     const LCM_CommandScope command(commandLog(), LCM_Command::DeleteLoadCases);
     modified = true;
-    const std::size_t count = getSelectedRows(m_loadcaseTable).size();
+    const std::size_t count = getSelectedRows(loadcaseTable).size();
     std::set<int> numbers;
     getSelectedLoadcases(numbers);
     if (count > 0 && LCM_LoadCaseDeletion::confirmed(this, numbers, count)) {
-        LCM_LoadCaseDeletion(*m_loadcaseTable, *model, *m_actions).removeSelected(m_copies);
+        LCM_LoadCaseDeletion(*loadcaseTable, *model, *m_actions).removeSelected(copies);
     }
 }
 
@@ -72,9 +72,9 @@ QString LCM_LoadcaseWidget::describeLoadCasesOf(const std::vector<tagCDB_LC_ACT>
         codes.insert(lcm_action_code(action));
     }
     std::set<int> numbers;
-    for (int row = 0; row < m_loadcaseTable->rowCount(); ++row) {
-        if (codes.count(lcm_cell_id(m_loadcaseTable->itemOnColId(row, LC_COL_ACTION))) != 0) {
-            numbers.insert(m_loadcaseTable->numberOfRow(row));
+    for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
+        if (codes.count(lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION))) != 0) {
+            numbers.insert(loadcaseTable->numberOfRow(row));
         }
     }
     return lcm_numbers_line(numbers);
@@ -84,7 +84,7 @@ void LCM_LoadcaseWidget::removeActionLoadcases(const tagCDB_LC_ACT& action) { re
 
 void LCM_LoadcaseWidget::removeLoadCasesOf(const std::vector<tagCDB_LC_ACT>& actions)
 {
-    LCM_LoadCaseDeletion(*m_loadcaseTable, *model, *m_actions).removeLoadCasesOf(actions);
+    LCM_LoadCaseDeletion(*loadcaseTable, *model, *m_actions).removeLoadCasesOf(actions);
 }
 
 bool LCM_LoadcaseWidget::isActionUsed(const tagCDB_LC_ACT& action)

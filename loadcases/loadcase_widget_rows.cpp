@@ -18,38 +18,38 @@
 
 void LCM_LoadcaseWidget::fillRow(int row, const LCM_LoadcaseEntry& entry)
 {
-    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
-    LCM_LoadCaseCells cells(*m_loadcaseTable, row);
+    LCM_LoadCaseCells cells(*loadcaseTable, row);
     m_rows->fill(cells, entry, context);
 }
 
 void LCM_LoadcaseWidget::readRow(int row, LCM_LoadcaseEntry& entry)
 {
-    m_rows->read(LCM_LoadCaseCells(*m_loadcaseTable, row), entry, rowContext());
+    m_rows->read(LCM_LoadCaseCells(*loadcaseTable, row), entry, rowContext());
 }
 
 bool LCM_LoadcaseWidget::checkRow(int row)
 {
-    if (!m_actionsWidget) {
+    if (!actionsWidget) {
         return true;
     }
-    const MRL_QT_UpdateBlocker updateBlocker(m_loadcaseTable);
-    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
+    const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
-    return m_rows->judge(row, LCM_LoadCaseCells(*m_loadcaseTable, row), context);
+    return m_rows->judge(row, LCM_LoadCaseCells(*loadcaseTable, row), context);
 }
 
 void LCM_LoadcaseWidget::judgeAllRows()
 {
     const LCM_CommandScope command(commandLog(), LCM_Command::CheckAgain);
-    const MRL_QT_UpdateBlocker updateBlocker(m_loadcaseTable);
-    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
+    const MRL_QT_UpdateBlocker updateBlocker(loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     LCM_RowContext context = rowContext();
-    for (int row = 0; row < m_loadcaseTable->rowCount(); ++row) {
-        const bool valid = m_rows->judge(row, LCM_LoadCaseCells(*m_loadcaseTable, row), context);
+    for (int row = 0; row < loadcaseTable->rowCount(); ++row) {
+        const bool valid = m_rows->judge(row, LCM_LoadCaseCells(*loadcaseTable, row), context);
         if (valid) {
-            markRowErrors(m_loadcaseTable, row, {});
+            markRowErrors(loadcaseTable, row, {});
         }
         setRowValid(row, valid);
     }
@@ -58,7 +58,7 @@ void LCM_LoadcaseWidget::judgeAllRows()
 LCM_ErrorList LCM_LoadcaseWidget::errorsOf(int row) const
 {
     LCM_RowContext context = rowContext();
-    const LCM_LoadCaseVerdict verdict = m_rows->verdict(LCM_LoadCaseCells(*m_loadcaseTable, row), context);
+    const LCM_LoadCaseVerdict verdict = m_rows->verdict(LCM_LoadCaseCells(*loadcaseTable, row), context);
     LCM_ErrorList errors = lcm_error_list(verdict.findings);
     if (!verdict.valid && errors.empty()) {
         errors.emplace(LC_COL_ACTION, tr("The action of this load case is missing."));
@@ -68,42 +68,42 @@ LCM_ErrorList LCM_LoadcaseWidget::errorsOf(int row) const
 
 void LCM_LoadcaseWidget::slot_cellChanged(int row, int col)
 {
-    const MRL_QT_SignalBlocker signalBlocker(m_loadcaseTable);
+    const MRL_QT_SignalBlocker signalBlocker(loadcaseTable);
     modified = true;
-    const int column = m_loadcaseTable->getColumnId(col);
+    const int column = loadcaseTable->getColumnId(col);
     LCM_RowContext context = rowContext();
     if (column == LC_COL_ACTION) {
-        LCM_LoadCaseCells cells(*m_loadcaseTable, row);
+        LCM_LoadCaseCells cells(*loadcaseTable, row);
         m_actions->takeChoice(cells);
         m_rows->followAction(cells, context);
     }
     if (column != LC_COL_TITLE) {
         updateCoupledItem(row, column);
     }
-    m_rows->judgeAndStore(getSelectedRows(m_loadcaseTable), context);
+    m_rows->judgeAndStore(getSelectedRows(loadcaseTable), context);
 }
 
 void LCM_LoadcaseWidget::updateCoupledItem(int row, int colId)
 {
-    const LCM_LoadCaseCells cells(*m_loadcaseTable, row);
-    LCM_ActionLookup lookup(m_actionsWidget, *model);
-    lcm_couple_factors(cells, colId, m_actionsWidget ? lookup.find(m_actions->word(cells)) : nullptr);
+    const LCM_LoadCaseCells cells(*loadcaseTable, row);
+    LCM_ActionLookup lookup(actionsWidget, *model);
+    lcm_couple_factors(cells, colId, actionsWidget ? lookup.find(m_actions->word(cells)) : nullptr);
 }
 
 float LCM_LoadcaseWidget::getActionVal(int row, int colId)
 {
-    if (!m_actionsWidget) {
+    if (!actionsWidget) {
         return LC_UNDEFINED;
     }
-    const auto& actions = m_actionsWidget->getActionMap();
-    const auto action = actions.find(lcm_cell_id(m_loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
+    const auto& actions = actionsWidget->getActionMap();
+    const auto action = actions.find(lcm_cell_id(loadcaseTable->itemOnColId(row, LC_COL_ACTION)));
     const LCM_Factor* factor = lcm_factor_of_load_case_column(colId);
     return factor && action != actions.end() ? lcm_stored_factor(action->second, *factor) : LC_UNDEFINED;
 }
 
 void LCM_LoadcaseWidget::setItemVal(int row, int colId, float val, bool enabled)
 {
-    QTableWidgetItem* cell = m_loadcaseTable->itemOnColId(row, colId);
+    QTableWidgetItem* cell = loadcaseTable->itemOnColId(row, colId);
     const bool asksAction = val == LC_UNDEFINED && MRL_H_TwEditableComboBoxItem::fromItem(cell);
     lcm_set_cell_value(cell, val, enabled ? LCM_CellInput::Open : LCM_CellInput::Locked,
                        asksAction ? getActionVal(row, colId) : LC_UNDEFINED);
@@ -114,28 +114,28 @@ void LCM_LoadcaseWidget::setItemVal(int row, int colId, float val, bool enabled)
 
 float LCM_LoadcaseWidget::getItemVal(int row, int colId)
 {
-    return lcm_cell_value(m_loadcaseTable->itemOnColId(row, colId));
+    return lcm_cell_value(loadcaseTable->itemOnColId(row, colId));
 }
 
 QString LCM_LoadcaseWidget::getItemText(int row, int colId)
 {
-    return lcm_cell_text(m_loadcaseTable->itemOnColId(row, colId));
+    return lcm_cell_text(loadcaseTable->itemOnColId(row, colId));
 }
 
 bool LCM_LoadcaseWidget::isItemFromAction(int row, int colId)
 {
-    return lcm_cell_from_action(m_loadcaseTable->itemOnColId(row, colId));
+    return lcm_cell_from_action(loadcaseTable->itemOnColId(row, colId));
 }
 
 void LCM_LoadcaseWidget::setItemFromAction(int row, int colId, bool fromAction)
 {
-    lcm_set_cell_from_action(m_loadcaseTable->itemOnColId(row, colId), fromAction);
+    lcm_set_cell_from_action(loadcaseTable->itemOnColId(row, colId), fromAction);
 }
 
 void LCM_LoadcaseWidget::setActionItem(int row, int colId, int code)
 {
     if (colId == LC_COL_ACTION) {
-        LCM_LoadCaseCells cells(*m_loadcaseTable, row);
+        LCM_LoadCaseCells cells(*loadcaseTable, row);
         m_actions->bindAgain(cells, code);
     }
 }
@@ -151,7 +151,7 @@ void LCM_LoadcaseWidget::forgetUsedActions() { m_actions->forgetUsed(); }
 
 LCM_LoadCaseReconciliation LCM_LoadcaseWidget::reconciliation()
 {
-    return {*this, *m_loadcaseTable, *m_actions, *m_rows, m_actionsWidget};
+    return {*this, *loadcaseTable, *m_actions, *m_rows, actionsWidget};
 }
 
 void LCM_LoadcaseWidget::slot_actionCountChanged()
@@ -163,12 +163,12 @@ void LCM_LoadcaseWidget::slot_actionCountChanged()
 
 void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
 {
-    if (!m_actionsWidget) {
+    if (!actionsWidget) {
         return;
     }
     tagCDB_LC_ACT action{};
-    const int code = m_actionsWidget->readRow(row, action);
-    if (m_actionsWidget->tableWidget()->getColumnId(col) == ACT_COL_DESCRIPTION) {
+    const int code = actionsWidget->readRow(row, action);
+    if (actionsWidget->tableWidget()->getColumnId(col) == ACT_COL_DESCRIPTION) {
         slot_actionCountChanged();
     }
     reconciliation().refreshLoadCasesOf(code);
@@ -176,7 +176,7 @@ void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
 
 void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
 {
-    if (m_actionsWidget && reconciliation().reinitialise(rows)) {
+    if (actionsWidget && reconciliation().reinitialise(rows)) {
         modified = true;
     }
 }

@@ -7,24 +7,24 @@
 
 LCM_LoadcaseNumberDialog::LCM_LoadcaseNumberDialog(QWidget* parent, const std::set<int>& taken,
                                                    bool asksFactor, const LCM_LoadcaseCopy& info)
-    : MRL_QT_Dialog(parent, "lc number input"), m_usedNumbers(taken), m_copy(asksFactor)
+    : MRL_QT_Dialog(parent, "lc number input"), usedNumbers(taken), copy(asksFactor)
 {
     setModal(true);
     setCaption(tr("Target loadcase number"));
     createSlider(info.target);
     createLayout(info);
-    m_slider->setLineEditFocus();
+    slider->setLineEditFocus();
 }
 
 void LCM_LoadcaseNumberDialog::createSlider(int proposal)
 {
-    m_slider = new MySlider(this, "slider lc number", m_usedNumbers);
-    m_slider->setKeyboardTracking(false);
+    slider = new MySlider(this, "slider lc number", usedNumbers);
+    slider->setKeyboardTracking(false);
     // The proposal must not count as a number that the user asked for.
-    MRL_QT_SignalBlocker blocker(m_slider);
-    m_slider->setRange(1, LC_MAX_NUMBER, 1);
-    m_slider->setDisplayValue(proposal);
-    m_slider->adjustGUIElements(true);
+    MRL_QT_SignalBlocker blocker(slider);
+    slider->setRange(1, LC_MAX_NUMBER, 1);
+    slider->setDisplayValue(proposal);
+    slider->adjustGUIElements(true);
 }
 
 void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
@@ -37,8 +37,8 @@ void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
     auto* grid = new MRL_QT_GridLayout();
     layout->addLayout(grid);
     grid->addWidget(new QLabel(tr("Target loadcase:"), this), 0, 0);
-    grid->addWidget(m_slider, 0, 1);
-    if (m_copy) {
+    grid->addWidget(slider, 0, 1);
+    if (copy) {
         StructLineEdit description;
         description.format = -3;
         description.flags = 0x800;
@@ -48,13 +48,13 @@ void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
         grid->addWidget(m_pFac, 1, 1);
     }
 
-    m_buttons = new MRL_QT_Ok(this, 3, "buttons");
-    layout->addWidget(m_buttons);
-    mrl_connect(m_buttons->cmdOk(), "2clicked( )", this, "1slot_accept( )", Qt::AutoConnection);
-    mrl_connect(m_buttons->cmdCancel(), "2clicked( )", this, "1reject( )", Qt::AutoConnection);
+    buttons = new MRL_QT_Ok(this, 3, "buttons");
+    layout->addWidget(buttons);
+    mrl_connect(buttons->cmdOk(), "2clicked( )", this, "1slot_accept( )", Qt::AutoConnection);
+    mrl_connect(buttons->cmdCancel(), "2clicked( )", this, "1reject( )", Qt::AutoConnection);
 }
 
-int LCM_LoadcaseNumberDialog::number() const { return static_cast<int>(m_slider->getDisplayValue()); }
+int LCM_LoadcaseNumberDialog::number() const { return static_cast<int>(slider->getDisplayValue()); }
 
 double LCM_LoadcaseNumberDialog::factor() const
 {
@@ -63,11 +63,11 @@ double LCM_LoadcaseNumberDialog::factor() const
 
 void LCM_LoadcaseNumberDialog::slot_accept()
 {
-    if (m_usedNumbers.count(number())) {
+    if (usedNumbers.count(number())) {
         MRL_QT_MessageBox::critical(
             this, tr("Already assigned"),
             tr("This number is already assigned to a loadcase! Please choose another one."));
-    } else if (!m_slider->isCorrected() || confirmCorrection()) {
+    } else if (!slider->isCorrected() || confirmCorrection()) {
         accept();
     }
 }
@@ -77,9 +77,9 @@ bool LCM_LoadcaseNumberDialog::confirmCorrection()
     const int answer = MRL_QT_MessageBox::warning(this, tr("Already assigned"),
                                                   tr("Number %1 is already in use. Next free number is %2. "
                                                      "Should the next free number be used?")
-                                                      .arg(m_slider->wantedNumber())
+                                                      .arg(slider->wantedNumber())
                                                       .arg(number()),
                                                   tr("Yes"), tr("No"), QString(), 0, -1);
-    m_slider->clearCorrected();
+    slider->clearCorrected();
     return answer == 0;
 }

@@ -33,9 +33,9 @@ class LCM_LoadcaseNumberDialog : public MRL_QT_Dialog
     void createLayout(const LCM_LoadcaseCopy& info);
     bool confirmCorrection();
 
-    MRL_QT_Ok* m_buttons = nullptr;
-    std::set<int> m_usedNumbers;
-    MySlider* m_slider = nullptr;
-    bool m_copy;
+    MRL_QT_Ok* buttons = nullptr;
+    std::set<int> usedNumbers;
+    MySlider* slider = nullptr;
+    bool copy;
     MRL_H_LineEdit* m_pFac = nullptr; ///< null unless `copy`
 };

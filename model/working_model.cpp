@@ -9,26 +9,26 @@
 #include "model/superposition_data.h"
 #include "model/write_back.h"
 
-LCM_DataClass::LCM_DataClass(int database) : m_usedNumbers(database), m_db(database)
+LCM_DataClass::LCM_DataClass(int database) : usedLoadcaseNumbers(database), db(database)
 {
     // Switches to the database and its design code; the following calls rely on it.
-    m_info.init(m_db);
-    mrl_dlib_lcact_info(0, &m_availability);
+    info.init(db);
+    mrl_dlib_lcact_info(0, &availability);
     loadActionsFromDesignCode();
-    if (loadActionsFromDatabase(m_db) == 0) {
+    if (loadActionsFromDatabase(db) == 0) {
         activateDefaultActions();
     }
-    m_usedNumbers.read();
+    usedLoadcaseNumbers.read();
     loadLoadCases();
 }
 
 LCM_DataClass::~LCM_DataClass() = default;
 
-void LCM_DataClass::addReference() { ++m_refCount; }
+void LCM_DataClass::addReference() { ++refCount; }
 
 void LCM_DataClass::release()
 {
-    if (--m_refCount == 0) {
+    if (--refCount == 0) {
         delete this;
     }
 }
@@ -53,7 +53,7 @@ LCM_SubAction* LCM_DataClass::newSubAction(const tagCDB_LC_ACT& record)
 
 int LCM_DataClass::findAction(int code, tagCDB_LC_ACT& out, bool inDesignCode) const
 {
-    const LCM_SubAction* found = lcm_find_action(inDesignCode ? m_designCodeActions : actions, code);
+    const LCM_SubAction* found = lcm_find_action(inDesignCode ? designCodeActions : actions, code);
     if (!found) {
         return 0;
     }
@@ -78,13 +78,13 @@ bool LCM_DataClass::activeActions(std::vector<tagCDB_LC_ACT>& out) const
     return !out.empty();
 }
 
-int LCM_DataClass::gravityDirection() const { return lcm_gravity_direction(m_db); }
+int LCM_DataClass::gravityDirection() const { return lcm_gravity_direction(db); }
 
 void LCM_DataClass::loadLoadCases()
 {
     LCM_ActionWords words;
-    loadcases.reserve(m_usedNumbers.countRead());
-    for (LCM_LoadCaseWalk walk(m_db); walk.next();) {
+    loadcases.reserve(usedLoadcaseNumbers.countRead());
+    for (LCM_LoadCaseWalk walk(db); walk.next();) {
         if (!walk.current().isOwn()) {
             continue;
         }
@@ -99,6 +99,6 @@ void LCM_DataClass::writeActions(int database) { lcm_replace_actions(database, a
 
 void LCM_DataClass::writeLoadcases(int database) { lcm_replace_load_cases(database, loadcases); }
 
-bool LCM_DataClass::hasSuperpositionKeys() const { return lcm_has_superposition_keys(m_db); }
+bool LCM_DataClass::hasSuperpositionKeys() const { return lcm_has_superposition_keys(db); }
 
-bool LCM_DataClass::hasSuperpositionContent() const { return lcm_has_superposition_content(m_db); }
+bool LCM_DataClass::hasSuperpositionContent() const { return lcm_has_superposition_content(db); }

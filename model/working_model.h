@@ -73,7 +73,7 @@ class LCM_DataClass : public QObject
     void addReference();
     /// One tab less; the last one destroys the model, which therefore stands on the heap.
     void release();
-    int referenceCount() const { return m_refCount; }
+    int referenceCount() const { return refCount; }
 
     std::vector<LCM_ActionEntry*> actions;    ///< the live tree: parents; entries are made by newEntry
     std::vector<LCM_LoadcaseEntry> loadcases; ///< by number as loaded; replaced whole by the load-case tab
@@ -83,7 +83,7 @@ class LCM_DataClass : public QObject
     LCM_ActionEntry* newEntry(const tagCDB_LC_ACT& record, int state, bool userDefined);
 
     /// The tree as the design code gave it.
-    const std::vector<LCM_ActionEntry*>& designCodeTree() const { return m_designCodeActions; }
+    const std::vector<LCM_ActionEntry*>& designCodeTree() const { return designCodeActions; }
 
     /// Looks an action up. @param out [out] its record; as it was when it isn't found. @return 1 found, 0 not
     int findAction(int code, tagCDB_LC_ACT& out, bool inDesignCode) const;
@@ -94,18 +94,21 @@ class LCM_DataClass : public QObject
 
     /// The load-case numbers in the database, of all modules. Read once; read again as long as there are
     /// none.
-    std::set<int> getUsedLoadcaseNumbers() { return m_usedNumbers.known(); }
+    std::set<int> getUsedLoadcaseNumbers() { return usedLoadcaseNumbers.known(); }
     /// The same without the copy; good until the next call that changes the model.
-    const std::set<int>& knownLoadCaseNumbers() { return m_usedNumbers.known(); }
-    void removeUsedLoadcaseNumber(int number) { m_usedNumbers.remove(number); }
+    const std::set<int>& knownLoadCaseNumbers() { return usedLoadcaseNumbers.known(); }
+    void removeUsedLoadcaseNumber(int number) { usedLoadcaseNumbers.remove(number); }
     /// The numbers that were removed since the last call.
-    LCM_RemovedNumbers takeRemovedLoadcaseNumbers() { return m_usedNumbers.takeRemoved(); }
+    LCM_RemovedNumbers takeRemovedLoadcaseNumbers() { return usedLoadcaseNumbers.takeRemoved(); }
     /// Puts them back.
-    void restoreUsedLoadcaseNumbers(const LCM_RemovedNumbers& removed) { m_usedNumbers.restore(removed); }
+    void restoreUsedLoadcaseNumbers(const LCM_RemovedNumbers& removed)
+    {
+        usedLoadcaseNumbers.restore(removed);
+    }
 
     /// The design code's marks; its factor fields also are the limits of the cell checks. Zero when the
     /// design code has none.
-    const tagCDB_LC_ACT* availabilityRecord() const { return &m_availability; }
+    const tagCDB_LC_ACT* availabilityRecord() const { return &availability; }
 
     /// Plus or minus 1, 2, 3 for X, Y, Z; 1 when the project doesn't say.
     int gravityDirection() const;
@@ -163,14 +166,14 @@ class LCM_DataClass : public QObject
     void addTableEntry(std::vector<LCM_ActionEntry*>& tree, const tagCDB_LC_ACT& record);
     void loadLoadCases();
 
-    std::vector<LCM_ActionEntry*> m_designCodeActions;
-    LCM_UsedNumbers m_usedNumbers;
-    std::map<QString, QString> m_textCache; ///< labels by key in upper case, also for keys without an entry
-    int m_db;
-    int m_refCount = 1;
-    MRL_LC_Action_Info m_info;
-    tagCDB_LC_ACT m_availability{};
-    bool m_textWarningShown = false;
+    std::vector<LCM_ActionEntry*> designCodeActions;
+    LCM_UsedNumbers usedLoadcaseNumbers;
+    std::map<QString, QString> textCache; ///< labels by key in upper case, also for keys without an entry
+    int db;
+    int refCount = 1;
+    MRL_LC_Action_Info info;
+    tagCDB_LC_ACT availability{};
+    bool textWarningShown = false;
 
     // A deque keeps its elements in place.
     std::deque<LCM_ActionEntry> m_entryArena;

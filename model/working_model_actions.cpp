@@ -78,10 +78,10 @@ void takeKey(int db, int code, StoredActions& stored)
 void LCM_DataClass::loadActionsFromDesignCode()
 {
     actions.clear();
-    mrl_dlib_ini_switch(m_db);
+    mrl_dlib_ini_switch(db);
     lcm_enumerate_default_actions([this](const tagCDB_LC_ACT& record) {
         addTableEntry(actions, record);
-        addTableEntry(m_designCodeActions, record);
+        addTableEntry(designCodeActions, record);
         return false;
     });
 }
@@ -118,7 +118,7 @@ void LCM_DataClass::activateDefaultActions()
     std::map<int, tagCDB_LC_ACT> defaults;
     for (const bool dead : {true, false}) {
         tagCDB_LC_ACT record{};
-        const int code = mrl_lc_get_default_action(m_db, dead, record);
+        const int code = mrl_lc_get_default_action(db, dead, record);
         if (code >= 1) {
             defaults[code] = record;
         }
@@ -152,7 +152,7 @@ void LCM_DataClass::removeAction(int code) { removeActions({code}); }
 void LCM_DataClass::removeActions(const std::set<int>& codes)
 {
     const LCM_ActionIndex live(actions);
-    const LCM_ActionIndex defaults(m_designCodeActions);
+    const LCM_ActionIndex defaults(designCodeActions);
     std::unordered_set<const LCM_ActionEntry*> gone;
     for (const int code : codes) {
         const LCM_ActionTargets targets = live.at(code).preferActive();

@@ -7,26 +7,26 @@
 QString LCM_DataClass::designCodeText(const QString& key)
 {
     const QString upperKey = key.toUpper();
-    const auto cached = m_textCache.find(upperKey);
-    if (cached != m_textCache.end()) {
+    const auto cached = textCache.find(upperKey);
+    if (cached != textCache.end()) {
         return cached->second;
     }
 
-    const std::optional<QString> file = lcm_design_code_file(m_db);
+    const std::optional<QString> file = lcm_design_code_file(db);
     if (!file) {
-        if (!m_textWarningShown) {
+        if (!textWarningShown) {
             MRL_QT_MessageBox::critical(
                 nullptr, tr("Database corrupt"),
                 tr("Can't read design code from database! Some text may be wrong or unreadable."), QString(),
                 QString(), QString(), 0, -1);
         }
-        m_textWarningShown = true;
+        textWarningShown = true;
     }
     QString label = lcm_design_code_label(file.value_or(QString()), upperKey);
     if (label.isEmpty()) {
         label = key;
     }
-    m_textCache[upperKey] = label;
+    textCache[upperKey] = label;
     return label;
 }
 
@@ -34,7 +34,7 @@ bool LCM_DataClass::hasFactor(LCM_FactorId id)
 {
     const LCM_Factor& factor = lcm_factor(id);
     // For a safety factor a design code can also say "none" in its file.
-    return lcm_has_factor(m_info, factor) &&
+    return lcm_has_factor(info, factor) &&
            !(lcm_is_safety(factor.kind) &&
              designCodeText(QLatin1String(factor.key)) == QLatin1String("none"));
 }
@@ -42,10 +42,10 @@ bool LCM_DataClass::hasFactor(LCM_FactorId id)
 int LCM_DataClass::hasGamu() { return hasFactor(LCM_FactorId::Gamu); }
 int LCM_DataClass::hasGamf() { return hasFactor(LCM_FactorId::Gamf); }
 int LCM_DataClass::hasGama() { return hasFactor(LCM_FactorId::Gama); }
-int LCM_DataClass::hasPsi0() const { return lcm_has_factor(m_info, lcm_factor(LCM_FactorId::Psi0)); }
-int LCM_DataClass::hasPsi1() const { return lcm_has_factor(m_info, lcm_factor(LCM_FactorId::Psi1)); }
-int LCM_DataClass::hasPsi2() const { return lcm_has_factor(m_info, lcm_factor(LCM_FactorId::Psi2)); }
-int LCM_DataClass::hasPsi1s() const { return lcm_has_factor(m_info, lcm_factor(LCM_FactorId::Psi1s)); }
+int LCM_DataClass::hasPsi0() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi0)); }
+int LCM_DataClass::hasPsi1() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi1)); }
+int LCM_DataClass::hasPsi2() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi2)); }
+int LCM_DataClass::hasPsi1s() const { return lcm_has_factor(info, lcm_factor(LCM_FactorId::Psi1s)); }
 
 int LCM_DataClass::optionalColumnCount()
 {
