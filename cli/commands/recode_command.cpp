@@ -7,7 +7,6 @@
 #include "cli/design_codes.h"
 #include "cli/failure.h"
 #include "cli/project_records.h"
-#include "cli/raw_records.h"
 #include "cli/words.h"
 #include "exchange/raw_records.h"
 #include "host/mrl_cdb.h"
