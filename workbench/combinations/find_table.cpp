@@ -58,6 +58,8 @@ FindTable::FindTable(QAbstractItemModel* model, const char* name, QWidget* paren
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + ROW_MARGIN);
+    // The heading and one row: four tables above one another have to fit a small screen.
+    m_table->setMinimumHeight(2 * (m_table->fontMetrics().height() + ROW_MARGIN));
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     auto* copy = new QAction(tr("&Copy"), m_table);
