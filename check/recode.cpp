@@ -1,8 +1,8 @@
 #include "check/recode.h"
 
 #include <algorithm>
-#include <cstring>
 #include <set>
+#include <string_view>
 
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/factors.h"
@@ -22,7 +22,13 @@ const tagCDB_LC_ACT* defaultOf(const LCM_DesignCodeData& code, int action)
     return found == code.actions.end() ? nullptr : &*found;
 }
 
-bool isSame(const tagCDB_LC_ACT& a, const tagCDB_LC_ACT& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+/// The record as it is stored; two that differ in a bit are two, whatever their numbers compare as.
+std::string_view bytesOf(const tagCDB_LC_ACT& action)
+{
+    return {reinterpret_cast<const char*>(&action), sizeof action};
+}
+
+bool isSame(const tagCDB_LC_ACT& a, const tagCDB_LC_ACT& b) { return bytesOf(a) == bytesOf(b); }
 
 std::vector<std::string> droppedBy(const tagCDB_LC_ACT& record, const tagCDB_LC_ACT& limits)
 {
