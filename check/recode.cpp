@@ -1,6 +1,7 @@
 #include "check/recode.h"
 
 #include <algorithm>
+#include <cstring>
 #include <set>
 #include <string_view>
 
