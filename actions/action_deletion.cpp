@@ -87,6 +87,7 @@ void LCM_ActionDeletion::addUsed()
 std::vector<tagCDB_LC_ACT> LCM_ActionDeletion::usedActions() const
 {
     std::vector<tagCDB_LC_ACT> actions;
+    actions.reserve(m_used.size());
     for (const int code : m_used) {
         actions.push_back(actionOf(code));
     }

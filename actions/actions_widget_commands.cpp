@@ -96,6 +96,7 @@ void LCM_ActionsWidget::reinitialise(const std::set<int>& rows, bool reportAll)
     const LCM_CommandScope command(commandLog(), LCM_Command::ReinitialiseActions);
     rowCacheDirty = true;
     std::vector<LCM_RowCells> taken;
+    taken.reserve(rows.size());
     for (const int row : rows) {
         taken.emplace_back(table, row);
     }

@@ -2,8 +2,10 @@
 
 #include <QLabel>
 
-LCM_NewActionFields::LCM_NewActionFields(QWidget* parent, const QStringList& labels)
-    : m_box(new QWidget(parent)), m_labels(labels), m_labelColumn(new MRL_QT_VBoxLayout),
+#include <utility>
+
+LCM_NewActionFields::LCM_NewActionFields(QWidget* parent, QStringList labels)
+    : m_box(new QWidget(parent)), m_labels(std::move(labels)), m_labelColumn(new MRL_QT_VBoxLayout),
       m_fieldColumn(new MRL_QT_VBoxLayout)
 {
     auto* line = new MRL_QT_HBoxLayout(m_box, nullptr);

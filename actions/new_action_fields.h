@@ -11,7 +11,7 @@ class LCM_NewActionFields
 {
   public:
     /// @param labels in the order in which the fields are added
-    LCM_NewActionFields(QWidget* parent, const QStringList& labels);
+    LCM_NewActionFields(QWidget* parent, QStringList labels);
 
     /// The block; it owns the fields.
     QWidget* box() const { return m_box; }

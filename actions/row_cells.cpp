@@ -13,14 +13,14 @@ namespace {
 
 const QBrush& errorBrush()
 {
-    static const QBrush brush(Qt::red, Qt::SolidPattern);
-    return brush;
+    static const QBrush BRUSH(Qt::red, Qt::SolidPattern);
+    return BRUSH;
 }
 
 const QBrush& normalBrush()
 {
-    static const QBrush brush(Qt::black, Qt::SolidPattern);
-    return brush;
+    static const QBrush BRUSH(Qt::black, Qt::SolidPattern);
+    return BRUSH;
 }
 
 void mark(QTableWidgetItem* item, const QBrush& brush, const QString& toolTip)

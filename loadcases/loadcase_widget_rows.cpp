@@ -174,6 +174,8 @@ void LCM_LoadcaseWidget::slot_actionValuesChanged(int row, int col)
     reconciliation().refreshLoadCasesOf(code);
 }
 
+// By value, as the signal gives it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void LCM_LoadcaseWidget::slot_reinitActions(std::set<int> rows)
 {
     if (actionsWidget && reconciliation().reinitialise(rows)) {

@@ -73,9 +73,9 @@ LCM_ActionIndex::LCM_ActionIndex(const std::vector<LCM_ActionEntry*>& tree)
 
 const LCM_ActionTargets& LCM_ActionIndex::at(int code) const
 {
-    static const LCM_ActionTargets none;
+    static const LCM_ActionTargets NONE;
     const auto found = m_targets.find(code);
-    return found == m_targets.end() ? none : found->second;
+    return found == m_targets.end() ? NONE : found->second;
 }
 
 void LCM_ActionIndex::add(LCM_ActionEntry* parent)

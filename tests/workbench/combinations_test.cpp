@@ -172,10 +172,10 @@ TEST_F(CombinationsPageTest, SortsFindsAndCopies)
 
 TEST(ReadableCount, IsANumberThatOneCanRead)
 {
-    EXPECT_EQ(readableCount(900), QStringLiteral("900"));
-    EXPECT_EQ(readableCount(15233672), QStringLiteral("15.2 million"));
+    EXPECT_EQ(readableCount(combine::BigInt("900")), QStringLiteral("900"));
+    EXPECT_EQ(readableCount(combine::BigInt("15233672")), QStringLiteral("15.2 million"));
     EXPECT_EQ(readableCount(combine::BigInt("104857600000")), QStringLiteral("104.9 billion"));
-    EXPECT_EQ(readableCount(combine::BigInt(1) << 60), QStringLiteral("1.2·10^18"));
+    EXPECT_EQ(readableCount(combine::BigInt("1152921504606846976")), QStringLiteral("1.2·10^18"));
 }
 
 TEST(ContributionPicture, HasABarForEachActionAndTheSum)

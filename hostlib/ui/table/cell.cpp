@@ -111,11 +111,8 @@ QVariant MRL_H_TwItem::data(int role) const
     case Qt::EditRole:
         return value();
     case Qt::ForegroundRole:
-        if ((m_state & Access::TextRed) != 0) {
-            return QBrush(Qt::red);
-        }
-        if ((m_state & Access::TextBlack) != 0) {
-            return QBrush(Qt::black);
+        if ((m_state & (Access::TextRed | Access::TextBlack)) != 0) {
+            return QBrush((m_state & Access::TextRed) != 0 ? Qt::red : Qt::black);
         }
         break;
     case Qt::TextAlignmentRole:
