@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/project.h"
+#include "cli/command_project.h"
 #include "combine/plan.h"
 #include "combine/project/project_model.h"
 #include "combine/response_file.h"

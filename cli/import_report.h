@@ -1,6 +1,6 @@
 #pragma once
 
-#include "exchange/plan.h"
+#include "exchange/import_plan.h"
 
 namespace mrl::cli {
 

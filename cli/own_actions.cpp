@@ -1,8 +1,8 @@
 #include "cli/own_actions.h"
 
 #include "cli/project_records.h"
-#include "exchange/number_text.h"
-#include "exchange/plan.h"
+#include "exchange/decimals.h"
+#include "exchange/import_plan.h"
 #include "exchange/raw_records.h"
 #include "host/mrl_cdb.h"
 #include "lcdata/stored_load_cases.h"

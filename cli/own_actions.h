@@ -3,7 +3,7 @@
 /// Actions of a project that the design code doesn't have, and actions that go.
 
 #include "cli/arguments.h"
-#include "cli/project.h"
+#include "cli/command_project.h"
 
 namespace mrl::cli {
 

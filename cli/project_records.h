@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "cli/project.h"
+#include "cli/command_project.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
 

@@ -5,10 +5,10 @@
 #include <set>
 
 #include "cli/arguments.h"
+#include "cli/content_io.h"
 #include "cli/failure.h"
-#include "cli/project_content.h"
+#include "cli/key_text.h"
 #include "cli/project_records.h"
-#include "cli/raw_records.h"
 #include "exchange/all_keys.h"
 #include "exchange/raw_records.h"
 #include "lcdata/load_cases.h"

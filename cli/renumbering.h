@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/project.h"
+#include "cli/command_project.h"
 
 namespace mrl::cli {
 

@@ -3,7 +3,7 @@
 #include "cli/failure.h"
 #include "cli/own_actions.h"
 #include "exchange/apply_plan.h"
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/action_code.h"

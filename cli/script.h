@@ -4,10 +4,10 @@
 
 #include <memory>
 
+#include "cli/command_project.h"
 #include "cli/output.h"
-#include "cli/project.h"
 #include "cli/renumbering.h"
-#include "exchange/plan.h"
+#include "exchange/import_plan.h"
 
 namespace mrl::cli {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "combine/factors.h"
+#include "combine/role_factors.h"
 
 namespace mrl::combine {
 

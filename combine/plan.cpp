@@ -5,7 +5,7 @@
 #include <numeric>
 #include <set>
 
-#include "combine/walk.h"
+#include "combine/steps.h"
 
 namespace mrl::combine {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <map>
 
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "exchange/planning.h"
 #include "exchange/raw_records.h"
 #include "exchange/record_cells.h"

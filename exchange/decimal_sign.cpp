@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 
 namespace mrl::exchange {
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include "exchange/decimals.h"
 #include "exchange/json_reader.h"
 #include "exchange/json_text.h"
-#include "exchange/number_text.h"
 #include "exchange/raw_records.h"
 #include "exchange/record_cells.h"
 #include "lcdata/values/action_code.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "exchange/raw_records.h"
 
 namespace mrl::exchange {

@@ -1,10 +1,10 @@
 #include <map>
 
-#include "exchange/load_case_numbering.h"
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "exchange/planning.h"
 #include "exchange/raw_records.h"
 #include "exchange/record_cells.h"
+#include "exchange/row_numbering.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/packing.h"
@@ -184,7 +184,7 @@ void createAction(const std::string& name, int line, ProjectState& state, Plan& 
 } // namespace
 
 void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options,
-                   LoadCaseNumbering& numbering, Plan& plan)
+                   RowNumbering& numbering, Plan& plan)
 {
     RowCells cells(table.head);
     for (const Row& tableRow : table.rows) {

@@ -4,17 +4,17 @@
 
 #include <map>
 
-#include "exchange/plan.h"
+#include "exchange/import_plan.h"
 
 namespace mrl::exchange {
 
-class LoadCaseNumbering;
+class RowNumbering;
 
 /// Plans the actions of a table and enters them into the state, so that load cases find them.
 /// @param lines of the names that were met, over all tables of a file
 void planActions(const Table& table, ProjectState& state, std::map<int, int>& lines, Plan& plan);
 void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options,
-                   LoadCaseNumbering& numbering, Plan& plan);
+                   RowNumbering& numbering, Plan& plan);
 
 void refuse(PlannedRow& row, const char* rule, const std::string& text);
 void refuse(PlannedRow& row, const LCM_Findings& findings);

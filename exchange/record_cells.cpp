@@ -1,6 +1,6 @@
 #include "exchange/record_cells.h"
 
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/keywords.h"

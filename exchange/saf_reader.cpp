@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "exchange/saf_words.h"
 #include "exchange/xlsx_workbook.h"
 #include "rules/new_action_name.h"

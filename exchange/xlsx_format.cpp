@@ -4,8 +4,8 @@
 
 #include "check/finding_text.h"
 #include "check/project_check.h"
+#include "exchange/decimals.h"
 #include "exchange/headings.h"
-#include "exchange/number_text.h"
 #include "exchange/project_state.h"
 #include "exchange/sheet_walk.h"
 #include "exchange/xlsx_workbook.h"

@@ -3,9 +3,9 @@
 
 #include "host/mrl_widgets.h"
 #include "workbench/command_line.h"
-#include "workbench/extras.h"
 #include "workbench/main_window.h"
 #include "workbench/resources.h"
+#include "workbench/wanted_extras.h"
 
 namespace {
 

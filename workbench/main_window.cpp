@@ -14,13 +14,13 @@
 #include "host/mrl_textlist.h"
 #include "hostlib/ui/widget/window_size.h"
 #include "workbench/combinations/combinations_page.h"
-#include "workbench/extras.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
 #include "workbench/settings_dialog.h"
 #include "workbench/start_page.h"
 #include "workbench/summary_page.h"
 #include "workbench/task_panel.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 

@@ -8,11 +8,11 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 
-#include "workbench/extras.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/recent_files.h"
 #include "workbench/start_page.h"
 #include "workbench/summary_page.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 

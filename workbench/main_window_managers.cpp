@@ -14,8 +14,8 @@
 #include "host/mrl_alib.h"
 #include "manager/entry_points.h"
 #include "workbench/accepted_changes.h"
-#include "workbench/extras.h"
 #include "workbench/unused_load_cases.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 

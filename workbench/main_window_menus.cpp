@@ -13,11 +13,11 @@
 #include <QToolBar>
 
 #include "workbench/combinations/combinations_page.h"
-#include "workbench/extras.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
 #include "workbench/summary_page.h"
 #include "workbench/task_panel.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 

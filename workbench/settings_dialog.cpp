@@ -5,7 +5,7 @@
 
 #include "hostlib/data/settings/settings.h"
 #include "hostlib/ui/widget/application.h"
-#include "workbench/extras.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 

@@ -9,9 +9,9 @@
 
 #include "workbench/actions_model.h"
 #include "workbench/axis_name.h"
-#include "workbench/extras.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 

@@ -1,8 +1,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "exchange/import_plan.h"
 #include "exchange/json_text.h"
-#include "exchange/plan.h"
 #include "exchange/saf_format.h"
 #include "hostlib/data/cdb/project.h"
 

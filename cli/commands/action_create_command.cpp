@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/own_actions.h"
-#include "cli/project.h"
 #include "cli/project_records.h"
 #include "lcdata/actions.h"
 #include "lcdata/values/action_code.h"

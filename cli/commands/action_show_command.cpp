@@ -1,7 +1,7 @@
 #include "cli/action_table.h"
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
-#include "cli/project.h"
 #include "cli/project_records.h"
 
 namespace mrl::cli {

@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/output.h"
-#include "cli/project.h"
 #include "cli/project_records.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_load_cases.h"

@@ -1,9 +1,9 @@
 #include <cstdio>
 
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/load_case_table.h"
-#include "cli/project.h"
 #include "cli/project_records.h"
 #include "lcdata/load_cases.h"
 

@@ -1,6 +1,6 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
-#include "cli/project.h"
 #include "cli/project_records.h"
 #include "exchange/raw_records.h"
 #include "lcdata/values/factors.h"

@@ -1,8 +1,8 @@
 #include "check/project_check.h"
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
-#include "cli/finding.h"
-#include "cli/project.h"
+#include "cli/finding_report.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "hostlib/data/designcode/kept.h"
 

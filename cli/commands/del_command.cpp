@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
-#include "cli/project.h"
-#include "cli/raw_records.h"
+#include "cli/key_text.h"
 #include "host/mrl_cdb.h"
 
 namespace mrl::cli {

@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
+#include "cli/content_io.h"
 #include "cli/output.h"
-#include "cli/project_content.h"
 #include "exchange/project_diff.h"
 
 namespace mrl::cli {

@@ -4,11 +4,11 @@
 #include <cstdio>
 
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/exchange_options.h"
 #include "cli/failure.h"
 #include "cli/output.h"
-#include "cli/project.h"
 #include "exchange/saf_format.h"
 
 namespace mrl::cli {

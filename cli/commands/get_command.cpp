@@ -1,8 +1,8 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
+#include "cli/key_text.h"
 #include "cli/output.h"
-#include "cli/project.h"
-#include "cli/raw_records.h"
 #include "exchange/raw_records.h"
 
 namespace mrl::cli {

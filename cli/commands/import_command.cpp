@@ -1,10 +1,10 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/exchange_options.h"
 #include "cli/failure.h"
 #include "cli/import_report.h"
 #include "cli/input_file.h"
-#include "cli/project.h"
 #include "exchange/apply_plan.h"
 
 namespace mrl::cli {

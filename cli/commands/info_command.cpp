@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
-#include "cli/project.h"
 #include "hostlib/data/designcode/kept.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_actions.h"

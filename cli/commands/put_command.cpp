@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/failure.h"
-#include "cli/project.h"
 #include "exchange/raw_records.h"
 #include "host/mrl_cdb.h"
 

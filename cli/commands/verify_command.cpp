@@ -1,8 +1,8 @@
 #include "check/record_check.h"
 #include "cli/arguments.h"
+#include "cli/command_project.h"
 #include "cli/commands/commands.h"
-#include "cli/finding.h"
-#include "cli/project.h"
+#include "cli/finding_report.h"
 #include "exchange/all_keys.h"
 #include "exchange/raw_records.h"
 

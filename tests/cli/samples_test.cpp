@@ -19,7 +19,7 @@ class Sample : public testing::TestWithParam<const char*>
 
 } // namespace
 
-TEST_P(Sample, IsIntact)
+TEST_P(Sample, HasNoDamageThatVerifyWouldFind)
 {
     const auto run = mrlLc({"verify", sample(GetParam())});
     EXPECT_EQ(run.code, 0) << run.out << run.err;

@@ -166,7 +166,7 @@ TEST_F(WriteActions, TheKeyIsTheEntrysCodeWhateverTheRecordIsNamed)
     EXPECT_EQ(lcm_action_code(project.storedAction("G")), codeOf("ZZ"));
 }
 
-TEST_F(WriteActions, CanBeDoneAgain)
+TEST_F(WriteActions, GivesTheSameRecordsWhenItIsDoneTwice)
 {
     const Model model = load();
     model->writeActions(db);

@@ -6,8 +6,8 @@
 
 #include "host/mrl_alib.h"
 #include "hostlib/data/settings/settings.h"
-#include "workbench/extras.h"
 #include "workbench/settings_dialog.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::test {
 

@@ -12,10 +12,10 @@
 #include "tests/support/project_test.h"
 #include "tests/support/record_layout.h"
 #include "workbench/actions_model.h"
-#include "workbench/extras.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
 #include "workbench/summary_page.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::test {
 

@@ -5,7 +5,7 @@
 
 #include "host/mrl_cdb.h"
 #include "hostlib/data/cdb/project.h"
-#include "hostlib/data/designcode/active.h"
+#include "hostlib/data/designcode/designcode_active.h"
 #include "lcdata/values/keys.h"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include "hostlib/data/cdb/checksum.h"
 #include "hostlib/data/cdb/errors.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
-#include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/file_format.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
 #include "hostlib/data/cdb/sqlite/version1.h"
 #include "hostlib/data/cdb/write.h"
 

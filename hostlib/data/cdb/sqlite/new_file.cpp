@@ -12,11 +12,11 @@
 #include <unistd.h>
 
 #include "hostlib/data/cdb/errors.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/file_format.h"
 #include "hostlib/data/cdb/sqlite/files.h"
-#include "hostlib/data/cdb/sqlite/format.h"
 #include "hostlib/data/cdb/sqlite/network.h"
 #include "hostlib/data/cdb/sqlite/opening.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
 
 namespace mrl::cdb {
 

@@ -8,10 +8,10 @@
 
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/sqlite/content_check.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/file_format.h"
 #include "hostlib/data/cdb/sqlite/files.h"
-#include "hostlib/data/cdb/sqlite/format.h"
 #include "hostlib/data/cdb/sqlite/recovery.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
 #include "hostlib/data/cdb/sqlite/store.h"
 
 namespace mrl::cdb {

@@ -14,9 +14,9 @@
 
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/sqlite/content_check.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
 #include "hostlib/data/cdb/sqlite/opening.h"
 #include "hostlib/data/cdb/sqlite/raw_file.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
 
 namespace mrl::cdb {
 

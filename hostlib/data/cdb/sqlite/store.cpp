@@ -2,8 +2,8 @@
 
 #include "hostlib/data/cdb/errors.h"
 #include "hostlib/data/cdb/sqlite/content_check.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
-#include "hostlib/data/cdb/sqlite/texts.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
+#include "hostlib/data/cdb/sqlite/statement_texts.h"
 #include "hostlib/data/cdb/sqlite/version1.h"
 
 namespace mrl::cdb {
@@ -14,21 +14,6 @@ namespace {
 sqlite3_int64 stored(std::uint64_t checksum) { return static_cast<sqlite3_int64>(checksum); }
 
 } // namespace
-
-Status Rows::failed(int status)
-{
-    m_source.failure = failureOf(status, m_source.connection, m_source.file);
-    return Status::Failed;
-}
-
-/// @return the checksum that the record has in the present format; another one when its own does not fit it
-std::uint64_t Rows::checksumOfFormat1(std::uint64_t kept) const
-{
-    const auto length = static_cast<std::size_t>(size());
-    const auto present = recordChecksum(kwh(), kwl(), position(), bytes(), length);
-    const auto own = version1::recordChecksum(key(), position(), bytes(), length);
-    return own == static_cast<std::uint32_t>(kept) ? present : ~present;
-}
 
 Store::Store(Connection handle, const std::string& file, Access access, int format, Place place)
     : m_file(file), m_access(access), m_db(std::move(handle)), m_texts(std::make_unique<Texts>(format)),

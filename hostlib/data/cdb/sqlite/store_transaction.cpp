@@ -1,10 +1,10 @@
 #include <sys/stat.h>
 
 #include "hostlib/data/cdb/errors.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
-#include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/file_format.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
+#include "hostlib/data/cdb/sqlite/statement_texts.h"
 #include "hostlib/data/cdb/sqlite/store.h"
-#include "hostlib/data/cdb/sqlite/texts.h"
 #include "hostlib/data/cdb/sqlite/version1.h"
 
 namespace mrl::cdb {

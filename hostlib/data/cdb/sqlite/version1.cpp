@@ -3,7 +3,7 @@
 #include <array>
 
 #include "hostlib/data/cdb/checksum.h"
-#include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/file_format.h"
 #include "hostlib/data/cdb/sqlite/statement.h"
 #include "hostlib/data/cdb/tally.h"
 

@@ -1,4 +1,4 @@
-#include "cli/raw_records.h"
+#include "cli/key_text.h"
 
 #include <cstring>
 

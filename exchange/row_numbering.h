@@ -11,11 +11,11 @@ namespace mrl::exchange {
 
 /// Finds the number of each row of the tables of a file: the one that it states, that of the load case with its title, or the
 /// next free one.
-class LoadCaseNumbering
+class RowNumbering
 {
   public:
     /// @param state has to outlive this
-    LoadCaseNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match);
+    RowNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match);
 
     /// Enters number and name of a row, or refuses it.
     void identify(const RowCells& cells, PlannedRow& row);

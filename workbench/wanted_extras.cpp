@@ -1,4 +1,4 @@
-#include "workbench/extras.h"
+#include "workbench/wanted_extras.h"
 
 #include "host/mrl_widgets.h"
 #include "rules/dialog_settings.h"

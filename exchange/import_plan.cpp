@@ -1,15 +1,15 @@
-#include "exchange/plan.h"
+#include "exchange/import_plan.h"
 
 #include <QCryptographicHash>
 
 #include <algorithm>
 
 #include "check/finding_text.h"
-#include "exchange/load_case_numbering.h"
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "exchange/planning.h"
 #include "exchange/raw_records.h"
 #include "exchange/record_cells.h"
+#include "exchange/row_numbering.h"
 #include "lcdata/values/packed_text.h"
 
 namespace mrl::exchange {
@@ -141,7 +141,7 @@ PlannedRow planRow(ProjectState& state, const TableHead& head, const Row& row)
         std::map<int, int> lines;
         planActions(table, state, lines, plan);
     } else {
-        LoadCaseNumbering numbering({}, state, Match::Number);
+        RowNumbering numbering({}, state, Match::Number);
         planLoadCases(table, state, {}, numbering, plan);
     }
     PlannedRow& planned = plan.rows.front();
@@ -162,7 +162,7 @@ Plan planOf(const ProjectState& state, const std::vector<Table>& tables, const P
             planActions(table, after, lines, plan);
         }
     }
-    LoadCaseNumbering numbering(tables, after, options.match);
+    RowNumbering numbering(tables, after, options.match);
     for (const Table& table : tables) {
         if (table.head.sheet == Sheet::LoadCases) {
             planLoadCases(table, after, options, numbering, plan);

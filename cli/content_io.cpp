@@ -1,6 +1,6 @@
-#include "cli/project_content.h"
+#include "cli/content_io.h"
 
-#include "cli/raw_records.h"
+#include "cli/key_text.h"
 #include "exchange/raw_records.h"
 
 namespace mrl::cli {

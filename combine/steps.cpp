@@ -1,4 +1,4 @@
-#include "combine/walk.h"
+#include "combine/steps.h"
 
 #include <algorithm>
 #include <map>

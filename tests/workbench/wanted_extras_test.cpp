@@ -14,9 +14,9 @@
 #include "tests/support/modal_answers.h"
 #include "tests/workbench/project_file.h"
 #include "workbench/accepted_changes.h"
-#include "workbench/extras.h"
 #include "workbench/main_window.h"
 #include "workbench/unused_load_cases.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::test {
 

@@ -1,4 +1,4 @@
-#include "cli/project.h"
+#include "cli/command_project.h"
 
 #include "cli/failure.h"
 #include "host/mrl_dlib.h"

@@ -1,4 +1,4 @@
-#include "cli/finding.h"
+#include "cli/finding_report.h"
 
 #include "check/finding_text.h"
 #include "cli/output.h"

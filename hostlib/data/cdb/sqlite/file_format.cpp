@@ -1,4 +1,4 @@
-#include "hostlib/data/cdb/sqlite/format.h"
+#include "hostlib/data/cdb/sqlite/file_format.h"
 
 #include <array>
 #include <cerrno>
@@ -9,8 +9,8 @@
 #include <unistd.h>
 
 #include "hostlib/data/cdb/errors.h"
-#include "hostlib/data/cdb/sqlite/failure.h"
 #include "hostlib/data/cdb/sqlite/raw_file.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
 
 namespace mrl::cdb {
 

@@ -1,4 +1,4 @@
-#include "hostlib/data/cdb/sqlite/failure.h"
+#include "hostlib/data/cdb/sqlite/sqlite_failure.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "hostlib/data/designcode/active.h"
+#include "hostlib/data/designcode/designcode_active.h"
 
 #include <QCryptographicHash>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 
 #include <charconv>
 #include <cmath>

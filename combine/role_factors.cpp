@@ -1,4 +1,4 @@
-#include "combine/factors.h"
+#include "combine/role_factors.h"
 
 #include <algorithm>
 

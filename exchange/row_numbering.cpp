@@ -1,8 +1,8 @@
-#include "exchange/load_case_numbering.h"
+#include "exchange/row_numbering.h"
 
 #include <algorithm>
 
-#include "exchange/number_text.h"
+#include "exchange/decimals.h"
 #include "exchange/record_cells.h"
 #include "lcdata/values/keys.h"
 
@@ -47,7 +47,7 @@ std::set<int> usedNumbers(const std::vector<Table>& tables, const ProjectState& 
 
 } // namespace
 
-LoadCaseNumbering::LoadCaseNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match)
+RowNumbering::RowNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match)
     : m_state(state), m_match(match), m_picksNumbers(mayPick(tables, match)),
       m_used(usedNumbers(tables, state, match)), m_free({m_used.begin(), m_used.end()}, std::nullopt, m_used)
 {
@@ -59,7 +59,7 @@ LoadCaseNumbering::LoadCaseNumbering(const std::vector<Table>& tables, const Pro
     }
 }
 
-void LoadCaseNumbering::identify(const RowCells& cells, PlannedRow& row)
+void RowNumbering::identify(const RowCells& cells, PlannedRow& row)
 {
     row.name = cells.text(CASE_NUMBER);
     if (m_match == Match::Title) {
@@ -76,7 +76,7 @@ void LoadCaseNumbering::identify(const RowCells& cells, PlannedRow& row)
     }
 }
 
-void LoadCaseNumbering::identifyByNumber(const RowCells& cells, PlannedRow& row)
+void RowNumbering::identifyByNumber(const RowCells& cells, PlannedRow& row)
 {
     if (row.name.empty() && m_picksNumbers) {
         row.name = cells.text(CASE_TITLE);
@@ -86,7 +86,7 @@ void LoadCaseNumbering::identifyByNumber(const RowCells& cells, PlannedRow& row)
     }
 }
 
-void LoadCaseNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
+void RowNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
 {
     const std::string* title = cells.cell(CASE_TITLE);
     const std::string number = row.name;
@@ -113,7 +113,7 @@ void LoadCaseNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
     }
 }
 
-void LoadCaseNumbering::readNumber(const std::string& text, PlannedRow& row)
+void RowNumbering::readNumber(const std::string& text, PlannedRow& row)
 {
     row.id = wholeNumberOf(text).value_or(0);
     const bool isStored = m_state.loadCases.count(row.id) != 0;
@@ -123,7 +123,7 @@ void LoadCaseNumbering::readNumber(const std::string& text, PlannedRow& row)
     }
 }
 
-void LoadCaseNumbering::takeFreeNumber(PlannedRow& row)
+void RowNumbering::takeFreeNumber(PlannedRow& row)
 {
     row.id = m_free.next();
     while (m_used.count(row.id) != 0) {
@@ -137,7 +137,7 @@ void LoadCaseNumbering::takeFreeNumber(PlannedRow& row)
     }
 }
 
-void LoadCaseNumbering::refuseDoubled(PlannedRow& row)
+void RowNumbering::refuseDoubled(PlannedRow& row)
 {
     const auto [first, isFirst] = m_lines.emplace(row.id, row.line);
     if (!isFirst) {

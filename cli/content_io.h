@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/project.h"
+#include "cli/command_project.h"
 #include "exchange/project_content.h"
 
 namespace mrl::cli {
