@@ -65,17 +65,11 @@ std::string typeOf(int partition)
 /// The relation of a superposition among loads of a type.
 std::string relationOf(int superposition, bool permanent)
 {
-    switch (superposition) {
-    case LC_SUPERPOSITION_PERM:
-        return permanent ? "Together" : "Standard";
-    case LC_SUPERPOSITION_EXCL:
-    case LC_SUPERPOSITION_USEX:
-    case LC_SUPERPOSITION_ALEX:
-    case LC_SUPERPOSITION_EXEX:
-        return permanent ? "Standard" : "Exclusive";
-    default:
-        return "Standard";
+    const LCM_SuperpositionMeaning meaning = lcm_superposition_meaning(superposition);
+    if (permanent) {
+        return meaning.acting == LCM_Acting::All && !meaning.choosesEach ? "Together" : "Standard";
     }
+    return meaning.acting == LCM_Acting::One ? "Exclusive" : "Standard";
 }
 
 void addLosses(const tagCDB_LC_ACT& action, SafGroup& group)
