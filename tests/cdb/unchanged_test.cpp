@@ -1,3 +1,6 @@
+#include <map>
+#include <random>
+
 #include "cdb/fixture.h"
 #include "cdb/raw_files.h"
 
@@ -134,6 +137,73 @@ TEST_F(Rewriting, InAnyOrderAndTwiceLeavesWhatWasPutLast)
     }
     EXPECT_TRUE(mrl::cdb::integrityCheck(db));
 }
+
+/// What a key holds, in a second bookkeeping that knows nothing of blocks.
+using Content = std::map<int, std::vector<std::string>>;
+
+/// Keys with one to three records, so that the blocks of a walk end within a key too.
+Content randomContent(std::mt19937& random, int db)
+{
+    Content content;
+    for (int kwl = 1; kwl <= 3000; ++kwl) {
+        for (int left = 1 + static_cast<int>(random() % 3); left > 0; --left) {
+            content[kwl].push_back(std::to_string(random()) + std::string(random() % 200, 'x'));
+            EXPECT_TRUE(appendText(db, 12, kwl, content[kwl].back()));
+        }
+    }
+    return content;
+}
+
+/// Deletes some keys in a walk that reads each one, and puts some of those again: as they were, or else.
+void changeInAWalk(std::mt19937& random, int db, Content& content)
+{
+    std::vector<std::string> gone(3001);
+    int kwh = 12;
+    for (int kwl = 0; mrl_cdb_kenq_ex(db, &kwh, &kwl, 1) == 0 && kwh == 12;) {
+        const std::string first = getText(db, 12, kwl);
+        if (random() % 3 != 0) {
+            ASSERT_EQ(mrl_cdb_del(db, 12, kwl), CD_OK);
+            gone[static_cast<std::size_t>(kwl)] = first;
+            content.erase(kwl);
+        }
+    }
+    for (int kwl = 1; kwl <= 3000; ++kwl) {
+        const std::string& first = gone[static_cast<std::size_t>(kwl)];
+        if (!first.empty() && random() % 4 != 0) {
+            const std::string text = random() % 5 == 0 ? first + "!" : first;
+            ASSERT_EQ(putText(db, 12, kwl, text), CD_OK);
+            content[kwl] = {text};
+        }
+    }
+}
+
+class WalksThatDelete : public testing::TestWithParam<unsigned>
+{
+};
+
+TEST_P(WalksThatDelete, LeaveWhatWasPutAndTheSumsThatFit)
+{
+    std::mt19937 random(GetParam());
+    const Folder folder;
+    const int db = mrl::cdb::create(folder / "a.cdb").db;
+    Transaction transaction(db);
+    Content content = randomContent(random, db);
+    for (int round = 0; round < 3; ++round) {
+        Transaction inner(db);
+        changeInAWalk(random, db, content);
+        ASSERT_TRUE(inner.commit());
+    }
+    ASSERT_TRUE(transaction.commit());
+    Content stored;
+    for (const int kwl : walkUp(db, 12, 0)) {
+        stored[kwl] = allRecords(db, 12, kwl);
+    }
+    EXPECT_EQ(stored, content);
+    EXPECT_TRUE(mrl::cdb::integrityCheck(db));
+    mrl::cdb::close(db);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, WalksThatDelete, testing::Range(1U, 5U));
 
 class DeletedKeys : public FileProject
 {

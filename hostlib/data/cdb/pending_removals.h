@@ -1,8 +1,10 @@
 #pragma once
 
 #include <map>
+#include <optional>
+#include <vector>
 
-#include "hostlib/data/cdb/sqlite/store.h"
+#include "hostlib/data/cdb/standing.h"
 
 namespace mrl::cdb {
 
@@ -15,15 +17,32 @@ class PendingRemovals
   public:
     explicit PendingRemovals(Store& store) : m_store(store) {}
 
-    void add(const Key& key, const Tally& rows) { m_keys.emplace_hint(m_keys.end(), key, rows); }
-    /// @return what the key's rows add up to; null when it isn't pending
-    const Tally* find(const Key& key)
+    void add(const Key& key, const Standing& there)
+    {
+        if (m_keys.empty()) {
+            m_bytes.clear();
+        }
+        const auto size = static_cast<std::size_t>(there.size);
+        const bool isKept = there.bytes != nullptr && m_bytes.size() + size <= MOST_BYTES;
+        m_keys.emplace_hint(m_keys.end(), key, Rows{there.records, isKept, m_bytes.size(), there.size});
+        if (isKept) {
+            const auto* bytes = static_cast<const unsigned char*>(there.bytes);
+            m_bytes.insert(m_bytes.end(), bytes, bytes + size);
+        }
+    }
+    bool contains(const Key& key) { return find(key).has_value(); }
+    /// @return what still stands under a key that is pending; its bytes stay until the next add()
+    std::optional<Standing> find(const Key& key)
     {
         if (m_keys.empty() || Less()(m_keys.rbegin()->first, key)) {
-            return nullptr;
+            return std::nullopt;
         }
         const auto found = search(key);
-        return found != m_keys.end() ? &found->second : nullptr;
+        if (found == m_keys.end()) {
+            return std::nullopt;
+        }
+        const Rows& rows = found->second;
+        return Standing{rows.records, rows.isKept ? m_bytes.data() + rows.offset : nullptr, rows.size, true};
     }
     /// The key's rows are dealt with otherwise.
     void forget(const Key& key)
@@ -39,7 +58,7 @@ class PendingRemovals
         m_next = m_keys.end();
         while (!m_keys.empty()) {
             const auto first = m_keys.begin();
-            if (m_store.erase(first->first, first->second) == Status::Failed) {
+            if (m_store.erase(first->first, first->second.records) == Status::Failed) {
                 return Status::Failed;
             }
             m_keys.erase(first);
@@ -61,7 +80,17 @@ class PendingRemovals
             return a.kwh != b.kwh ? a.kwh < b.kwh : a.kwl < b.kwl;
         }
     };
-    using Keys = std::map<Key, Tally, Less>;
+    struct Rows
+    {
+        Tally records;
+        bool isKept;        ///< the bytes of the first one stand in m_bytes
+        std::size_t offset; ///< where
+        int size;
+    };
+    using Keys = std::map<Key, Rows, Less>;
+
+    static constexpr std::size_t MOST_BYTES = 32U
+                                              << 20U; // 170,000 load cases; beyond, the file is read again
 
     /// Whoever puts the keys again does so in their order, so the next one is mostly known.
     Keys::iterator search(const Key& key)
@@ -74,6 +103,7 @@ class PendingRemovals
 
     Store& m_store;
     Keys m_keys;
+    std::vector<unsigned char> m_bytes;
     Keys::iterator m_next = m_keys.end(); ///< where the next one is likely to be
 };
 

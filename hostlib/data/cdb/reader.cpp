@@ -19,7 +19,7 @@ Status Reader::next(Key& key, bool up)
 {
     const Key from = key;
     const Status status = m_walk.step(key, up);
-    if (status != Status::Ok || m_pending.find(key) == nullptr) {
+    if (status != Status::Ok || !m_pending.contains(key)) {
         return status;
     }
     m_walk.drop();
@@ -74,7 +74,7 @@ void Reader::deleted(const Key& key)
 
 cd_error_t Reader::get(const Key& key, void* buffer, int* length, int position)
 {
-    if (m_pending.find(key) != nullptr) {
+    if (m_pending.contains(key)) {
         return CD_NONE;
     }
     const int behind = position > 0 ? lastRead(key) : BEFORE_FIRST;

@@ -30,6 +30,8 @@ class Reader
     /// The position of a key's record that was read last, 0 when none was.
     int lastRead(const Key& key) const;
 
+    /// What the walk knows of the key that it stands on.
+    std::optional<Standing> standing(const Key& key) const { return m_walk.standing(key); }
     /// A key is being written.
     void written(const Key& key) { m_walk.written(key); }
     /// The key no longer exists.

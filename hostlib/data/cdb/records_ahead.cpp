@@ -11,7 +11,7 @@ constexpr int LONG_ENOUGH = 2; // ascending keys that promise more
 
 } // namespace
 
-const RecordsAhead::Standing* RecordsAhead::find(const Key& key)
+std::optional<Standing> RecordsAhead::find(const Key& key)
 {
     const bool ascends = key.kwh == m_last.kwh && key.kwl > m_last.kwl;
     m_streak = ascends ? m_streak + 1 : 0;
@@ -19,24 +19,29 @@ const RecordsAhead::Standing* RecordsAhead::find(const Key& key)
     if (!ascends) {
         clear();
         m_ahead = FEWEST;
-        return nullptr;
+        return std::nullopt;
     }
-    if (const Standing* standing = known(key)) {
+    if (const auto standing = known(key)) {
         return standing;
     }
     if (m_streak < LONG_ENOUGH || m_at < m_rows.size()) {
-        return nullptr; // no run of keys, or the key does not exist
+        return std::nullopt; // no run of keys, or the key does not exist
     }
     fetch(key);
     return known(key);
 }
 
-const RecordsAhead::Standing* RecordsAhead::known(const Key& key)
+std::optional<Standing> RecordsAhead::known(const Key& key)
 {
     while (m_at < m_rows.size() && m_rows[m_at].kwl < key.kwl) {
         ++m_at;
     }
-    return m_at < m_rows.size() && m_rows[m_at].kwl == key.kwl ? &m_rows[m_at++] : nullptr;
+    if (m_at == m_rows.size() || m_rows[m_at].kwl != key.kwl) {
+        return std::nullopt;
+    }
+    const Row& row = m_rows[m_at++];
+    return Standing{row.records, m_columns == Columns::Records ? m_bytes.data() + row.offset : nullptr,
+                    row.size};
 }
 
 void RecordsAhead::fetch(const Key& from)

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
-#include "hostlib/data/cdb/sqlite/store.h"
+#include "hostlib/data/cdb/standing.h"
 
 namespace mrl::cdb {
 
@@ -15,21 +16,11 @@ namespace mrl::cdb {
 class RecordsAhead
 {
   public:
-    /// What stands under a key.
-    struct Standing
-    {
-        int kwl;
-        Tally records;
-        std::size_t offset; ///< of the first record's bytes
-        int size;
-    };
-
     /// @param columns Checksums, or Records where the bytes are wanted
     RecordsAhead(Store& store, Columns columns) : m_store(store), m_columns(columns) {}
 
-    /// @return null: not known, the caller must find out; stays until the next call
-    const Standing* find(const Key& key);
-    const void* bytes(const Standing& standing) const { return m_bytes.data() + standing.offset; }
+    /// @return nothing: not known, the caller must find out; the bytes stay until the next call
+    std::optional<Standing> find(const Key& key);
 
     /// Forgets what is known when a key among it is written.
     void written(const Key& key);
@@ -40,13 +31,21 @@ class RecordsAhead
   private:
     static constexpr int FEWEST = 16; // rows of the first fetch
 
-    const Standing* known(const Key& key);
+    struct Row
+    {
+        int kwl;
+        Tally records;
+        std::size_t offset; ///< of the first record's bytes
+        int size;
+    };
+
+    std::optional<Standing> known(const Key& key);
     void fetch(const Key& from);
     void clear();
 
     Store& m_store;
     Columns m_columns;
-    std::vector<Standing> m_rows;
+    std::vector<Row> m_rows;
     std::vector<unsigned char> m_bytes;
     std::size_t m_at = 0;
     Key m_last;

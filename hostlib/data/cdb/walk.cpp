@@ -151,6 +151,21 @@ Walk::Serve Walk::find(const Key& key, int behind, Record& out)
     return Serve::FromBlock;
 }
 
+std::optional<Standing> Walk::standing(const Key& key) const
+{
+    if (!standsOn(key) || m_currentGone || !m_upward || !m_withBytes || !m_mark.unchanged()) {
+        return std::nullopt;
+    }
+    const Row& first = m_rows[m_begin];
+    Standing found{{}, m_arena.data() + first.offset, first.size};
+    std::size_t i = m_begin;
+    for (; i < m_rows.size() && m_rows[i].key == key; ++i) {
+        found.records.add(m_rows[i].checksum);
+    }
+    found.isWhole = i < m_rows.size() || m_complete;
+    return found;
+}
+
 void Walk::written(const Key& key)
 {
     if (!m_valid) {

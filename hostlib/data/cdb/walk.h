@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "hostlib/data/cdb/sqlite/store.h"
+#include "hostlib/data/cdb/standing.h"
 
 namespace mrl::cdb {
 
@@ -28,6 +30,10 @@ class Walk
     /// Looks for the record of the key behind a position, where the key is the one that the walk stands on.
     /// @param out [out] its bytes are unchecked and stay until the next call
     Serve find(const Key& key, int behind, Record& out);
+
+    /// @return what stands under the key that the walk stands on, where the block has it and still holds; its bytes
+    /// stay until the next call
+    std::optional<Standing> standing(const Key& key) const;
 
     /// Forgets the block's record of a key that is written. The walk itself stays where it is.
     void written(const Key& key);

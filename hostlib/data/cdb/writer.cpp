@@ -33,8 +33,8 @@ Outcome Writer::apply(const Write& what, const void* data, int size)
     if (what.kind == Write::Kind::SetFact) {
         return setFact(what.name, {static_cast<const char*>(data), static_cast<std::size_t>(size)});
     }
-    m_reader.written(what.key);
     if (what.kind != Write::Kind::Delete) {
+        m_reader.written(what.key);
         m_removals.written(what.key);
     }
     switch (what.kind) {
@@ -60,22 +60,23 @@ Outcome Writer::insert(const Record& record)
 }
 
 /// Does this very record stand in the store? @param there what the key's records add up to
-bool Writer::stands(const Record& record, const Tally& there)
+bool Writer::stands(const Record& record, const Standing& there)
 {
-    if (there.sum != record.checksum) {
+    if (there.records.sum != record.checksum) {
         return false;
     }
-    const auto size = static_cast<std::size_t>(record.size);
+    if (there.bytes != nullptr) {
+        return there.isJust(record);
+    }
     // What was read ahead may have been written since; then it adds up to something else.
-    const auto* ahead = m_comparisons.find(record.key);
-    if (ahead != nullptr && ahead->records == there) {
-        return ahead->size == record.size &&
-               std::memcmp(m_comparisons.bytes(*ahead), record.bytes, size) == 0;
+    const auto ahead = m_comparisons.find(record.key);
+    if (ahead && ahead->records == there.records) {
+        return ahead->isJust(record);
     }
     Rows rows = m_store.record(record.key, record.position - 1);
     return rows.next() == Status::Ok && rows.position() == record.position &&
            rows.checksum() == record.checksum && rows.size() == record.size &&
-           std::memcmp(rows.bytes(), record.bytes, size) == 0;
+           std::memcmp(rows.bytes(), record.bytes, static_cast<std::size_t>(record.size)) == 0;
 }
 
 /// Adds up the records of a key. @return false on failure
@@ -91,11 +92,10 @@ bool Writer::find(const Key& key, Tally& out)
 
 Outcome Writer::put(const Record& record)
 {
-    if (const Tally* pending = m_pending.find(record.key)) {
-        const Tally there = *pending;
+    if (const auto pending = m_pending.find(record.key)) {
         m_pending.forget(record.key);
-        m_change.records += there;
-        return replace(record, there);
+        m_change.records += pending->records;
+        return replace(record, *pending);
     }
     // A key without a record at position 0 has none at all. So the insertion itself tells whether the key is
     // new, which spares the usual put a search.
@@ -108,18 +108,17 @@ Outcome Writer::put(const Record& record)
     if (status == Status::Failed || !find(record.key, there)) {
         return failed(m_store.failure());
     }
-    return replace(record, there);
+    return replace(record, {there});
 }
 
-/// @param there what the key's records add up to
-Outcome Writer::replace(const Record& record, const Tally& there)
+Outcome Writer::replace(const Record& record, const Standing& there)
 {
     m_reader.deleted(record.key); // where a reader stood in the former records
-    if (there.count != 1) {
-        if (m_store.erase(record.key, there) == Status::Failed) {
+    if (there.records.count != 1) {
+        if (m_store.erase(record.key, there.records) == Status::Failed) {
             return failed(m_store.failure());
         }
-        m_change.records -= there;
+        m_change.records -= there.records;
         return insert(record);
     }
     if (stands(record, there)) {
@@ -129,15 +128,15 @@ Outcome Writer::replace(const Record& record, const Tally& there)
     if (status != Status::Ok) {
         return status == Status::Failed ? failed(m_store.failure()) : damaged();
     }
-    m_change.records -= there;
+    m_change.records -= there.records;
     m_change.records.add(record.checksum);
     return Outcome::Done;
 }
 
 Outcome Writer::append(const Key& key, const void* data, int size)
 {
-    if (const Tally* pending = m_pending.find(key)) {
-        if (m_store.erase(key, *pending) == Status::Failed) {
+    if (const auto pending = m_pending.find(key)) {
+        if (m_store.erase(key, pending->records) == Status::Failed) {
             return failed(m_store.failure());
         }
         m_pending.forget(key);
@@ -151,7 +150,7 @@ Outcome Writer::append(const Key& key, const void* data, int size)
 
 Outcome Writer::overwrite(const Key& key, int position, const void* data, int size)
 {
-    if (m_pending.find(key) != nullptr) {
+    if (m_pending.contains(key)) {
         return Outcome::Missing;
     }
     Tally there;
@@ -167,7 +166,7 @@ Outcome Writer::overwrite(const Key& key, int position, const void* data, int si
         there.add(rows.checksum());
     }
     const Record record = makeRecord(key, position, data, size);
-    if (stands(record, there)) {
+    if (stands(record, {there})) {
         return Outcome::Done;
     }
     if (m_store.update(record) != Status::Ok) {
@@ -180,22 +179,38 @@ Outcome Writer::overwrite(const Key& key, int position, const void* data, int si
 
 Outcome Writer::erase(const Key& key)
 {
-    Tally there;
-    if (m_pending.find(key) != nullptr) {
+    if (m_pending.contains(key)) {
         return Outcome::Missing;
     }
-    if (const auto* ahead = m_removals.find(key)) {
-        there = ahead->records;
-    } else if (!find(key, there)) {
+    const auto there = known(key);
+    if (!there) {
         return failed(m_store.failure());
     }
-    if (there.count == 0) {
+    if (there->records.count == 0) {
         return Outcome::Missing;
     }
-    m_pending.add(key, there);
+    m_pending.add(key, *there);
+    m_reader.written(key);
     m_reader.deleted(key);
-    m_change.records -= there;
+    m_change.records -= there->records;
     return Outcome::Done;
+}
+
+/// What stands under a key that is to be deleted: whoever deletes in a walk has mostly just read it.
+/// @return nothing when it can't be read
+std::optional<Standing> Writer::known(const Key& key)
+{
+    Standing there;
+    if (const auto walked = m_reader.standing(key)) {
+        there = *walked;
+        if (there.isWhole) {
+            return there;
+        }
+    } else if (const auto ahead = m_removals.find(key)) {
+        return ahead;
+    }
+    there.records = {};
+    return find(key, there.records) ? std::optional(there) : std::nullopt;
 }
 
 Outcome Writer::settle()

@@ -42,13 +42,14 @@ class Writer
   private:
     Outcome put(const Record& record);
     Outcome insert(const Record& record);
-    Outcome replace(const Record& record, const Tally& there);
+    Outcome replace(const Record& record, const Standing& there);
     Outcome append(const Key& key, const void* data, int size);
     Outcome overwrite(const Key& key, int position, const void* data, int size);
     Outcome erase(const Key& key);
     Outcome setFact(const std::string& name, const std::string& value);
-    bool stands(const Record& record, const Tally& there);
+    bool stands(const Record& record, const Standing& there);
     bool find(const Key& key, Tally& out);
+    std::optional<Standing> known(const Key& key);
     Outcome failed(const Result& reason);
     Outcome damaged();
 
