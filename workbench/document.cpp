@@ -6,6 +6,7 @@
 #include "hostlib/ui/framework/project_document.h"
 #include "lcdata/values/keys.h"
 #include "workbench/design_code_failure.h"
+#include "workbench/document_history.h"
 #include "workbench/managers.h"
 
 namespace mrl::workbench {
@@ -23,7 +24,11 @@ struct WaitCursor
 
 } // namespace
 
-Document::Document(Managers& managers, QObject* parent) : QObject(parent), m_managers(managers) {}
+Document::Document(Managers& managers, QObject* parent)
+    : QObject(parent), m_managers(managers), m_history(new DocumentHistory(this))
+{
+    connect(m_history, &DocumentHistory::documentChanged, this, &Document::changed);
+}
 
 Document::~Document() { m_shadow.host().close(); }
 
@@ -42,6 +47,7 @@ QString Document::open(const QString& file)
         close();
         return ui::failureText(refreshed);
     }
+    m_history->begin(database());
     emit replaced();
     return QString();
 }
@@ -49,7 +55,13 @@ QString Document::open(const QString& file)
 void Document::close()
 {
     m_shadow.host().close();
+    m_history->begin(-1);
     emit replaced();
+}
+
+void Document::runStep(const QString& name, const std::function<void()>& command)
+{
+    m_history->record(name, command);
 }
 
 bool Document::isOpen() const { return database() >= 0; }

@@ -3,12 +3,14 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 #include "host/mrl_framework.h"
 
 namespace mrl::workbench {
 
+class DocumentHistory;
 class Managers;
 
 /// The open project: a private copy of its file, in which the managers work until it is saved.
@@ -39,6 +41,12 @@ class Document : public QObject
     /// Why the design code of the project can't be loaded; empty when it can.
     QString designCodeFailure() const;
 
+    /// The one way to change the document: runs a command and keeps what it changes as one step that can be undone.
+    /// A command that changes nothing makes no step. Not within a transaction.
+    /// @param name as the panel "History" lists it, such as "Import of loads.csv"
+    void runStep(const QString& name, const std::function<void()>& command);
+    DocumentHistory& history() { return *m_history; }
+
     enum class Outcome { Done, Conflict, Failed };
     struct Result
     {
@@ -63,6 +71,7 @@ class Document : public QObject
     void markAll();
 
     Managers& m_managers;
+    DocumentHistory* m_history;
     mutable MRL_H_ShadowDatabase m_shadow; ///< its host side is asked through host(), which isn't const
 };
 

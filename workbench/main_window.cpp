@@ -104,11 +104,11 @@ void MainWindow::openManager(Manager which, const std::set<int>& loadCases)
     if (wantsExtras()) {
         runDialog(which, loadCases);
     } else {
-        m_managers.openDialog(which, m_document->shadow(), this);
+        m_document->runStep(tr("Acceptance in the managers"),
+                            [&] { m_managers.openDialog(which, m_document->shadow(), this); });
     }
     // Where a question closes together with its dialog, a window manager may be left without an active window.
     activateWindow();
-    slot_changed();
 }
 
 void MainWindow::slot_replaced()

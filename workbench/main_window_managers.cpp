@@ -58,10 +58,17 @@ void MainWindow::runDialog(Manager which, const std::set<int>& loadCases)
         control.actionOptions |= WITHOUT_OWN_ACTIONS;
     }
     const ProjectSummary before = summarise(m_document->database());
-    const auto result = m_managers.openDialog(control, m_document->shadow(), this);
+    std::optional<int> result;
+    m_document->runStep(tr("Acceptance in the managers"), [&] {
+        result = m_managers.openDialog(control, m_document->shadow(), this);
+        if (!result) {
+            m_managers.openDialog(which, m_document->shadow(), this);
+        }
+    });
     if (!result) {
-        m_managers.openDialog(which, m_document->shadow(), this);
-    } else if (*result == MRL_LC_DELETE_UNUSED) {
+        return;
+    }
+    if (*result == MRL_LC_DELETE_UNUSED) {
         deleteUnusedLoadCases();
     } else if (*result == QDialog::Accepted) {
         tellAccepted(before, control);
@@ -107,7 +114,10 @@ void MainWindow::deleteUnusedLoadCases()
     if (box.clickedButton() != remove) {
         return;
     }
-    if (removeLoadCases(m_document->database(), unused)) {
+    bool removed = false;
+    m_document->runStep(tr("Deletion of unused load cases: %1").arg(unused.size()),
+                        [&] { removed = removeLoadCases(m_document->database(), unused); });
+    if (removed) {
         statusBar()->showMessage(tr("Deleted load cases: %1").arg(unused.size()));
     } else {
         QMessageBox::critical(this, tr("Delete unused load cases"),

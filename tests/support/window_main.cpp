@@ -13,6 +13,7 @@ int main(int argc, char** argv)
     }
     const QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("XDG_STATE_HOME", (home.path() + QStringLiteral("/state")).toLocal8Bit());
     ::testing::InitGoogleMock(&argc, argv);
     if (::testing::GTEST_FLAG(list_tests)) {
         return RUN_ALL_TESTS(); // no window is needed for that

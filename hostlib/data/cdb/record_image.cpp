@@ -1,0 +1,246 @@
+#include "hostlib/data/cdb/record_image.h"
+
+#include <cstring>
+#include <utility>
+
+#include "hostlib/data/cdb/range_reader.h"
+
+namespace mrl::cdb {
+
+namespace {
+
+/// Numbers as they stand in the block, which never leaves the process.
+using Number = std::int32_t;
+
+void putNumber(std::string& bytes, Number number)
+{
+    bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
+}
+
+/// Reads a block from its beginning, without copying the records.
+class BlockReader
+{
+  public:
+    explicit BlockReader(const std::string& bytes) : m_bytes(bytes) {}
+
+    bool atEnd() const { return m_at >= m_bytes.size(); }
+    Number number()
+    {
+        Number value = 0;
+        std::memcpy(&value, m_bytes.data() + m_at, sizeof value);
+        m_at += sizeof value;
+        return value;
+    }
+    const char* record(Number size)
+    {
+        const char* start = m_bytes.data() + m_at;
+        m_at += static_cast<std::size_t>(size);
+        return start;
+    }
+
+  private:
+    const std::string& m_bytes;
+    std::size_t m_at = 0;
+};
+
+/// Notes what a reader's database holds under a key. The keys of a reader come in ascending order.
+Result noteKey(RangeReader& reader, const Key& key, RecordImage& out)
+{
+    out.beginKey(key);
+    bool here = reader.seek(key.kwl) && reader.kwl() == key.kwl;
+    while (here) {
+        out.addRecord(reader.bytes(), reader.size());
+        here = reader.next() && reader.kwl() == key.kwl;
+    }
+    return reader.result();
+}
+
+Result noteKeys(Database& database, int kwh, const std::vector<int>& kwls, RecordImage& out)
+{
+    if (kwls.empty()) {
+        return {};
+    }
+    RangeReader reader(database, {kwh, kwls.front(), kwls.back()});
+    reader.next();
+    for (const int kwl : kwls) {
+        if (Result read = noteKey(reader, {kwh, kwl}, out); !read) {
+            return read;
+        }
+    }
+    return reader.result();
+}
+
+Result noteFacts(int of, int other, RecordImage& out)
+{
+    RecordImage::Facts here;
+    RecordImage::Facts there;
+    if (Result read = facts(of, here); !read) {
+        return read;
+    }
+    if (Result read = facts(other, there); !read) {
+        return read;
+    }
+    for (const auto& [name, value] : there) {
+        here.emplace(name, std::string());
+    }
+    for (const auto& [name, value] : here) {
+        const auto found = there.find(name);
+        if ((found == there.end() ? std::string() : found->second) != value) {
+            out.addFact(name, value);
+        }
+    }
+    return {};
+}
+
+/// The keys of an image, group by group.
+std::map<int, std::vector<int>> keysOf(const RecordImage& image)
+{
+    std::map<int, std::vector<int>> keys;
+    image.forEach([&](const RecordImage::Entry& entry) {
+        keys[entry.key.kwh].push_back(entry.key.kwl);
+        return true;
+    });
+    return keys;
+}
+
+Outcome putBack(Database& database, const RecordImage::Entry& entry)
+{
+    if (entry.records.size() == 1) {
+        const std::string& record = entry.records.front();
+        return database.put(entry.key, record.data(), static_cast<int>(record.size()));
+    }
+    Outcome outcome = database.remove(entry.key);
+    for (const std::string& record : entry.records) {
+        if (outcome == Outcome::Failed) {
+            break;
+        }
+        outcome = database.append(entry.key, record.data(), static_cast<int>(record.size()));
+    }
+    return outcome;
+}
+
+Result writeImage(int db, const RecordImage& image)
+{
+    auto* database = Registry::instance().find(db);
+    Transaction transaction(db);
+    if (Result state = transaction.state(); !state) {
+        return state;
+    }
+    Outcome outcome = Outcome::Done;
+    image.forEach([&](const RecordImage::Entry& entry) {
+        outcome = putBack(*database, entry);
+        return outcome != Outcome::Failed;
+    });
+    if (outcome == Outcome::Failed) {
+        return database->transactions().lastFailure();
+    }
+    for (const auto& [name, value] : image.facts()) {
+        if (Result set = setFact(db, name, value); !set) {
+            return set;
+        }
+    }
+    return transaction.commit();
+}
+
+} // namespace
+
+void RecordImage::forEach(const std::function<bool(const Entry&)>& visit) const
+{
+    Entry entry;
+    for (BlockReader reader(m_bytes); !reader.atEnd();) {
+        entry.key.kwh = reader.number();
+        entry.key.kwl = reader.number();
+        entry.records.resize(static_cast<std::size_t>(reader.number()));
+        for (std::string& record : entry.records) {
+            const Number size = reader.number();
+            record.assign(reader.record(size), static_cast<std::size_t>(size));
+        }
+        if (!visit(entry)) {
+            return;
+        }
+    }
+}
+
+std::string RecordImage::takeBytes() { return std::exchange(m_bytes, {}); }
+
+void RecordImage::beginKey(const Key& key)
+{
+    putNumber(m_bytes, key.kwh);
+    putNumber(m_bytes, key.kwl);
+    m_countAt = m_bytes.size();
+    putNumber(m_bytes, 0);
+    ++m_keyCount;
+}
+
+void RecordImage::addRecord(const void* bytes, int size)
+{
+    Number count = 0;
+    std::memcpy(&count, m_bytes.data() + m_countAt, sizeof count);
+    ++count;
+    std::memcpy(m_bytes.data() + m_countAt, &count, sizeof count);
+    putNumber(m_bytes, size);
+    m_bytes.append(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
+}
+
+Result imageOfDifferences(int of, int other, RecordImage& out)
+{
+    const Both both(of, other);
+    if (!both.found) {
+        return both.found;
+    }
+    std::set<int> kwhs;
+    for (const int db : {of, other}) {
+        if (Result read = groups(db, kwhs); !read) {
+            return read;
+        }
+    }
+    for (const int kwh : kwhs) {
+        std::vector<int> differing;
+        Result result = compareRanges(*both.first, *both.second, {kwh}, [&](const Difference& difference) {
+            differing.push_back(difference.kwl);
+            return true;
+        });
+        if (result) {
+            result = noteKeys(*both.first, kwh, differing, out);
+        }
+        if (!result) {
+            return result;
+        }
+    }
+    return noteFacts(of, other, out);
+}
+
+Result imageNow(int db, const RecordImage& image, RecordImage& out)
+{
+    auto* database = Registry::instance().find(db);
+    if (database == nullptr) {
+        return notOpen(db);
+    }
+    if (Result settled = database->transactions().settle(); !settled) {
+        return settled;
+    }
+    for (const auto& [kwh, kwls] : keysOf(image)) {
+        if (Result read = noteKeys(*database, kwh, kwls, out); !read) {
+            return read;
+        }
+    }
+    for (const auto& [name, value] : image.facts()) {
+        out.addFact(name, fact(db, name));
+    }
+    return {};
+}
+
+Result swapImage(int db, RecordImage& image)
+{
+    RecordImage present;
+    if (Result read = imageNow(db, image, present); !read) {
+        return read;
+    }
+    if (Result written = writeImage(db, image); !written) {
+        return written;
+    }
+    image = std::move(present);
+    return {};
+}
+
+} // namespace mrl::cdb
