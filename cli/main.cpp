@@ -10,6 +10,7 @@
 
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
+#include "cli/completion.h"
 #include "cli/failure.h"
 #include "cli/output.h"
 
@@ -140,6 +141,20 @@ int exitOfParser(const CLI::App& app, const CLI::ParseError& error)
     return static_cast<int>(std::cout ? ExitCode::Done : ExitCode::File);
 }
 
+/// Answers the completion of a shell, see the mrl-lc.bash, .zsh and .fish.
+int complete(CLI::App& app, const std::vector<std::string>& words)
+{
+    for (const std::string& line : mrl::cli::completions(app, words)) {
+        const std::size_t tab = line.find('\t');
+        std::cout << mrl::cli::printableLines(line.substr(0, tab));
+        if (tab != std::string::npos) {
+            std::cout << '\t' << mrl::cli::printableLines(line.substr(tab + 1));
+        }
+        std::cout << '\n';
+    }
+    return static_cast<int>(ExitCode::Done);
+}
+
 int runProgram(int argc, char** argv)
 {
     if (const int foreign = firstForeignArgument(argc, argv); foreign != 0) {
@@ -155,6 +170,9 @@ int runProgram(int argc, char** argv)
     Command* chosen = nullptr;
     for (const CommandGroup& group : groups) {
         declare(app, group, chosen);
+    }
+    if (argc > 1 && std::strcmp(argv[1], "--complete") == 0) {
+        return complete(app, {argv + 2, argv + argc});
     }
     try {
         app.parse(argc, argv);

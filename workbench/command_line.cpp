@@ -3,7 +3,10 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
+#include <string_view>
 
 namespace mrl::workbench {
 
@@ -87,6 +90,14 @@ class Reader
 };
 
 } // namespace
+
+bool asksAboutTheProgram(int argc, char** argv)
+{
+    return std::any_of(argv, argv + argc, [](const char* argument) {
+        static constexpr std::string_view QUESTIONS[] = {"-h", "--help", "-v", "--version"};
+        return std::find(std::begin(QUESTIONS), std::end(QUESTIONS), argument) != std::end(QUESTIONS);
+    });
+}
 
 std::optional<int> readCommandLine(const QStringList& arguments, CommandLine& line)
 {

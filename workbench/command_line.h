@@ -15,6 +15,9 @@ struct CommandLine
     std::optional<Manager> manager; ///< the manager to open on it
 };
 
+/// Whether somebody asks for help or the version, which is answered without a display.
+bool asksAboutTheProgram(int argc, char** argv);
+
 /// Reads the command line. Answers --help and --version, and tells on standard error what it can't follow.
 /// @param line [out] as it was when the program is to end
 /// @return nothing when the program is to run, else the code that it ends with: 0, and 2 for wrong usage

@@ -85,7 +85,8 @@ void DocumentHistory::forgetIfChangedElsewhere()
         return;
     }
     begin(m_db);
-    emit dropped(tr("The project was changed outside of its history; the earlier steps can't be undone any more."));
+    emit dropped(
+        tr("The project was changed outside of its history; the earlier steps can't be undone any more."));
 }
 
 void DocumentHistory::record(const QString& name, const std::function<void()>& command)

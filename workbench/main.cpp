@@ -24,6 +24,11 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("marlavon"));
     QCoreApplication::setApplicationName(QStringLiteral("mrl-workbench"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MRL_VERSION));
+    if (mrl::workbench::asksAboutTheProgram(argc, argv)) {
+        const QCoreApplication withoutDisplay(argc, argv);
+        CommandLine line;
+        return mrl::workbench::readCommandLine(QCoreApplication::arguments(), line).value_or(0);
+    }
     MRL_QT_Application application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("mrl-workbench"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/workbench/icon.svg")));

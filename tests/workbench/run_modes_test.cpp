@@ -133,6 +133,24 @@ TEST(CommandLine, HelpAndVersionAreNoErrors)
     EXPECT_TRUE(told.startsWith(QStringLiteral("mrl-workbench 1."))) << told.toStdString();
 }
 
+TEST(CommandLine, HelpAndVersionAreToldWhereThereIsNoDisplay)
+{
+    for (const char* question : {"--help", "-h", "--version", "-v"}) {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            environment.remove(QLatin1String(display));
+        }
+        program.setProcessEnvironment(environment);
+        program.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mrl-workbench"),
+                      {QLatin1String(question)});
+        ASSERT_TRUE(program.waitForFinished());
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << question;
+        EXPECT_EQ(program.exitCode(), 0) << question;
+        EXPECT_TRUE(program.readAllStandardOutput().contains("mrl-workbench")) << question;
+    }
+}
+
 TEST_F(RunModesTest, ExperimentalFunctionsBringAddAllToTheActionManager)
 {
     EXPECT_FALSE(offersAddAll());
