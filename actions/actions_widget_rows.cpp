@@ -130,6 +130,7 @@ void LCM_ActionsWidget::judgeAllRows()
     const LCM_CommandScope command(commandLog(), LCM_Command::CheckAgain);
     const MRL_QT_SignalBlocker signalBlocker(table);
     std::vector<LCM_RowCells> all; // taken first: colouring can move rows of a sorted table
+    all.reserve(static_cast<std::size_t>(table->rowCount()));
     for (int row = 0; row < table->rowCount(); ++row) {
         all.emplace_back(table, row);
     }

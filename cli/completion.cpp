@@ -8,9 +8,9 @@
 
 #include "cli/failure.h"
 #include "cli/project_records.h"
+#include "cli/words.h"
 #include "exchange/format.h"
 #include "hostlib/data/designcode/designcode.h"
-#include "cli/words.h"
 
 namespace mrl::cli {
 
@@ -32,7 +32,8 @@ bool isOption(const std::string& word) { return word.size() > 1 && word.front() 
 CLI::App* subcommandOf(CLI::App& command, const std::string& word)
 {
     const auto all = command.get_subcommands({});
-    const auto found = std::find_if(all.begin(), all.end(), [&](auto* each) { return each->get_name() == word; });
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](auto* each) { return each->get_name() == word; });
     return found != all.end() ? *found : nullptr;
 }
 
@@ -160,7 +161,8 @@ Words valuesOf(const Typed& typed, const CLI::Option& option)
 /// The positional argument that the last word would be; null when there is no further one.
 const CLI::Option* nextPositional(const Typed& typed)
 {
-    const auto all = typed.command->get_options([](const CLI::Option* option) { return option->get_positional(); });
+    const auto all =
+        typed.command->get_options([](const CLI::Option* option) { return option->get_positional(); });
     std::size_t left = typed.positionals.size();
     for (const CLI::Option* option : all) {
         const auto most = static_cast<std::size_t>(std::max(option->get_items_expected_max(), 1));

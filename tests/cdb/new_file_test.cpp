@@ -138,4 +138,22 @@ TEST_F(NewFiles, AreWholeOrAbsentWheneverTheirMakerIsKilled)
     EXPECT_GT(absent, 0);
 }
 
+/// Two builds of the same samples have to give the same bytes.
+TEST(NewFile, IsTheSameEachTimeWhereTheDateOfTheSourceIsTold)
+{
+    const Folder folder;
+    const auto make = [&](const char* name) {
+        mrl::cdb::close(mrl::cdb::create(folder / name).db);
+        return contentOf(folder / name);
+    };
+    EXPECT_NE(make("a.cdb"), make("b.cdb"));
+    setenv("SOURCE_DATE_EPOCH", "1790000000", 1);
+    const std::string first = make("c.cdb");
+    const std::string second = make("d.cdb");
+    setenv("SOURCE_DATE_EPOCH", "1); DROP TABLE record", 1);
+    EXPECT_NE(make("e.cdb"), make("f.cdb"));
+    unsetenv("SOURCE_DATE_EPOCH");
+    EXPECT_EQ(first, second);
+}
+
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 #include <sqlite3.h>
@@ -39,13 +40,24 @@ int readHeader(const std::string& path, Header& out)
     return RawFile(sqlite3_vfs_find(nullptr), path, SQLITE_OPEN_MAIN_DB).read(out.data(), HEADER_SIZE, 0);
 }
 
+/// What tells a project from all others, as a term of SQL: a random number, but where a build is to give the same
+/// bytes each time.
+/// SOURCE_DATE_EPOCH is the name that builders of packages have agreed on for that.
+std::string newIdentity()
+{
+    const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
+    const bool isNumber = epoch != nullptr && *epoch != 0 && std::strlen(epoch) < 18 &&
+                          std::strspn(epoch, "0123456789") == std::strlen(epoch);
+    return isNumber ? epoch : "random()";
+}
+
 } // namespace
 
 std::string tableTexts()
 {
     return "PRAGMA application_id=" + std::to_string(APPLICATION_ID) +
            ";PRAGMA user_version=" + std::to_string(FORMAT_VERSION) + ";" + RECORD_TABLE + ";" + FACT_TABLE +
-           ";" + SUMMARY_TABLE + ";INSERT INTO summary VALUES(1,random(),0,0,0,0,0)";
+           ";" + SUMMARY_TABLE + ";INSERT INTO summary VALUES(1," + newIdentity() + ",0,0,0,0,0)";
 }
 
 int makeTables(sqlite3* connection)
