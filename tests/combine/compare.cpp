@@ -1,6 +1,8 @@
+#include <algorithm>
+#include <climits>
 #include <cmath>
-#include <set>
 #include <sstream>
+#include <stdexcept>
 
 #include "combine/checker.h"
 #include "combine/count.h"
@@ -17,38 +19,91 @@ using namespace mrl::combine;
 
 namespace {
 
+/// The factors of a combination: a letter for each load case.
+using Word = std::string;
+
+class Alphabet
+{
+  public:
+    Word word(const std::vector<double>& factors)
+    {
+        Word word;
+        for (const double factor : factors) {
+            word += letter(factor);
+        }
+        return word;
+    }
+    double factor(char letter) const { return m_factors[static_cast<unsigned char>(letter)]; }
+    const std::vector<double>& factors() const { return m_factors; }
+
+  private:
+    char letter(double factor)
+    {
+        const auto found = std::find(m_factors.begin(), m_factors.end(), factor);
+        const auto place = static_cast<std::size_t>(found - m_factors.begin());
+        if (found == m_factors.end()) {
+            m_factors.push_back(factor);
+        }
+        if (place > UCHAR_MAX) {
+            throw std::length_error("a model has more than 256 factors");
+        }
+        return static_cast<char>(place);
+    }
+
+    std::vector<double> m_factors;
+};
+
 struct Truth
 {
-    std::vector<std::vector<double>> choices;
-    std::vector<BigInt> ofExpressions;
-    std::vector<std::set<std::vector<double>>> distinct;
-    std::set<std::vector<double>> all;
+    Alphabet alphabet;
+    std::vector<std::vector<Word>> ofExpressions; ///< all choices, sorted
+    std::vector<Word> all;                        ///< the different ones, sorted
+
+    bool holds(const Word& word) const { return std::binary_search(all.begin(), all.end(), word); }
+    std::size_t choices() const
+    {
+        std::size_t sum = 0;
+        for (const std::vector<Word>& words : ofExpressions) {
+            sum += words.size();
+        }
+        return sum;
+    }
 };
+
+std::vector<Word> different(std::vector<Word> sorted)
+{
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+    return sorted;
+}
 
 Truth truthOf(const Case& each)
 {
     Truth truth;
     truth.ofExpressions.resize(each.situation.expressions.size());
-    truth.distinct.resize(each.situation.expressions.size());
     oracle::all(each.model, each.situation, [&](const oracle::Found& found) {
-        const auto place = static_cast<std::size_t>(found.expression);
-        ++truth.ofExpressions[place];
-        truth.distinct[place].insert(found.factors);
-        truth.all.insert(found.factors);
-        truth.choices.push_back(found.factors);
+        truth.ofExpressions[static_cast<std::size_t>(found.expression)].push_back(
+            truth.alphabet.word(found.factors));
     });
+    for (std::vector<Word>& words : truth.ofExpressions) {
+        std::sort(words.begin(), words.end());
+        const std::vector<Word> once = different(words);
+        truth.all.insert(truth.all.end(), once.begin(), once.end());
+    }
+    std::sort(truth.all.begin(), truth.all.end());
+    truth.all = different(std::move(truth.all));
     return truth;
 }
 
 std::vector<double> factorsOf(const Model& model, const Key& key)
 {
+    std::map<int, double> byNumber;
+    for (const Share& share : key) {
+        byNumber[share.number] += share.factor;
+    }
     std::vector<double> factors;
     for (const LoadCase& loadCase : model.loadCases) {
-        double factor = 0;
-        for (const Share& share : key) {
-            factor += share.number == loadCase.number ? share.factor : 0;
-        }
-        factors.push_back(factor);
+        const auto found = byNumber.find(loadCase.number);
+        factors.push_back(found == byNumber.end() ? 0 : found->second);
     }
     return factors;
 }
@@ -58,15 +113,17 @@ std::string compareCounts(const Plan& plan, const Truth& truth)
     const Count choices = countChoices(plan);
     const Count distinct = countDistinct(plan);
     std::ostringstream out;
-    for (std::size_t i = 0; i < truth.distinct.size(); ++i) {
-        if (choices.ofExpressions[i] != truth.ofExpressions[i]) {
+    for (std::size_t i = 0; i < truth.ofExpressions.size(); ++i) {
+        const std::vector<Word>& words = truth.ofExpressions[i];
+        if (choices.ofExpressions[i] != words.size()) {
             out << "expression " << i << ": choices " << choices.ofExpressions[i] << ", enumerated "
-                << truth.ofExpressions[i];
+                << words.size();
             return out.str();
         }
-        if (distinct.ofExpressions[i] != truth.distinct[i].size()) {
+        const std::size_t once = different(words).size();
+        if (distinct.ofExpressions[i] != once) {
             out << "expression " << i << ": distinct " << distinct.ofExpressions[i] << ", enumerated "
-                << truth.distinct[i].size();
+                << once;
             return out.str();
         }
     }
@@ -76,16 +133,39 @@ std::string compareCounts(const Plan& plan, const Truth& truth)
     return out.str();
 }
 
-std::string compareList(const Case& each, const Plan& plan, const Truth& truth)
+std::string compareList(const Case& each, const Plan& plan, Truth& truth)
 {
-    std::multiset<std::vector<double>> listed;
+    std::vector<std::vector<Word>> listed(truth.ofExpressions.size());
     enumerate(plan, 1000000, [&](const Combination& combination) {
-        listed.insert(factorsOf(each.model, combination.key));
+        listed[static_cast<std::size_t>(combination.expression)].push_back(
+            truth.alphabet.word(factorsOf(each.model, combination.key)));
         return true;
     });
-    return listed == std::multiset<std::vector<double>>(truth.choices.begin(), truth.choices.end())
-               ? ""
-               : "the list differs";
+    for (std::vector<Word>& words : listed) {
+        std::sort(words.begin(), words.end());
+    }
+    return listed == truth.ofExpressions ? "" : "the list differs";
+}
+
+/// The greatest value of a response.
+double greatestOf(const Truth& truth, const std::vector<double>& row)
+{
+    const std::size_t letters = truth.alphabet.factors().size();
+    std::vector<double> terms;
+    for (const double response : row) {
+        for (const double factor : truth.alphabet.factors()) {
+            terms.push_back(factor * response);
+        }
+    }
+    double best = -INFINITY;
+    for (const Word& word : truth.all) {
+        double sum = 0;
+        for (std::size_t i = 0; i < word.size(); ++i) {
+            sum += terms[i * letters + static_cast<unsigned char>(word[i])];
+        }
+        best = std::max(best, sum);
+    }
+    return best;
 }
 
 double valueOf(const std::vector<double>& factors, const std::vector<double>& row)
@@ -98,20 +178,19 @@ double valueOf(const std::vector<double>& factors, const std::vector<double>& ro
 }
 
 /// One extreme of a response; the minimum as the maximum of the response with the other sign.
-std::string compareExtreme(const Case& each, const Truth& truth, const std::vector<double>& row,
+std::string compareExtreme(const Case& each, Truth& truth, const std::vector<double>& row,
                            const Extreme& extreme, const std::optional<Combination>& combination, bool isMax)
 {
     const double sign = isMax ? 1 : -1;
-    double best = -INFINITY;
     double largest = 1;
-    for (const std::vector<double>& factors : truth.all) {
-        best = std::max(best, sign * valueOf(factors, row));
-    }
+    std::vector<double> signedRow;
     std::map<int, double> responses;
     for (std::size_t i = 0; i < row.size(); ++i) {
         largest = std::max(largest, 2 * std::fabs(row[i]));
+        signedRow.push_back(sign * row[i]);
         responses[each.model.loadCases[i].number] = sign * row[i];
     }
+    const double best = greatestOf(truth, signedRow);
     const Checker checker(each.model, each.situation);
     std::ostringstream out;
     if (truth.all.empty()) {
@@ -124,7 +203,8 @@ std::string compareExtreme(const Case& each, const Truth& truth, const std::vect
         return out.str();
     }
     const std::vector<double> factors = factorsOf(each.model, combination->key);
-    if (std::fabs(sign * valueOf(factors, row) - best) > 1e-11 * largest || truth.all.count(factors) == 0) {
+    if (std::fabs(sign * valueOf(factors, row) - best) > 1e-11 * largest ||
+        !truth.holds(truth.alphabet.word(factors))) {
         return "key " + keyText(combination->key) + " isn't the governing one";
     }
     if (readKey(keyText(combination->key)) != combination->key) {
@@ -141,24 +221,24 @@ std::string compareExtreme(const Case& each, const Truth& truth, const std::vect
 }
 
 /// The checker allows exactly the keys that there are: those of the list changed a little are looked up in it.
-std::string compareChecker(const Case& each, const Truth& truth, Dice& dice)
+std::string compareChecker(const Case& each, Truth& truth, Dice& dice)
 {
-    if (truth.choices.empty() || each.model.loadCases.empty()) {
+    if (truth.all.empty() || each.model.loadCases.empty()) {
         return "";
     }
     const Checker checker(each.model, each.situation);
     for (int i = 0; i < 20; ++i) {
-        std::vector<double> factors = dice.of(truth.choices);
-        const std::vector<double> other = dice.of(truth.choices);
-        const auto at = static_cast<std::size_t>(dice.below(static_cast<int>(factors.size())));
-        factors[at] = other[at];
+        Word word = dice.of(truth.all);
+        const Word other = dice.of(truth.all);
+        const auto at = static_cast<std::size_t>(dice.below(static_cast<int>(word.size())));
+        word[at] = other[at];
         Key key;
-        for (std::size_t k = 0; k < factors.size(); ++k) {
-            if (factors[k] != 0) {
-                key.push_back({each.model.loadCases[k].number, factors[k]});
+        for (std::size_t k = 0; k < word.size(); ++k) {
+            if (const double factor = truth.alphabet.factor(word[k]); factor != 0) {
+                key.push_back({each.model.loadCases[k].number, factor});
             }
         }
-        if (checker.allows(key) != (truth.all.count(factors) > 0)) {
+        if (checker.allows(key) != truth.holds(word)) {
             return "the checker is wrong about " + keyText(key);
         }
     }
@@ -173,9 +253,9 @@ std::string compare(const Case& each, const Plan& plan, std::mt19937& random)
     if (!plan.prepared.refused.empty()) {
         return "refused: " + plan.prepared.refused.front().reason;
     }
-    const Truth truth = truthOf(each);
+    Truth truth = truthOf(each);
     std::string wrong = compareCounts(plan, truth);
-    wrong = wrong.empty() && truth.choices.size() < 100000 ? compareList(each, plan, truth) : wrong;
+    wrong = wrong.empty() && truth.choices() < 100000 ? compareList(each, plan, truth) : wrong;
     wrong = wrong.empty() ? compareChecker(each, truth, dice) : wrong;
     std::vector<int> columns;
     for (const LoadCase& loadCase : each.model.loadCases) {

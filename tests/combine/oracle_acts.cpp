@@ -97,23 +97,53 @@ std::vector<Selection> selectionsOf(const Act& act, const LCM_Situation& situati
 
 } // namespace
 
+namespace {
+
+Act actOf(const std::string& name, Category category, Superposition code, const Factors& factors)
+{
+    Act act;
+    act.name = name;
+    act.first = first(name);
+    act.category = category;
+    act.code = code;
+    act.isExex = code == LC_SUPERPOSITION_EXEX;
+    act.factors = decimals(factors);
+    return act;
+}
+
+Act actOf(const Action& action, const LCM_Situation& situation)
+{
+    Act act = actOf(action.name, action.category, action.superposition, action.factors);
+    const bool isGrouped = situation.groups != LCM_Groups::Apart && action.category == Category::Variable;
+    act.group = isGrouped ? action.group : 0;
+    return act;
+}
+
+/// A load case that has no action is one by itself.
+Act actOf(const LoadCase& loadCase, std::size_t place)
+{
+    const bool isPermanent = (*loadCase.own)[1] > 0;
+    Act act =
+        actOf("LC " + std::to_string(loadCase.number), isPermanent ? Category::Permanent : Category::Variable,
+              isPermanent ? LC_SUPERPOSITION_PERM : LC_SUPERPOSITION_COND, *loadCase.own);
+    act.cases.push_back(place);
+    return act;
+}
+
+Superposition codeWhereAlways(Superposition code)
+{
+    return code == LC_SUPERPOSITION_COND                                    ? LC_SUPERPOSITION_PERM
+           : code == LC_SUPERPOSITION_EXCL || code == LC_SUPERPOSITION_EXEX ? LC_SUPERPOSITION_ALEX
+                                                                            : code;
+}
+
+} // namespace
+
 std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
 {
     std::vector<Act> acts;
     for (const Action& action : model.actions) {
-        Act act{action.name,
-                action.category,
-                action.superposition,
-                action.group,
-                false,
-                decimals(action.factors),
-                {},
-                {},
-                {}};
-        if (situation.groups == LCM_Groups::Apart || action.category != Category::Variable) {
-            act.group = 0;
-        }
-        acts.push_back(act);
+        acts.push_back(actOf(action, situation));
     }
     Act imperfections;
     imperfections.isImperfection = true;
@@ -127,32 +157,17 @@ std::vector<Act> actsOf(const Model& model, const LCM_Situation& situation)
                 return a.name == each.action;
             })->cases.push_back(i);
         } else if (each.own) {
-            const bool isPermanent = (*each.own)[1] > 0;
-            acts.push_back({"LC " + std::to_string(each.number),
-                            isPermanent ? Category::Permanent : Category::Variable,
-                            isPermanent ? LC_SUPERPOSITION_PERM : LC_SUPERPOSITION_COND,
-                            0,
-                            false,
-                            decimals(*each.own),
-                            {i},
-                            {},
-                            {}});
+            acts.push_back(actOf(each, i));
         }
     }
     acts.push_back(imperfections);
     acts.erase(std::remove_if(acts.begin(), acts.end(), [](const Act& a) { return a.cases.empty(); }),
                acts.end());
     for (Act& act : acts) {
-        const bool isPool = act.code == LC_SUPERPOSITION_EXEX;
         act.block = act.group > 0 ? "group " + std::to_string(act.group)
-                    : isPool      ? "pool " + first(act.name)
+                    : act.isExex  ? "pool " + act.first
                                   : act.name;
-        if (situation.always && act.category == Category::Variable && !act.isImperfection) {
-            act.code = act.code == LC_SUPERPOSITION_COND   ? LC_SUPERPOSITION_PERM
-                       : act.code == LC_SUPERPOSITION_EXCL ? LC_SUPERPOSITION_ALEX
-                       : isPool                            ? LC_SUPERPOSITION_ALEX
-                                                           : act.code;
-        }
+        act.code = situation.always && act.isVariable() ? codeWhereAlways(act.code) : act.code;
         act.selections = selectionsOf(act, situation);
     }
     return acts;

@@ -17,14 +17,18 @@ using Selection = std::string;
 struct Act
 {
     std::string name;
+    std::string first; // part of the name, without the suffix
     mrl::combine::Category category = mrl::combine::Category::Variable;
     mrl::combine::Superposition code = LC_SUPERPOSITION_COND;
     int group = 0;
     bool isImperfection = false;
+    bool isExex = false; // excludes the other suffixes of its first part, also where it acts always
     std::array<double, 7> factors{};
     std::vector<std::size_t> cases; // in Model::loadCases
     std::string block;              // variable actions with the same one act as one
     std::vector<Selection> selections;
+
+    bool isVariable() const { return category == mrl::combine::Category::Variable && !isImperfection; }
 };
 
 /// The first part of an action's name.

@@ -13,73 +13,72 @@ Rules::Rules(const Model& model, const LCM_Situation& situation, int expression)
       m_expression(situation.expressions[static_cast<std::size_t>(expression)]),
       m_acts(actsOf(model, situation))
 {
-    for (const Action& action : model.actions) { // pools and their blocks, load cases or not
-        if (action.superposition == LC_SUPERPOSITION_EXEX && action.category == Category::Variable) {
-            for (const Act& act : m_acts) {
-                if (act.name == action.name) {
-                    m_poolBlocks[first(action.name)].insert(act.block);
-                }
-            }
+    const auto variable =
+        std::stable_partition(m_acts.begin(), m_acts.end(), [](const Act& act) { return !act.isVariable(); });
+    m_constants = static_cast<std::size_t>(variable - m_acts.begin());
+    for (auto act = variable; act != m_acts.end(); ++act) {
+        if (act->isExex) {
+            m_poolBlocks[act->first].insert(act->block);
         }
+    }
+    for (std::size_t i = 0; i < m_acts.size(); ++i) {
+        m_places.push_back(findPlace(i));
+    }
+    for (std::size_t i = 0; i < m_acts.size(); ++i) {
+        m_isMust.push_back(findMust(i));
     }
 }
 
-bool Rules::isVariable(std::size_t i) const
+bool Rules::isSamePool(std::size_t i, std::size_t j) const
 {
-    return m_acts[i].category == Category::Variable && !m_acts[i].isImperfection;
+    const Act& a = m_acts[i];
+    const Act& b = m_acts[j];
+    return a.isVariable() && b.isVariable() && a.isExex && b.isExex && a.block == b.block &&
+           a.first == b.first;
 }
 
-bool Rules::isPool(std::size_t i) const
+bool Rules::findMust(std::size_t i) const
 {
-    return m_poolBlocks.count(first(m_acts[i].name)) > 0 &&
-           m_poolBlocks.at(first(m_acts[i].name)).count(m_acts[i].block) > 0 && isExex(i);
-}
-
-bool Rules::isExex(std::size_t i) const
-{
-    return std::any_of(m_model.actions.begin(), m_model.actions.end(), [&](const Action& a) {
-        return a.name == m_acts[i].name && a.superposition == LC_SUPERPOSITION_EXEX;
-    });
-}
-
-bool Rules::isMust(std::size_t i) const
-{
-    const Superposition code = m_acts[i].code;
-    const bool isShared = isPool(i) && m_poolBlocks.at(first(m_acts[i].name)).size() > 1;
-    const bool isLoose = m_expression.sum && m_acts[i].group > 0 && m_situation.groups == LCM_Groups::Exclude;
+    const Act& act = m_acts[i];
+    const auto blocks = m_poolBlocks.find(act.first);
+    const bool isShared = act.isExex && blocks != m_poolBlocks.end() && blocks->second.size() > 1;
+    const bool isLoose = m_expression.sum && act.group > 0 && m_situation.groups == LCM_Groups::Exclude;
     return !isShared && !isLoose && !isSpread(i) && (m_expression.sum || mustByPlain(i)) &&
-           (code == LC_SUPERPOSITION_PERM || code == LC_SUPERPOSITION_PERC || code == LC_SUPERPOSITION_ALEX);
+           (act.code == LC_SUPERPOSITION_PERM || act.code == LC_SUPERPOSITION_PERC ||
+            act.code == LC_SUPERPOSITION_ALEX);
 }
 
 bool Rules::isSpread(std::size_t i) const
 {
-    for (std::size_t j = 0; j < m_acts.size() && m_expression.sum && isExex(i); ++j) {
-        const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                            first(m_acts[i].name) == first(m_acts[j].name);
-        if (isSame && place(i) != place(j)) {
+    for (std::size_t j = m_constants; j < m_acts.size() && m_expression.sum; ++j) {
+        if (isSamePool(i, j) && place(i) != place(j)) {
             return true;
         }
     }
     return false;
 }
 
-bool Rules::isShort(const std::string& name) const
+bool Rules::isShort(std::size_t i) const
 {
     return std::any_of(m_expression.shortActions.begin(), m_expression.shortActions.end(),
-                       [&](const std::string& each) { return lcm_action_matches(each, name) > 0; });
+                       [&](const std::string& each) { return lcm_action_matches(each, m_acts[i].name) > 0; });
 }
 
 const LCM_RoleEntry* Rules::entry(LCM_Role role, std::size_t i, const std::vector<std::string>& present) const
 {
-    const LCM_RoleEntry* found = lcm_role_entry(m_expression, role, m_acts[i].name, present);
-    return found != nullptr && found->unfavourable ? found : nullptr;
+    const auto [known, isNew] = m_entries[present].try_emplace({role, i}, nullptr);
+    if (isNew) {
+        const LCM_RoleEntry* found = lcm_role_entry(m_expression, role, m_acts[i].name, present);
+        known->second = found != nullptr && found->unfavourable ? found : nullptr;
+    }
+    return known->second;
 }
 
-std::pair<int, int> Rules::place(std::size_t i) const
+std::pair<int, int> Rules::findPlace(std::size_t i) const
 {
     std::pair<int, int> found{-1, -1};
     int best = 0;
-    for (std::size_t b = 0; b < m_expression.sum->size(); ++b) {
+    for (std::size_t b = 0; m_expression.sum && b < m_expression.sum->size(); ++b) {
         for (std::size_t a = 0; a < (*m_expression.sum)[b].size(); ++a) {
             const int close = lcm_action_matches((*m_expression.sum)[b][a].action, m_acts[i].name);
             if (close > best) {
@@ -106,17 +105,11 @@ bool Rules::canLead(std::size_t i, const std::string& accident) const
            (isAsked || others == nullptr || *lead->unfavourable != *others->unfavourable);
 }
 
-bool Rules::plainTerm(std::size_t i) const { return entry(LCM_Role::Others, i, {}) != nullptr; }
-
 bool Rules::mustByPlain(std::size_t i) const
 {
-    if (!isExex(i)) {
-        return m_expression.sum || plainTerm(i);
-    }
     for (std::size_t j = 0; j < m_acts.size(); ++j) {
-        const bool isSame = isVariable(j) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                            first(m_acts[i].name) == first(m_acts[j].name);
-        if (isSame && (m_expression.sum || plainTerm(j))) {
+        const bool isHere = j == i || isSamePool(i, j);
+        if (isHere && (m_expression.sum || entry(LCM_Role::Others, j, {}) != nullptr)) {
             return true;
         }
     }
@@ -126,14 +119,20 @@ bool Rules::mustByPlain(std::size_t i) const
 bool Rules::shortUnit(std::size_t i) const
 {
     for (std::size_t j = 0; j < m_acts.size(); ++j) {
-        const bool isSame =
-            j == i || (isVariable(j) && isExex(i) && isExex(j) && m_acts[i].block == m_acts[j].block &&
-                       first(m_acts[i].name) == first(m_acts[j].name));
-        if (isSame && isShort(m_acts[j].name)) {
+        if ((j == i || isSamePool(i, j)) && isShort(j)) {
             return true;
         }
     }
     return false;
+}
+
+std::pair<double, double> Rules::factors(const LCM_RoleEntry& entry, std::size_t i) const
+{
+    const auto [known, isNew] = m_factors.try_emplace({&entry, i});
+    if (isNew) {
+        known->second = {value(*entry.unfavourable, i), value(*lcm_favourable_term(entry), i)};
+    }
+    return known->second;
 }
 
 double Rules::value(const LCM_Term& term, std::size_t i) const
