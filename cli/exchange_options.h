@@ -18,6 +18,8 @@ class ExchangeOptions
 
     /// The format of --format; null without it.
     const exchange::Format* namedFormat() const;
+    /// Whether --what names the combinations, which no file of a format holds beside sheets.
+    bool meansCombinations() const { return m_what == "combinations"; }
     /// The sheets of --what, none without it. Throws for a word that is none.
     std::vector<exchange::Sheet> sheets() const;
     /// Throws for what can't be a separator, a decimal sign or an encoding.

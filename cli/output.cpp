@@ -1,5 +1,7 @@
 #include "cli/output.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
@@ -60,10 +62,24 @@ void Output::flush()
 void Output::write(std::string_view text)
 {
     if (std::all_of(text.begin(), text.end(), isPlain)) {
-        m_buffer.append(text);
+        append(text);
     } else {
-        m_buffer.append(printableLines(text));
+        append(printableLines(text));
     }
+}
+
+void Output::bytes(std::string_view piece)
+{
+    if (isatty(STDOUT_FILENO) == 1) {
+        write(piece);
+    } else {
+        append(piece);
+    }
+}
+
+void Output::append(std::string_view bytes)
+{
+    m_buffer.append(bytes);
     if (m_buffer.size() >= BLOCK_BYTES) {
         flush();
     }

@@ -24,11 +24,14 @@ class Output
 
     void write(std::string_view text);
     void line(std::string_view text);
+    /// A piece of a file: as it is, but for a terminal.
+    void bytes(std::string_view piece);
 
     /// Writes what is left; call it once at the end, since the destructor cannot report a failure.
     void finish();
 
   private:
+    void append(std::string_view bytes);
     void flush();
 
     std::string m_buffer;

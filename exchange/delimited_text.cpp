@@ -34,9 +34,13 @@ class DelimitedText : public Format
     std::optional<FormatError> write(const Source& source, const FormatOptions& options,
                                      const Sink& sink) const override
     {
-        FormatOptions used = options;
-        used.separator = options.separator == 0 ? m_separator : options.separator;
-        return writeDelimited(source, used, sink);
+        return writeDelimited(source, withSeparator(options), sink);
+    }
+    std::optional<FormatError> writeCombinations(const Source&, const CombinationTable& table,
+                                                 const FormatOptions& options,
+                                                 const Sink& sink) const override
+    {
+        return writeDelimited(table, withSeparator(options), sink);
     }
     std::optional<FormatError> read(std::string_view bytes, const FormatOptions& options,
                                     TableReceiver& receiver) const override
@@ -45,6 +49,12 @@ class DelimitedText : public Format
     }
 
   private:
+    FormatOptions withSeparator(FormatOptions options) const
+    {
+        options.separator = options.separator == 0 ? m_separator : options.separator;
+        return options;
+    }
+
     std::string m_name;
     std::string m_description;
     std::vector<std::string> m_suffixes;

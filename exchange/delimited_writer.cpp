@@ -22,22 +22,46 @@ class LineWriter
           m_encoding(options.encoding.empty() ? "UTF-8" : options.encoding), m_sink(sink)
     {
     }
-    bool write(const std::vector<Column>& columns, const Cells& cells)
+    /// Writes nothing more once something went wrong.
+    template <class IsNumber>
+    void write(const Cells& cells, const IsNumber& isNumber)
     {
+        if (!m_error.empty()) {
+            return;
+        }
         for (std::size_t i = 0; i < cells.size(); ++i) {
             if (i > 0) {
                 m_lines += m_separator;
             }
-            if (columns[i].isNumeric()) {
+            if (isNumber(i)) {
                 addNumber(cells[i]);
             } else {
                 appendQuoted(m_lines, guarded(cells[i]), m_separator);
             }
         }
         m_lines += '\n';
-        return m_lines.size() < BLOCK || flush();
+        if (m_lines.size() >= BLOCK) {
+            flush();
+        }
     }
-    bool flush()
+    /// @return the first failure
+    std::optional<FormatError> finish()
+    {
+        if (m_error.empty()) {
+            flush();
+        }
+        return m_error.empty() ? std::nullopt : std::optional(FormatError{m_error});
+    }
+    std::optional<FormatError> unsound() const
+    {
+        return m_separator != m_decimal && m_separator != '"'
+                   ? std::nullopt
+                   : std::optional(FormatError{"the separator can't be the decimal sign or a quote"});
+    }
+    bool isFine() const { return m_error.empty(); }
+
+  private:
+    void flush()
     {
         const auto bytes = encoded(m_lines, m_encoding, !m_written);
         m_lines.clear();
@@ -47,12 +71,7 @@ class LineWriter
         } else if (!m_sink(*bytes)) {
             m_error = "the file can't be written";
         }
-        return m_error.empty();
     }
-    const std::string& error() const { return m_error; }
-    bool isSound() const { return m_separator != m_decimal && m_separator != '"'; }
-
-  private:
     void addNumber(const std::string& cell)
     {
         const std::size_t begin = m_lines.size();
@@ -81,18 +100,29 @@ std::optional<FormatError> writeDelimited(const Source& source, const FormatOpti
     }
     const std::vector<Column>& columns = columnsOf(source.sheets[0]);
     LineWriter writer(options, sink);
-    if (!writer.isSound()) {
-        return FormatError{"the separator can't be the decimal sign or a quote"};
+    if (const auto error = writer.unsound()) {
+        return error;
     }
-    SheetWalk walk(source.db, source.sheets[0]);
-    bool fine = writer.write(columns, headingsOf(source.sheets[0]));
-    while (fine && walk.next()) {
-        fine = writer.write(columns, walk.cells());
+    const auto isNumber = [&](std::size_t column) { return columns[column].isNumeric(); };
+    writer.write(headingsOf(source.sheets[0]), isNumber);
+    for (SheetWalk walk(source.db, source.sheets[0]); writer.isFine() && walk.next();) {
+        writer.write(walk.cells(), isNumber);
     }
-    if (!fine || !writer.flush()) {
-        return FormatError{writer.error()};
+    return writer.finish();
+}
+
+std::optional<FormatError> writeDelimited(const CombinationTable& table, const FormatOptions& options,
+                                          const Sink& sink)
+{
+    LineWriter writer(options, sink);
+    if (const auto error = writer.unsound()) {
+        return error;
     }
-    return std::nullopt;
+    writer.write(headingsOf(table), isNumberColumn);
+    int position = 0;
+    table.tell(
+        [&](const CombinationRow& row) { writer.write(cellsOf(table, ++position, row), isNumberColumn); });
+    return writer.finish();
 }
 
 } // namespace mrl::exchange

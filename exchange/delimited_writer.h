@@ -8,4 +8,7 @@ namespace mrl::exchange {
 std::optional<FormatError> writeDelimited(const Source& source, const FormatOptions& options,
                                           const Sink& sink);
 
+std::optional<FormatError> writeDelimited(const CombinationTable& table, const FormatOptions& options,
+                                          const Sink& sink);
+
 } // namespace mrl::exchange

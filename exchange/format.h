@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "exchange/combination_table.h"
 #include "exchange/sheet.h"
 
 namespace mrl::exchange {
@@ -84,6 +85,11 @@ class Format
     /// @return nothing when all was written
     virtual std::optional<FormatError> write(const Source& source, const FormatOptions& options,
                                              const Sink& sink) const = 0;
+    /// Writes combinations in place of the project's sheets. A format that names load cases by more than their
+    /// numbers also writes these.
+    virtual std::optional<FormatError> writeCombinations(const Source& source, const CombinationTable& table,
+                                                         const FormatOptions& options,
+                                                         const Sink& sink) const = 0;
     /// @param bytes the whole file
     /// @return nothing when all was read; what was received before an error counts for nothing
     virtual std::optional<FormatError> read(std::string_view bytes, const FormatOptions& options,

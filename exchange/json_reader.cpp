@@ -62,12 +62,16 @@ class JsonHandler : public Json::json_sax_t
         return failWith("the file is no JSON: byte " + std::to_string(position) + " is not expected");
     }
     const std::string& error() const { return m_error; }
+    /// Whether any part of the file means something here.
+    bool isOurs() const { return m_isOurs; }
 
   private:
     enum class Section { Actions, LoadCases, Facts, Records, Unknown };
 
     Section sectionOf(const std::string& name)
     {
+        const bool wasOurs = m_isOurs;
+        m_isOurs = true;
         if (name == nameOf(Sheet::Actions) || name == nameOf(Sheet::LoadCases)) {
             m_head.sheet = name == nameOf(Sheet::Actions) ? Sheet::Actions : Sheet::LoadCases;
             m_began = false;
@@ -77,6 +81,7 @@ class JsonHandler : public Json::json_sax_t
         if (name == "facts" || name == "records") {
             return name == "facts" ? Section::Facts : Section::Records;
         }
+        m_isOurs = wasOurs;
         m_receiver.note("\"" + name + "\" is passed over");
         return Section::Unknown;
     }
@@ -223,6 +228,7 @@ class JsonHandler : public Json::json_sax_t
     std::pair<std::optional<int>, std::optional<int>> m_recordKey;
     KeyRecords m_records;
     std::map<std::string, int> m_known[2];
+    bool m_isOurs = false;
     std::string m_error;
 };
 
@@ -232,6 +238,9 @@ std::optional<FormatError> readJson(std::string_view bytes, TableReceiver& recei
 {
     JsonHandler handler(receiver, rest);
     const bool fine = Json::sax_parse(bytes.begin(), bytes.end(), &handler);
+    if (fine && !handler.isOurs()) {
+        return FormatError{"the file has neither \"actions\" nor \"loadcases\""};
+    }
     if (fine) {
         return std::nullopt;
     }

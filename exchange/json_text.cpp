@@ -24,6 +24,11 @@ class JsonText : public Format
     {
         return writeJson(source, sink);
     }
+    std::optional<FormatError> writeCombinations(const Source&, const CombinationTable& table,
+                                                 const FormatOptions&, const Sink& sink) const override
+    {
+        return writeJson(table, sink);
+    }
     std::optional<FormatError> read(std::string_view bytes, const FormatOptions&,
                                     TableReceiver& receiver) const override
     {

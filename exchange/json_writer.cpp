@@ -162,12 +162,50 @@ class JsonWriter
     bool m_fine = true;
 };
 
+std::string jsonText(const std::string& text)
+{
+    std::string out;
+    appendText(out, text);
+    return out;
+}
+
+std::string orNull(const std::string& text) { return text.empty() ? "null" : jsonText(text); }
+
+std::string combinationObject(const CombinationRow& row)
+{
+    std::string out = "{\"key\": " + jsonText(row.key) + ", \"leading\": " + orNull(row.leading) +
+                      ", \"expression\": " + orNull(row.expression) + ", \"factors\": {";
+    const char* between = "\"";
+    for (const auto& [number, factor] : row.factors) {
+        out.append(between).append(std::to_string(number)).append("\": ").append(factor);
+        between = ", \"";
+    }
+    return out + "}}";
+}
+
 } // namespace
 
 std::optional<FormatError> writeJson(const Source& source, const Sink& sink)
 {
     return JsonWriter(source, sink).run() ? std::nullopt
                                           : std::optional(FormatError{"the file can't be written"});
+}
+
+std::optional<FormatError> writeJson(const CombinationTable& table, const Sink& sink)
+{
+    std::string out = "{\n \"situation\": " + jsonText(table.situation) + ",\n \"combinations\": [";
+    bool isFine = true;
+    const char* between = "\n  ";
+    table.tell([&](const CombinationRow& row) {
+        out.append(between).append(combinationObject(row));
+        between = ",\n  ";
+        if (out.size() > BLOCK && isFine) {
+            isFine = sink(out);
+            out.clear();
+        }
+    });
+    out += "\n ]\n}\n";
+    return isFine && sink(out) ? std::nullopt : std::optional(FormatError{"the file can't be written"});
 }
 
 } // namespace mrl::exchange

@@ -8,4 +8,7 @@ namespace mrl::exchange {
 /// depends on the content alone.
 std::optional<FormatError> writeJson(const Source& source, const Sink& sink);
 
+/// An object with the situation and an array of combinations.
+std::optional<FormatError> writeJson(const CombinationTable& table, const Sink& sink);
+
 } // namespace mrl::exchange

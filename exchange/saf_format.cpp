@@ -23,12 +23,24 @@ class SafFormat : public Format
     std::optional<FormatError> write(const Source& source, const FormatOptions& options,
                                      const Sink& sink) const override
     {
-        return writeSaf(source, options.version.empty() ? safVersions().back() : options.version, sink);
+        return writeSaf(source, versionOf(options), nullptr, sink);
+    }
+    std::optional<FormatError> writeCombinations(const Source& source, const CombinationTable& table,
+                                                 const FormatOptions& options,
+                                                 const Sink& sink) const override
+    {
+        return writeSaf(source, versionOf(options), &table, sink);
     }
     std::optional<FormatError> read(std::string_view bytes, const FormatOptions&,
                                     TableReceiver& receiver) const override
     {
         return readSaf(bytes, receiver);
+    }
+
+  private:
+    static std::string versionOf(const FormatOptions& options)
+    {
+        return options.version.empty() ? safVersions().back() : options.version;
     }
 };
 

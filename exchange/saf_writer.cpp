@@ -6,6 +6,7 @@
 #include <set>
 
 #include "exchange/record_cells.h"
+#include "exchange/saf_combinations.h"
 #include "exchange/saf_words.h"
 #include "exchange/xlsx_writer.h"
 #include "lcdata/stored_actions.h"
@@ -175,13 +176,20 @@ void writeCases(const SafModel& model, WorkbookWriter& writer)
 
 std::vector<std::string> safLosses(const Source& source) { return SafModel(source).losses(); }
 
-std::optional<FormatError> writeSaf(const Source& source, const std::string& version, const Sink& sink)
+std::optional<FormatError> writeSaf(const Source& source, const std::string& version,
+                                    const CombinationTable* combinations, const Sink& sink)
 {
     const SafModel model(source);
     WorkbookWriter writer;
     writeModel(model, version, writer);
     writeGroups(model, writer);
     writeCases(model, writer);
+    if (combinations != nullptr) {
+        const auto idOf = [&](const std::string& what) { return model.idOf(what); };
+        if (const std::string error = writeSafCombinations(*combinations, idOf, writer); !error.empty()) {
+            return FormatError{error};
+        }
+    }
     writer.beginSheet("MrlNotes", {{"not told in this file", WIDE * 2}}, false);
     for (const std::string& loss : model.losses()) {
         writer.addRow({loss});

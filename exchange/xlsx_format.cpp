@@ -189,6 +189,16 @@ class XlsxFormat : public Format
         return writer.finish(sink);
     }
 
+    std::optional<FormatError> writeCombinations(const Source&, const CombinationTable& table,
+                                                 const FormatOptions&, const Sink& sink) const override
+    {
+        WorkbookWriter writer;
+        if (const std::string error = writeSheet(table, writer); !error.empty()) {
+            return FormatError{error};
+        }
+        return writer.finish(sink);
+    }
+
     std::optional<FormatError> read(std::string_view bytes, const FormatOptions& options,
                                     TableReceiver& receiver) const override
     {

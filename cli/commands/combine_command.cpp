@@ -1,18 +1,14 @@
 #include "cli/arguments.h"
-#include "cli/combinations.h"
+#include "cli/combination_list.h"
 #include "cli/commands/commands.h"
-#include "cli/failure.h"
 #include "cli/output.h"
-#include "cli/progress.h"
 #include "combine/count.h"
 #include "combine/decimal.h"
-#include "combine/enumerate.h"
 
 namespace mrl::cli {
 
 namespace {
 
-constexpr int DEFAULT_LIMIT = 10000;
 constexpr std::size_t LEADING_WIDTH = 12;
 
 class CombineCommand : public Command
@@ -28,14 +24,10 @@ class CombineCommand : public Command
 
   private:
     void count(const PlannedSituation& planned) const;
-    void list(const PlannedSituation& planned) const;
-    void keep(const PlannedSituation& planned, const Combinations& combinations) const;
+    void list(const PlannedSituation& planned, const Combinations& combinations) const;
 
     std::string m_file;
-    std::optional<std::string> m_situation;
-    std::optional<std::string> m_keep;
-    std::optional<std::string> m_numbers;
-    std::optional<int> m_limit;
+    CombinationOptions m_which;
     bool m_count = false;
     bool m_json = false;
 };
@@ -43,17 +35,10 @@ class CombineCommand : public Command
 void CombineCommand::declare(Arguments& args)
 {
     args.file(m_file);
-    args.text("--situation", m_situation, Arguments::Need::Optional,
-              "Situation of the design code; persistent if not given");
+    m_which.declare(args);
     args.flag("--count", m_count, "Count only, each expression by itself");
-    args.integer("--limit", m_limit, "List at most so many, more is refused; 10000 if not given");
-    args.text("--keep", m_keep, Arguments::Need::Optional,
-              "List only those that govern a response of this file, as for 'envelope'");
-    args.text("--numbers", m_numbers, Arguments::Need::Optional,
-              "The load cases of the columns of an NPY file, in a text file");
     args.json(m_json);
     args.exclude("--count", "--limit");
-    args.exclude("--keep", "--limit");
     args.exclude("--keep", "--count");
 }
 
@@ -157,47 +142,11 @@ void CombineCommand::count(const PlannedSituation& planned) const
     out.finish();
 }
 
-void CombineCommand::list(const PlannedSituation& planned) const
+void CombineCommand::list(const PlannedSituation& planned, const Combinations& combinations) const
 {
-    const int limit = m_limit.value_or(DEFAULT_LIMIT);
-    const combine::BigInt choices = combine::countChoices(planned.plan).all;
-    if (choices > limit) {
-        throw Failure{ExitCode::Refused, m_file + ": situation " + planned.situation->name + " has " +
-                                             choices.str() + " combinations, more than " +
-                                             std::to_string(limit) +
-                                             "; --limit allows more, --count only counts, --keep lists "
-                                             "those that govern"};
-    }
+    const CombinationList list(m_file, m_which, combinations, planned);
     CombinationPrinter printer(planned, m_json);
-    combine::enumerate(planned.plan, choices, [&](const combine::Combination& combination) {
-        printer.print(combination);
-        return true;
-    });
-    printer.finish();
-}
-
-void CombineCommand::keep(const PlannedSituation& planned, const Combinations& combinations) const
-{
-    const std::vector<PlannedSituation> situations{planned};
-    const auto file = openResponses(*m_keep, m_numbers.value_or(""), combinations, situations);
-    combine::GoverningList governing(planned.plan, file->numbers());
-    Progress progress;
-    combine::RawResponse raw;
-    combine::Response response;
-    while (file->next(raw)) {
-        if (const std::string error = file->read(raw, response); !error.empty()) {
-            throw Failure{ExitCode::File, *m_keep + ": " + error};
-        }
-        governing.add(response.values.data());
-        progress.show(raw.row, file->progress());
-    }
-    if (!file->error().empty()) {
-        throw Failure{ExitCode::File, *m_keep + ": " + file->error()};
-    }
-    CombinationPrinter printer(planned, m_json);
-    for (const combine::Combination& combination : governing.combinations()) {
-        printer.print(combination);
-    }
+    list.tell([&](const combine::Combination& combination) { printer.print(combination); });
     printer.finish();
 }
 
@@ -205,16 +154,14 @@ ExitCode CombineCommand::run()
 {
     const Project project = Project::openForReading(m_file);
     const Combinations combinations(project);
-    const PlannedSituation planned = combinations.plan(m_situation.value_or("persistent"));
+    const PlannedSituation planned = m_which.plan(combinations);
     for (const std::string& action : planned.plan.idle) {
         note("action " + action + " doesn't act in situation " + planned.situation->name);
     }
     if (m_count) {
         count(planned);
-    } else if (m_keep) {
-        keep(planned, combinations);
     } else {
-        list(planned);
+        list(planned, combinations);
     }
     return ExitCode::Done;
 }

@@ -1,14 +1,18 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cstdio>
+#include <set>
 
 #include "cli/arguments.h"
+#include "cli/combination_list.h"
 #include "cli/command_project.h"
 #include "cli/commands/commands.h"
 #include "cli/exchange_options.h"
 #include "cli/failure.h"
 #include "cli/output.h"
+#include "combine/decimal.h"
 #include "exchange/saf_format.h"
 
 namespace mrl::cli {
@@ -19,21 +23,28 @@ class ExportCommand : public Command
 {
   public:
     std::string name() const override { return "export"; }
-    std::string description() const override { return "Write actions and load cases as a table"; }
+    std::string description() const override
+    {
+        return "Write actions and load cases, or combinations, as a table";
+    }
     void declare(Arguments& args) override;
     ExitCode run() override;
 
   private:
     const exchange::Format& chosenFormat() const;
     exchange::Source sourceOf(const Project& project, const exchange::Format& format) const;
-    void writeTo(const exchange::Format& format, const exchange::Source& source,
-                 const exchange::Sink& sink) const;
-    void writeFile(const Project& project, const exchange::Format& format,
-                   const exchange::Source& source) const;
+    exchange::FormatOptions formatOptions() const;
+    using Write = std::function<std::optional<exchange::FormatError>(const exchange::Sink&)>;
+    void writeSheets(const Project& project, const exchange::Format& format) const;
+    void writeCombinations(const Project& project, const exchange::Format& format) const;
+    void write(const Project& project, const Write& write) const;
+    void writeFile(const Project& project, const Write& write) const;
+    void require(const std::optional<exchange::FormatError>& error) const;
 
     std::string m_file;
     std::optional<std::string> m_out;
     ExchangeOptions m_options;
+    CombinationOptions m_which;
     std::optional<std::string> m_safVersion;
 };
 
@@ -44,7 +55,9 @@ void ExportCommand::declare(Arguments& args)
               "File to write; - (the default) is standard output");
     args.text("--saf-version", m_safVersion, Arguments::Need::Optional, "Version of SAF that is written");
     m_options.declare(args,
-                      "actions, loadcases or both with a comma between; what the format holds unless given");
+                      "actions, loadcases or both with a comma between, or combinations; the sheets that the "
+                      "format holds unless given");
+    m_which.declare(args);
 }
 
 const exchange::Format& ExportCommand::chosenFormat() const
@@ -62,6 +75,9 @@ exchange::Source ExportCommand::sourceOf(const Project& project, const exchange:
     source.db = project.db();
     source.name = QFileInfo(qtext(m_file)).completeBaseName().toStdString();
     source.facts = project.facts();
+    if (m_options.meansCombinations()) {
+        return source;
+    }
     source.sheets = m_options.sheets();
     if (source.sheets.empty()) {
         source.sheets = {exchange::Sheet::LoadCases};
@@ -73,22 +89,25 @@ exchange::Source ExportCommand::sourceOf(const Project& project, const exchange:
     return source;
 }
 
-void ExportCommand::writeTo(const exchange::Format& format, const exchange::Source& source,
-                            const exchange::Sink& sink) const
+exchange::FormatOptions ExportCommand::formatOptions() const
 {
     exchange::FormatOptions options = m_options.format();
     if (m_safVersion) {
         requireOneOf("--saf-version", *m_safVersion, exchange::safVersions());
         options.version = *m_safVersion;
     }
-    if (const auto error = format.write(source, options, sink)) {
+    return options;
+}
+
+void ExportCommand::require(const std::optional<exchange::FormatError>& error) const
+{
+    if (error) {
         throw Failure{ExitCode::Refused, m_out.value_or("-") + ": " + error->text};
     }
 }
 
 /// The file is there whole, or as it was before.
-void ExportCommand::writeFile(const Project& project, const exchange::Format& format,
-                              const exchange::Source& source) const
+void ExportCommand::writeFile(const Project& project, const Write& write) const
 {
     if (QFileInfo(qtext(*m_out)) == QFileInfo(qtext(m_file))) {
         project.refuse("the project itself can't be the file to write");
@@ -100,13 +119,13 @@ void ExportCommand::writeFile(const Project& project, const exchange::Format& fo
     if (!file.open(QIODevice::WriteOnly)) {
         fail();
     }
-    writeTo(format, source, [&](std::string_view bytes) {
+    require(write([&](std::string_view bytes) {
         const auto size = static_cast<qint64>(bytes.size());
         if (file.write(bytes.data(), size) != size) {
             fail();
         }
         return true;
-    });
+    }));
     project.throwOnError();
     // The commit alone doesn't notice that the last block didn't fit.
     if (!file.flush() || !file.commit()) {
@@ -114,23 +133,75 @@ void ExportCommand::writeFile(const Project& project, const exchange::Format& fo
     }
 }
 
-ExitCode ExportCommand::run()
+void ExportCommand::write(const Project& project, const Write& write) const
 {
-    const exchange::Format& format = chosenFormat();
-    const Project project = Project::openForReading(m_file);
+    if (m_out && *m_out != "-") {
+        writeFile(project, write);
+        return;
+    }
+    Output out;
+    require(write([&](std::string_view bytes) {
+        out.bytes(bytes);
+        return true;
+    }));
+    out.finish();
+}
+
+void ExportCommand::writeSheets(const Project& project, const exchange::Format& format) const
+{
     const exchange::Source source = sourceOf(project, format);
     for (const std::string& loss : format.losses(source)) {
         std::fprintf(stderr, "mrl-lc: not told in the file: %s\n", loss.c_str());
     }
-    if (m_out && *m_out != "-") {
-        writeFile(project, format, source);
-    } else {
-        Output out;
-        writeTo(format, source, [&](std::string_view bytes) {
-            out.write(bytes);
-            return true;
+    write(project, [&](const exchange::Sink& sink) { return format.write(source, formatOptions(), sink); });
+}
+
+exchange::CombinationRow rowOf(const combine::Combination& combination, const PlannedSituation& planned)
+{
+    exchange::CombinationRow row;
+    row.key = combine::keyText(combination.key);
+    row.leading = combination.leading;
+    row.expression = planned.expression(combination.expression);
+    for (const combine::Share& share : combination.key) {
+        row.factors.emplace_back(share.number, combine::decimalText(share.factor));
+    }
+    return row;
+}
+
+/// Choices with the same factors are one combination for whoever reads the file.
+void ExportCommand::writeCombinations(const Project& project, const exchange::Format& format) const
+{
+    const Combinations combinations(project);
+    const PlannedSituation planned = m_which.plan(combinations);
+    const CombinationList list(m_file, m_which, combinations, planned);
+    const exchange::Source source = sourceOf(project, format);
+    exchange::CombinationTable table{planned.situation->name, planned.situation->kind, {}, {}};
+    table.numbers = planned.plan.prepared.numbers;
+    std::sort(table.numbers.begin(), table.numbers.end());
+    table.tell = [&](const exchange::CombinationTable::Visit& visit) {
+        std::set<combine::Key> told;
+        list.tell([&](const combine::Combination& combination) {
+            if (told.insert(combination.key).second) {
+                visit(rowOf(combination, planned));
+            }
         });
-        out.finish();
+    };
+    write(project, [&](const exchange::Sink& sink) {
+        return format.writeCombinations(source, table, formatOptions(), sink);
+    });
+}
+
+ExitCode ExportCommand::run()
+{
+    const exchange::Format& format = chosenFormat();
+    const Project project = Project::openForReading(m_file);
+    if (m_options.meansCombinations()) {
+        writeCombinations(project, format);
+    } else if (m_which.isGiven()) {
+        throw Failure{ExitCode::Usage,
+                      "--situation, --limit, --keep and --numbers are for --what combinations"};
+    } else {
+        writeSheets(project, format);
     }
     project.throwOnError();
     return ExitCode::Done;

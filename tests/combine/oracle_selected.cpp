@@ -34,10 +34,9 @@ bool Selected::acceptsConstant(std::size_t i)
     if (m_roles[i] == nullptr) {
         return !acts(i);
     }
-    const bool isMustAct =
-        (role == LCM_Role::Permanent || role == LCM_Role::Prestress) &&
-        (act.code == LC_SUPERPOSITION_PERM || act.code == LC_SUPERPOSITION_PERC ||
-         act.code == LC_SUPERPOSITION_ALEX);
+    const bool isMustAct = (role == LCM_Role::Permanent || role == LCM_Role::Prestress) &&
+                           (act.code == LC_SUPERPOSITION_PERM || act.code == LC_SUPERPOSITION_PERC ||
+                            act.code == LC_SUPERPOSITION_ALEX);
     return acts(i) || !isMustAct;
 }
 
@@ -51,8 +50,8 @@ bool Selected::constantPartFits()
         if (!acceptsConstant(i)) {
             return false;
         }
-        const bool isPermanent = !act.isImperfection && (act.category == Category::Permanent ||
-                                                         act.category == Category::Prestress);
+        const bool isPermanent = !act.isImperfection &&
+                                 (act.category == Category::Permanent || act.category == Category::Prestress);
         if (isPermanent && act.code == LC_SUPERPOSITION_EXEX && acts(i) &&
             ++pools[act.first + std::to_string(static_cast<int>(act.category))] > 1) {
             return false;
@@ -173,8 +172,7 @@ bool Selected::someGroupMayRest() const
     for (std::size_t j = m_constants; j < m_acts.size(); ++j) {
         if (m_acts[j].group > 0) {
             bool& isMustGroup = must[m_acts[j].group];
-            isMustGroup =
-                isMustGroup || (isMust(j) && entry(LCM_Role::Others, j, m_leaderNames) != nullptr);
+            isMustGroup = isMustGroup || (isMust(j) && entry(LCM_Role::Others, j, m_leaderNames) != nullptr);
         }
     }
     return std::any_of(must.begin(), must.end(), [](const auto& each) { return !each.second; });

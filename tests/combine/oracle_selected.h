@@ -38,8 +38,8 @@ class Selected : protected Rules
     std::vector<const LCM_RoleEntry*> m_roles; ///< by action; null: it rests
     std::string m_accident;                    ///< the accidental or seismic action that acts
     std::set<std::string> m_actingBlocks;
-    int m_group = 0;                           ///< the first load group that acts
-    std::vector<std::string> m_leaderNames;    ///< the names under which the leading block leads
+    int m_group = 0;                        ///< the first load group that acts
+    std::vector<std::string> m_leaderNames; ///< the names under which the leading block leads
 
   private:
     bool acceptsConstant(std::size_t i);

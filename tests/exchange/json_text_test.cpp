@@ -39,6 +39,8 @@ TEST(JsonText, WhatIsNoTableIsRefused)
 {
     EXPECT_EQ(errorOf("json", "[1"), "the file is no JSON object");
     EXPECT_EQ(errorOf("json", "3"), "the file is no JSON object");
+    EXPECT_EQ(errorOf("json", R"({"combinations": []})"),
+              "the file has neither \"actions\" nor \"loadcases\"");
     EXPECT_EQ(errorOf("json", "{\"loadcases\": [}"), "the file is no JSON: byte 16 is not expected");
     EXPECT_EQ(errorOf("json", R"({"loadcases": 3})"), "loadcases, entry 1 is no object");
     EXPECT_EQ(errorOf("json", R"({"loadcases": [{"number": [1]}]})"),
