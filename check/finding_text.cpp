@@ -114,7 +114,8 @@ constexpr RuleWords RULE_WORDS[] = {
                                                      "number; accepting the dialog drops it")}},
     {LCM_Rule::LoadCaseFactorsDifferFromAction,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck",
-                                 "it keeps factors that differ from those of its action %1, which count")}},
+                                 "it keeps factors that differ from those of its action %1, which count; "
+                                 "choose the action again to let it follow")}},
     {LCM_Rule::Psi1WithoutPsi2,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck",
                                  "Psi1 is marked without Psi2, so that every Psi1 below 1.0 is refused")}},

@@ -635,8 +635,8 @@ Die Einwirkungen sind:
         <translation>die Nummer liegt über 999999</translation>
     </message>
     <message>
-        <source>it keeps factors that differ from those of its action %1, which count</source>
-        <translation>behält Beiwerte, die von denen seiner Einwirkung %1 abweichen; diese zählen</translation>
+        <source>it keeps factors that differ from those of its action %1, which count; choose the action again to let it follow</source>
+        <translation>behält Beiwerte, die von denen seiner Einwirkung %1 abweichen; diese zählen; wird die Einwirkung neu gewählt, folgt er ihr</translation>
     </message>
     <message>
         <source>the project has no action %1</source>

@@ -3,6 +3,8 @@
 #include <fstream>
 
 #include "cli/run.h"
+#include "lcdata/values/keys.h"
+#include "lcdata/values/records.h"
 
 using mrl::test::CliTest;
 using mrl::test::mrlLc;
@@ -156,6 +158,19 @@ TEST_F(Combine, RefusesLoadCasesWithTheirNumbers)
     done({"action", "create", file, "S"});
     done({"action", "set", file, "W", "--gamf", "2"});
     EXPECT_THAT(fails(1, {"combine", file}), HasSubstr("load case 3: action W: "));
+}
+
+TEST_F(Combine, RefusesALoadCaseWithOtherFactorsThanItsActionAndTellsTheCure)
+{
+    auto record = stored<tagCDB_LC_CTRL>(LC_KWH_CASES, "3");
+    record.psi0 = 0.3f;
+    const QByteArray bytes(reinterpret_cast<const char*>(&record), sizeof record);
+    done({"put", file, std::to_string(LC_KWH_CASES), "3", bytes.toHex().toStdString()});
+    EXPECT_THAT(fails(1, {"combine", file}),
+                HasSubstr("load case 3: it keeps factors that differ from those of its action W, which count; "
+                          "choose the action again to let it follow"));
+    done({"case", "set", file, "3", "--action", "W"});
+    EXPECT_EQ(keys().size(), 10u);
 }
 
 TEST_F(Combine, RefusesASituationThatTheCodeLacks)

@@ -1,4 +1,4 @@
-// Takes pictures of every window of the workbench and the managers: screenshots FOLDER PROJECT [en|de]
+// Takes pictures of every window of the workbench and the managers: screenshots FOLDER PROJECT RESPONSES [en|de]
 // Windows that open modally are photographed from within their own event loop.
 #include <QCommandLinkButton>
 #include <QDir>
@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -18,6 +19,7 @@
 #include "hostlib/data/settings/settings.h"
 #include "rules/action_columns.h"
 #include "rules/load_case_columns.h"
+#include "workbench/combinations/combinations_page.h"
 #include "workbench/main_window.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/resources.h"
@@ -25,6 +27,7 @@
 
 namespace {
 
+using mrl::workbench::CombinationsPage;
 using mrl::workbench::MainWindow;
 using mrl::workbench::Manager;
 
@@ -146,16 +149,31 @@ void managers(MainWindow& window, Photographer& camera)
                           });
 }
 
+/// The page of combinations: the situations with a list, and what governs a response.
+void combinations(MainWindow& window, const QString& responses, Photographer& camera)
+{
+    auto* page = window.findChild<CombinationsPage*>();
+    window.findChild<QTabWidget*>(QStringLiteral("project_tabs"))->setCurrentWidget(page);
+    camera.take(&window, "combinations");
+    const QString problem = page->openResponses(responses);
+    if (!problem.isEmpty()) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(responses), qPrintable(problem));
+    }
+    auto* table = page->findChild<QTableView*>(QStringLiteral("table_extremes"));
+    table->setCurrentIndex(table->model()->index(2, 3));
+    camera.take(&window, "combinations-extremes");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc < 3) {
-        std::fprintf(stderr, "usage: %s FOLDER PROJECT [en|de]\n", argv[0]);
+    if (argc < 4) {
+        std::fprintf(stderr, "usage: %s FOLDER PROJECT RESPONSES [en|de]\n", argv[0]);
         return 2;
     }
     mrl::workbench::initResources();
-    const bool german = argc > 3 && qstrcmp(argv[3], "de") == 0;
+    const bool german = argc > 4 && qstrcmp(argv[4], "de") == 0;
     mrl::settings::setLanguage(german ? mrl::settings::German : mrl::settings::English);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -184,6 +202,7 @@ int main(int argc, char** argv)
     auto* tabs = window.findChild<QTabWidget*>(QStringLiteral("project_tabs"));
     tabs->setCurrentIndex(1);
     camera.take(&window, "generated-input");
+    combinations(window, QString::fromLocal8Bit(argv[3]), camera);
     tabs->setCurrentIndex(0);
     camera.modal("settings", [&] { window.slot_settings(); });
     camera.modal("about", [&] { window.slot_about(); });
