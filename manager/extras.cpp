@@ -27,7 +27,7 @@ enum RowKind { AllRows, FindingsOnly, ChangedOnly };
 } // namespace
 
 LCM_Extras::LCM_Extras(QWidget* dialog, const LCM_HistoryTabs& tabs)
-    : QWidget(dialog), m_tabs(tabs), m_findingsView(new QListView(dialog)),
+    : QWidget(dialog), m_tabs(tabs), m_rows(tabs), m_findingsView(new QListView(dialog)),
       m_findingTexts(new QStringListModel(this)), m_filterTimer(new QTimer(this)),
       m_findingsTimer(new QTimer(this))
 {
@@ -59,12 +59,20 @@ void LCM_Extras::start()
     if (LCM_History::isSupported()) {
         m_history = std::make_unique<LCM_History>(m_tabs, nullptr);
         connect(m_history.get(), &LCM_History::changed, this, &LCM_Extras::showHistory);
+        connect(m_history.get(), &LCM_History::changed, this, [this] { m_rows.noteChange(); });
     }
     for (LCM_TabInterface* tab : allTabs()) {
         connect(tab->tableWidget(), &QTableWidget::cellChanged, m_findingsTimer,
                 [this] { m_findingsTimer->start(0); });
     }
     showHistory();
+}
+
+void LCM_Extras::noteAcceptance() const
+{
+    if (m_history) {
+        m_rows.noteAcceptance(*m_history);
+    }
 }
 
 void LCM_Extras::tell(const QString& message)

@@ -7,6 +7,7 @@
 
 #include "history/history.h"
 #include "manager/findings_list.h"
+#include "manager/row_reader.h"
 
 class QAction;
 class QLabel;
@@ -34,6 +35,8 @@ class LCM_Extras : public QWidget
     void start();
     /// How many steps are lost if the dialog is left.
     int stepCount() const { return m_history ? m_history->undoCount() : 0; }
+    /// The dialog was accepted, with its rows as they are now.
+    void noteAcceptance() const;
 
   public slots:
     /// Judges all rows of both tabs anew and lists what is found.
@@ -69,6 +72,7 @@ class LCM_Extras : public QWidget
     std::vector<LCM_TabInterface*> allTabs() const;
 
     LCM_HistoryTabs m_tabs;
+    LCM_RowReader m_rows;
     std::unique_ptr<LCM_History> m_history; ///< null until start, and where the host has no journals
     QToolButton* m_undo = nullptr;          ///< child of this, like all below but the list of findings
     QToolButton* m_redo = nullptr;

@@ -55,6 +55,9 @@ void LoadcaseManager::accept()
     const std::vector<LCM_LoadcaseCopy> copies = m_control->copies;
     MRL_H_Dialog::accept();
     if (result() == QDialog::Accepted) {
+        if (m_extras) {
+            m_extras->noteAcceptance();
+        }
         return;
     }
     // Saving may have set these before it failed and was rolled back.

@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Changes</name>
+    <message>
+        <source>Load case %1</source>
+        <translation type="unfinished">Lastfall %1</translation>
+    </message>
+    <message>
+        <source>Action %1</source>
+        <translation type="unfinished">Einwirkung %1</translation>
+    </message>
+    <message>
+        <source>Fact %1</source>
+        <translation>Angabe %1</translation>
+    </message>
+    <message>
+        <source>Record %1</source>
+        <translation>Satz %1</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>deleted</source>
+        <translation>gelöscht</translation>
+    </message>
+    <message>
+        <source>rewritten by the acceptance, edited by nobody</source>
+        <translation>von der Übernahme neu geschrieben, von niemandem geändert</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Edits the actions and load cases of structural models.</source>
@@ -134,6 +165,57 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>Recovery</source>
+        <translation>Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>It is left alone as %1.</source>
+        <translation>Er bleibt unberührt als %1.</translation>
+    </message>
+    <message>
+        <source>Records that were not saved: %1</source>
+        <translation>Nicht gespeicherte Sätze: %1</translation>
+    </message>
+    <message>
+        <source>A manager was open with edits that were not accepted: %1 actions, %2 load cases</source>
+        <translation>Ein Manager war mit nicht übernommenen Änderungen offen: %1 Einwirkungen, %2 Lastfälle</translation>
+    </message>
+    <message>
+        <source>Recovering is one step, which can be undone; the file changes when you save.</source>
+        <translation>Das Wiederherstellen ist ein Schritt, der rückgängig gemacht werden kann; die Datei ändert sich erst beim Speichern.</translation>
+    </message>
+    <message>
+        <source>The snapshot of a run that ended unexpectedly can&apos;t be read.</source>
+        <translation>Der Zwischenstand eines unerwartet beendeten Laufs ist nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes to %1 from %2 fit no project: the file is gone or is another one.</source>
+        <translation>Nicht gespeicherte Änderungen an %1 vom %2 passen zu keinem Projekt: Die Datei fehlt oder ist eine andere.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes to %1 from %2 are older than the file, which was saved since.</source>
+        <translation>Nicht gespeicherte Änderungen an %1 vom %2 sind älter als die Datei, die seither gespeichert wurde.</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly with unsaved changes to %1. The last snapshot is from %2.</source>
+        <translation>Das Programm endete unerwartet mit nicht gespeicherten Änderungen an %1. Der letzte Zwischenstand ist vom %2.</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete the snapshot</source>
+        <translation>Zwischenstand &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+</context>
+<context>
     <name>Workbench</name>
     <message>
         <source>%1 holds no managers.</source>
@@ -224,6 +306,43 @@
     </message>
 </context>
 <context>
+    <name>mrl::workbench::ChangesDialog</name>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Nachher</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::ChangesModel</name>
+    <message>
+        <source>Record</source>
+        <translation>Satz</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Bemerkung</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::ChangesTable</name>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+</context>
+<context>
     <name>mrl::workbench::CombinationListModel</name>
     <message>
         <source>Combination</source>
@@ -302,6 +421,52 @@
     </message>
 </context>
 <context>
+    <name>mrl::workbench::ConflictDialog</name>
+    <message>
+        <source>Save project</source>
+        <translation type="unfinished">Projekt speichern</translation>
+    </message>
+    <message>
+        <source>Another program has changed this project since it was opened.</source>
+        <translation type="unfinished">Ein anderes Programm hat dieses Projekt geändert, seit es geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>In the file</source>
+        <translation>In der Datei</translation>
+    </message>
+    <message>
+        <source>Here</source>
+        <translation>Hier</translation>
+    </message>
+    <message>
+        <source>Overwriting replaces the actions and load cases of the file by those shown here. &quot;Save as&quot; keeps both. Reloading gives up what is here, and can be undone.</source>
+        <translation>Überschreiben ersetzt die Einwirkungen und Lastfälle der Datei durch die hier gezeigten. „Speichern unter“ behält beide. Neu laden gibt auf, was hier steht, und lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <translation>&amp;Neu laden</translation>
+    </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation type="unfinished">Speichern &amp;unter ...</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation type="unfinished">Ü&amp;berschreiben</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::DocumentHistory</name>
+    <message>
+        <source>The project was changed outside of its history; the earlier steps can&apos;t be undone any more.</source>
+        <translation>Das Projekt wurde außerhalb seines Verlaufs geändert; die früheren Schritte lassen sich nicht mehr rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>The oldest steps can&apos;t be undone any more: %1</source>
+        <translation>Die ältesten Schritte lassen sich nicht mehr rückgängig machen: %1</translation>
+    </message>
+</context>
+<context>
     <name>mrl::workbench::ExtremesModel</name>
     <message>
         <source>Response</source>
@@ -340,6 +505,61 @@
     <message>
         <source>Finding</source>
         <translation>Befund</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::HistoryPanel</name>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Go there</source>
+        <translation>&amp;Dorthin</translation>
+    </message>
+    <message>
+        <source>C&amp;hanges...</source>
+        <translation>&amp;Änderungen...</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+    <message>
+        <source>Undoes or does again until this step is the last one</source>
+        <translation>Macht rückgängig oder wiederholt, bis dieser Schritt der letzte ist</translation>
+    </message>
+    <message>
+        <source>Lists each record that the step changed, with old and new values</source>
+        <translation>Zeigt jeden Satz, den der Schritt geändert hat, mit altem und neuem Wert</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>The project as it was opened</source>
+        <translation>Das Projekt, wie es geöffnet wurde</translation>
+    </message>
+    <message>
+        <source>%1  %2 (records: %3)</source>
+        <translation>%1  %2 (Sätze: %3)</translation>
+    </message>
+    <message>
+        <source>%1, undone</source>
+        <translation>%1, rückgängig gemacht</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
     </message>
 </context>
 <context>
@@ -563,10 +783,6 @@
         <translation>&amp;Befunde zeigen</translation>
     </message>
     <message>
-        <source>&amp;Reload, giving up my changes</source>
-        <translation>&amp;Neu laden, meine Änderungen aufgeben</translation>
-    </message>
-    <message>
         <source>%1 from %2 (factor %3)</source>
         <translation>%1 von %2 (Faktor %3)</translation>
     </message>
@@ -605,6 +821,42 @@
     <message>
         <source>Combinations</source>
         <translation>Kombinationen</translation>
+    </message>
+    <message>
+        <source>Acceptance in the managers</source>
+        <translation>Übernahme in den Managern</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Recovery of unsaved changes</source>
+        <translation>Wiederherstellung nicht gespeicherter Änderungen</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>Recovered; Ctrl+Z takes it back.</source>
+        <translation>Wiederhergestellt; Strg+Z macht es rückgängig.</translation>
+    </message>
+    <message>
+        <source>Rewritten, edited by nobody: %1.</source>
+        <translation>Neu geschrieben, von niemandem geändert: %1.</translation>
+    </message>
+    <message>
+        <source>Deletion of unused load cases: %1</source>
+        <translation>Löschen unbenutzter Lastfälle: %1</translation>
     </message>
 </context>
 <context>

@@ -76,6 +76,8 @@ bool Document::isModified() const { return isOpen() && m_shadow.host().hasChange
 
 int Document::database() const { return m_shadow.index(); }
 
+int Document::fileDatabase() const { return m_shadow.host().file(); }
+
 QString Document::designCodeFailure() const { return mrl::workbench::designCodeFailure(database()); }
 
 void Document::markAll()
@@ -100,6 +102,13 @@ Document::Result Document::save(bool overwrite)
         break;
     }
     return {Outcome::Failed, ui::failureText(saved.failure)};
+}
+
+QString Document::reload()
+{
+    const WaitCursor cursor;
+    const auto reloaded = m_shadow.host().reload();
+    return reloaded ? QString() : ui::failureText(reloaded);
 }
 
 Document::Result Document::saveAs(const QString& file)

@@ -38,6 +38,8 @@ class Document : public QObject
     bool isModified() const;
     /// The database of the document, -1 when none is open.
     int database() const;
+    /// The database of the project's file, -1 when there is none.
+    int fileDatabase() const;
     /// Why the design code of the project can't be loaded; empty when it can.
     QString designCodeFailure() const;
 
@@ -58,6 +60,10 @@ class Document : public QObject
     Result save(bool overwrite);
     /// Writes the whole project into another file and goes on with that.
     Result saveAs(const QString& file);
+
+    /// Makes the document equal to its file as that is now; unsaved changes are lost. To be run as a step.
+    /// @return empty, or why not; the document stays as it was then
+    QString reload();
 
     MRL_H_ShadowDatabase& shadow() { return m_shadow; }
 

@@ -117,7 +117,7 @@ void DocumentHistory::keep(const QString& name, cdb::RecordImage image)
     const auto done = static_cast<std::size_t>(m_done);
     m_images.cut(done);
     m_steps.resize(done);
-    m_steps.push_back({name, QDateTime::currentDateTime(), image.keyCount() + image.facts().size()});
+    m_steps.push_back({name, QDateTime::currentDateTime(), image.keyCount() + image.facts().size(), {}});
     ++m_done;
     noteVersion();
     const cdb::Result kept = m_images.add(std::move(image));
@@ -158,10 +158,9 @@ std::vector<DocumentHistory::Change> DocumentHistory::changesOf(int step)
     if (step < 0 || step >= m_done || !m_images.get(static_cast<std::size_t>(step), image)) {
         return {};
     }
-    std::vector<Change> changes = changesIn(image);
     cdb::RecordImage after;
     static_cast<void>(cdb::imageNow(m_db, image, after));
-    takeAfter(after, changes);
+    std::vector<Change> changes = changesOf(image, after);
     // What a step left is what the next one that touches it found.
     for (int later = m_done - 1; later > step; --later) {
         if (m_images.get(static_cast<std::size_t>(later), after)) {
@@ -169,6 +168,21 @@ std::vector<DocumentHistory::Change> DocumentHistory::changesOf(int step)
         }
     }
     return changes;
+}
+
+std::vector<DocumentHistory::Change> DocumentHistory::changesOf(const cdb::RecordImage& before,
+                                                                const cdb::RecordImage& after)
+{
+    std::vector<Change> changes = changesIn(before);
+    takeAfter(after, changes);
+    return changes;
+}
+
+void DocumentHistory::noteEdited(Keys edited)
+{
+    if (m_done > 0) {
+        m_steps[static_cast<std::size_t>(m_done - 1)].edited = std::move(edited);
+    }
 }
 
 } // namespace mrl::workbench

@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <optional>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "hostlib/data/cdb/image_log.h"
@@ -19,11 +21,13 @@ class DocumentHistory : public QObject
 {
     Q_OBJECT
   public:
+    using Keys = std::set<std::pair<int, int>>; ///< KWH and KWL
     struct Step
     {
         QString name;
         QDateTime when;
-        std::size_t keys = 0; ///< how many records or facts it changed
+        std::size_t keys = 0;       ///< how many records or facts it changed
+        std::optional<Keys> edited; ///< records that somebody edited; nothing where that isn't known
     };
     /// A key or a fact that a step changed.
     struct Change
@@ -61,6 +65,11 @@ class DocumentHistory : public QObject
     /// What a step that is done changed, from what stood there before to what it left.
     /// @return as much as could be read
     std::vector<Change> changesOf(int step);
+    /// The changes from one image to another one of the same keys.
+    static std::vector<Change> changesOf(const mrl::cdb::RecordImage& before,
+                                         const mrl::cdb::RecordImage& after);
+    /// Notes for the last step which records somebody edited. Other records that it changed were rewritten by it.
+    void noteEdited(Keys edited);
 
   signals:
     /// Other steps, or another number of them is done.

@@ -41,13 +41,14 @@ int main(int argc, char** argv)
     mrl::workbench::turnExtrasOnAtFirst();
     MainWindow window;
     window.show();
-    if (!line.project.isEmpty()) {
-        // From the event loop, so that a message about the file has a window behind it.
-        QTimer::singleShot(0, &window, [&] {
-            if (window.openProject(line.project) && line.manager) {
-                window.openManager(*line.manager);
-            }
-        });
-    }
+    // From the event loop, so that a message has a window behind it.
+    QTimer::singleShot(0, &window, [&] {
+        if (mrl::workbench::wantsExtras() && window.offerRecovery()) {
+            return; // rather than what the command line names: there is something to be saved first
+        }
+        if (!line.project.isEmpty() && window.openProject(line.project) && line.manager) {
+            window.openManager(*line.manager);
+        }
+    });
     return QApplication::exec();
 }

@@ -43,7 +43,9 @@ MainWindow::MainWindow() : m_document(new Document(m_managers, this))
     m_place->setObjectName(QStringLiteral("place"));
     statusBar()->addWidget(m_place, 1);
     createActions();
+    createHistory();
     createFileMenu();
+    createEditMenu();
     createOtherMenus();
     createToolBar();
 

@@ -13,12 +13,15 @@ class QStackedWidget;
 namespace mrl::workbench {
 
 class CombinationsPage;
+class HistoryPanel;
 class InputPage;
+class Recovery;
 class StartPage;
 class SummaryPage;
 class TaskPanel;
 struct NewProject;
 struct ProjectSummary;
+struct Snapshot;
 
 /// The host's window: one project, its tasks, and what came of them.
 class MainWindow : public QMainWindow
@@ -34,6 +37,8 @@ class MainWindow : public QMainWindow
     /// @param loadCases to be selected in it
     void openManager(Manager which, const std::set<int>& loadCases = {});
     const Document& document() const { return *m_document; }
+    /// Offers what runs that ended unexpectedly have left. @return whether a project was recovered and is open
+    bool offerRecovery();
 
   public slots:
     void slot_new();
@@ -60,6 +65,8 @@ class MainWindow : public QMainWindow
   private:
     void createActions();
     void createFileMenu();
+    void createHistory();
+    void createEditMenu();
     void createOtherMenus();
     void createToolBar();
     QWidget* createProjectPage();
@@ -69,9 +76,16 @@ class MainWindow : public QMainWindow
     bool createAndOpen(const NewProject& wish);
     bool saved(const Document::Result& result);
     bool overwriteConflict();
+    bool chooseInConflict();
+    void reload();
     /// Runs the dialog as a module of the package does, and tells what came of it.
     void runDialog(Manager which, const std::set<int>& loadCases);
-    void tellAccepted(const ProjectSummary& before, const MRL_LC_CtrlStruct& control);
+    void tellAccepted(const ProjectSummary& before, const MRL_LC_CtrlStruct& control, int rewritten);
+    /// Tells the history what was edited. @return how many records the acceptance rewrote besides
+    int noteEdited();
+    void goToStep(int done);
+    void showChanges(int step);
+    void recover(const QString& file, const Snapshot& snapshot);
     void deleteUnusedLoadCases();
     /// Asks whether a project with findings is to be saved. @return false when the user wants to see them first
     bool maySaveFindings();
@@ -91,6 +105,8 @@ class MainWindow : public QMainWindow
     SummaryPage* m_summary = nullptr;
     InputPage* m_input = nullptr;
     CombinationsPage* m_combinations = nullptr;
+    HistoryPanel* m_history = nullptr;
+    Recovery* m_recovery = nullptr;
     QLabel* m_place = nullptr;
     QMenu* m_recentMenu = nullptr;
     QAction* m_newAction = nullptr;

@@ -11,6 +11,7 @@
 #include "workbench/new_project_dialog.h"
 #include "workbench/recent_files.h"
 #include "workbench/start_page.h"
+#include "workbench/steps/changes_dialog.h"
 #include "workbench/summary_page.h"
 #include "workbench/wanted_extras.h"
 
@@ -89,7 +90,7 @@ bool MainWindow::slot_save()
     }
     const auto result = m_document->save(false);
     if (result.outcome == Document::Outcome::Conflict) {
-        return overwriteConflict();
+        return wantsExtras() ? chooseInConflict() : overwriteConflict();
     }
     return saved(result);
 }
@@ -124,25 +125,37 @@ bool MainWindow::overwriteConflict()
         tr("Overwriting replaces its actions and load cases by those shown here. \"Save as\" keeps "
            "both."));
     auto* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
-    QAbstractButton* saveAs = nullptr;
-    QAbstractButton* reload = nullptr;
-    if (wantsExtras()) {
-        saveAs = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
-        reload = box.addButton(tr("&Reload, giving up my changes"), QMessageBox::ResetRole);
-    }
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
-    if (saveAs && box.clickedButton() == saveAs) {
-        return slot_saveAs();
-    }
-    if (reload && box.clickedButton() == reload) {
-        const QString reason = m_document->open(m_document->file());
-        if (!reason.isEmpty()) {
-            QMessageBox::critical(this, tr("Open project"), reason);
-        }
-        return false;
-    }
     return box.clickedButton() == overwrite && saved(m_document->save(true));
+}
+
+bool MainWindow::chooseInConflict()
+{
+    ConflictDialog dialog(
+        shownChanges(changesBetween(m_document->fileDatabase(), m_document->database()), std::nullopt), this);
+    dialog.exec();
+    switch (dialog.choice()) {
+    case ConflictDialog::Choice::Reload:
+        reload();
+        return false;
+    case ConflictDialog::Choice::SaveAs:
+        return slot_saveAs();
+    case ConflictDialog::Choice::Overwrite:
+        return saved(m_document->save(true));
+    case ConflictDialog::Choice::Cancel:
+        break;
+    }
+    return false;
+}
+
+void MainWindow::reload()
+{
+    QString reason;
+    m_document->runStep(tr("Reload"), [&] { reason = m_document->reload(); });
+    if (!reason.isEmpty()) {
+        QMessageBox::critical(this, tr("Reload"), reason);
+    }
 }
 
 bool MainWindow::slot_saveAs()

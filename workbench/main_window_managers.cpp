@@ -12,8 +12,11 @@
 #include <cmath>
 
 #include "host/mrl_alib.h"
+#include "lcdata/values/keys.h"
 #include "manager/entry_points.h"
 #include "workbench/accepted_changes.h"
+#include "workbench/document_history.h"
+#include "workbench/steps/shown_changes.h"
 #include "workbench/unused_load_cases.h"
 #include "workbench/wanted_extras.h"
 
@@ -58,6 +61,7 @@ void MainWindow::runDialog(Manager which, const std::set<int>& loadCases)
         control.actionOptions |= WITHOUT_OWN_ACTIONS;
     }
     const ProjectSummary before = summarise(m_document->database());
+    const int steps = m_document->history().doneCount();
     std::optional<int> result;
     m_document->runStep(tr("Acceptance in the managers"), [&] {
         result = m_managers.openDialog(control, m_document->shadow(), this);
@@ -71,14 +75,38 @@ void MainWindow::runDialog(Manager which, const std::set<int>& loadCases)
     if (*result == MRL_LC_DELETE_UNUSED) {
         deleteUnusedLoadCases();
     } else if (*result == QDialog::Accepted) {
-        tellAccepted(before, control);
+        const int rewritten = m_document->history().doneCount() > steps ? noteEdited() : 0;
+        tellAccepted(before, control, rewritten);
     }
 }
 
-void MainWindow::tellAccepted(const ProjectSummary& before, const MRL_LC_CtrlStruct& control)
+int MainWindow::noteEdited()
+{
+    std::set<int> loadCases;
+    std::set<int> actions;
+    if (!m_managers.readEdited(loadCases, actions)) {
+        return 0;
+    }
+    DocumentHistory::Keys edited;
+    for (const int number : loadCases) {
+        edited.emplace(LC_KWH_CASES, number);
+    }
+    for (const int code : actions) {
+        edited.emplace(LC_KWH_ACTIONS, code);
+    }
+    DocumentHistory& history = m_document->history();
+    const int rewritten = rewrittenCount(history.changesOf(history.doneCount() - 1), edited);
+    history.noteEdited(std::move(edited));
+    return rewritten;
+}
+
+void MainWindow::tellAccepted(const ProjectSummary& before, const MRL_LC_CtrlStruct& control, int rewritten)
 {
     const QString changes = changesInNumbers(before, summarise(m_document->database()));
     QString text = changes.isEmpty() ? tr("Nothing was changed.") : changes;
+    if (rewritten > 0) {
+        text += QLatin1Char(' ') + tr("Rewritten, edited by nobody: %1.").arg(rewritten);
+    }
     const QString copies = scaledCopies(control.copies);
     if (!copies.isEmpty()) {
         text += QLatin1Char(' ') + tr("The loads of copies belong to other modules: %1.").arg(copies);

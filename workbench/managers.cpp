@@ -48,6 +48,8 @@ Managers::Managers()
     // mrl_loadcase_manager(QWidget*, int, MRL_LC_CtrlStruct&), as the compiler names it.
     m_dialog =
         reinterpret_cast<Dialog>(m_library.resolve("_Z20mrl_loadcase_managerP7QWidgetiR17MRL_LC_CtrlStruct"));
+    m_rows = reinterpret_cast<Rows>(m_library.resolve("mrl_loadcase_manager_rows"));
+    m_edited = reinterpret_cast<Edited>(m_library.resolve("mrl_loadcase_manager_edited"));
     m_actions.reset(factory(QStringLiteral("actionmanager")));
     m_loadCases.reset(factory(QStringLiteral("lcmanager")));
     if (!isLoaded()) {
@@ -107,6 +109,19 @@ std::optional<int> Managers::openDialog(MRL_LC_CtrlStruct& control, MRL_H_Shadow
                                         QWidget* parent)
 {
     return m_dialog ? std::optional<int>(m_dialog(parent, document.index(), control)) : std::nullopt;
+}
+
+int Managers::readRows(MRL_LC_OpenRows& rows, int count) const
+{
+    return m_rows ? m_rows(rows, count) : MRL_LC_ROWS_NONE;
+}
+
+bool Managers::readEdited(std::set<int>& loadCases, std::set<int>& actions) const
+{
+    if (m_edited) {
+        m_edited(loadCases, actions);
+    }
+    return m_edited != nullptr;
 }
 
 QString Managers::generate(MRL_H_ShadowDatabase& document)

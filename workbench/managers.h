@@ -11,6 +11,7 @@
 #include "host/mrl_framework.h"
 #include "host/mrl_textlist.h"
 #include "manager/control_struct.h"
+#include "manager/open_rows.h"
 
 class QWidget;
 
@@ -40,6 +41,11 @@ class Managers
     /// @return the dialog's result, nothing if the library has no such function
     std::optional<int> openDialog(MRL_LC_CtrlStruct& control, MRL_H_ShadowDatabase& document,
                                   QWidget* parent);
+    /// Reads some rows of the dialog that is open, see mrl_loadcase_manager_rows.
+    int readRows(MRL_LC_OpenRows& rows, int count) const;
+    /// What was edited in the dialog that was accepted last, see mrl_loadcase_manager_edited.
+    /// @return whether the library can tell
+    bool readEdited(std::set<int>& loadCases, std::set<int>& actions) const;
     /// The input text that the managers generate.
     QString generate(MRL_H_ShadowDatabase& document);
 
@@ -49,8 +55,13 @@ class Managers
 
     using Dialog = int (*)(QWidget*, int, MRL_LC_CtrlStruct&);
 
+    using Rows = int (*)(MRL_LC_OpenRows&, int);
+    using Edited = void (*)(std::set<int>&, std::set<int>&);
+
     QLibrary m_library;
     Dialog m_dialog = nullptr;
+    Rows m_rows = nullptr;
+    Edited m_edited = nullptr;
     QString m_reason;
     std::unique_ptr<MRL_H_Plugin> m_actions;
     std::unique_ptr<MRL_H_Plugin> m_loadCases;

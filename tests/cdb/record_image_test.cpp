@@ -111,6 +111,20 @@ TEST_F(RecordImages, ASwapThatFailsLeavesProjectAndImage)
     EXPECT_TRUE(holdsTheSameAs(before));
 }
 
+TEST_F(RecordImages, AnImageIsMadeAgainFromItsBytesAndFromNoOthers)
+{
+    change();
+    const RecordImage whole = image();
+    const auto again = RecordImage::fromBytes(whole.bytes());
+    ASSERT_TRUE(again.has_value());
+    EXPECT_EQ(again->keyCount(), whole.keyCount());
+    for (std::size_t size = 1; size < whole.size(); ++size) {
+        const auto cut = RecordImage::fromBytes(whole.bytes().substr(0, size));
+        EXPECT_TRUE(!cut || cut->keyCount() < whole.keyCount()) << size;
+    }
+    EXPECT_FALSE(RecordImage::fromBytes(std::string(13, '\xff')));
+}
+
 TEST_F(RecordImages, EqualProjectsMakeAnEmptyImage)
 {
     EXPECT_TRUE(image().isEmpty());

@@ -182,22 +182,6 @@ TEST_F(WorkbenchExtras, AProjectThatIsDroppedIsOpened)
     EXPECT_EQ(window->document().file(), project.path());
 }
 
-TEST_F(WorkbenchExtras, AConflictCanBeLeftByReloading)
-{
-    open();
-    mrl_lc_remove(db(), 2);
-    {
-        const OtherProgram other(project.path());
-        other.put(LC_KWH_CASES, 8, following("G").title("Other").record());
-    }
-    answers.click("Reload, giving up my changes");
-    EXPECT_FALSE(window->slot_save());
-    tagCDB_LC_CTRL record{};
-    EXPECT_TRUE(mrl_lc_get(db(), 2, record));
-    EXPECT_TRUE(mrl_lc_get(db(), 8, record));
-    EXPECT_FALSE(window->document().isModified());
-}
-
 TEST(AcceptedChanges, CountWhatCameChangedAndWent)
 {
     workbench::ProjectSummary before;

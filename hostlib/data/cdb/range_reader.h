@@ -87,8 +87,9 @@ struct Difference
 
 /// Walks two ranges side by side and hands each key that differs to `differs`, once and in ascending order;
 /// a result of false ends the walk.
-template <class Differs>
-Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs differs)
+/// @param seen is called with the reader of `a` at each of its records, ahead of the verdict on their key
+template <class Differs, class Seen>
+Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs differs, Seen seen)
 {
     for (Database* database : {&a, &b}) {
         if (Result settled = database->transactions().settle(); !settled) {
@@ -110,6 +111,9 @@ Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs di
         bool hereRight = !onlyLeft;
         while (hereLeft || hereRight) {
             same = same && hereLeft && hereRight && left.sameRecord(right);
+            if (hereLeft) {
+                seen(left);
+            }
             hereLeft = hereLeft && left.next() && left.kwl() == key;
             hereRight = hereRight && right.next() && right.kwl() == key;
             single = single && !hereLeft && !hereRight;
@@ -122,6 +126,12 @@ Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs di
         }
     }
     return left.result() ? right.result() : left.result();
+}
+
+template <class Differs>
+Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs differs)
+{
+    return compareRanges(a, b, range, differs, [](const RangeReader&) {});
 }
 
 } // namespace mrl::cdb

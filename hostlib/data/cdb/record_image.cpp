@@ -24,24 +24,47 @@ class BlockReader
     explicit BlockReader(const std::string& bytes) : m_bytes(bytes) {}
 
     bool atEnd() const { return m_at >= m_bytes.size(); }
+    /// Whether everything so far lay within the block.
+    bool isWhole() const { return m_whole; }
     Number number()
     {
         Number value = 0;
-        std::memcpy(&value, m_bytes.data() + m_at, sizeof value);
-        m_at += sizeof value;
+        if (const char* start = bytes(sizeof value)) {
+            std::memcpy(&value, start, sizeof value);
+        }
         return value;
     }
-    const char* record(Number size)
+    std::string record()
     {
-        const char* start = m_bytes.data() + m_at;
-        m_at += static_cast<std::size_t>(size);
-        return start;
+        const auto size = static_cast<std::size_t>(number());
+        const char* start = bytes(size);
+        return start != nullptr ? std::string(start, size) : std::string();
     }
 
   private:
+    const char* bytes(std::size_t size)
+    {
+        m_whole = m_whole && size <= m_bytes.size() - m_at;
+        const char* start = m_whole ? m_bytes.data() + m_at : nullptr;
+        m_at = m_whole ? m_at + size : m_bytes.size();
+        return start;
+    }
+
     const std::string& m_bytes;
     std::size_t m_at = 0;
+    bool m_whole = true;
 };
+
+RecordImage::Entry readEntry(BlockReader& reader)
+{
+    RecordImage::Entry entry;
+    entry.key.kwh = reader.number();
+    entry.key.kwl = reader.number();
+    for (Number left = reader.number(); left > 0 && reader.isWhole(); --left) {
+        entry.records.push_back(reader.record());
+    }
+    return entry;
+}
 
 /// Notes what a reader's database holds under a key. The keys of a reader come in ascending order.
 Result noteKey(RangeReader& reader, const Key& key, RecordImage& out)
@@ -69,6 +92,54 @@ Result noteKeys(Database& database, int kwh, const std::vector<int>& kwls, Recor
     }
     return reader.result();
 }
+
+/// Notes the records of one side while they are compared, and keeps those of the keys that differ: reading them again
+/// afterwards would cost as much as the comparison.
+class DifferingKeys
+{
+  public:
+    DifferingKeys(int kwh, RecordImage& out) : m_kwh(kwh), m_out(out) { keep(); }
+    ~DifferingKeys() { m_out.cut(m_size, m_keyCount); }
+    DifferingKeys(const DifferingKeys&) = delete;
+    DifferingKeys& operator=(const DifferingKeys&) = delete;
+
+    void see(const RangeReader& reader)
+    {
+        if (!m_open || m_kwl != reader.kwl()) {
+            begin(reader.kwl());
+        }
+        m_out.addRecord(reader.bytes(), reader.size());
+    }
+    void differs(int kwl)
+    {
+        if (!m_open || m_kwl != kwl) {
+            begin(kwl);
+        }
+        keep();
+    }
+
+  private:
+    void begin(int kwl)
+    {
+        m_out.cut(m_size, m_keyCount);
+        m_out.beginKey({m_kwh, kwl});
+        m_kwl = kwl;
+        m_open = true;
+    }
+    void keep()
+    {
+        m_size = m_out.size();
+        m_keyCount = m_out.keyCount();
+        m_open = false;
+    }
+
+    int m_kwh;
+    RecordImage& m_out;
+    std::size_t m_size = 0; ///< of what is kept
+    std::size_t m_keyCount = 0;
+    bool m_open = false; ///< a key is noted whose verdict isn't known
+    int m_kwl = 0;
+};
 
 Result noteFacts(int of, int other, RecordImage& out)
 {
@@ -146,19 +217,21 @@ Result writeImage(int db, const RecordImage& image)
 
 void RecordImage::forEach(const std::function<bool(const Entry&)>& visit) const
 {
-    Entry entry;
-    for (BlockReader reader(m_bytes); !reader.atEnd();) {
-        entry.key.kwh = reader.number();
-        entry.key.kwl = reader.number();
-        entry.records.resize(static_cast<std::size_t>(reader.number()));
-        for (std::string& record : entry.records) {
-            const Number size = reader.number();
-            record.assign(reader.record(size), static_cast<std::size_t>(size));
-        }
-        if (!visit(entry)) {
-            return;
-        }
+    BlockReader reader(m_bytes);
+    while (!reader.atEnd() && visit(readEntry(reader))) {
     }
+}
+
+std::optional<RecordImage> RecordImage::fromBytes(std::string bytes)
+{
+    RecordImage image;
+    image.m_bytes = std::move(bytes);
+    BlockReader reader(image.m_bytes);
+    while (!reader.atEnd()) {
+        static_cast<void>(readEntry(reader));
+        ++image.m_keyCount;
+    }
+    return reader.isWhole() ? std::optional<RecordImage>(std::move(image)) : std::nullopt;
 }
 
 std::string RecordImage::takeBytes() { return std::exchange(m_bytes, {}); }
@@ -170,6 +243,12 @@ void RecordImage::beginKey(const Key& key)
     m_countAt = m_bytes.size();
     putNumber(m_bytes, 0);
     ++m_keyCount;
+}
+
+void RecordImage::cut(std::size_t size, std::size_t keyCount)
+{
+    m_bytes.resize(size);
+    m_keyCount = keyCount;
 }
 
 void RecordImage::addRecord(const void* bytes, int size)
@@ -195,14 +274,14 @@ Result imageOfDifferences(int of, int other, RecordImage& out)
         }
     }
     for (const int kwh : kwhs) {
-        std::vector<int> differing;
-        Result result = compareRanges(*both.first, *both.second, {kwh}, [&](const Difference& difference) {
-            differing.push_back(difference.kwl);
-            return true;
-        });
-        if (result) {
-            result = noteKeys(*both.first, kwh, differing, out);
-        }
+        DifferingKeys differing(kwh, out);
+        const Result result = compareRanges(
+            *both.first, *both.second, {kwh},
+            [&](const Difference& difference) {
+                differing.differs(difference.kwl);
+                return true;
+            },
+            [&](const RangeReader& reader) { differing.see(reader); });
         if (!result) {
             return result;
         }

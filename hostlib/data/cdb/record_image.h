@@ -29,14 +29,19 @@ class MRL_HOST_API RecordImage
     /// Calls for each key, group by group in ascending order. A result of false ends the walk.
     void forEach(const std::function<bool(const Entry&)>& visit) const;
 
-    /// The block of the records, and a copy of this image that holds another block: so that it can be kept elsewhere.
+    /// The block of the records, so that it can be kept elsewhere and given back.
+    const std::string& bytes() const { return m_bytes; }
     std::string takeBytes();
     void giveBytes(std::string bytes) { m_bytes = std::move(bytes); }
+    /// An image from the block of another one. @return nothing for bytes that are none
+    static std::optional<RecordImage> fromBytes(std::string bytes);
     std::size_t size() const { return m_bytes.size(); }
 
     // For those who make one, keys in the order of forEach.
     void beginKey(const Key& key);
     void addRecord(const void* bytes, int size);
+    /// Takes back what was added since the image had this size and so many keys.
+    void cut(std::size_t size, std::size_t keyCount);
     void addFact(const std::string& name, const std::string& value) { m_facts[name] = value; }
 
   private:

@@ -320,6 +320,26 @@ mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
     return {};
 }
 
+cdb::Result MRL_H_ProjectDocument::reload()
+{
+    if (m_file < 0) {
+        return {cdb::Code::NoFile, "The project has no file yet."};
+    }
+    if (auto result = followFile(); !result) {
+        return result;
+    }
+    cdb::Transaction transaction(m_copy);
+    if (auto result = replaceAll(m_file, m_copy); !result) {
+        return result;
+    }
+    if (auto result = transaction.commit(); !result) {
+        return result;
+    }
+    m_fileInCommon.reset();
+    m_copyInCommon.reset();
+    return m_state.reset(m_copy);
+}
+
 cdb::Result MRL_H_ProjectDocument::saveAs(const QString& path)
 {
     if (m_copy < 0) {

@@ -75,6 +75,9 @@ class MRL_HOST_API MRL_H_ProjectDocument
     /// no longer has are deleted.
     mrl::ui::SaveResult save(mrl::ui::OnConflict onConflict = mrl::ui::OnConflict::Report);
 
+    /// Makes the whole document equal to its file. Unsaved changes are lost; on failure it stays as it was.
+    mrl::cdb::Result reload();
+
     /// Writes the whole document to another file, in one transaction, and goes on with that file. A project
     /// that the file holds already is replaced; a file that is no project is refused. On failure the document
     /// stays with its former file.
