@@ -5,11 +5,11 @@
     <name>Changes</name>
     <message>
         <source>Load case %1</source>
-        <translation type="unfinished">Lastfall %1</translation>
+        <translation>Lastfall %1</translation>
     </message>
     <message>
         <source>Action %1</source>
-        <translation type="unfinished">Einwirkung %1</translation>
+        <translation>Einwirkung %1</translation>
     </message>
     <message>
         <source>Fact %1</source>
@@ -424,11 +424,11 @@
     <name>mrl::workbench::ConflictDialog</name>
     <message>
         <source>Save project</source>
-        <translation type="unfinished">Projekt speichern</translation>
+        <translation>Projekt speichern</translation>
     </message>
     <message>
         <source>Another program has changed this project since it was opened.</source>
-        <translation type="unfinished">Ein anderes Programm hat dieses Projekt geändert, seit es geöffnet wurde.</translation>
+        <translation>Ein anderes Programm hat dieses Projekt geändert, seit es geöffnet wurde.</translation>
     </message>
     <message>
         <source>In the file</source>
@@ -448,11 +448,11 @@
     </message>
     <message>
         <source>Save &amp;as...</source>
-        <translation type="unfinished">Speichern &amp;unter ...</translation>
+        <translation>Speichern &amp;unter ...</translation>
     </message>
     <message>
         <source>&amp;Overwrite</source>
-        <translation type="unfinished">Ü&amp;berschreiben</translation>
+        <translation>Ü&amp;berschreiben</translation>
     </message>
 </context>
 <context>
