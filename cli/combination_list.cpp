@@ -64,10 +64,11 @@ CombinationList::CombinationList(const std::string& file, const CombinationOptio
     const int limit = options.limit.value_or(DEFAULT_LIMIT);
     m_count = combine::countChoices(planned.plan).all;
     if (m_count > limit) {
-        throw Failure{ExitCode::Refused,
-                      file + ": situation " + planned.situation->name + " has " + m_count.str() +
-                          " combinations, more than " + std::to_string(limit) +
-                          "; --limit allows more, 'combine --count' only counts, --keep lists those that govern"};
+        throw Failure{
+            ExitCode::Refused,
+            file + ": situation " + planned.situation->name + " has " + m_count.str() +
+                " combinations, more than " + std::to_string(limit) +
+                "; --limit allows more, 'combine --count' only counts, --keep lists those that govern"};
     }
 }
 

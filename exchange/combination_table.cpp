@@ -46,9 +46,7 @@ std::string writeSheet(const CombinationTable& table, WorkbookWriter& writer)
     }
     std::vector<WorkbookColumn> columns;
     for (std::size_t i = 0; i < headings.size(); ++i) {
-        const double width = headings[i] == "key"       ? KEY_WIDTH
-                             : i < WORDS.size()         ? WORD_WIDTH
-                                                        : FACTOR_WIDTH;
+        const double width = headings[i] == "key" ? KEY_WIDTH : i < WORDS.size() ? WORD_WIDTH : FACTOR_WIDTH;
         columns.push_back({headings[i], width, isNumberColumn(i)});
     }
     writer.beginSheet("combinations", columns, true);

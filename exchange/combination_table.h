@@ -15,9 +15,9 @@ class WorkbookWriter;
 
 struct CombinationRow
 {
-    std::string key;        ///< "1.35*1+1.5*11"
-    std::string leading;    ///< empty: nobody
-    std::string expression; ///< empty: the situation has one, without a name
+    std::string key;                                  ///< "1.35*1+1.5*11"
+    std::string leading;                              ///< empty: nobody
+    std::string expression;                           ///< empty: the situation has one, without a name
     std::vector<std::pair<int, std::string>> factors; ///< by load case, ascending; those of 0 are left out
 };
 
@@ -26,8 +26,8 @@ struct CombinationTable
     using Visit = std::function<void(const CombinationRow&)>;
 
     std::string situation;
-    std::string kind;         ///< one of LCM_SITUATION_KINDS
-    std::vector<int> numbers; ///< load cases that take part, ascending
+    std::string kind;                       ///< one of LCM_SITUATION_KINDS
+    std::vector<int> numbers;               ///< load cases that take part, ascending
     std::function<void(const Visit&)> tell; ///< tells all rows, the same ones each time
 };
 

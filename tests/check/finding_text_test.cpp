@@ -174,9 +174,10 @@ TEST(FindingText, ProjectsAreToldWhatTheDialogDoes)
               "the record names the action W and will move there when the dialog is accepted");
     EXPECT_EQ(textOf(LCM_Rule::ActionMissing, {QStringLiteral("99")}), "the project has no action 99");
     EXPECT_EQ(textOf(LCM_Rule::LoadCaseNumberAbove999999, {}), "the number is above 999999");
-    EXPECT_EQ(textOf(LCM_Rule::LoadCaseFactorsDifferFromAction, {QStringLiteral("W")}),
-              "it keeps factors that differ from those of its action W, which count; choose the action again to "
-              "let it follow");
+    EXPECT_EQ(
+        textOf(LCM_Rule::LoadCaseFactorsDifferFromAction, {QStringLiteral("W")}),
+        "it keeps factors that differ from those of its action W, which count; choose the action again to "
+        "let it follow");
     EXPECT_EQ(textOf(LCM_Rule::LoadCaseNumberSharedWithModule, {3}),
               "another module keeps a record of kind 3 under this number; accepting the dialog drops it");
 }

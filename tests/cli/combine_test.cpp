@@ -166,9 +166,10 @@ TEST_F(Combine, RefusesALoadCaseWithOtherFactorsThanItsActionAndTellsTheCure)
     record.psi0 = 0.3f;
     const QByteArray bytes(reinterpret_cast<const char*>(&record), sizeof record);
     done({"put", file, std::to_string(LC_KWH_CASES), "3", bytes.toHex().toStdString()});
-    EXPECT_THAT(fails(1, {"combine", file}),
-                HasSubstr("load case 3: it keeps factors that differ from those of its action W, which count; "
-                          "choose the action again to let it follow"));
+    EXPECT_THAT(
+        fails(1, {"combine", file}),
+        HasSubstr("load case 3: it keeps factors that differ from those of its action W, which count; "
+                  "choose the action again to let it follow"));
     done({"case", "set", file, "3", "--action", "W"});
     EXPECT_EQ(keys().size(), 10u);
 }

@@ -73,10 +73,8 @@ TEST_F(ExportCombinations, StandOnceWhereChoicesHaveTheSameFactors)
     EXPECT_EQ(all["situation"], "frequent");
     EXPECT_EQ(all["combinations"].size(), 3u);
     EXPECT_EQ(done({"combine", file, "--situation", "frequent", "--json"}).json()["distinct"], "3");
-    const json snow = {{"key", "1*1+0.2*3"},
-                       {"leading", "S"},
-                       {"expression", nullptr},
-                       {"factors", {{"1", 1}, {"3", 0.2}}}};
+    const json snow = {
+        {"key", "1*1+0.2*3"}, {"leading", "S"}, {"expression", nullptr}, {"factors", {{"1", 1}, {"3", 0.2}}}};
     EXPECT_THAT(all["combinations"].get<std::vector<json>>(), testing::Contains(snow));
 }
 
@@ -108,8 +106,8 @@ TEST_F(ExportCombinations, StandInAWorkbookAsNumbers)
 
 TEST_F(ExportCombinations, AreLinearWithExplicitFactorsInSaf)
 {
-    const std::vector<std::string> command{"export", file,   "--what", "combinations", "--format",
-                                           "saf",    "--keep", responses, "-o",         path("c.xlsx")};
+    const std::vector<std::string> command{"export", file,     "--what",  "combinations", "--format",
+                                           "saf",    "--keep", responses, "-o",           path("c.xlsx")};
     EXPECT_EQ(mrlLc(command).code, 0);
     const std::string said = read(path("c.xlsx"));
     EXPECT_THAT(said, HasSubstr("sheets Project Model StructuralLoadGroup StructuralLoadCase "

@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSvgRenderer>
+#include <QSvgWidget>
 #include <QTableView>
 #include <QTest>
 
@@ -124,6 +126,18 @@ TEST_F(CombinationsPageTest, AClickShowsTheCombinationLoadCaseByLoadCase)
     choose("table_extremes", 1, 3); // the minimum
     EXPECT_EQ(rows("table_terms"), 1);
     EXPECT_TRUE(label("terms_head").contains(QStringLiteral("N, minimum")));
+}
+
+TEST_F(CombinationsPageTest, ShowsSeveralResponsesAboveThePictureOnASmallScreen)
+{
+    page.resize(950, 640);
+    page.openResponses(write("name,1,2,3\nM,10,5,-2\nN,1,2,4\nV,1,1,1\nT,2,2,2\nR,0,1,3\n"));
+    QApplication::processEvents();
+    const QTableView* extremes = table("table_extremes");
+    EXPECT_GE(extremes->viewport()->height(), 3 * extremes->rowHeight(0));
+    const auto* picture = page.findChild<QSvgWidget*>(QStringLiteral("picture"));
+    EXPECT_GE(picture->height(), picture->sizeHint().height() / 2);
+    EXPECT_EQ(picture->renderer()->aspectRatioMode(), Qt::KeepAspectRatio);
 }
 
 TEST_F(CombinationsPageTest, AChangedPsiIsSeenAtOnceWithWhatItChanges)

@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QSaveFile>
 #include <QSplitter>
+#include <QSvgRenderer>
 #include <QSvgWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -32,7 +33,12 @@ namespace {
 
 enum Tab { ListTab, ExtremesTab };
 
-constexpr int SITUATIONS_HEIGHT = 260;
+// Of the page: the situations stay in sight, most of it is for what governs.
+constexpr int SITUATIONS_SHARE = 2;
+constexpr int TABS_SHARE = 5;
+constexpr int EXTREMES_SHARE = 3;
+constexpr int DETAIL_SHARE = 4;
+constexpr double SMALLEST_PICTURE = 0.6; // of its size
 
 QLabel* textLabel(const char* name, QWidget* parent)
 {
@@ -42,6 +48,15 @@ QLabel* textLabel(const char* name, QWidget* parent)
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     return label;
+}
+
+/// Gives two parts their shares of the height; they go on growing in step.
+void divide(QSplitter* splitter, int upper, int lower)
+{
+    constexpr int WHOLE = 1000;
+    splitter->setStretchFactor(0, upper);
+    splitter->setStretchFactor(1, lower);
+    splitter->setSizes({upper * WHOLE, lower * WHOLE});
 }
 
 QWidget* column(std::initializer_list<QWidget*> widgets, QWidget* parent)
@@ -80,9 +95,7 @@ CombinationsPage::CombinationsPage(QWidget* parent)
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(m_situations);
     splitter->addWidget(m_tabs);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 2);
-    splitter->setSizes({SITUATIONS_HEIGHT, 2 * SITUATIONS_HEIGHT});
+    divide(splitter, SITUATIONS_SHARE, TABS_SHARE);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(createHead());
     layout->addWidget(m_problem);
@@ -115,9 +128,8 @@ QWidget* CombinationsPage::createExtremes()
     auto* picture = new QWidget(this);
     auto* pictureLayout = new QVBoxLayout(picture);
     pictureLayout->setContentsMargins(0, 0, 0, 0);
-    pictureLayout->addWidget(m_picture, 0, Qt::AlignLeft | Qt::AlignTop);
-    pictureLayout->addStretch(1);
-    pictureLayout->addWidget(save, 0, Qt::AlignLeft);
+    pictureLayout->addWidget(save, 0, Qt::AlignRight);
+    pictureLayout->addWidget(m_picture, 1);
     auto* detail = new QSplitter(Qt::Horizontal, this);
     detail->addWidget(column({m_termsHead, m_terms}, this));
     detail->addWidget(picture);
@@ -125,8 +137,7 @@ QWidget* CombinationsPage::createExtremes()
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(column({m_changes, m_extremes}, this));
     splitter->addWidget(detail);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 1);
+    divide(splitter, EXTREMES_SHARE, DETAIL_SHARE);
     return splitter;
 }
 
@@ -276,7 +287,9 @@ void CombinationsPage::showTerms()
     m_termsModel->show(std::move(terms));
     m_terms->fitColumns({TermsModel::Origin});
     m_picture->load(m_svg);
-    m_picture->setFixedSize(m_picture->sizeHint());
+    m_picture->renderer()->setAspectRatioMode(Qt::KeepAspectRatio); // which holds for what is loaded
+    m_picture->setMinimumSize(m_picture->sizeHint() * SMALLEST_PICTURE);
+    m_picture->setMaximumSize(m_picture->sizeHint());
     m_picture->parentWidget()->setVisible(!m_svg.isEmpty());
 }
 
