@@ -1,9 +1,11 @@
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <charconv>
 #include <string>
 #include <vector>
 
+#include <malloc.h>
 #include <xlsxwriter.h>
 
 #include "bench/figure.h"
@@ -216,6 +218,47 @@ class ReadWorkbook : bench::LoadCases
     std::string m_file;
 };
 const bench::Timed<ReadWorkbook> readWorkbook("exchange.xlsx_read", 1.5);
+
+/// What reading a workbook holds at most beside its bytes. Raw: 30 MB, which is what is wanted.
+class ReadWorkbookMemory : bench::LoadCases
+{
+  public:
+    explicit ReadWorkbookMemory(int count) : LoadCases(count), m_file(written("xlsx", db)) {}
+    double ours()
+    {
+        Peak peak;
+        bench::require(!format("xlsx").read(m_file, {}, peak), "read");
+        return peak.most();
+    }
+    double raw() { return 30e6; }
+
+  private:
+    /// Looks at the memory every thousand rows.
+    class Peak : public Counter
+    {
+      public:
+        void take(mrl::exchange::Row& row) override
+        {
+            Counter::take(row);
+            if (rows % 1000 == 0) {
+                m_most = std::max(m_most, held() - m_before);
+            }
+        }
+        double most() const { return m_most; }
+
+      private:
+        static double held()
+        {
+            const auto info = mallinfo2();
+            return static_cast<double>(info.uordblks + info.hblkhd);
+        }
+        double m_before = held();
+        double m_most = 0.0;
+    };
+
+    std::string m_file;
+};
+const bench::Measured<ReadWorkbookMemory> readWorkbookMemory("exchange.xlsx_read_memory", 1.0);
 
 /// Raw: both projects read by a scan each.
 class Diff : bench::LoadCases

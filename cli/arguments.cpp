@@ -118,12 +118,6 @@ void Arguments::positional(const std::string& name, std::string& value, const st
     m_app.add_option(name, value, help)->required();
 }
 
-void Arguments::positionals(const std::string& name, std::vector<std::string>& values,
-                            const std::string& help)
-{
-    m_app.add_option(name, values, help)->required();
-}
-
 void Arguments::json(bool& value) { m_app.add_flag("--json", value, "Print JSON with stable field names"); }
 
 void Arguments::title(std::optional<std::string>& value)
@@ -143,9 +137,10 @@ void Arguments::text(const std::string& option, std::optional<std::string>& valu
     m_app.add_option(option, value, help)->required(need == Need::Required);
 }
 
-void Arguments::texts(const std::string& option, std::vector<std::string>& values, const std::string& help)
+void Arguments::texts(const std::string& name, std::vector<std::string>& values, Need need,
+                      const std::string& help)
 {
-    m_app.add_option(option, values, help);
+    m_app.add_option(name, values, help)->required(need == Need::Required);
 }
 
 void Arguments::integer(const std::string& option, std::optional<int>& value, const std::string& help)

@@ -38,8 +38,6 @@ class Arguments
     void hex(std::string& digits);
     /// Any other positional text.
     void positional(const std::string& name, std::string& value, const std::string& help);
-    /// One or more positional texts.
-    void positionals(const std::string& name, std::vector<std::string>& values, const std::string& help);
 
     /// --json
     void json(bool& value);
@@ -48,8 +46,8 @@ class Arguments
     void flag(const std::string& option, bool& value, const std::string& help);
     void text(const std::string& option, std::optional<std::string>& value, Need need,
               const std::string& help);
-    /// A text that may be given several times.
-    void texts(const std::string& option, std::vector<std::string>& values, const std::string& help);
+    /// Texts: of an option that may be given several times, or the last positional ones where the name has no hyphens.
+    void texts(const std::string& name, std::vector<std::string>& values, Need need, const std::string& help);
     void integer(const std::string& option, std::optional<int>& value, const std::string& help);
     /// A finite number that a record can hold.
     void real(const std::string& option, std::optional<float>& value, const std::string& help);

@@ -19,6 +19,9 @@ QByteArray readInput(const std::string& file)
     if (!isOpen) {
         fail(input.errorString().toStdString());
     }
+    if (!input.isSequential() && input.size() > exchange::MAX_FILE_BYTES) {
+        fail("larger than 256 MiB");
+    }
     // One byte more tells a file that is too large from one that just fits.
     QByteArray bytes = input.read(exchange::MAX_FILE_BYTES + 1);
     if (input.error() != QFileDevice::NoError) {

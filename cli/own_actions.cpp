@@ -49,7 +49,7 @@ void createOwnAction(const OwnAction& action, const Project& project)
     if (!row.isNew) {
         project.refuse("action " + action.name + " is stored already");
     }
-    if (!exchange::putRecord(project.db(), LC_KWH_ACTIONS, row.id, exchange::bytesOf(row.action))) {
+    if (!exchange::putRecord(project.db(), LC_KWH_ACTIONS, row.id, exchange::bytesOf(row.action->wanted))) {
         project.refuse("action " + action.name + " could not be written");
     }
 }

@@ -16,13 +16,10 @@ namespace mrl::exchange {
 namespace {
 
 /// Plans one row.
-class ActionRow
+class ActionRow : RowPlan
 {
   public:
-    ActionRow(const RowCells& cells, const ProjectState& state, PlannedRow& row)
-        : m_cells(cells), m_state(state), m_row(row)
-    {
-    }
+    using RowPlan::RowPlan;
 
     void plan()
     {
@@ -33,9 +30,9 @@ class ActionRow
         if (m_row.isNew) {
             checkName();
         } else {
-            m_row.storedAction = stored->second.record;
+            m_row.action->stored = stored->second.record;
         }
-        m_row.action = m_row.isNew ? newRecord() : m_row.storedAction;
+        m_row.action->wanted = m_row.isNew ? newRecord() : m_row.action->stored;
         if (m_row.outcome == Outcome::Refused) {
             return;
         }
@@ -44,8 +41,8 @@ class ActionRow
             takeDefaultFactors();
         }
         changeFactors();
-        conclude(m_row, bytesOf(m_row.action) == bytesOf(m_row.storedAction));
-        if (m_row.outcome == Outcome::Added || m_row.outcome == Outcome::Changed) {
+        conclude(m_row, bytesOf(m_row.action->wanted) == bytesOf(m_row.action->stored));
+        if (isWritten()) {
             refuse(m_row, lcm_check_action(asShown(), m_state.limits, m_state.identity));
         }
     }
@@ -106,16 +103,13 @@ class ActionRow
     }
     void changeTexts()
     {
-        const std::string* title = m_cells.cell(ACTION_TITLE);
-        if (title != nullptr && *title != titleText(m_row.action.title)) {
-            packTitle(*title, m_row.action.title, m_row);
-        }
-        const int partition = lcm_partition_id(m_row.action.partition);
-        const int superposition = lcm_superposition_id(m_row.action.partition);
+        changeTitle(ACTION_TITLE, m_row.action->wanted.title);
+        const int partition = lcm_partition_id(m_row.action->wanted.partition);
+        const int superposition = lcm_superposition_id(m_row.action->wanted.partition);
         const int newPartition = idOf(LCM_PARTITIONS, ACTION_PARTITION, partition);
         const int newSuperposition = idOf(LCM_SUPERPOSITIONS, ACTION_SUPERPOSITION, superposition);
         if (newPartition != partition || newSuperposition != superposition) {
-            m_row.action.partition = lcm_partition_word(newPartition, newSuperposition);
+            m_row.action->wanted.partition = lcm_partition_word(newPartition, newSuperposition);
         }
     }
     /// The factors that a row doesn't state are those of the design code.
@@ -127,7 +121,7 @@ class ActionRow
         }
         const int code = *found;
         for (const LCM_Factor& factor : LCM_FACTORS) {
-            m_row.action.*factor.actionField = m_state.defaultActions.at(code).*factor.actionField;
+            m_row.action->wanted.*factor.actionField = m_state.defaultActions.at(code).*factor.actionField;
         }
         if (!statesAllFactors()) {
             m_row.notes.push_back("factors that the row doesn't state are those of " +
@@ -146,8 +140,9 @@ class ActionRow
         }
         const auto category = [](const tagCDB_LC_ACT& action) { return action.partition & 0xF0; };
         const auto alike =
-            std::find_if(m_state.defaultOrder.begin(), m_state.defaultOrder.end(),
-                         [&](int code) { return category(defaults.at(code)) == category(m_row.action); });
+            std::find_if(m_state.defaultOrder.begin(), m_state.defaultOrder.end(), [&](int code) {
+                return category(defaults.at(code)) == category(m_row.action->wanted);
+            });
         return alike == m_state.defaultOrder.end() ? std::nullopt : std::optional<int>(*alike);
     }
     bool statesAllFactors() const
@@ -166,28 +161,25 @@ class ActionRow
         for (std::size_t i = ACTION_SUPERPOSITION + 1; i < columns.size(); ++i) {
             const LCM_Factor& factor = *columns[i].factor;
             const std::string text = m_cells.text(i);
-            if (!m_row.isNew && text == numberText(lcm_shown_factor(m_row.action, factor))) {
+            if (!m_row.isNew && text == numberText(lcm_shown_factor(m_row.action->wanted, factor))) {
                 continue;
             }
             if (const auto value = numberIn(text, columns[i], m_row)) {
-                m_row.action.*factor.actionField = lcm_factor_to_store(factor, *value);
+                m_row.action->wanted.*factor.actionField = lcm_factor_to_store(factor, *value);
             }
         }
     }
     /// As its row shows it: a factor without a column is 0.
     tagCDB_LC_ACT asShown() const
     {
-        tagCDB_LC_ACT shown = m_row.action;
+        tagCDB_LC_ACT shown = m_row.action->wanted;
         for (const LCM_Factor& factor : LCM_FACTORS) {
-            shown.*factor.actionField =
-                m_state.setup.factorColumns[factor.id] ? lcm_shown_factor(m_row.action, factor) : 0.0f;
+            shown.*factor.actionField = m_state.setup.factorColumns[factor.id]
+                                            ? lcm_shown_factor(m_row.action->wanted, factor)
+                                            : 0.0f;
         }
         return shown;
     }
-
-    const RowCells& m_cells;
-    const ProjectState& m_state;
-    PlannedRow& m_row;
 };
 
 } // namespace
@@ -198,6 +190,7 @@ void planActions(const Table& table, ProjectState& state, std::map<int, int>& li
     for (const Row& tableRow : table.rows) {
         PlannedRow row;
         row.sheet = Sheet::Actions;
+        row.action = std::make_unique<ActionRecords>();
         row.line = tableRow.line;
         row.notes = tableRow.notes;
         cells.moveTo(tableRow);
@@ -209,7 +202,7 @@ void planActions(const Table& table, ProjectState& state, std::map<int, int>& li
         } else if (row.outcome == Outcome::Added || row.outcome == Outcome::Changed) {
             LCM_StoredAction& stored = state.actions[row.id];
             stored.code = row.id;
-            stored.record = row.action;
+            stored.record = row.action->wanted;
         }
         plan.rows.push_back(std::move(row));
     }

@@ -14,9 +14,9 @@ bool apply(const PlannedRow& row, const ProjectState& state, int db)
         return row.isNew ? putRecord(db, LC_KWH_CASES, row.id, bytesOf(row.loadCase))
                          : overwriteRecord(db, LC_KWH_CASES, row.id, 0, &row.loadCase, sizeof row.loadCase);
     }
-    return row.isNew ? putRecord(db, LC_KWH_ACTIONS, row.id, bytesOf(row.action))
+    return row.isNew ? putRecord(db, LC_KWH_ACTIONS, row.id, bytesOf(row.action->wanted))
                      : overwriteRecord(db, LC_KWH_ACTIONS, row.id, state.actions.at(row.id).position,
-                                       &row.action, sizeof row.action);
+                                       &row.action->wanted, sizeof row.action->wanted);
 }
 
 const PlannedRow* apply(const Plan& plan, const ProjectState& state, int db)

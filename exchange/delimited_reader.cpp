@@ -14,21 +14,22 @@ namespace {
 
 constexpr std::string_view SEPARATORS = ",;\t|";
 
+/// As far as it can be split.
 Line headingLine(std::string_view text, char separator)
 {
     Line line;
-    LineReader reader(text, separator);
-    return reader.next(line) ? line : Line{};
+    LineReader(text, separator).next(line);
+    return line;
 }
 
-/// The separator under which the most headings are understood.
+/// The separator under which the most headings are understood; where none is, that which makes the most fields.
 char foundSeparator(std::string_view text, const FormatOptions& told)
 {
     char found = SEPARATORS.front();
-    int best = -1;
+    std::pair<int, std::size_t> best{-1, 0};
     for (const char separator : SEPARATORS) {
         const Line line = headingLine(text, separator);
-        const int count = understoodHeadings(line.fields, told).count;
+        const std::pair count(understoodHeadings(line.fields, told).count, line.fields.size());
         if (count > best) {
             best = count;
             found = separator;
@@ -67,7 +68,8 @@ class DelimitedReader
         if (!reader.next(m_line)) {
             return FormatError{reader.error().empty() ? "the file is empty" : reader.error()};
         }
-        if (auto error = m_headings.read(m_line.number, m_line.fields, m_options)) {
+        m_receiver.form({encoding, m_separator, m_options.decimalSign});
+        if (auto error = m_headings.read(m_line.number, m_line.fields, m_options, m_receiver)) {
             return error;
         }
         const auto decimal = decimalSign();
@@ -75,6 +77,7 @@ class DelimitedReader
             return *error;
         }
         m_hasComma = std::get<char>(decimal) == ',';
+        m_receiver.form({encoding, m_separator, std::get<char>(decimal)});
         m_receiver.note("read as " + encoding + ", separator " + separatorName(m_separator) +
                         ", decimal sign \"" + std::get<char>(decimal) + "\"");
         for (const std::string& note : m_headings.notes()) {

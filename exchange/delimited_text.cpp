@@ -30,6 +30,7 @@ class DelimitedText : public Format
     std::string description() const override { return m_description; }
     std::vector<std::string> suffixes() const override { return m_suffixes; }
     bool holdsManySheets() const override { return false; }
+    bool isText() const override { return true; }
     bool recognises(std::string_view) const override { return false; }
     std::optional<FormatError> write(const Source& source, const FormatOptions& options,
                                      const Sink& sink) const override

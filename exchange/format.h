@@ -24,7 +24,9 @@ struct FormatOptions
     std::string encoding;       ///< see text_decoding.h
     std::string version;        ///< of a format that has several; empty: the newest
     std::optional<Sheet> sheet; ///< what a file of one sheet holds that doesn't tell
-    bool byTitle = false;       ///< a table of load cases may have titles in place of numbers
+    /// Headings whose column was told by hand: its name, empty for one that is to be passed over.
+    std::map<std::string, std::string> columns;
+    bool byTitle = false; ///< a table of load cases may have titles in place of numbers
 };
 
 /// Takes a piece of the file. @return false when it can't be written
@@ -47,6 +49,21 @@ struct FormatError
     std::string text;
 };
 
+/// A heading of a file and what it was taken for.
+struct FoundHeading
+{
+    std::string text;
+    int column = -1; ///< its place among columnsOf(); -1: it is passed over
+};
+
+/// How the text of a file is written.
+struct TextForm
+{
+    std::string encoding;
+    char separator = 0;
+    char decimalSign = 0;
+};
+
 /// Takes tables row by row while a file is read.
 class TableReceiver
 {
@@ -62,6 +79,9 @@ class TableReceiver
     virtual void take(Row& row) = 0;
     /// What was found out or passed over, in English.
     virtual void note(const std::string& text) = 0;
+    /// All headings of a table, also of one that can't be read for want of some.
+    virtual void headings(Sheet, const std::vector<FoundHeading>&) {}
+    virtual void form(const TextForm&) {}
 };
 
 class Format
@@ -76,6 +96,10 @@ class Format
     virtual std::string description() const = 0;
     virtual std::vector<std::string> suffixes() const = 0;
     virtual bool holdsManySheets() const = 0;
+    /// Whether separator, decimal sign and encoding can be told.
+    virtual bool isText() const { return false; }
+    /// The versions that can be written, the newest one last; none for a format without versions.
+    virtual std::vector<std::string> versions() const { return {}; }
     /// Whether a file is of this format beyond doubt.
     virtual bool recognises(std::string_view file) const = 0;
 
@@ -110,6 +134,28 @@ struct ReadTables
 {
     std::vector<Table> tables;
     std::vector<std::string> notes;
+    std::vector<std::pair<Sheet, std::vector<FoundHeading>>> headings;
+    TextForm form;
+};
+
+/// Collects what is read.
+class TableCollector : public TableReceiver
+{
+  public:
+    void begin(const TableHead& head) override { m_read.tables.push_back({head, {}}); }
+    void take(Row& row) override { m_read.tables.back().rows.push_back(std::move(row)); }
+    void note(const std::string& text) override { m_read.notes.push_back(text); }
+    void headings(Sheet sheet, const std::vector<FoundHeading>& found) override
+    {
+        m_read.headings.emplace_back(sheet, found);
+    }
+    void form(const TextForm& found) override { m_read.form = found; }
+
+    /// What was received; after an error as far as it came.
+    ReadTables& tables() { return m_read; }
+
+  private:
+    ReadTables m_read;
 };
 
 /// Reads a whole file into tables.

@@ -30,19 +30,6 @@ const Format* firstWith(const Test& test)
     return found == formats().end() ? nullptr : found->get();
 }
 
-class TableCollector : public TableReceiver
-{
-  public:
-    void begin(const TableHead& head) override { m_read.tables.push_back({head, {}}); }
-    void take(Row& row) override { m_read.tables.back().rows.push_back(row); }
-    void note(const std::string& text) override { m_read.notes.push_back(text); }
-
-    ReadTables& tables() { return m_read; }
-
-  private:
-    ReadTables m_read;
-};
-
 } // namespace
 
 const std::vector<std::unique_ptr<Format>>& formats()

@@ -12,14 +12,21 @@ bool isKey(Sheet sheet, int column, bool byTitle)
     return column == 0 || (byTitle && sheet == Sheet::LoadCases && column == CASE_TITLE);
 }
 
-Understood understoodAs(Sheet sheet, const Cells& headings, bool byTitle)
+/// What a heading means: what was told by hand, else its name.
+int columnOf(Sheet sheet, const std::string& heading, const FormatOptions& told)
+{
+    const auto byHand = told.columns.find(heading);
+    return columnOfHeading(sheet, byHand == told.columns.end() ? heading : byHand->second);
+}
+
+Understood understoodAs(Sheet sheet, const Cells& headings, const FormatOptions& told)
 {
     Understood result{0, sheet};
     bool hasKey = false;
     for (const std::string& heading : headings) {
-        const int column = columnOfHeading(sheet, heading);
+        const int column = columnOf(sheet, heading, told);
         result.count += column >= 0 ? 1 : 0;
-        hasKey = hasKey || isKey(sheet, column, byTitle);
+        hasKey = hasKey || isKey(sheet, column, told.byTitle);
     }
     result.count = hasKey ? result.count : 0;
     return result;
@@ -30,33 +37,38 @@ Understood understoodAs(Sheet sheet, const Cells& headings, bool byTitle)
 Understood understoodHeadings(const Cells& headings, const FormatOptions& told)
 {
     if (told.sheet) {
-        return understoodAs(*told.sheet, headings, told.byTitle);
+        return understoodAs(*told.sheet, headings, told);
     }
-    const Understood loadCases = understoodAs(Sheet::LoadCases, headings, told.byTitle);
-    const Understood actions = understoodAs(Sheet::Actions, headings, told.byTitle);
+    const Understood loadCases = understoodAs(Sheet::LoadCases, headings, told);
+    const Understood actions = understoodAs(Sheet::Actions, headings, told);
     return actions.count > loadCases.count ? actions : loadCases;
 }
 
-std::optional<FormatError> Headings::read(int line, const Cells& headings, const FormatOptions& told)
+std::optional<FormatError> Headings::read(int line, const Cells& headings, const FormatOptions& told,
+                                          TableReceiver& receiver)
 {
     m_head.sheet = understoodHeadings(headings, told).sheet;
-    const std::vector<Column>& columns = columnsOf(m_head.sheet);
-    for (std::size_t i = 0; i < headings.size(); ++i) {
-        const int column = columnOfHeading(m_head.sheet, headings[i]);
-        if (column < 0) {
+    std::vector<FoundHeading> found;
+    for (const std::string& heading : headings) {
+        found.push_back({heading, columnOf(m_head.sheet, heading, told)});
+    }
+    receiver.headings(m_head.sheet, found);
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (found[i].column < 0) {
             m_notes.push_back("column \"" + headings[i] + "\" is passed over");
             continue;
         }
-        if (std::count(m_head.columns.begin(), m_head.columns.end(), column) > 0) {
+        if (std::count(m_head.columns.begin(), m_head.columns.end(), found[i].column) > 0) {
+            const auto column = static_cast<std::size_t>(found[i].column);
             return FormatError{"line " + std::to_string(line) + ": two columns mean \"" +
-                               columns[static_cast<std::size_t>(column)].name + '"'};
+                               columnsOf(m_head.sheet)[column].name + '"'};
         }
-        m_head.columns.push_back(column);
+        m_head.columns.push_back(found[i].column);
         m_places.push_back(i);
     }
     if (std::none_of(m_head.columns.begin(), m_head.columns.end(),
                      [&](int column) { return isKey(m_head.sheet, column, told.byTitle); })) {
-        return FormatError{std::string("no column is headed \"") + columns[0].name + '"'};
+        return FormatError{std::string("no column is headed \"") + columnsOf(m_head.sheet)[0].name + '"'};
     }
     return std::nullopt;
 }

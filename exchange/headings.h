@@ -20,8 +20,10 @@ Understood understoodHeadings(const Cells& headings, const FormatOptions& told);
 class Headings
 {
   public:
+    /// @param receiver is told what each of them was taken for
     /// @return why they head no table
-    std::optional<FormatError> read(int line, const Cells& headings, const FormatOptions& told);
+    std::optional<FormatError> read(int line, const Cells& headings, const FormatOptions& told,
+                                    TableReceiver& receiver);
 
     const TableHead& head() const { return m_head; }
     /// The place among the fields of each column of the head.

@@ -27,13 +27,13 @@ void add(QCryptographicHash& hash, std::string_view bytes)
 
 Cells cellsBefore(const PlannedRow& row)
 {
-    return row.sheet == Sheet::Actions ? cellsOf(row.id, row.storedAction)
+    return row.sheet == Sheet::Actions ? cellsOf(row.id, row.action->stored)
                                        : cellsOf(row.id, row.storedLoadCase);
 }
 
 Cells cellsAfter(const PlannedRow& row)
 {
-    return row.sheet == Sheet::Actions ? cellsOf(row.id, row.action) : cellsOf(row.id, row.loadCase);
+    return row.sheet == Sheet::Actions ? cellsOf(row.id, row.action->wanted) : cellsOf(row.id, row.loadCase);
 }
 
 } // namespace
@@ -67,8 +67,8 @@ std::string Plan::hash() const
         add(hash, std::to_string(row.id));
         add(hash, row.name);
         if (row.sheet == Sheet::Actions) {
-            add(hash, bytesOf(row.storedAction));
-            add(hash, bytesOf(row.action));
+            add(hash, bytesOf(row.action->stored));
+            add(hash, bytesOf(row.action->wanted));
         } else {
             add(hash, bytesOf(row.storedLoadCase));
             add(hash, bytesOf(row.loadCase));
@@ -117,6 +117,14 @@ void packTitle(const std::string& title, std::uint32_t (&field)[LC_TITLE_WORDS],
     lcm_title_pack(fitting, field, LC_TITLE_WORDS);
 }
 
+void RowPlan::changeTitle(std::size_t column, std::uint32_t (&field)[LC_TITLE_WORDS])
+{
+    const std::string* title = m_cells.cell(column);
+    if (title != nullptr && *title != titleText(field)) {
+        packTitle(*title, field, m_row);
+    }
+}
+
 std::optional<float> numberIn(const std::string& cell, const Column& column, PlannedRow& row)
 {
     const auto value = numberOf(cell);
@@ -163,6 +171,11 @@ Plan planOf(const ProjectState& state, const std::vector<Table>& tables, const P
         }
     }
     RowNumbering numbering(tables, after, options.match);
+    std::size_t rows = plan.rows.size();
+    for (const Table& table : tables) {
+        rows += table.head.sheet == Sheet::LoadCases ? table.rows.size() : 0;
+    }
+    plan.rows.reserve(rows);
     for (const Table& table : tables) {
         if (table.head.sheet == Sheet::LoadCases) {
             planLoadCases(table, after, options, numbering, plan);

@@ -3,6 +3,7 @@
 /// What an import would do, row by row. A plan is computed from tables and the state of a project alone, and it
 /// writes nothing.
 
+#include <memory>
 #include <string>
 
 #include "exchange/project_state.h"
@@ -28,6 +29,13 @@ struct Reason
     std::string text; ///< in English
 };
 
+/// The record of an action as it stands and as it is to be written.
+struct ActionRecords
+{
+    tagCDB_LC_ACT stored{};
+    tagCDB_LC_ACT wanted{};
+};
+
 struct PlannedRow
 {
     Outcome outcome = Outcome::Unchanged;
@@ -36,13 +44,12 @@ struct PlannedRow
     int id = 0;       ///< number of the load case or code of the action
     std::string name; ///< as the file gives it
     bool isNew = false;
-    std::vector<Reason> reasons;     ///< of a refused row
-    LCM_Findings findings;           ///< those among the reasons that a rule of the dialog found
-    std::vector<std::string> notes;  ///< what was cured, and what the row loses
-    tagCDB_LC_ACT action{};          ///< to be written, of an action
-    tagCDB_LC_CTRL loadCase{};       ///< to be written, of a load case
-    tagCDB_LC_CTRL storedLoadCase{}; ///< as it stands
-    tagCDB_LC_ACT storedAction{};
+    std::vector<Reason> reasons;           ///< of a refused row
+    LCM_Findings findings;                 ///< those among the reasons that a rule of the dialog found
+    std::vector<std::string> notes;        ///< what was cured, and what the row loses
+    tagCDB_LC_CTRL loadCase{};             ///< to be written, of a load case
+    tagCDB_LC_CTRL storedLoadCase{};       ///< as it stands
+    std::unique_ptr<ActionRecords> action; ///< null for a load case: there are very many of these
 
     /// The cells that differ; all of a row that is added.
     std::vector<Change> changes() const;

@@ -34,8 +34,8 @@ void appendNumberCell(std::string& out, const std::string& cell)
 {
     if (cell.empty()) {
         out += "null";
-    } else if (cell.find('n') == std::string::npos) { // "nan", "inf"
-        out += cell == "-0" ? "-0.0" : cell;          // -0 would be read as a whole number, which has no such
+    } else if (cell.back() >= '0' && cell.back() <= '9') { // else "nan" or "inf"
+        out += cell == "-0" ? "-0.0" : cell; // -0 would be read as a whole number, which has no such
     } else {
         appendText(out, cell);
     }
@@ -44,6 +44,23 @@ void appendNumberCell(std::string& out, const std::string& cell)
 bool isNumber(Sheet sheet, const Column& column)
 {
     return column.isNumeric() || (column.kind == Kind::Key && sheet == Sheet::LoadCases);
+}
+
+/// What stands ahead of a cell.
+struct Lead
+{
+    std::string text;
+    bool isNumber;
+};
+
+std::vector<Lead> leadsOf(Sheet sheet)
+{
+    std::vector<Lead> leads;
+    for (const Column& column : columnsOf(sheet)) {
+        leads.push_back(
+            {(leads.empty() ? "{\"" : ", \"") + std::string(column.name) + "\": ", isNumber(sheet, column)});
+    }
+    return leads;
 }
 
 /// Writes a file in blocks; the first failure stays.
@@ -93,15 +110,16 @@ class JsonWriter
     }
     void writeSheet(Sheet sheet)
     {
-        const std::vector<Column>& columns = columnsOf(sheet);
+        const std::vector<Lead> leads = leadsOf(sheet);
         for (SheetWalk walk(m_source.db, sheet); walk.next() && m_fine;) {
             beginEntry();
-            for (std::size_t i = 0; i < columns.size(); ++i) {
-                m_out.append(i == 0 ? "{\"" : ", \"").append(columns[i].name).append("\": ");
-                if (isNumber(sheet, columns[i])) {
-                    appendNumberCell(m_out, walk.cells()[i]);
+            auto cell = walk.cells().begin();
+            for (const Lead& lead : leads) {
+                m_out += lead.text;
+                if (lead.isNumber) {
+                    appendNumberCell(m_out, *cell++);
                 } else {
-                    appendText(m_out, walk.cells()[i]);
+                    appendText(m_out, *cell++);
                 }
             }
             m_out += '}';

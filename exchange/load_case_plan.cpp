@@ -16,13 +16,10 @@ namespace mrl::exchange {
 namespace {
 
 /// Plans one row whose load case is known.
-class LoadCaseRow
+class LoadCaseRow : RowPlan
 {
   public:
-    LoadCaseRow(const RowCells& cells, const ProjectState& state, PlannedRow& row)
-        : m_cells(cells), m_state(state), m_row(row)
-    {
-    }
+    using RowPlan::RowPlan;
 
     void plan()
     {
@@ -32,24 +29,17 @@ class LoadCaseRow
             m_row.storedLoadCase = m_row.loadCase = stored->second;
         }
         m_row.loadCase.factor = m_row.isNew ? 1.0f : m_row.loadCase.factor;
-        changeTitle();
+        changeTitle(CASE_TITLE, m_row.loadCase.title);
         changeAction();
         changeNumbers();
         changeFactors();
         conclude(m_row, bytesOf(m_row.loadCase) == bytesOf(m_row.storedLoadCase));
-        if (m_row.outcome == Outcome::Added || m_row.outcome == Outcome::Changed) {
+        if (isWritten()) {
             judge();
         }
     }
 
   private:
-    void changeTitle()
-    {
-        const std::string* title = m_cells.cell(CASE_TITLE);
-        if (title != nullptr && *title != titleText(m_row.loadCase.title)) {
-            packTitle(*title, m_row.loadCase.title, m_row);
-        }
-    }
     /// The action word of a name: of a stored action as it stands, else in upper case.
     int wordOf(const std::string& name) const
     {
@@ -155,10 +145,6 @@ class LoadCaseRow
         }
         refuse(m_row, verdict.findings);
     }
-
-    const RowCells& m_cells;
-    const ProjectState& m_state;
-    PlannedRow& m_row;
 };
 
 /// Takes an action that a load case names and the project lacks from the design code.
@@ -176,8 +162,8 @@ void createAction(const std::string& name, int line, ProjectState& state, Plan& 
     row.id = code;
     row.name = name;
     row.isNew = true;
-    row.action = known->second;
-    state.actions[code] = {code, row.action, 0};
+    row.action = std::make_unique<ActionRecords>(ActionRecords{{}, known->second});
+    state.actions[code] = {code, known->second, 0};
     plan.rows.push_back(std::move(row));
 }
 

@@ -41,6 +41,26 @@ class RowCells
     const Row* m_row = nullptr;
 };
 
+/// What the plans of a row of either sheet share.
+class RowPlan
+{
+  public:
+    /// All outlive this. @param row receives what comes of it
+    RowPlan(const RowCells& cells, const ProjectState& state, PlannedRow& row)
+        : m_cells(cells), m_state(state), m_row(row)
+    {
+    }
+
+  protected:
+    /// Enters the title of a cell, unless the field holds it already.
+    void changeTitle(std::size_t column, std::uint32_t (&field)[LC_TITLE_WORDS]);
+    bool isWritten() const { return m_row.outcome == Outcome::Added || m_row.outcome == Outcome::Changed; }
+
+    const RowCells& m_cells;
+    const ProjectState& m_state;
+    PlannedRow& m_row;
+};
+
 /// Packs a title as far as a record can hold it; what is cut becomes a note.
 void packTitle(const std::string& title, std::uint32_t (&field)[LC_TITLE_WORDS], PlannedRow& row);
 

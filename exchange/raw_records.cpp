@@ -1,6 +1,7 @@
 #include "exchange/raw_records.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
 
@@ -11,24 +12,24 @@ namespace mrl::exchange {
 
 namespace {
 
-constexpr int FIRST_BUFFER_BYTES = 4096; // almost every record fits; a longer one is read again
-constexpr int BUFFER_GROWTH = 16;
+constexpr std::size_t FIRST_BUFFER_BYTES = 4096; // almost every record fits; a longer one is read again
+constexpr std::size_t BUFFER_GROWTH = 16;
 
 /// Walks the key with one buffer. @return false when a record was cut
-bool readWith(std::string& buffer, int db, int kwh, int kwl, std::vector<std::string>& records)
+bool readWith(char* buffer, std::size_t size, int db, int kwh, int kwl, std::vector<std::string>& records)
 {
     records.clear();
     const LCM_KeyGuard guard(db, kwh, kwl);
     for (int position = 0;; ++position) {
-        int length = static_cast<int>(buffer.size());
-        const cd_error_t result = mrl_cdb_get(db, kwh, kwl, buffer.data(), &length, position);
+        int length = static_cast<int>(size);
+        const cd_error_t result = mrl_cdb_get(db, kwh, kwl, buffer, &length, position);
         if (result >= CD_END) {
             return true;
         }
         if (result == CD_CUT) {
             return false;
         }
-        records.emplace_back(buffer, 0, static_cast<std::size_t>(length));
+        records.emplace_back(buffer, static_cast<std::size_t>(length));
     }
 }
 
@@ -37,8 +38,12 @@ bool readWith(std::string& buffer, int db, int kwh, int kwl, std::vector<std::st
 std::vector<std::string> readRecords(int db, int kwh, int kwl)
 {
     std::vector<std::string> records;
-    std::string buffer(FIRST_BUFFER_BYTES, '\0');
-    while (!readWith(buffer, db, kwh, kwl, records)) {
+    std::array<char, FIRST_BUFFER_BYTES> first; // not filled: most keys hold one short record
+    if (readWith(first.data(), first.size(), db, kwh, kwl, records)) {
+        return records;
+    }
+    std::string buffer(FIRST_BUFFER_BYTES * BUFFER_GROWTH, '\0');
+    while (!readWith(buffer.data(), buffer.size(), db, kwh, kwl, records)) {
         buffer.resize(buffer.size() * BUFFER_GROWTH);
     }
     return records;

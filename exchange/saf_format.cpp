@@ -15,6 +15,7 @@ class SafFormat : public Format
     std::string description() const override { return "SAF workbook: load groups and load cases"; }
     std::vector<std::string> suffixes() const override { return {}; }
     bool holdsManySheets() const override { return true; }
+    std::vector<std::string> versions() const override { return safVersions(); }
     bool recognises(std::string_view file) const override
     {
         return file.substr(0, 2) == "PK" && isSaf(Workbook(file));

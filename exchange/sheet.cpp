@@ -1,5 +1,6 @@
 #include "exchange/sheet.h"
 
+#include <QHash>
 #include <QStringList>
 
 namespace mrl::exchange {
@@ -49,17 +50,19 @@ QString plainHeading(const QString& heading)
     return plain;
 }
 
-bool isCalled(const Column& column, const QString& plain)
+/// The columns of a sheet by their plain headings.
+QHash<QString, int> columnsByHeading(Sheet sheet)
 {
-    if (plainHeading(QString::fromUtf8(column.name)) == plain) {
-        return true;
-    }
-    for (const QString& other : QString::fromUtf8(column.otherNames).split('|', Qt::SkipEmptyParts)) {
-        if (plainHeading(other) == plain) {
-            return true;
+    QHash<QString, int> places;
+    int place = 0;
+    for (const Column& column : columnsOf(sheet)) {
+        places.insert(plainHeading(QString::fromUtf8(column.name)), place);
+        for (const QString& other : QString::fromUtf8(column.otherNames).split('|', Qt::SkipEmptyParts)) {
+            places.insert(plainHeading(other), place);
         }
+        ++place;
     }
-    return false;
+    return places;
 }
 
 } // namespace
@@ -75,14 +78,10 @@ const char* nameOf(Sheet sheet) { return sheet == Sheet::Actions ? "actions" : "
 
 int columnOfHeading(Sheet sheet, std::string_view heading)
 {
+    static const QHash<QString, int> ACTIONS = columnsByHeading(Sheet::Actions);
+    static const QHash<QString, int> LOAD_CASES = columnsByHeading(Sheet::LoadCases);
     const QString plain = plainHeading(QString::fromUtf8(heading.data(), static_cast<int>(heading.size())));
-    const std::vector<Column>& columns = columnsOf(sheet);
-    for (std::size_t i = 0; i < columns.size() && !plain.isEmpty(); ++i) {
-        if (isCalled(columns[i], plain)) {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
+    return (sheet == Sheet::Actions ? ACTIONS : LOAD_CASES).value(plain, -1);
 }
 
 } // namespace mrl::exchange

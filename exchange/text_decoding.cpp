@@ -14,6 +14,7 @@ const std::string UTF_16_LE = "UTF-16LE";
 const std::string UTF_16_BE = "UTF-16BE";
 const std::string LATIN_1 = "Latin-1";
 constexpr std::string_view MARK_8 = "\xEF\xBB\xBF";
+constexpr std::size_t PIECE = 1 << 20;
 constexpr std::size_t LOOKED_AT = 4096; // bytes of the file's beginning that tell UTF-16
 
 bool begins(std::string_view bytes, std::string_view with) { return bytes.substr(0, with.size()) == with; }
@@ -46,15 +47,27 @@ QTextCodec& codecOf(const std::string& encoding)
                                                          : QByteArray::fromStdString(encoding));
 }
 
+/// Piece by piece, so that a large file isn't held in a third form.
 std::optional<std::string> decodedAs(std::string_view bytes, const std::string& encoding)
 {
+    const QTextCodec& codec = codecOf(encoding);
     QTextCodec::ConverterState state;
-    const QString text = codecOf(encoding).toUnicode(bytes.data(), static_cast<int>(bytes.size()), &state);
-    if (state.invalidChars != 0 || state.remainingChars != 0) {
+    // A file that holds UTF-8 already keeps its bytes.
+    std::string utf8(encoding == UTF_8 ? bytes : std::string_view());
+    QString half; // of a pair of units that a piece cuts in two
+    for (std::size_t at = 0; at < bytes.size() && state.invalidChars == 0; at += PIECE) {
+        const std::string_view piece = bytes.substr(at, PIECE);
+        const QString text = half + codec.toUnicode(piece.data(), static_cast<int>(piece.size()), &state);
+        const bool isCut = !text.isEmpty() && text.back().isHighSurrogate();
+        const int whole = text.size() - (isCut ? 1 : 0);
+        if (encoding != UTF_8) {
+            utf8 += text.left(whole).toStdString();
+        }
+        half = text.mid(whole);
+    }
+    if (!half.isEmpty() || state.invalidChars != 0 || state.remainingChars != 0) {
         return std::nullopt;
     }
-    // A file that holds UTF-8 already keeps its bytes.
-    std::string utf8 = encoding == UTF_8 ? std::string(bytes) : text.toStdString();
     if (begins(utf8, MARK_8)) {
         utf8.erase(0, MARK_8.size());
     }

@@ -125,7 +125,7 @@ class SheetReader
   private:
     std::string readHeading(const WorkbookRow& row)
     {
-        if (auto error = m_headings.read(row.number, row.cells, m_options)) {
+        if (auto error = m_headings.read(row.number, row.cells, m_options, m_receiver)) {
             return error->text;
         }
         for (const std::string& note : m_headings.notes()) {
@@ -208,6 +208,9 @@ class XlsxFormat : public Format
         }
         const std::vector<WorkbookSheet> tables = tablesOf(workbook, options, receiver);
         if (tables.empty()) {
+            if (!workbook.sheets().empty()) { // so that the receiver knows the headings
+                SheetReader(workbook, options, receiver).read(workbook.sheets().front());
+            }
             return FormatError{"no sheet has a column that is headed \"number\" or \"name\""};
         }
         for (const WorkbookSheet& sheet : tables) {

@@ -1,21 +1,38 @@
 #include "exchange/xlsx_rows.h"
 
+#include <algorithm>
+#include <charconv>
+
 namespace mrl::exchange {
 
 namespace {
 
 using Token = QXmlStreamReader;
 
-constexpr std::size_t MAX_CELL_UNITS = 32767; // of the format itself
-constexpr int ESCAPE_UNITS = 7;               // _xHHHH_
+constexpr std::size_t MAX_CELL_BYTES = 3 * 32767; // the format allows 32767 units
+constexpr int ESCAPE_UNITS = 7;                   // _xHHHH_
+
+/// Appends in UTF-8; digits and plain letters, which most cells hold, without a detour.
+void append(std::string& out, const QStringRef& text)
+{
+    const auto isPlain = [](QChar c) { return c.unicode() < 128; };
+    if (!std::all_of(text.begin(), text.end(), isPlain)) {
+        out += text.toUtf8().toStdString();
+        return;
+    }
+    for (const QChar c : text) {
+        out += static_cast<char>(c.unicode());
+    }
+}
 
 } // namespace
 
-std::string withoutEscapes(const QString& text)
+std::string withoutEscapes(std::string escaped)
 {
-    if (!text.contains(QLatin1String("_x"))) {
-        return text.toStdString();
+    if (escaped.find("_x") == std::string::npos) {
+        return escaped;
     }
+    const QString text = QString::fromStdString(escaped);
     QString plain;
     for (int i = 0; i < text.size(); ++i) {
         bool isHex = false;
@@ -30,7 +47,7 @@ std::string withoutEscapes(const QString& text)
 
 std::string readRichText(QXmlStreamReader& xml)
 {
-    QString text;
+    std::string text;
     int depth = 1;
     int hints = 0; // depth within phonetic hints
     bool isText = false;
@@ -47,15 +64,15 @@ std::string readRichText(QXmlStreamReader& xml)
             isText = false;
             break;
         case Token::Characters:
-            if (isText && static_cast<std::size_t>(text.size()) <= MAX_CELL_UNITS) {
-                text += xml.text();
+            if (isText && text.size() <= MAX_CELL_BYTES) {
+                append(text, xml.text());
             }
             break;
         default:
             break;
         }
     }
-    return withoutEscapes(text);
+    return withoutEscapes(std::move(text));
 }
 
 void RowReader::fail(const std::string& text)
@@ -118,44 +135,101 @@ std::size_t RowReader::columnOf(const QStringRef& reference) const
     return column == 0 ? m_column : column - 1;
 }
 
-std::string RowReader::valueOf(const QStringRef& type, const QString& text) const
+RowReader::CellType RowReader::typeOf(const QStringRef& word)
 {
-    if (type == QLatin1String("s")) {
-        bool isNumber = false;
-        const uint index = text.toUInt(&isNumber);
-        if (!isNumber || index >= m_shared.size()) {
-            m_error =
-                "row " + std::to_string(m_row.number) + ": there is no shared string " + text.toStdString();
-            return {};
+    return word == QLatin1String("s")     ? CellType::Shared
+           : word == QLatin1String("b")   ? CellType::Truth
+           : word == QLatin1String("d")   ? CellType::Date
+           : word == QLatin1String("str") ? CellType::Text
+           : word == QLatin1String("n")   ? CellType::Number
+                                          : CellType::Other;
+}
+
+std::string RowReader::sharedText(const std::string& index) const
+{
+    std::size_t place = 0;
+    const char* const last = index.data() + index.size();
+    const auto [end, error] = std::from_chars(index.data(), last, place);
+    if (error != std::errc() || end != last || place >= m_shared.size()) {
+        m_error = "row " + std::to_string(m_row.number) + ": there is no shared string " + index;
+        return {};
+    }
+    return m_shared[place];
+}
+
+std::string RowReader::valueOf(CellType type, std::string text) const
+{
+    switch (type) {
+    case CellType::Shared:
+        return sharedText(text);
+    case CellType::Truth:
+        return text == "1" ? "TRUE" : "FALSE";
+    case CellType::Text:
+        return withoutEscapes(std::move(text));
+    default:
+        return text;
+    }
+}
+
+/// The attributes of the cell whose start was read. No copy of them may live when the next token is read: the reader
+/// would have to part from it.
+RowReader::CellHead RowReader::readHead()
+{
+    CellHead head{m_column, 0, CellType::Number};
+    for (const QXmlStreamAttribute& attribute : m_xml.attributes()) {
+        const QStringRef name = attribute.qualifiedName();
+        const QStringRef value = attribute.value();
+        if (name == QLatin1String("r")) {
+            head.column = columnOf(value);
+        } else if (name == QLatin1String("s")) {
+            head.style = value.toUInt();
+        } else if (name == QLatin1String("t")) {
+            head.type = typeOf(value);
         }
-        return m_shared[index];
     }
-    if (type == QLatin1String("b")) {
-        return text == QLatin1String("1") ? "TRUE" : "FALSE";
+    return head;
+}
+
+/// The text up to the end of the element whose start was read.
+std::string RowReader::readText()
+{
+    std::string text;
+    for (int depth = 1; depth > 0 && !m_xml.atEnd();) {
+        switch (m_xml.readNext()) {
+        case Token::StartElement:
+            ++depth;
+            break;
+        case Token::EndElement:
+            --depth;
+            break;
+        case Token::Characters:
+            if (depth == 1) {
+                append(text, m_xml.text());
+            }
+            break;
+        default:
+            break;
+        }
     }
-    return type == QLatin1String("str") ? withoutEscapes(text) : text.toStdString();
+    return text;
 }
 
 void RowReader::readCell()
 {
-    // The attributes go with the next token.
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    const QStringRef type = attributes.value(QLatin1String("t"));
-    const std::size_t style = attributes.value(QLatin1String("s")).toUInt();
-    const std::size_t column = columnOf(attributes.value(QLatin1String("r")));
-    if (column >= Workbook::MAX_COLUMNS) {
+    const CellHead head = readHead();
+    if (head.column >= Workbook::MAX_COLUMNS) {
         fail("more than " + std::to_string(Workbook::MAX_COLUMNS) + " columns");
         return;
     }
-    m_column = column + 1;
+    m_column = head.column + 1;
     std::string value;
     while (!m_xml.atEnd() && m_error.empty()) {
         const auto token = m_xml.readNext();
-        if (token == Token::EndElement && m_xml.name() == QLatin1String("c")) {
-            break;
+        if (token == Token::EndElement) {
+            break; // of the cell: what stands in it is read whole below
         }
         if (token == Token::StartElement && m_xml.name() == QLatin1String("v")) {
-            value = valueOf(type, m_xml.readElementText(QXmlStreamReader::SkipChildElements));
+            value = valueOf(head.type, readText());
         } else if (token == Token::StartElement && m_xml.name() == QLatin1String("is")) {
             value = readRichText(m_xml);
         } else if (token == Token::StartElement) {
@@ -166,12 +240,14 @@ void RowReader::readCell()
         return;
     }
     m_isEmpty = false;
-    m_row.cells.resize(std::max(m_row.cells.size(), column + 1));
-    m_row.isDates.resize(m_row.cells.size());
-    const bool isNumber = type.isEmpty() || type == QLatin1String("n");
-    m_row.isDates[column] =
-        type == QLatin1String("d") || (isNumber && style < m_dateStyles.size() && m_dateStyles[style]);
-    m_row.cells[column] = std::move(value);
+    if (m_row.cells.size() <= head.column) {
+        m_row.cells.resize(head.column + 1);
+        m_row.isDates.resize(head.column + 1);
+    }
+    m_row.isDates[head.column] =
+        head.type == CellType::Date ||
+        (head.type == CellType::Number && head.style < m_dateStyles.size() && m_dateStyles[head.style]);
+    m_row.cells[head.column] = std::move(value);
 }
 
 } // namespace mrl::exchange

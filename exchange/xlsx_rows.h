@@ -13,7 +13,7 @@ namespace mrl::exchange {
 std::string readRichText(QXmlStreamReader& xml);
 
 /// A text with its escapes _xHHHH_ resolved, and the other way round for what would be taken for one.
-std::string withoutEscapes(const QString& text);
+std::string withoutEscapes(std::string escaped);
 
 class RowReader
 {
@@ -27,11 +27,23 @@ class RowReader
     std::string run();
 
   private:
+    enum class CellType { Number, Text, Shared, Truth, Date, Other };
+    struct CellHead
+    {
+        std::size_t column;
+        std::size_t style;
+        CellType type;
+    };
+
     void beginRow();
     bool endRow();
     void readCell();
     std::size_t columnOf(const QStringRef& reference) const;
-    std::string valueOf(const QStringRef& type, const QString& text) const;
+    static CellType typeOf(const QStringRef& word);
+    CellHead readHead();
+    std::string readText();
+    std::string sharedText(const std::string& index) const;
+    std::string valueOf(CellType type, std::string text) const;
     void fail(const std::string& text);
 
     QXmlStreamReader& m_xml;

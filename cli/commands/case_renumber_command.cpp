@@ -15,7 +15,8 @@ class CaseRenumberCommand : public Command
     void declare(Arguments& args) override
     {
         args.file(m_file);
-        args.positionals("MOVE", m_moves, "A=B; A-B=C: the range, from C on; A-B:+N or A-B:-N: by an offset");
+        args.texts("MOVE", m_moves, Arguments::Need::Required,
+                   "A=B; A-B=C: the range, from C on; A-B:+N or A-B:-N: by an offset");
         args.flag("--force", m_force, "Renumber even if records of other modules stay under an old number");
     }
     ExitCode run() override;

@@ -24,7 +24,8 @@ class CodeCheckCommand : public Command
 
 void CodeCheckCommand::declare(Arguments& args)
 {
-    args.positionals("FILE", m_files, "Names of design codes, or the paths of their files");
+    args.texts("FILE", m_files, Arguments::Need::Required,
+               "Names of design codes, or the paths of their files");
     args.json(m_json);
 }
 

@@ -39,7 +39,8 @@ void EnvelopeCommand::declare(Arguments& args)
     args.positional("RESPONSES", m_responses,
                     "CSV: a row for each response, its name first, then a column for each load case by "
                     "number; or a matrix as NPY");
-    args.texts("--situation", m_situations, "Situations of the design code; all of them if not given");
+    args.texts("--situation", m_situations, Arguments::Need::Optional,
+               "Situations of the design code; all of them if not given");
     args.flag("--concurrent", m_concurrent,
               "Also the values of the responses with the same text in the column 'set'");
     args.text("--numbers", m_numbers, Arguments::Need::Optional,

@@ -1,5 +1,4 @@
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cstdio>
@@ -13,6 +12,7 @@
 #include "cli/failure.h"
 #include "cli/output.h"
 #include "combine/decimal.h"
+#include "exchange/file_writing.h"
 #include "exchange/saf_format.h"
 
 namespace mrl::cli {
@@ -34,11 +34,10 @@ class ExportCommand : public Command
     const exchange::Format& chosenFormat() const;
     exchange::Source sourceOf(const Project& project, const exchange::Format& format) const;
     exchange::FormatOptions formatOptions() const;
-    using Write = std::function<std::optional<exchange::FormatError>(const exchange::Sink&)>;
     void writeSheets(const Project& project, const exchange::Format& format) const;
     void writeCombinations(const Project& project, const exchange::Format& format) const;
-    void write(const Project& project, const Write& write) const;
-    void writeFile(const Project& project, const Write& write) const;
+    void write(const Project& project, const exchange::WriteBytes& write) const;
+    void writeFile(const Project& project, const exchange::WriteBytes& write) const;
     void require(const std::optional<exchange::FormatError>& error) const;
 
     std::string m_file;
@@ -106,34 +105,21 @@ void ExportCommand::require(const std::optional<exchange::FormatError>& error) c
     }
 }
 
-/// The file is there whole, or as it was before.
-void ExportCommand::writeFile(const Project& project, const Write& write) const
+void ExportCommand::writeFile(const Project& project, const exchange::WriteBytes& write) const
 {
     if (QFileInfo(qtext(*m_out)) == QFileInfo(qtext(m_file))) {
         project.refuse("the project itself can't be the file to write");
     }
-    QSaveFile file(qtext(*m_out));
-    const auto fail = [&] {
-        throw Failure{ExitCode::File, *m_out + ": " + file.errorString().toStdString()};
-    };
-    if (!file.open(QIODevice::WriteOnly)) {
-        fail();
-    }
-    require(write([&](std::string_view bytes) {
-        const auto size = static_cast<qint64>(bytes.size());
-        if (file.write(bytes.data(), size) != size) {
-            fail();
-        }
+    const auto isSound = [&] {
+        project.throwOnError();
         return true;
-    }));
-    project.throwOnError();
-    // The commit alone doesn't notice that the last block didn't fit.
-    if (!file.flush() || !file.commit()) {
-        fail();
+    };
+    if (const auto failure = exchange::writeFile(write, qtext(*m_out), isSound)) {
+        throw Failure{failure->isOfFile ? ExitCode::File : ExitCode::Refused, *m_out + ": " + failure->text};
     }
 }
 
-void ExportCommand::write(const Project& project, const Write& write) const
+void ExportCommand::write(const Project& project, const exchange::WriteBytes& write) const
 {
     if (m_out && *m_out != "-") {
         writeFile(project, write);
@@ -141,7 +127,7 @@ void ExportCommand::write(const Project& project, const Write& write) const
     }
     Output out;
     require(write([&](std::string_view bytes) {
-        out.bytes(bytes);
+        out.write(bytes);
         return true;
     }));
     out.finish();

@@ -25,12 +25,14 @@ class ImportCommand : public Command
   private:
     exchange::ReadTables readTables(const exchange::PlanOptions& options) const;
     exchange::PlanOptions planOptions() const;
+    std::map<std::string, std::string> columnsByHand() const;
     void write(const exchange::Plan& plan, const exchange::ProjectState& state, Project& project) const;
     ExitCode runOn(Project& project) const;
 
     std::string m_file;
     std::string m_table;
     ExchangeOptions m_options;
+    std::vector<std::string> m_columns;
     std::optional<std::string> m_match;
     std::optional<std::string> m_hash;
     bool m_createActions = false;
@@ -44,6 +46,8 @@ void ImportCommand::declare(Arguments& args)
     args.file(m_file);
     args.positional("TABLE", m_table, "File with the table; - is standard input");
     m_options.declare(args, "actions or loadcases: what a file holds whose headings don't tell");
+    args.texts("--column", m_columns, Arguments::Need::Optional,
+               "HEADING=COLUMN: what a column of the file means; HEADING= passes it over");
     args.text("--match", m_match, Arguments::Need::Optional,
               "number (the default) or title: by what a row finds its load case");
     args.flag("--create-actions", m_createActions,
@@ -66,6 +70,23 @@ exchange::PlanOptions ImportCommand::planOptions() const
     return options;
 }
 
+std::map<std::string, std::string> ImportCommand::columnsByHand() const
+{
+    std::map<std::string, std::string> columns;
+    for (const std::string& pair : m_columns) {
+        const auto sign = pair.rfind('=');
+        const std::string name = sign == std::string::npos ? std::string() : pair.substr(sign + 1);
+        const bool isKnown = name.empty() || exchange::columnOfHeading(exchange::Sheet::Actions, name) >= 0 ||
+                             exchange::columnOfHeading(exchange::Sheet::LoadCases, name) >= 0;
+        if (sign == std::string::npos || sign == 0 || !isKnown) {
+            throw Failure{ExitCode::Usage,
+                          "--column " + pair + ": write HEADING=COLUMN, such as Nummer=number"};
+        }
+        columns[pair.substr(0, sign)] = name;
+    }
+    return columns;
+}
+
 exchange::ReadTables ImportCommand::readTables(const exchange::PlanOptions& options) const
 {
     exchange::FormatOptions told = m_options.format();
@@ -74,6 +95,7 @@ exchange::ReadTables ImportCommand::readTables(const exchange::PlanOptions& opti
         told.sheet = sheets.front();
     }
     told.byTitle = options.match == exchange::Match::Title;
+    told.columns = columnsByHand();
     const QByteArray bytes = readInput(m_table);
     if (format == nullptr) {
         format = exchange::formatOfFile(m_table, viewOf(bytes));

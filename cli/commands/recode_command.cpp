@@ -46,7 +46,8 @@ void RecodeCommand::declare(Arguments& args)
     args.file(m_file);
     args.text("--code", m_code, Arguments::Need::Required,
               "Name of the new design code, or the path of its file");
-    args.texts("--map", m_map, "OLD=NEW: the action of the new code that an action of the project becomes");
+    args.texts("--map", m_map, Arguments::Need::Optional,
+               "OLD=NEW: the action of the new code that an action of the project becomes");
     args.flag("--dry-run", m_dryRun, "Tell the plan and write nothing");
     args.json(m_json);
 }

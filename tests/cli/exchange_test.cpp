@@ -134,6 +134,15 @@ TEST_F(CliExchange, RowsFindTheirLoadCasesByTitle)
     EXPECT_THAT(doubled.out, HasSubstr("[import-doubled]"));
 }
 
+TEST_F(CliExchange, ColumnsAreMatchedByHandWhereTheirNamesDoNotFit)
+{
+    const std::string csv = table("t.csv", "Kennung;Was;action\n3;Wind;NO\n");
+    EXPECT_THAT(fails(1, {"import", file, csv}), HasSubstr("no column is headed \"number\""));
+    EXPECT_THAT(fails(2, {"import", file, csv, "--column", "Was=what"}), HasSubstr("write HEADING=COLUMN"));
+    done({"import", file, csv, "--column", "Kennung=number", "--column", "Was=title", "--column", "action="});
+    EXPECT_EQ(loadCase(3)["title"], "Wind");
+}
+
 TEST_F(CliExchange, ActionsOfTheDesignCodeAreCreatedWhereAsked)
 {
     const std::string csv = table("t.csv", "number,action\n5,S\n6,S\n");

@@ -1,5 +1,6 @@
 #include "exchange/delimited_text.h"
 
+#include "exchange/text_decoding.h"
 #include "tests/exchange/exchange_fixture.h"
 #include "tests/support/action_builder.h"
 #include "tests/support/load_case_builder.h"
@@ -77,6 +78,22 @@ TEST(DelimitedText, HeadingsStandInAnyOrderInEnglishOrGerman)
     EXPECT_THAT(read.notes, testing::Contains("column \"Unbekannt\" is passed over"));
 }
 
+TEST(DelimitedText, HeadingsAreToldByHandWhereTheyDoNotFit)
+{
+    const std::string file = "Kennung;Was;factor;Gamu\n7;Seven;2;1.5\n";
+    mrl::exchange::FormatOptions options;
+    EXPECT_EQ(errorOf("csv", file), "no column is headed \"number\"");
+    options.columns = {{"Kennung", "number"}, {"Was", "title"}, {"Gamu", ""}};
+    const auto read = readAs("csv", file, options);
+    EXPECT_THAT(rowsOf(read), ElementsAre("7|Seven|2"));
+    EXPECT_EQ(read.form.separator, ';');
+    ASSERT_EQ(read.headings.size(), 1u);
+    EXPECT_EQ(read.headings[0].second[1].text, "Was");
+    EXPECT_EQ(read.headings[0].second[3].column, -1);
+    options.columns["factor"] = "title";
+    EXPECT_EQ(errorOf("csv", file, options), "line 1: two columns mean \"title\"");
+}
+
 TEST(DelimitedText, HeadingsTellActionsFromLoadCases)
 {
     EXPECT_EQ(readAs("csv", "name,partition\nG,G\n").tables[0].head.sheet, Sheet::Actions);
@@ -96,6 +113,27 @@ TEST(DelimitedText, EncodingIsFoundOutAndTold)
         EXPECT_THAT(rowsOf(read), ElementsAre("1|Größe")) << encoding;
         EXPECT_EQ(read.notes.at(0),
                   std::string("read as ") + encoding + ", separator \";\", decimal sign \".\"");
+    }
+}
+
+TEST(DelimitedText, PairOfUnitsBetweenTwoPiecesOfAFileIsReadWhole)
+{
+    const std::string MOON = "\xF0\x9F\x8C\x99"; // two units of UTF-16
+    for (int shift = 0; shift < 4; ++shift) {
+        std::string text = "number,title\n1," + std::string(static_cast<std::size_t>(shift), 'x');
+        for (int i = 0; i < 20; ++i) {
+            text += MOON;
+        }
+        text += "\n";
+        const std::string row = text.substr(text.find("1,"));
+        while (text.size() < 1100000) {
+            text += row;
+        }
+        const std::string utf16 = *mrl::exchange::encoded(text, "UTF-16", true);
+        const auto read = readAs("csv", utf16);
+        for (const auto& one : read.tables.at(0).rows) {
+            ASSERT_EQ(one.cells[1] + "\n", row.substr(2)) << one.line;
+        }
     }
 }
 

@@ -28,7 +28,11 @@ class ImportPlan : public ProjectTest
         return mrl::exchange::planOf(mrl::exchange::stateOf(db), readAs("csv", csv).tables);
     }
     /// The only row of a plan.
-    PlannedRow rowOf(const std::string& csv) const { return planOf(csv).rows.at(0); }
+    PlannedRow rowOf(const std::string& csv) const
+    {
+        Plan plan = planOf(csv);
+        return std::move(plan.rows.at(0));
+    }
     std::string refusalOf(const std::string& csv) const
     {
         const PlannedRow row = rowOf(csv);

@@ -1,5 +1,6 @@
 #include "exchange/saf_format.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -139,7 +140,7 @@ TEST_F(Saf, LosesExactlyWhatTheListSays)
             for (const std::string& loss : losses) {
                 isListed = isListed || loss.find("action " + row.name + ": the") == 0;
             }
-            EXPECT_EQ(row.action.partition != before, isListed) << row.name << " " << superposition;
+            EXPECT_EQ(row.action->wanted.partition != before, isListed) << row.name << " " << superposition;
         }
     }
 }
@@ -184,7 +185,69 @@ TEST_F(Saf, NamesBecomeNumbersAndTitlesAndFaultsAreTold)
     EXPECT_EQ(plan.rows[5].id, 4);
     EXPECT_EQ(lcm_title_text(plan.rows[4].loadCase.title), "WND - LO");
     EXPECT_EQ(plan.rows[4].loadCase.action, codeOf("WIND"));
-    EXPECT_EQ(plan.rows[2].action.psi0, 0.6f) << "as the wind of the design code";
+    EXPECT_EQ(plan.rows[2].action->wanted.psi0, 0.6f) << "as the wind of the design code";
+}
+
+/// The examples that are published with the format state no licence, so they aren't kept here: MRL_SAF_EXAMPLES names
+/// the folder in which they lie.
+class SafExamples : public Saf
+{
+  protected:
+    void SetUp() override
+    {
+        if (!qEnvironmentVariableIsSet("MRL_SAF_EXAMPLES")) {
+            GTEST_SKIP() << "MRL_SAF_EXAMPLES names no folder with the format's example workbooks";
+        }
+    }
+    /// The plan of the example whose file has a word in its name, and all that was told.
+    mrl::exchange::Plan planOf(const QString& word)
+    {
+        const QDir examples(qEnvironmentVariable("MRL_SAF_EXAMPLES"));
+        const QStringList names = examples.entryList({"*" + word + "*.xlsx"});
+        EXPECT_EQ(names.size(), 1) << word.toStdString();
+        QFile workbook(examples.filePath(names.value(0)));
+        EXPECT_TRUE(workbook.open(QIODevice::ReadOnly));
+        const std::string bytes = workbook.readAll().toStdString();
+        EXPECT_EQ(mrl::exchange::formatOfFile("x.xlsx", bytes)->name(), "saf");
+        const auto read = readAs("saf", bytes);
+        told = read.notes;
+        auto plan = mrl::exchange::planOf(mrl::exchange::stateOf(db), read.tables);
+        for (const auto& row : plan.rows) {
+            EXPECT_EQ(row.outcome, Outcome::Added) << row.name;
+            told.insert(told.end(), row.notes.begin(), row.notes.end());
+        }
+        return plan;
+    }
+
+    std::vector<std::string> told;
+};
+
+TEST_F(SafExamples, HouseIsReadWholeAndItsFaultsAreTold)
+{
+    const auto plan = planOf("HOUSE");
+    ASSERT_EQ(plan.rows.size(), 10u);
+    EXPECT_EQ(plan.rows[9].id, 3);
+    EXPECT_THAT(told, Contains("SAF version 2.2.0"));
+    EXPECT_THAT(told,
+                Contains("load group LG7: Together, which is for permanent loads only, is read as PERM"));
+    EXPECT_THAT(told, Contains("load case LC3: no id"));
+    EXPECT_THAT(told, Contains("load case LC3: its action type is Variable, that of its group Permanent; the "
+                               "group counts"));
+    EXPECT_THAT(told, Contains("combinations are passed over"));
+}
+
+TEST_F(SafExamples, SteelHallIsReadWholeWithNumbersForItsNames)
+{
+    const auto plan = planOf("STEEL_HALL");
+    ASSERT_EQ(plan.rows.size(), 11u);
+    EXPECT_EQ(plan.rows[6].id, 3);
+    EXPECT_EQ(lcm_title_text(plan.rows[6].loadCase.title), "WND - LO");
+    EXPECT_EQ(plan.rows[6].loadCase.action, codeOf("WIND"));
+    EXPECT_EQ(lcm_title_text(plan.rows[10].loadCase.title), "SN");
+    EXPECT_THAT(told,
+                Contains("load case WND - LO: the description \"Wind from the left  - overpressure\" is "
+                         "dropped"));
+    EXPECT_THAT(told, Contains("SAF version 2.1.0"));
 }
 
 TEST_F(Saf, IsToldFromOtherWorkbooksByItsSheets)

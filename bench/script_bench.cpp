@@ -1,0 +1,74 @@
+#include "bench/figure.h"
+#include "bench/raw_database.h"
+#include "cli/script.h"
+#include "hostlib/data/cdb/project.h"
+#include "lcdata/values/records.h"
+
+namespace {
+
+/// 100,000 operations "case create" of a script in one transaction. Raw: one transaction that writes their records.
+class CreateCases
+{
+  public:
+    explicit CreateCases(int count) : m_count(count)
+    {
+        const auto made = mrl::cdb::create(m_file);
+        bench::require(static_cast<bool>(made), "create");
+        bench::require(static_cast<bool>(mrl::cdb::setFact(made.db, "designcode", "en1990")), "design code");
+        mrl::cdb::close(made.db);
+        run({R"({"op": "action create", "name": "S"})"});
+        for (int number = 1; number <= m_count; ++number) {
+            m_lines.push_back(R"({"op": "case create", "number": )" + std::to_string(number) +
+                              R"(, "title": "Snow", "action": "S"})");
+        }
+        m_raw.compile();
+    }
+    void prepareOurs()
+    {
+        const auto opened = mrl::cdb::open(m_file);
+        mrl::cdb::Transaction transaction(opened.db);
+        for (int number = 1; number <= m_count; ++number) {
+            mrl_cdb_del(opened.db, 12, number);
+        }
+        bench::require(static_cast<bool>(transaction.commit()), "commit");
+        mrl::cdb::close(opened.db);
+    }
+    void prepareRaw() { m_raw.execute("DELETE FROM record"); }
+    void ours() { run(m_lines); }
+    void raw()
+    {
+        tagCDB_LC_CTRL record{};
+        m_raw.execute("BEGIN IMMEDIATE");
+        for (int number = 1; number <= m_count; ++number) {
+            sqlite3_bind_int(m_raw.insert, 1, 12);
+            sqlite3_bind_int(m_raw.insert, 2, number);
+            sqlite3_bind_blob(m_raw.insert, 3, &record, sizeof record, SQLITE_STATIC);
+            bench::require(sqlite3_step(m_raw.insert) == SQLITE_DONE, "insert");
+            sqlite3_reset(m_raw.insert);
+        }
+        m_raw.execute("COMMIT");
+    }
+
+  private:
+    void run(const std::vector<std::string>& lines)
+    {
+        auto project = mrl::cli::Project::openForWriting(m_file);
+        mrl::cli::Script script(project);
+        int number = 0;
+        std::string results;
+        for (const std::string& line : lines) {
+            results += script.run(++number, line).dump() + '\n';
+        }
+        project.commit();
+        bench::keep(results);
+    }
+
+    int m_count;
+    bench::Folder m_folder;
+    std::string m_file = m_folder / "ours.cdb";
+    bench::Raw m_raw{m_folder / "raw.db"};
+    std::vector<std::string> m_lines;
+};
+const bench::Timed<CreateCases> createCases("script.create", 3.0);
+
+} // namespace
