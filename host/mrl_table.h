@@ -385,7 +385,7 @@ class MRL_HOST_API MRL_H_TableWidget : public MRL_QT_TableWidget
     /// @param id of the column whose cells hold the verdict of their row; -1: no marks
     /// @param role of the verdict, a bool, false for a row with a finding
     void setFindingMarks(int id, int role);
-    /// True: copying with headers puts an HTML table beside the text, for word processors. Off by default.
+    /// True: copying puts an HTML table beside the text, for word processors. Off by default.
     void setHtmlCopyEnabled(bool on);
 
     /// These replace QTableView's sorting, which would move rows in the middle of a report and stays off.

@@ -65,8 +65,18 @@ TEST_F(Commands, CopyWithHeadersOffersAnHtmlTableWhereEnabled)
     EXPECT_EQ(QApplication::clipboard()->mimeData()->html(),
               "<table border=\"1\">\n<tr><th>Title</th><th>Choice</th></tr>\n"
               "<tr><td>wind &lt; 3<br/>&amp; more</td><td>Permanent</td></tr>\n</table>\n");
+}
+
+TEST_F(Commands, CopyOffersAnHtmlTableWithoutHeadingsWhereEnabled)
+{
+    select(1, Choice, 1, Choice);
     key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasHtml());
+    table.setHtmlCopyEnabled(true);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), "Permanent\n");
+    EXPECT_EQ(QApplication::clipboard()->mimeData()->html(),
+              "<table border=\"1\">\n<tr><td>Permanent</td></tr>\n</table>\n");
 }
 
 TEST_F(Commands, CopyOfNothingLeavesTheClipboard)

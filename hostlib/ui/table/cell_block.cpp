@@ -181,7 +181,7 @@ Paste plannedPaste(const QTableWidget& table, const std::vector<QStringList>& li
     if (toRows.empty() || toColumns.empty()) {
         return {};
     }
-    Paste paste{entriesOf(lines, toRows, toColumns), {}};
+    Paste paste{entriesOf(lines, toRows, toColumns), toRows, toColumns, {}};
     if (toRows != rows || toColumns != columns) {
         paste.cells = rectangle(table, toRows, toColumns);
     }

@@ -8,11 +8,9 @@
 #include <vector>
 
 #include "hostlib/ui/table/cell_entry.h"
+#include "hostlib/ui/table/clipboard.h"
 
 namespace mrl::table {
-
-/// What stands above a copied rectangle.
-enum class Captions { Leave, Copy };
 
 /// The selected rectangle, line by line; what isn't selected in it is empty. Empty when nothing is selected.
 std::vector<QStringList> selectedBlock(const QTableWidget& table, Captions captions);
@@ -21,6 +19,8 @@ std::vector<QStringList> selectedBlock(const QTableWidget& table, Captions capti
 struct Paste
 {
     std::vector<Entry> entries;
+    std::vector<int> rows; ///< that the lines go to; lines beyond them have no row
+    std::vector<int> columns;
     QItemSelection cells; ///< to be selected; empty when the selection is the same already
 };
 

@@ -66,27 +66,6 @@ class NarrowedSelection
     bool m_narrowed = false;
 };
 
-/// Why a column of numbers doesn't take a text; empty when it does.
-QString reasonOfRefusal(const MRL_H_TwColumn& column, const QString& text)
-{
-    if (!column.isNumber()) {
-        return {};
-    }
-    const auto number = parseNumber(text);
-    if (!number.has_value()) {
-        return MRL_H_TableWidget::tr("\"%1\" is no number.").arg(text);
-    }
-    if (!column.allows(*number)) {
-        return MRL_H_TableWidget::tr("%1 is not between %2 and %3.")
-            .arg(text, column.numberText(column.description.firstBound),
-                 column.numberText(column.description.secondBound));
-    }
-    const bool isWhole = *number == std::floor(*number);
-    return column.kind == MRL_H_TwColumn::Kind::Whole && !isWhole
-               ? MRL_H_TableWidget::tr("%1 is no whole number.").arg(text)
-               : QString();
-}
-
 /// Tells the listener of the table's journal where an entry begins and ends.
 class EntryReport
 {
@@ -120,6 +99,26 @@ class EntryReport
 };
 
 } // namespace
+
+QString reasonOfRefusal(const MRL_H_TwColumn& column, const QString& text)
+{
+    if (!column.isNumber()) {
+        return {};
+    }
+    const auto number = parseNumber(text);
+    if (!number.has_value()) {
+        return MRL_H_TableWidget::tr("\"%1\" is no number.").arg(text);
+    }
+    if (!column.allows(*number)) {
+        return MRL_H_TableWidget::tr("%1 is not between %2 and %3.")
+            .arg(text, column.numberText(column.description.firstBound),
+                 column.numberText(column.description.secondBound));
+    }
+    const bool isWhole = *number == std::floor(*number);
+    return column.kind == MRL_H_TwColumn::Kind::Whole && !isWhole
+               ? MRL_H_TableWidget::tr("%1 is no whole number.").arg(text)
+               : QString();
+}
 
 MRL_H_TwItem* CellEntry::editableCell(const Entry& entry) const
 {

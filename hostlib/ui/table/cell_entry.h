@@ -22,6 +22,9 @@ struct Entry
     std::optional<int> id;
 };
 
+/// Why a column of numbers doesn't take a text; empty when it does.
+QString reasonOfRefusal(const MRL_H_TwColumn& column, const QString& text);
+
 /// Values that a person enters, into one cell or into many.
 class CellEntry
 {

@@ -11,10 +11,10 @@ QString cellText(const QString& text)
 
 } // namespace
 
-QString toHtmlTable(const std::vector<QStringList>& block)
+QString toHtmlTable(const std::vector<QStringList>& block, Captions captions)
 {
     QString html = QStringLiteral("<table border=\"1\">\n");
-    QString tag = QStringLiteral("th");
+    QString tag = captions == Captions::Copy ? QStringLiteral("th") : QStringLiteral("td");
     for (const QStringList& line : block) {
         html += QStringLiteral("<tr>");
         for (const QString& cell : line) {

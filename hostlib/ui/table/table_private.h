@@ -3,9 +3,11 @@
 #include <QObject>
 
 #include "host/mrl_table.h"
+#include "host/mrl_table_paste.h"
 #include "hostlib/ui/table/cell_entry.h"
 #include "hostlib/ui/table/change_reports.h"
 #include "hostlib/ui/table/clicked_selection.h"
+#include "hostlib/ui/table/clipboard.h"
 #include "hostlib/ui/table/column_fit.h"
 #include "hostlib/ui/table/columns.h"
 #include "hostlib/ui/table/context_menu.h"
@@ -25,6 +27,8 @@ struct MRL_H_TableWidget::Private
     mrl::table::HeldCells takeRows(const std::vector<int>& rows);
     /// Rows came or went unseen.
     void breakJournal();
+    /// Puts lines of cells on the clipboard, unless there are none.
+    void copy(const std::vector<QStringList>& block, mrl::table::Captions captions) const;
     /// Appends rows of cells that were taken out.
     void putRows(mrl::table::HeldCells cells);
 
@@ -41,9 +45,10 @@ struct MRL_H_TableWidget::Private
 
     std::unique_ptr<mrl::table::Journal> journal; ///< null until somebody asks for it
 
-    bool appending = false;         ///< appendNewRows notes its rows itself
-    bool removing = false;          ///< takeRows has emptied the rows that go
-    bool openListOnRelease = false; ///< after a double click on a choice
-    bool copiesHtml = false;        ///< beside the text, when copying with headers
-    QObject context;                ///< ends the connections to the parts before the parts and the model end
+    bool appending = false;                   ///< appendNewRows notes its rows itself
+    bool removing = false;                    ///< takeRows has emptied the rows that go
+    bool openListOnRelease = false;           ///< after a double click on a choice
+    bool copiesHtml = false;                  ///< beside the text
+    MRL_H_PasteHelper* pasteHelper = nullptr; ///< not owned; null: a paste enters what fits
+    QObject context; ///< ends the connections to the parts before the parts and the model end
 };

@@ -4,13 +4,12 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QItemSelectionModel>
-#include <QMimeData>
 #include <QSignalBlocker>
 
 #include <algorithm>
 
+#include "hostlib/ui/table/assisted_paste.h"
 #include "hostlib/ui/table/cell_block.h"
-#include "hostlib/ui/table/html_table.h"
 #include "hostlib/ui/table/row_moves.h"
 #include "hostlib/ui/table/selection.h"
 #include "hostlib/ui/table/tab_separated.h"
@@ -20,26 +19,26 @@
 
 using mrl::table::Captions;
 
-void MRL_H_TableWidget::copySelection()
+void MRL_H_TableWidget::Private::copy(const std::vector<QStringList>& block, Captions captions) const
 {
-    const std::vector<QStringList> block = mrl::table::selectedBlock(*this, Captions::Leave);
-    if (!block.empty()) {
+    if (block.empty()) {
+        return;
+    }
+    if (copiesHtml) {
+        mrl::table::copyToClipboard(block, captions);
+    } else {
         QApplication::clipboard()->setText(mrl::table::toTabSeparated(block));
     }
 }
 
+void MRL_H_TableWidget::copySelection()
+{
+    d->copy(mrl::table::selectedBlock(*this, Captions::Leave), Captions::Leave);
+}
+
 void MRL_H_TableWidget::copySelectionWithHeaders()
 {
-    const std::vector<QStringList> block = mrl::table::selectedBlock(*this, Captions::Copy);
-    if (block.empty()) {
-        return;
-    }
-    auto copied = std::make_unique<QMimeData>();
-    copied->setText(mrl::table::toTabSeparated(block));
-    if (d->copiesHtml) {
-        copied->setHtml(mrl::table::toHtmlTable(block));
-    }
-    QApplication::clipboard()->setMimeData(copied.release()); // the clipboard's
+    d->copy(mrl::table::selectedBlock(*this, Captions::Copy), Captions::Copy);
 }
 
 void MRL_H_TableWidget::setHtmlCopyEnabled(bool on) { d->copiesHtml = on; }
@@ -48,6 +47,10 @@ void MRL_H_TableWidget::pasteClipboard()
 {
     const std::vector<QStringList> lines = mrl::table::fromTabSeparated(QApplication::clipboard()->text());
     if (lines.empty()) {
+        return;
+    }
+    if (d->pasteHelper != nullptr) {
+        mrl::table::AssistedPaste(*this, d->entry, *d->pasteHelper).run(lines);
         return;
     }
     const mrl::table::Paste paste = mrl::table::plannedPaste(*this, lines);
