@@ -89,20 +89,35 @@ bool LCM_LoadCaseCreation::add(bool copy, LCM_LoadcaseEntry& entry, std::set<int
         refuse(LCM_LoadcaseWidget::tr("The maximum loadcase number is %1").arg(LC_MAX_NUMBER));
         return false;
     }
-    if (entry.record.title[0] == 0) {
-        lcm_title_pack(LCM_LoadcaseWidget::tr("Loadcase %1").arg(entry.number), entry.record.title,
-                       LC_TITLE_WORDS);
-    }
-    const LCM_DefaultAction kind = lcm_default_action_of_new(m_table.rowCount());
-    if (kind != LCM_DefaultAction::Keep) {
-        bindDefaultAction(kind == LCM_DefaultAction::Dead, entry);
-    }
+    complete(entry, m_table.rowCount());
     appendRow(entry, rows);
     m_numbering.take(entry.number);
     if (copy) {
         m_copies.push_back(info);
     }
     return true;
+}
+
+/// Gives a new load case what it lacks: a title, and the default action of the first ones.
+void LCM_LoadCaseCreation::complete(LCM_LoadcaseEntry& entry, int rows)
+{
+    if (entry.record.title[0] == 0) {
+        lcm_title_pack(LCM_LoadcaseWidget::tr("Loadcase %1").arg(entry.number), entry.record.title,
+                       LC_TITLE_WORDS);
+    }
+    const LCM_DefaultAction kind = lcm_default_action_of_new(rows);
+    if (kind != LCM_DefaultAction::Keep) {
+        bindDefaultAction(kind == LCM_DefaultAction::Dead, entry);
+    }
+}
+
+LCM_LoadcaseEntry LCM_LoadCaseCreation::newEntry(int number, int rows)
+{
+    LCM_LoadcaseEntry entry;
+    bindDefaultAction(false, entry);
+    entry.number = number;
+    complete(entry, rows);
+    return entry;
 }
 
 void LCM_LoadCaseCreation::appendRow(const LCM_LoadcaseEntry& entry, std::set<int>& rows)

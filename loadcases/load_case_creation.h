@@ -29,10 +29,15 @@ class LCM_LoadCaseCreation
     /// @return false if the user gave up or the number is too high
     bool add(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows, LCM_LoadcaseCopy& info);
 
+    /// A plain new load case of this number.
+    /// @param rows that the table has before it
+    LCM_LoadcaseEntry newEntry(int number, int rows);
+
   private:
     bool createFromSelection(bool copy, const std::set<int>& selected, LCM_LoadcaseEntry& entry,
                              std::set<int>& newRows);
     bool createWithoutSelection(LCM_LoadcaseEntry& entry, std::set<int>& newRows);
+    void complete(LCM_LoadcaseEntry& entry, int rows);
     void bindDefaultAction(bool dead, LCM_LoadcaseEntry& entry);
     void appendRow(const LCM_LoadcaseEntry& entry, std::set<int>& rows);
     /// @param number of a load case whose row is selected

@@ -96,6 +96,8 @@ class LCM_LoadcaseWidget : public LCM_TabInterface, public LCM_LoadCaseTab
 
     void createLoadcases(bool copy);
     bool addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::set<int>& rows, LCM_LoadcaseCopy& info);
+    /// Appends plain new load cases of these numbers, which have to be free.
+    void appendNewLoadcases(const std::vector<int>& numbers);
     /// @return the number of the new load case, -99999 when the user gave up
     int askNumber(bool copy, LCM_LoadcaseCopy& info);
     int nextNumber();

@@ -12,6 +12,7 @@
 #include "loadcases/numbers_line.h"
 #include "loadcases/row_actions.h"
 #include "loadcases/table_loadcases.h"
+#include "model/working_model.h"
 
 void LCM_LoadcaseWidget::slot_newClicked() { createLoadcases(false); }
 
@@ -36,6 +37,20 @@ bool LCM_LoadcaseWidget::addLoadcase(bool copy, LCM_LoadcaseEntry& entry, std::s
                                      LCM_LoadcaseCopy& info)
 {
     return LCM_LoadCaseCreation(*this, *loadcaseTable, *m_numbering, copies).add(copy, entry, rows, info);
+}
+
+void LCM_LoadcaseWidget::appendNewLoadcases(const std::vector<int>& numbers)
+{
+    LCM_LoadCaseCreation creation(*this, *loadcaseTable, *m_numbering, copies);
+    std::vector<LCM_LoadcaseEntry> entries;
+    for (const int number : numbers) {
+        entries.push_back(
+            creation.newEntry(number, loadcaseTable->rowCount() + static_cast<int>(entries.size())));
+    }
+    if (!entries.empty()) {
+        modified = true;
+        appendRows(entries);
+    }
 }
 
 int LCM_LoadcaseWidget::askNumber(bool copy, LCM_LoadcaseCopy& info)

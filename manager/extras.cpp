@@ -16,8 +16,10 @@
 #include "actions/table_helpers.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/roles.h"
+#include "loadcases/load_case_paste.h"
 #include "loadcases/loadcase_widget.h"
 #include "manager/row_filter.h"
+#include "manager/untaken_values.h"
 #include "rules/action_columns.h"
 
 namespace {
@@ -106,7 +108,28 @@ void LCM_Extras::dressTables()
         table->setFindingMarks(ACT_COL_ACTION, ROLE_ROW_VALID);
         table->setHtmlCopyEnabled(true);
         table->setMultiEditingEnabled(true);
+        m_pasteHelps.push_back(newPasteHelp(tab));
         table->setAccessibleName(tab == m_tabs.actions ? tr("Actions") : tr("Load cases"));
+    }
+}
+
+std::unique_ptr<LCM_PasteHelp> LCM_Extras::newPasteHelp(LCM_TabInterface* tab)
+{
+    const auto report = [this](int values, const std::vector<LCM_UntakenValue>& untaken) {
+        tellPaste(values, untaken);
+    };
+    if (tab == m_tabs.loadCases) {
+        return std::make_unique<LCM_LoadCasePaste>(*m_tabs.loadCases, report);
+    }
+    return std::make_unique<LCM_PasteHelp>(*tab, report);
+}
+
+void LCM_Extras::tellPaste(int values, const std::vector<LCM_UntakenValue>& untaken)
+{
+    const QString summary = lcm_untaken_summary(values, untaken);
+    tell(summary);
+    if (!untaken.empty()) {
+        lcm_show_untaken(this, summary, untaken);
     }
 }
 

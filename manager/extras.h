@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "actions/paste_help.h"
 #include "history/history.h"
 #include "manager/findings_list.h"
 #include "manager/row_reader.h"
@@ -52,6 +53,7 @@ class LCM_Extras : public QWidget
 
   private:
     void dressTables();
+    std::unique_ptr<LCM_PasteHelp> newPasteHelp(LCM_TabInterface* tab);
     void createHistoryButtons(QLayout* layout);
     void createSearch(QLayout* layout);
     void createFilter(QLayout* layout);
@@ -68,6 +70,7 @@ class LCM_Extras : public QWidget
     void find(bool forward);
     void goTo(int finding);
     void tell(const QString& message);
+    void tellPaste(int values, const std::vector<LCM_UntakenValue>& untaken);
     LCM_TabInterface* front() const;
     std::vector<LCM_TabInterface*> allTabs() const;
 
@@ -85,6 +88,7 @@ class LCM_Extras : public QWidget
     QStringListModel* m_findingTexts;
     QTimer* m_filterTimer;
     QTimer* m_findingsTimer;
+    std::vector<std::unique_ptr<LCM_PasteHelp>> m_pasteHelps;
     std::vector<LCM_ShownFinding> m_findings;
     int m_finding = -1; ///< the one gone to last
 };
