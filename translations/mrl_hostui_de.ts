@@ -140,6 +140,22 @@
         <source>%1 is no whole number.</source>
         <translation>%1 ist keine ganze Zahl.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is none of the choices.</source>
+        <translation>„%1“ steht nicht zur Wahl.</translation>
+    </message>
+    <message>
+        <source>The cell holds &quot;%1&quot; now.</source>
+        <translation>Die Zelle enthält jetzt „%1“.</translation>
+    </message>
+    <message>
+        <source>The cell can&apos;t be changed.</source>
+        <translation>Die Zelle lässt sich nicht ändern.</translation>
+    </message>
+    <message>
+        <source>There is no column for it.</source>
+        <translation>Dafür gibt es keine Spalte.</translation>
+    </message>
 </context>
 <context>
     <name>MRL_QT_AdvancedSlider</name>

@@ -346,6 +346,26 @@ Die Einwirkungen sind:
         <source>Discard</source>
         <translation>Verwerfen</translation>
     </message>
+    <message>
+        <source>Cell</source>
+        <translation>Zelle</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>%1 of %2 values not taken</source>
+        <translation>%1 von %2 Werten nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
 </context>
 <context>
     <name>LCM_History</name>
@@ -615,6 +635,26 @@ Die Einwirkungen sind:
         <source>%1 load cases: %2</source>
         <translation>%1 Lastfälle: %2</translation>
     </message>
+    <message>
+        <source>No number is free.</source>
+        <translation>Keine Nummer ist frei.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number from 1 to %2.</source>
+        <translation>„%1“ ist keine Nummer von 1 bis %2.</translation>
+    </message>
+    <message>
+        <source>Load case %1 exists already.</source>
+        <translation>Den Lastfall %1 gibt es schon.</translation>
+    </message>
+    <message>
+        <source>No action is called &quot;%1&quot;.</source>
+        <translation>Keine Einwirkung heißt „%1“.</translation>
+    </message>
+    <message>
+        <source>Several actions have the title &quot;%1&quot;.</source>
+        <translation>Mehrere Einwirkungen haben den Titel „%1“.</translation>
+    </message>
 </context>
 <context>
     <name>LCM_ProjectCheck</name>
@@ -698,6 +738,10 @@ Die Einwirkungen sind:
 Please check your inputs in the Superposition Manager and adapt them if necessary manually or by reinitializing.</source>
         <translation>Sie haben die Einwirkungen geändert.
 Bitte prüfen Sie Ihre Eingaben im Überlagerungs-Manager und passen Sie sie nötigenfalls von Hand oder durch Zurücksetzen an.</translation>
+    </message>
+    <message>
+        <source>There is no row for it.</source>
+        <translation>Dafür gibt es keine Zeile.</translation>
     </message>
 </context>
 <context>

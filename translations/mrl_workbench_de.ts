@@ -261,6 +261,18 @@
         <source>Actions</source>
         <translation>Einwirkungen</translation>
     </message>
+    <message>
+        <source>The file is larger than 256 MiB.</source>
+        <translation>Die Datei ist größer als 256 MiB.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy with &amp;headings</source>
+        <translation>Mit Ü&amp;berschriften kopieren</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::ActionsModel</name>
@@ -467,6 +479,69 @@
     </message>
 </context>
 <context>
+    <name>mrl::workbench::ExportDialog</name>
+    <message>
+        <source>&amp;Version:</source>
+        <translation>&amp;Version:</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>E&amp;xportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format:</translation>
+    </message>
+    <message>
+        <source>&amp;Content:</source>
+        <translation>&amp;Inhalt:</translation>
+    </message>
+    <message>
+        <source>F&amp;ile:</source>
+        <translation>&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>D&amp;urchsuchen ...</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>the whole project</source>
+        <translation>das ganze Projekt</translation>
+    </message>
+    <message>
+        <source>load cases</source>
+        <translation>Lastfälle</translation>
+    </message>
+    <message>
+        <source>actions</source>
+        <translation>Einwirkungen</translation>
+    </message>
+    <message>
+        <source>The file tells all values.</source>
+        <translation>Die Datei enthält alle Werte.</translation>
+    </message>
+    <message>
+        <source>What the file won&apos;t tell (%1):</source>
+        <translation>Was die Datei nicht enthält (%1):</translation>
+    </message>
+    <message>
+        <source>The project itself can&apos;t be the file to write.</source>
+        <translation>Das Projekt selbst kann nicht die Zieldatei sein.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Should it be replaced?</source>
+        <translation>%1 ist vorhanden. Soll die Datei ersetzt werden?</translation>
+    </message>
+</context>
+<context>
     <name>mrl::workbench::ExtremesModel</name>
     <message>
         <source>Response</source>
@@ -490,10 +565,6 @@
     <message>
         <source>Find</source>
         <translation>Suchen</translation>
-    </message>
-    <message>
-        <source>&amp;Copy</source>
-        <translation>&amp;Kopieren</translation>
     </message>
 </context>
 <context>
@@ -560,6 +631,132 @@
     <message>
         <source>&amp;Redo: %1</source>
         <translation>&amp;Wiederholen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::HeadingChoices</name>
+    <message>
+        <source>Column of the file</source>
+        <translation>Spalte der Datei</translation>
+    </message>
+    <message>
+        <source>Means</source>
+        <translation>Bedeutet</translation>
+    </message>
+    <message>
+        <source>(passed over)</source>
+        <translation>(übergangen)</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::ImportDialog</name>
+    <message>
+        <source>Tables (%1)</source>
+        <translation>Tabellen (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Take missing &amp;actions from the design code</source>
+        <translation>Fehlende &amp;Einwirkungen aus der Norm nehmen</translation>
+    </message>
+    <message>
+        <source>Leave &amp;out refused rows</source>
+        <translation>Ab&amp;gelehnte Zeilen auslassen</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Hinweise</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
+        <source>load cases</source>
+        <translation>Lastfälle</translation>
+    </message>
+    <message>
+        <source>actions</source>
+        <translation>Einwirkungen</translation>
+    </message>
+    <message>
+        <source>their number</source>
+        <translation>ihrer Nummer</translation>
+    </message>
+    <message>
+        <source>their title</source>
+        <translation>ihrem Titel</translation>
+    </message>
+    <message>
+        <source>F&amp;ile:</source>
+        <translation>&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format:</translation>
+    </message>
+    <message>
+        <source>&amp;Content:</source>
+        <translation>&amp;Inhalt:</translation>
+    </message>
+    <message>
+        <source>Load cases are found &amp;by</source>
+        <translation>Lastfälle finden sich &amp;nach</translation>
+    </message>
+    <message>
+        <source>B&amp;rowse...</source>
+        <translation>D&amp;urchsuchen...</translation>
+    </message>
+    <message>
+        <source>&amp;Show:</source>
+        <translation>An&amp;zeigen:</translation>
+    </message>
+    <message>
+        <source>I&amp;mport</source>
+        <translation>I&amp;mportieren</translation>
+    </message>
+    <message>
+        <source>Notes (%1)</source>
+        <translation>Hinweise (%1)</translation>
+    </message>
+    <message>
+        <source>automatic: %1</source>
+        <translation>automatisch: %1</translation>
+    </message>
+    <message>
+        <source>all rows (%1)</source>
+        <translation>alle Zeilen (%1)</translation>
+    </message>
+    <message>
+        <source>Importing...</source>
+        <translation>Importieren...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelled; the project is as it was.</source>
+        <translation>Abgebrochen; das Projekt ist, wie es war.</translation>
+    </message>
+    <message>
+        <source>The rows could not be written. The project is as it was.</source>
+        <translation>Die Zeilen konnten nicht geschrieben werden. Das Projekt ist, wie es war.</translation>
     </message>
 </context>
 <context>
@@ -858,6 +1055,30 @@
         <source>Deletion of unused load cases: %1</source>
         <translation>Löschen unbenutzter Lastfälle: %1</translation>
     </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>An import needs the design code of the project, which can&apos;t be loaded: %1</source>
+        <translation>Ein Import braucht die Norm des Projekts, die sich nicht laden lässt: %1</translation>
+    </message>
+    <message>
+        <source>Imported: %1</source>
+        <translation>Importiert: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>
@@ -920,6 +1141,57 @@
     <message>
         <source>%1 exists. Should it be replaced?</source>
         <translation>%1 ist vorhanden. Soll die Datei ersetzt werden?</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::PlanModel</name>
+    <message>
+        <source>added</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>unchanged</source>
+        <translation>unverändert</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>action</source>
+        <translation>Einwirkung</translation>
+    </message>
+    <message>
+        <source>load case</source>
+        <translation>Lastfall</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Reasons and losses</source>
+        <translation>Gründe und Verluste</translation>
     </message>
 </context>
 <context>
@@ -1163,6 +1435,45 @@
     <message>
         <source>Contribution</source>
         <translation>Anteil</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::TextFormFields</name>
+    <message>
+        <source>comma ,</source>
+        <translation>Komma ,</translation>
+    </message>
+    <message>
+        <source>semicolon ;</source>
+        <translation>Semikolon ;</translation>
+    </message>
+    <message>
+        <source>tabulator</source>
+        <translation>Tabulator</translation>
+    </message>
+    <message>
+        <source>point .</source>
+        <translation>Punkt .</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
+        <source>automatic: %1</source>
+        <translation>automatisch: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding:</source>
+        <translation>&amp;Kodierung:</translation>
+    </message>
+    <message>
+        <source>Se&amp;parator:</source>
+        <translation>&amp;Trennzeichen:</translation>
+    </message>
+    <message>
+        <source>&amp;Decimal sign:</source>
+        <translation>Dezimal&amp;zeichen:</translation>
     </message>
 </context>
 </TS>

@@ -67,6 +67,9 @@ const FactorColumn& ActionsModel::factorAt(int column) const
 
 QVariant ActionsModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     if (role == Qt::TextAlignmentRole) {
         return alignment(index.column() >= FirstFactor);
     }

@@ -30,6 +30,9 @@ void FindingsModel::show(LCM_Findings findings)
 
 QVariant FindingsModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
         return index.column() == 0 ? whereOf(rowOf(index)) : lcm_finding_text(rowOf(index));
     }

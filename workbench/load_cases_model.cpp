@@ -100,6 +100,9 @@ const tagCDB_LC_ACT* LoadCasesModel::actionOf(const LCM_StoredLoadCase& loadCase
 
 QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const auto& loadCase = rowOf(index);
     const bool current = loadCase.number == m_current;
     switch (role) {

@@ -47,6 +47,8 @@ class MainWindow : public QMainWindow
     bool slot_save();
     bool slot_saveAs();
     void slot_close();
+    void slot_import();
+    void slot_export();
     void slot_settings();
     void slot_help();
     void slot_about();
@@ -114,6 +116,8 @@ class MainWindow : public QMainWindow
     QAction* m_saveAction = nullptr;
     QAction* m_saveAsAction = nullptr;
     QAction* m_closeAction = nullptr;
+    QAction* m_importAction = nullptr;
+    QAction* m_exportAction = nullptr;
     QAction* m_actionsAction = nullptr;
     QAction* m_loadCasesAction = nullptr;
 };

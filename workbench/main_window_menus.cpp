@@ -50,6 +50,13 @@ void MainWindow::createActions()
     connect(m_saveAsAction, &QAction::triggered, this, &MainWindow::slot_saveAs);
     connect(m_closeAction, &QAction::triggered, this, &MainWindow::slot_close);
 
+    m_importAction = new QAction(tr("&Import..."), this);
+    m_exportAction = new QAction(tr("&Export..."), this);
+    m_importAction->setObjectName(QStringLiteral("action_import"));
+    m_exportAction->setObjectName(QStringLiteral("action_export"));
+    connect(m_importAction, &QAction::triggered, this, &MainWindow::slot_import);
+    connect(m_exportAction, &QAction::triggered, this, &MainWindow::slot_export);
+
     m_actionsAction = new QAction(tr("&Action Manager..."), this);
     m_actionsAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+1")));
     m_loadCasesAction = new QAction(tr("&Load-case Manager..."), this);
@@ -68,6 +75,9 @@ void MainWindow::createFileMenu()
     file->addSeparator();
     file->addAction(m_saveAction);
     file->addAction(m_saveAsAction);
+    file->addSeparator();
+    file->addAction(m_importAction);
+    file->addAction(m_exportAction);
     file->addSeparator();
     file->addAction(m_closeAction);
     QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);

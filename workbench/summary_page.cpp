@@ -11,6 +11,7 @@
 #include "workbench/axis_name.h"
 #include "workbench/findings_model.h"
 #include "workbench/load_cases_model.h"
+#include "workbench/table_copy.h"
 #include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
@@ -133,6 +134,7 @@ QTableView* SummaryPage::createTable(QAbstractItemModel* model, const char* name
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setAlternatingRowColors(true);
+    addCopyCommands(*table);
     connect(table, &QTableView::activated, this, &SummaryPage::openAt);
     table->setWordWrap(false);
     table->setTabKeyNavigation(false);

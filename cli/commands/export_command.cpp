@@ -127,7 +127,7 @@ void ExportCommand::write(const Project& project, const exchange::WriteBytes& wr
     }
     Output out;
     require(write([&](std::string_view bytes) {
-        out.write(bytes);
+        out.bytes(bytes);
         return true;
     }));
     out.finish();

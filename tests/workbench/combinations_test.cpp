@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QSvgRenderer>
 #include <QSvgWidget>
+#include <QMimeData>
 #include <QTableView>
 #include <QTest>
 
@@ -181,7 +182,8 @@ TEST_F(CombinationsPageTest, SortsFindsAndCopies)
     ASSERT_EQ(rows("table_extremes"), 1);
     table("table_extremes")->selectRow(0);
     table("table_extremes")->actions().front()->trigger();
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("M2\t135\t1.35*1\t100\t1*1"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("M2\t135\t1.35*1\t100\t1*1\n"));
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasHtml());
 }
 
 TEST(ReadableCount, IsANumberThatOneCanRead)

@@ -25,6 +25,9 @@ void CombinationListModel::show(const ProjectCombinations::Planned* planned)
 
 QVariant CombinationListModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     if (role == Qt::TextAlignmentRole) {
         return alignment(false);
     }

@@ -64,6 +64,9 @@ QString ExtremesModel::key(int row, Envelope::Direction direction) const
 
 QVariant ExtremesModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const auto row = static_cast<std::size_t>(index.row());
     const combine::Extremes& extremes = m_extremes[row];
     const int column = index.column();

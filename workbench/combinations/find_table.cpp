@@ -1,15 +1,11 @@
 #include "workbench/combinations/find_table.h"
 
-#include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
-#include <QStringList>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include "workbench/table_copy.h"
 
 namespace mrl::workbench {
 
@@ -62,17 +58,12 @@ FindTable::FindTable(QAbstractItemModel* model, const char* name, QWidget* paren
     m_table->setMinimumHeight(2 * (m_table->fontMetrics().height() + ROW_MARGIN));
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    auto* copy = new QAction(tr("&Copy"), m_table);
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetShortcut);
-    m_table->addAction(copy);
-    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
+    addCopyCommands(*m_table);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_find);
     layout->addWidget(m_table, 1);
     connect(m_find, &QLineEdit::textChanged, this, &FindTable::slot_find);
-    connect(copy, &QAction::triggered, this, &FindTable::slot_copy);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FindTable::currentChanged);
 }
@@ -103,21 +94,5 @@ void FindTable::fitColumns(std::initializer_list<int> stretched)
 }
 
 void FindTable::slot_find(const QString& text) { m_proxy->setFilterFixedString(text); }
-
-/// The selected rows, all columns, with tabs between them.
-void FindTable::slot_copy()
-{
-    QModelIndexList rows = m_table->selectionModel()->selectedRows();
-    std::sort(rows.begin(), rows.end());
-    QStringList lines;
-    for (const QModelIndex& row : rows) {
-        QStringList cells;
-        for (int column = 0; column < m_proxy->columnCount(); ++column) {
-            cells << row.sibling(row.row(), column).data().toString();
-        }
-        lines << cells.join(QLatin1Char('\t'));
-    }
-    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
-}
 
 } // namespace mrl::workbench

@@ -30,7 +30,6 @@ class FindTable : public QWidget
 
   private slots:
     void slot_find(const QString& text);
-    void slot_copy();
 
   private:
     QLineEdit* m_find;

@@ -21,6 +21,9 @@ void SituationsModel::show(const ProjectCombinations& combinations)
 
 QVariant SituationsModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const SituationRow& row = rowOf(index);
     if (role == Qt::TextAlignmentRole) {
         return alignment(index.column() == Count);

@@ -55,6 +55,9 @@ QVariant TermsModel::text(const TermRow& row, int column)
 
 QVariant TermsModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const TermRow& row = rowOf(index);
     const int column = index.column();
     const bool isRight = column == LoadCase || column == Factor || column >= Response;

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+#include "exchange/format.h"
+
+class QComboBox;
+
+namespace mrl::workbench {
+
+/// The fields that say how the text of a file is written: encoding, separator, decimal sign.
+class TextFormFields : public QWidget
+{
+    Q_OBJECT
+  public:
+    enum class Purpose { Read, Write };
+
+    /// To write they begin with what the locale has; to read, with "automatic".
+    TextFormFields(Purpose purpose, QWidget* parent);
+    ~TextFormFields() override;
+
+    /// Enters what is chosen; what is left to be found out stays as it is.
+    void enterInto(exchange::FormatOptions& options) const;
+    /// Tells beside "automatic" what was found out.
+    void showFound(const exchange::TextForm& form);
+
+  signals:
+    void changed();
+
+  private:
+    QComboBox* createField(const QString& label, const char* name);
+    void chooseByLocale();
+
+    QComboBox* m_encoding;
+    QComboBox* m_separator;
+    QComboBox* m_decimal;
+};
+
+} // namespace mrl::workbench

@@ -1,0 +1,43 @@
+// Tables in and out.
+#include <QDir>
+#include <QMessageBox>
+#include <QStatusBar>
+
+#include "workbench/exchange/export_dialog.h"
+#include "workbench/exchange/import_dialog.h"
+#include "workbench/main_window.h"
+
+namespace mrl::workbench {
+
+void MainWindow::slot_export()
+{
+    if (!m_document->isOpen()) {
+        return;
+    }
+    ExportDialog dialog(m_document->database(), m_document->file(), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        statusBar()->showMessage(tr("Written: %1").arg(QDir::toNativeSeparators(dialog.file())));
+    }
+}
+
+void MainWindow::slot_import()
+{
+    if (!m_document->isOpen()) {
+        return;
+    }
+    // Rows are judged by the design code.
+    const QString reason = m_document->designCodeFailure();
+    if (!reason.isEmpty()) {
+        QMessageBox::warning(
+            this, tr("Import"),
+            tr("An import needs the design code of the project, which can't be loaded: %1").arg(reason));
+        return;
+    }
+    ImportDialog dialog(m_document->database(), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        slot_changed();
+        statusBar()->showMessage(tr("Imported: %1").arg(dialog.summary()));
+    }
+}
+
+} // namespace mrl::workbench
