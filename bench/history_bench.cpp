@@ -40,7 +40,7 @@ class PastedTitles : bench::LoadCases
     void prepareRaw() { putTitles(); }
     void raw() { m_loadCases->tableWidget()->pasteClipboard(); }
 
-  private:
+  protected:
     void putTitles()
     {
         m_number = 1 - m_number;
@@ -64,5 +64,26 @@ class PastedTitles : bench::LoadCases
     int m_number = 0;
 };
 const bench::Timed<PastedTitles> UNDO("history.undo", 1.5, {100'000});
+
+/// What a hundred such steps keep, beside the gigabyte that they may take at most.
+class HundredSteps : PastedTitles
+{
+  public:
+    using PastedTitles::PastedTitles;
+    double ours()
+    {
+        return bench::bytesKept([this] {
+            for (int step = 0; step < STEPS; ++step) {
+                paste();
+            }
+        });
+    }
+    static double raw() { return GIGABYTE; }
+
+  private:
+    static constexpr int STEPS = 100;
+    static constexpr double GIGABYTE = 1e9;
+};
+const bench::Measured<HundredSteps> STEPS_MEMORY("history.hundred_steps_memory", 1.0, {100'000});
 
 } // namespace

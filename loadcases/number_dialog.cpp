@@ -1,5 +1,6 @@
 #include "loadcases/number_dialog.h"
 
+#include "actions/host_settings.h"
 #include "host/mrl_table.h"
 #include "lcdata/values/records.h"
 #include "loadcases/number_slider.h"
@@ -46,6 +47,9 @@ void LCM_LoadcaseNumberDialog::createLayout(const LCM_LoadcaseCopy& info)
         m_pFac->setVal(info.factor);
         grid->addWidget(new MRL_QT_Label(tr("Factor:"), this), 1, 0);
         grid->addWidget(m_pFac, 1, 1);
+        if (lcm_wants_extras()) {
+            m_pFac->setAccessibleName(tr("Factor"));
+        }
     }
 
     buttons = new MRL_QT_Ok(this, 3, "buttons");

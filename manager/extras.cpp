@@ -1,6 +1,7 @@
 #include "manager/extras.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -19,8 +20,10 @@
 #include "loadcases/load_case_paste.h"
 #include "loadcases/loadcase_widget.h"
 #include "manager/row_filter.h"
+#include "manager/title_excess.h"
 #include "manager/untaken_values.h"
 #include "rules/action_columns.h"
+#include "rules/load_case_columns.h"
 
 namespace {
 
@@ -110,6 +113,12 @@ void LCM_Extras::dressTables()
         table->setMultiEditingEnabled(true);
         m_pasteHelps.push_back(newPasteHelp(tab));
         table->setAccessibleName(tab == m_tabs.actions ? tr("Actions") : tr("Load cases"));
+    }
+    if (m_tabs.actions) {
+        new LCM_TitleExcess(m_tabs.actions, ACT_COL_DESCRIPTION, this);
+    }
+    if (m_tabs.loadCases) {
+        new LCM_TitleExcess(m_tabs.loadCases, LC_COL_TITLE, this);
     }
 }
 
@@ -304,6 +313,18 @@ void LCM_Extras::goTo(int number)
     table->scrollTo(table->model()->index(row, column));
     m_findingsView->setCurrentIndex(m_findingTexts->index(number));
     tell(finding.text);
+}
+
+// ---- leaving
+
+void LCM_Extras::closeDialog() { window()->close(); }
+
+void LCM_Extras::quit()
+{
+    if (window()->close()) {
+        // Once the dialog's own event loop has ended, so that the windows behind it can ask and close.
+        QMetaObject::invokeMethod(qApp, &QApplication::closeAllWindows, Qt::QueuedConnection);
+    }
 }
 
 bool LCM_Extras::eventFilter(QObject* object, QEvent* event)

@@ -46,6 +46,10 @@ class LCM_Extras : public QWidget
     void findPrevious();
     void nextFinding();
     void previousFinding();
+    /// Leaves the dialog as its close button does.
+    void closeDialog();
+    /// The same, and then closes the program's windows.
+    void quit();
 
   protected:
     /// Esc leaves a field of the bar for the table.

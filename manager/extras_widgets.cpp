@@ -90,6 +90,8 @@ void LCM_Extras::createHistoryButtons(QLayout* layout)
     createCommand(tr("Redo"),
                   {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)},
                   "redo", &LCM_Extras::redoStep);
+    createCommand(tr("Close"), {QKeySequence(Qt::CTRL + Qt::Key_W)}, "close", &LCM_Extras::closeDialog);
+    createCommand(tr("Quit"), {QKeySequence(Qt::CTRL + Qt::Key_Q)}, "quit", &LCM_Extras::quit);
 }
 
 void LCM_Extras::createSearch(QLayout* layout)

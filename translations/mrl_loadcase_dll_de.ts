@@ -366,6 +366,14 @@ Die Einwirkungen sind:
         <source>Paste</source>
         <translation>Einfügen</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
 </context>
 <context>
     <name>LCM_History</name>
@@ -463,6 +471,10 @@ Die Einwirkungen sind:
     <message>
         <source>No</source>
         <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Factor</source>
+        <translation>Faktor</translation>
     </message>
 </context>
 <context>
@@ -742,6 +754,13 @@ Bitte prüfen Sie Ihre Eingaben im Überlagerungs-Manager und passen Sie sie nö
     <message>
         <source>There is no row for it.</source>
         <translation>Dafür gibt es keine Zeile.</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_TitleExcess</name>
+    <message>
+        <source>Too long by %1 characters, which are not kept: %2</source>
+        <translation>Um %1 Zeichen zu lang; nicht behalten wird: %2</translation>
     </message>
 </context>
 <context>

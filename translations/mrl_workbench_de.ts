@@ -431,6 +431,18 @@
         <source>Pictures (*.svg);;All files (*)</source>
         <translation>Bilder (*.svg);;Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>Situations</source>
+        <translation>Situationen</translation>
+    </message>
+    <message>
+        <source>Combinations</source>
+        <translation>Kombinationen</translation>
+    </message>
+    <message>
+        <source>Terms of the combination</source>
+        <translation>Glieder der Kombination</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::ConflictDialog</name>
@@ -776,6 +788,10 @@
     <message>
         <source>Input text (*.dat);;All files (*)</source>
         <translation>Eingabetext (*.dat);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Generated input</source>
+        <translation>Erzeugte Eingabe</translation>
     </message>
 </context>
 <context>
@@ -1142,6 +1158,10 @@
         <source>%1 exists. Should it be replaced?</source>
         <translation>%1 ist vorhanden. Soll die Datei ersetzt werden?</translation>
     </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::PlanModel</name>
@@ -1365,6 +1385,18 @@
     <message>
         <source>Check again</source>
         <translation>Neu prüfen</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Einwirkungen</translation>
+    </message>
+    <message>
+        <source>Load cases</source>
+        <translation>Lastfälle</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>Befunde</translation>
     </message>
 </context>
 <context>

@@ -18,6 +18,7 @@ InputPage::InputPage(QWidget* parent) : QWidget(parent), m_text(new QPlainTextEd
 {
     setObjectName(QStringLiteral("input"));
     m_text->setObjectName(QStringLiteral("text_input"));
+    m_text->setAccessibleName(tr("Generated input"));
     m_text->setReadOnly(true);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);

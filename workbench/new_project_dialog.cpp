@@ -97,6 +97,7 @@ QWidget* NewProjectDialog::createFileRow(const QString& folder)
     layout->setContentsMargins(0, 0, 0, 0);
     m_file = new QLineEdit(QDir::toNativeSeparators(freeName(folder, tr("project"))), row);
     m_file->setObjectName(QStringLiteral("edit_file"));
+    m_file->setAccessibleName(tr("File"));
     auto* browse = new MRL_QT_PushButton(tr("&Browse..."), row, "button_browse");
     browse->setAutoDefault(false);
     connect(browse, &QPushButton::clicked, this, &NewProjectDialog::slot_browse);

@@ -66,6 +66,9 @@ SummaryPage::SummaryPage(QWidget* parent)
 {
     setObjectName(QStringLiteral("summary"));
     m_noActions->setWordWrap(true);
+    m_actions->setAccessibleName(tr("Actions"));
+    m_loadCases->setAccessibleName(tr("Load cases"));
+    m_findings->setAccessibleName(tr("Findings"));
     auto* actionsPage = new QWidget(this);
     auto* actionsLayout = new QVBoxLayout(actionsPage);
     actionsLayout->setContentsMargins(0, 0, 0, 0);

@@ -1,14 +1,16 @@
 // What the dialog offers beyond its plain form, where the host wants it.
-#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QListView>
 #include <QMenu>
 #include <QToolButton>
+#include <QToolTip>
 
 #include "host/mrl_widgets.h"
 #include "manager/extras.h"
+#include "manager/title_excess.h"
 #include "tests/manager/manager_fixture.h"
+#include "tests/support/accessible_names.h"
 
 namespace mrl::test {
 
@@ -345,40 +347,79 @@ TEST_F(Extras, AnEntryReachesManyRowsInBothTabs)
     });
 }
 
-namespace {
-
-/// The named kinds of controls that have no name to be read out.
-QStringList nameless(QAccessibleInterface* control)
-{
-    QStringList found;
-    const QSet<QAccessible::Role> roles{
-        QAccessible::Table,      QAccessible::List,     QAccessible::EditableText, QAccessible::ComboBox,
-        QAccessible::PushButton, QAccessible::CheckBox, QAccessible::ButtonMenu};
-    const QWidget* widget = qobject_cast<QWidget*>(control->object());
-    if (widget && widget->isVisible() && roles.contains(control->role()) &&
-        control->text(QAccessible::Name).isEmpty()) {
-        found << QStringLiteral("%1 %2").arg(QLatin1String(widget->metaObject()->className()),
-                                             widget->objectName());
-    }
-    // The cells of tables are not walked.
-    for (int i = 0; control->role() != QAccessible::Table && i < control->childCount(); ++i) {
-        if (QAccessibleInterface* child = control->child(i)) {
-            found += nameless(child);
-        }
-    }
-    return found;
-}
-
-} // namespace
-
 TEST_F(Extras, EveryControlHasAnAccessibleName)
 {
     putWrongAction();
-    run(control, [](QWidget* dialog) {
+    run(control, [this](QWidget* dialog) {
         for (int tab = 0; tab < 2; ++tab) {
             tabsOf(dialog)->setCurrentIndex(tab);
-            EXPECT_EQ(nameless(QAccessible::queryAccessibleInterface(dialog)).join(", ").toStdString(), "");
+            EXPECT_EQ(namelessIn(dialog), "");
         }
+        const auto looked = [](QWidget* window) {
+            EXPECT_EQ(namelessIn(window), "") << window->windowTitle().toStdString();
+            qobject_cast<QDialog*>(window)->reject();
+        };
+        tabsOf(dialog)->setCurrentWidget(actionsTab(dialog));
+        answers.then(looked);
+        press(actionsTab(dialog), "New");
+        frontLoadCases(dialog);
+        selectRows(loadCaseTab(dialog)->tableWidget(), LC_COL_NUMBER, {"1"});
+        answers.then(looked);
+        press(loadCaseTab(dialog), "Copy");
+        pressCancel(dialog);
+    });
+}
+
+TEST_F(Extras, KeysCloseTheDialogAfterItsQuestion)
+{
+    for (const Qt::Key key : {Qt::Key_W, Qt::Key_Q}) {
+        QWidget window;
+        window.show();
+        run(control, [&](QWidget* dialog) {
+            typeTitle(dialog, 1, "A");
+            answers.click("Keep editing");
+            pressKey(dialog, key, Qt::ControlModifier);
+            EXPECT_TRUE(dialog->isVisible());
+            dialog->activateWindow();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+            answers.click("Discard");
+            pressKey(dialog, key, Qt::ControlModifier);
+            EXPECT_FALSE(dialog->isVisible());
+        });
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window.isVisible(), key == Qt::Key_W) << "Ctrl+Q closes what stands behind it too";
+    }
+}
+
+TEST_F(Extras, ATitleTellsItsExcessWhileItIsTyped)
+{
+    EXPECT_EQ(LCM_TitleExcess::excessOf(QString(33, 'x')), "");
+    EXPECT_EQ(LCM_TitleExcess::excessOf(QString(33, 'x') + "yz"), "yz");
+    run(control, [](QWidget* dialog) {
+        MRL_H_TableWidget* table = frontLoadCases(dialog);
+        table->setFocus();
+        table->setCurrentCell(0, table->getColumnNumber(LC_COL_TITLE));
+        QTest::keyClick(table, Qt::Key_F2);
+        QLineEdit* editor = openEditor(table);
+        ASSERT_NE(editor, nullptr);
+        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(editor, QString(33, 'x'));
+        EXPECT_EQ(editor->accessibleDescription(), "");
+        QTest::keyClicks(editor, "<y");
+        EXPECT_EQ(editor->accessibleDescription(), "Too long by 2 characters, which are not kept: <y");
+        EXPECT_TRUE(QToolTip::text().contains("not kept: &lt;y"));
+        QTest::keyClick(editor, Qt::Key_Backspace);
+        QTest::keyClick(editor, Qt::Key_Backspace);
+        EXPECT_EQ(editor->accessibleDescription(), "");
+        QTest::keyClick(editor, Qt::Key_Escape);
+        pressCancel(dialog);
+    });
+}
+
+TEST_F(Extras, TheToolTipOfOkSaysWhatItDoes)
+{
+    run(control, [](QWidget* dialog) {
+        EXPECT_EQ(ModalAnswers::buttonOf(dialog, "OK")->toolTip(), "Saves and closes (Ctrl+Enter)");
         pressCancel(dialog);
     });
 }

@@ -142,7 +142,8 @@ TEST_F(Recovering, RowsThatWereDeletedInAnOpenManagerStayDeleted)
     Snapshot snapshot{project.path(), workbench::fileStateOf(db(), project.path()), {}, {}, {}};
     snapshot.rows.state = 1;
     snapshot.rows.hasLoadCases = true;
-    snapshot.rows.loadCases = {{2, following("G").title("Two").record()}, {7, following("G").title("New").record()}};
+    snapshot.rows.loadCases = {{2, following("G").title("Two").record()},
+                               {7, following("G").title("New").record()}};
     ASSERT_TRUE(workbench::applySnapshot(db(), snapshot));
     EXPECT_FALSE(has(1));
     EXPECT_TRUE(has(2) && has(7));

@@ -85,6 +85,10 @@ CombinationsPage::CombinationsPage(QWidget* parent)
       m_terms(new FindTable(m_termsModel, "table_terms", this))
 {
     setObjectName(QStringLiteral("combinations"));
+    m_situations->table()->setAccessibleName(tr("Situations"));
+    m_list->table()->setAccessibleName(tr("Combinations"));
+    m_extremes->table()->setAccessibleName(tr("Extremes"));
+    m_terms->table()->setAccessibleName(tr("Terms of the combination"));
     m_situations->table()->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_situations->table()->setWordWrap(true);
     m_tabs->setObjectName(QStringLiteral("combinations_tabs"));

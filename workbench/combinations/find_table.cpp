@@ -38,6 +38,7 @@ FindTable::FindTable(QAbstractItemModel* model, const char* name, QWidget* paren
 {
     m_find->setObjectName(QLatin1String(name) + QStringLiteral("_find"));
     m_find->setPlaceholderText(tr("Find"));
+    m_find->setAccessibleName(tr("Find"));
     m_find->setClearButtonEnabled(true);
     m_proxy->setSourceModel(model);
     m_proxy->setFilterKeyColumn(-1);

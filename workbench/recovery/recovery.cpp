@@ -169,10 +169,9 @@ void Recovery::write()
         return;
     }
     m_writing = true;
-    const auto job = [this, file = m_file, project = m_document.file(), state = m_fileState,
-                      image = m_image, rows = m_rows] {
-        const bool fine =
-            writeSnapshot(file, {project, state, QDateTime::currentDateTime(), *image, *rows});
+    const auto job = [this, file = m_file, project = m_document.file(), state = m_fileState, image = m_image,
+                      rows = m_rows] {
+        const bool fine = writeSnapshot(file, {project, state, QDateTime::currentDateTime(), *image, *rows});
         QMetaObject::invokeMethod(this, [this, fine] {
             m_writing = false;
             emit written(fine);

@@ -36,11 +36,13 @@ QString contentOf(const Snapshot& snapshot)
         lines << RecoveryTexts::tr("Records that were not saved: %1").arg(keys);
     }
     if (snapshot.rows.state != 0) {
-        lines << RecoveryTexts::tr("A manager was open with edits that were not accepted: %1 actions, %2 load cases")
+        lines << RecoveryTexts::tr(
+                     "A manager was open with edits that were not accepted: %1 actions, %2 load cases")
                      .arg(snapshot.rows.actions.size())
                      .arg(snapshot.rows.loadCases.size());
     }
-    lines << RecoveryTexts::tr("Recovering is one step, which can be undone; the file changes when you save.");
+    lines << RecoveryTexts::tr(
+        "Recovering is one step, which can be undone; the file changes when you save.");
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -64,7 +66,8 @@ std::optional<Snapshot> askForRecovery(QWidget* parent, const QString& file)
 {
     std::optional<Snapshot> snapshot = readSnapshot(file);
     if (!snapshot) {
-        leaveAlone(parent, file, RecoveryTexts::tr("The snapshot of a run that ended unexpectedly can't be read."));
+        leaveAlone(parent, file,
+                   RecoveryTexts::tr("The snapshot of a run that ended unexpectedly can't be read."));
         return std::nullopt;
     }
     const QString project = QFileInfo(snapshot->project).fileName();
@@ -72,22 +75,25 @@ std::optional<Snapshot> askForRecovery(QWidget* parent, const QString& file)
     switch (fitOf(*snapshot)) {
     case Fit::NoProject:
         leaveAlone(parent, file,
-                   RecoveryTexts::tr("Unsaved changes to %1 from %2 fit no project: the file is gone or is another one.")
+                   RecoveryTexts::tr(
+                       "Unsaved changes to %1 from %2 fit no project: the file is gone or is another one.")
                        .arg(shownPath(snapshot->project), when));
         return std::nullopt;
     case Fit::Older:
-        leaveAlone(parent, file,
-                   RecoveryTexts::tr("Unsaved changes to %1 from %2 are older than the file, which was saved since.")
-                       .arg(shownPath(snapshot->project), when));
+        leaveAlone(
+            parent, file,
+            RecoveryTexts::tr("Unsaved changes to %1 from %2 are older than the file, which was saved since.")
+                .arg(shownPath(snapshot->project), when));
         return std::nullopt;
     case Fit::Fits:
         break;
     }
-    QMessageBox box(QMessageBox::Question, RecoveryTexts::tr("Recovery"),
-                    RecoveryTexts::tr("The program ended unexpectedly with unsaved changes to %1. The last snapshot is "
-                                      "from %2.")
-                        .arg(project, when),
-                    QMessageBox::NoButton, parent);
+    QMessageBox box(
+        QMessageBox::Question, RecoveryTexts::tr("Recovery"),
+        RecoveryTexts::tr("The program ended unexpectedly with unsaved changes to %1. The last snapshot is "
+                          "from %2.")
+            .arg(project, when),
+        QMessageBox::NoButton, parent);
     box.setInformativeText(contentOf(*snapshot));
     auto* recover = box.addButton(RecoveryTexts::tr("&Recover"), QMessageBox::AcceptRole);
     auto* forget = box.addButton(RecoveryTexts::tr("&Delete the snapshot"), QMessageBox::DestructiveRole);

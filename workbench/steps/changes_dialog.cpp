@@ -46,9 +46,10 @@ ConflictDialog::ConflictDialog(std::vector<ShownChange> differences, QWidget* pa
     auto* table = new ChangesTable(tr("In the file"), tr("Here"), this);
     table->show(std::move(differences));
     layout->addWidget(table, 1);
-    layout->addWidget(wrapped(tr("Overwriting replaces the actions and load cases of the file by those shown here. "
-                                 "\"Save as\" keeps both. Reloading gives up what is here, and can be undone."),
-                              this));
+    layout->addWidget(
+        wrapped(tr("Overwriting replaces the actions and load cases of the file by those shown here. "
+                   "\"Save as\" keeps both. Reloading gives up what is here, and can be undone."),
+                this));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     addChoice(tr("&Reload"), Choice::Reload, "button_reload", buttons);

@@ -47,7 +47,8 @@ void HistoryPanel::createActions()
     connect(m_undo, &QAction::triggered, this, [this] { emit goToWanted(m_history.doneCount() - 1); });
     m_redo = new QAction(tr("&Redo"), this);
     m_redo->setObjectName(QStringLiteral("action_redo"));
-    m_redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+    m_redo->setShortcuts(
+        {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
     connect(m_redo, &QAction::triggered, this, [this] { emit goToWanted(m_history.doneCount() + 1); });
 }
 

@@ -74,7 +74,8 @@ void put(exchange::ProjectContent& content, const DocumentHistory::Change& chang
 bool isRewritten(const DocumentHistory::Change& change, const DocumentHistory::Keys& edited)
 {
     // A record that is gone was deleted by somebody.
-    return change.fact.isEmpty() && !change.after.empty() && edited.count({change.key.kwh, change.key.kwl}) == 0;
+    return change.fact.isEmpty() && !change.after.empty() &&
+           edited.count({change.key.kwh, change.key.kwl}) == 0;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Takes pictures of every window of the workbench and the managers: screenshots FOLDER PROJECT RESPONSES [en|de]
-// Windows that open modally are photographed from within their own event loop.
+// MRL_PICTURE_SCREEN=800x600 takes them as on a screen of that size and tells of windows that don't fit;
+// MRL_PICTURE_DARK=1 with a dark palette. Windows that open modally are photographed from within their own event loop.
 #include <QCommandLinkButton>
 #include <QDir>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include <cstdio>
 #include <functional>
@@ -17,6 +19,8 @@
 #include "host/mrl_table.h"
 #include "host/mrl_textlist.h"
 #include "hostlib/data/settings/settings.h"
+#include "lcdata/load_cases.h"
+#include "lcdata/values/packed_text.h"
 #include "rules/action_columns.h"
 #include "rules/load_case_columns.h"
 #include "workbench/combinations/combinations_page.h"
@@ -24,6 +28,8 @@
 #include "workbench/new_project_dialog.h"
 #include "workbench/resources.h"
 #include "workbench/settings_dialog.h"
+#include "workbench/steps/history_panel.h"
+#include "workbench/wanted_extras.h"
 
 namespace {
 
@@ -34,6 +40,28 @@ using mrl::workbench::Manager;
 // As in the program itself, and so that the pictures show what a person sees.
 const MRL_QT_InitTranslator translator("mrl_workbench");
 
+/// The screen that the pictures are taken as on.
+QSize screen()
+{
+    const QList<QByteArray> sides = qgetenv("MRL_PICTURE_SCREEN").split('x');
+    return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize(1400, 1000);
+}
+
+void darken()
+{
+    const QColor window(0x31, 0x36, 0x3b);
+    const QColor base(0x23, 0x26, 0x29);
+    QPalette palette(QColor(0x3b, 0x40, 0x45), window);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, QColor(0x2a, 0x2e, 0x32));
+    palette.setColor(QPalette::Highlight, QColor(0x2a, 0x62, 0x8a));
+    palette.setColor(QPalette::Link, QColor(0x5a, 0xb0, 0xee));
+    palette.setColor(QPalette::ToolTipBase, base);
+    palette.setColor(QPalette::ToolTipText, QColor(0xef, 0xf0, 0xf1));
+    QApplication::setStyle(QStringLiteral("fusion"));
+    QApplication::setPalette(palette);
+}
+
 class Photographer
 {
   public:
@@ -43,6 +71,10 @@ class Photographer
     {
         window->ensurePolished();
         QApplication::processEvents();
+        const QSize size = window->size();
+        if (size.width() > screen().width() || size.height() > screen().height()) {
+            std::fprintf(stderr, "%s is too large: %dx%d\n", name, size.width(), size.height());
+        }
         const QString file = m_folder + QLatin1Char('/') + QLatin1String(name) + QStringLiteral(".png");
         if (!window->grab().save(file)) {
             std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
@@ -127,7 +159,7 @@ void managers(MainWindow& window, Photographer& camera)
 {
     Photographer::inModal([&] { window.openManager(Manager::Actions); },
                           [&](QDialog* dialog) {
-                              dialog->resize(MANAGER);
+                              dialog->resize(MANAGER.boundedTo(screen()));
                               camera.take(dialog, "action-manager");
                               camera.modal("new-action", [&] { press(dialog, "button_new"); });
                               if (auto* table = tableWith(dialog, ACT_COL_GAMF)) {
@@ -135,10 +167,13 @@ void managers(MainWindow& window, Photographer& camera)
                               }
                               camera.take(dialog, "action-manager-wrong-value");
                               camera.modal("invalid-input", [&] { press(dialog, "button_ok"); });
+                              dialog->findChild<QToolButton*>(QStringLiteral("button_findings"))->click();
+                              camera.take(dialog, "findings");
+                              camera.modal("leaving", [&] { dialog->close(); });
                           });
     Photographer::inModal([&] { window.openManager(Manager::LoadCases); },
                           [&](QDialog* dialog) {
-                              dialog->resize(MANAGER);
+                              dialog->resize(MANAGER.boundedTo(screen()));
                               camera.take(dialog, "loadcase-manager");
                               if (auto* table = tableWith(dialog, LC_COL_TITLE)) {
                                   table->setFocus();
@@ -147,6 +182,28 @@ void managers(MainWindow& window, Photographer& camera)
                                   camera.modal("delete-load-case", [&] { press(dialog, "button_delete"); });
                               }
                           });
+}
+
+/// The steps of the document, what one of them changed, and a file that another program has changed.
+void steps(MainWindow& window, Photographer& camera)
+{
+    auto* document = window.findChild<mrl::workbench::Document*>();
+    const auto retitle = [](int db, const char* title) {
+        int number = 1;
+        tagCDB_LC_CTRL record{};
+        if (mrl_lc_get(db, number, record)) {
+            lcm_title_pack(QString::fromLatin1(title), record.title, LC_TITLE_WORDS);
+            mrl_lc_put(db, number, record);
+        }
+    };
+    document->runStep(MainWindow::tr("Acceptance in the managers"),
+                      [&] { retitle(document->database(), "Self weight"); });
+    window.findChild<mrl::workbench::HistoryPanel*>()->show();
+    camera.take(&window, "history");
+    camera.modal("changes", [&] { press(&window, "button_step_changes"); });
+    retitle(document->fileDatabase(), "Of another program");
+    camera.modal("conflict", [&] { window.slot_save(); });
+    window.findChild<mrl::workbench::HistoryPanel*>()->hide();
 }
 
 /// The page of combinations: the situations with a list, and what governs a response.
@@ -181,10 +238,14 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("mrl-workbench"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0"));
     MRL_QT_Application application(argc, argv);
+    if (qEnvironmentVariableIsSet("MRL_PICTURE_DARK")) {
+        darken();
+    }
+    mrl::workbench::turnExtrasOnAtFirst();
     Photographer camera(QString::fromLocal8Bit(argv[1]));
 
     MainWindow window;
-    window.resize(MAIN_WINDOW);
+    window.resize(MAIN_WINDOW.boundedTo(screen()));
     window.show();
     camera.take(&window, "start");
     mrl::workbench::NewProjectDialog create(QStringLiteral("/projects"), &window);
@@ -207,6 +268,7 @@ int main(int argc, char** argv)
     camera.modal("settings", [&] { window.slot_settings(); });
     camera.modal("about", [&] { window.slot_about(); });
     managers(window, camera);
+    steps(window, camera);
     window.slot_help();
     QApplication::processEvents();
     for (QWidget* help : QApplication::topLevelWidgets()) {
