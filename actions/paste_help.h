@@ -48,6 +48,6 @@ class LCM_PasteHelp : public MRL_H_PasteHelper
 
     QPointer<MRL_H_TableWidget> m_table;
     Report m_report;
-    std::optional<LCM_CommandScope> m_command;       ///< between begin() and end()
+    std::optional<LCM_CommandScope> m_command;        ///< between begin() and end()
     std::optional<MRL_QT_SortingBlocker> m_noSorting; ///< likewise
 };

@@ -24,5 +24,6 @@ class LCM_LoadCasePaste : public LCM_PasteHelp
     void addName(const QString& name, const QString& label);
 
     LCM_LoadcaseWidget& m_loadCases;
-    QHash<QString, QString> m_labels; ///< of the actions, by label, name and title in upper case; empty: ambiguous
+    QHash<QString, QString>
+        m_labels; ///< of the actions, by label, name and title in upper case; empty: ambiguous
 };

@@ -42,11 +42,14 @@ void LCM_TitleExcess::tell(QLineEdit* editor) const
 {
     const QString excess = excessOf(editor->text());
     const QString told =
-        excess.isEmpty() ? QString() : tr("Too long by %1 characters, which are not kept: %2").arg(excess.size()).arg(excess);
+        excess.isEmpty()
+            ? QString()
+            : tr("Too long by %1 characters, which are not kept: %2").arg(excess.size()).arg(excess);
     editor->setAccessibleDescription(told);
     if (told.isEmpty()) {
         QToolTip::hideText();
     } else {
-        QToolTip::showText(editor->mapToGlobal(editor->rect().bottomLeft()), QStringLiteral("<p>%1</p>").arg(told.toHtmlEscaped()), editor);
+        QToolTip::showText(editor->mapToGlobal(editor->rect().bottomLeft()),
+                           QStringLiteral("<p>%1</p>").arg(told.toHtmlEscaped()), editor);
     }
 }

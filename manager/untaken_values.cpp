@@ -16,7 +16,8 @@ QTableWidget* newList(QWidget* parent, const std::vector<LCM_UntakenValue>& unta
 {
     auto* list = new QTableWidget(static_cast<int>(untaken.size()), 3, parent);
     list->setObjectName(QStringLiteral("untaken_values"));
-    list->setHorizontalHeaderLabels({LCM_Extras::tr("Cell"), LCM_Extras::tr("Value"), LCM_Extras::tr("Reason")});
+    list->setHorizontalHeaderLabels(
+        {LCM_Extras::tr("Cell"), LCM_Extras::tr("Value"), LCM_Extras::tr("Reason")});
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setTabKeyNavigation(false);

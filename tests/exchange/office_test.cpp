@@ -34,8 +34,9 @@ class Office : public ProjectTest
         file.write(QByteArray::fromStdString(bytes));
         file.close();
         QProcess office;
-        office.start("soffice", {"-env:UserInstallation=file://" + folder.filePath("profile"), "--headless",
-                                 "--convert-to", filter, "--outdir", folder.filePath("out"), file.fileName()});
+        office.start("soffice",
+                     {"-env:UserInstallation=file://" + folder.filePath("profile"), "--headless",
+                      "--convert-to", filter, "--outdir", folder.filePath("out"), file.fileName()});
         constexpr int PATIENCE_MS = 120000;
         EXPECT_TRUE(office.waitForFinished(PATIENCE_MS));
         QFile out(folder.filePath("out/in." + filter.section(':', 0, 0)));
@@ -78,7 +79,8 @@ TEST_F(Office, WritesCsvOfOurWorkbookThatWeReadTheSame)
 {
     const std::string ours = written("xlsx", {db, "p", {Sheet::LoadCases}, false, {}});
     // Comma, quotes, UTF-8, cells as they are and not as they are shown.
-    const std::string csv = converted(ours, "xlsx", "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false");
+    const std::string csv =
+        converted(ours, "xlsx", "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false");
     EXPECT_EQ(allRows(readAs("csv", csv)), allRows(readAs("xlsx", ours)));
 }
 

@@ -110,7 +110,8 @@ TEST_F(Paste, LinesBeyondTheLastRowBecomeLoadCasesWithTheirNumbers)
     run(control, [this](QWidget* dialog) {
         MRL_H_TableWidget* table = loadCases(dialog);
         expectList();
-        paste(table, 2, LC_COL_NUMBER, "3\tSnow\tQ\n20\tWind\tQ\n7\tEast\tVariable\n20\tTwice\tQ\n0\tZero\tQ\n");
+        paste(table, 2, LC_COL_NUMBER,
+              "3\tSnow\tQ\n20\tWind\tQ\n7\tEast\tVariable\n20\tTwice\tQ\n0\tZero\tQ\n");
         EXPECT_EQ(table->rowCount(), 5);
         EXPECT_EQ(text(dialog, 3, LC_COL_TITLE), "Snow");
         EXPECT_EQ(text(dialog, 7, LC_COL_TITLE), "East");
@@ -178,7 +179,8 @@ TEST_F(Paste, AnAmbiguousTitleIsRefused)
     run(control, [this](QWidget* dialog) {
         expectList();
         paste(loadCases(dialog), 0, LC_COL_ACTION, "Variable\n");
-        EXPECT_EQ(untaken, QStringList("1, Action | Variable | Several actions have the title \"Variable\"."));
+        EXPECT_EQ(untaken,
+                  QStringList("1, Action | Variable | Several actions have the title \"Variable\"."));
         leave(dialog);
     });
 }

@@ -10,9 +10,9 @@ namespace mrl::test {
 
 /// The kinds of controls that need a name to be read out.
 inline const QSet<QAccessible::Role> NAMED_ROLES{
-    QAccessible::Table,       QAccessible::List,       QAccessible::EditableText, QAccessible::ComboBox,
-    QAccessible::PushButton,  QAccessible::CheckBox,   QAccessible::ButtonMenu,   QAccessible::RadioButton,
-    QAccessible::SpinBox,     QAccessible::Slider,     QAccessible::Tree,         QAccessible::ButtonDropDown};
+    QAccessible::Table,      QAccessible::List,     QAccessible::EditableText, QAccessible::ComboBox,
+    QAccessible::PushButton, QAccessible::CheckBox, QAccessible::ButtonMenu,   QAccessible::RadioButton,
+    QAccessible::SpinBox,    QAccessible::Slider,   QAccessible::Tree,         QAccessible::ButtonDropDown};
 
 /// Those that are shown and have none: class and object name of each, and of what they stand in.
 inline QStringList nameless(QAccessibleInterface* control)

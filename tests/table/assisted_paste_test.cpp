@@ -108,11 +108,10 @@ TEST_F(AssistedPaste, TellsEachValueThatIsNotTakenWithItsCellAndReason)
 {
     paste(0, Name, "n\twind\t?\tx\t10\t1.5\n");
     EXPECT_EQ(helper.values, 6);
-    EXPECT_THAT(helper.refused,
-                ElementsAre("0/102 \"?\": unknown", "0/100 \"n\": The cell can't be changed.",
-                            "0/103 \"x\": \"x\" is no number.",
-                            "0/104 \"10\": 10 is not between 0.00 and 9.00.",
-                            "0/105 \"1.5\": 1.5 is no whole number."));
+    EXPECT_THAT(helper.refused, ElementsAre("0/102 \"?\": unknown", "0/100 \"n\": The cell can't be changed.",
+                                            "0/103 \"x\": \"x\" is no number.",
+                                            "0/104 \"10\": 10 is not between 0.00 and 9.00.",
+                                            "0/105 \"1.5\": 1.5 is no whole number."));
 }
 
 TEST_F(AssistedPaste, AValueThatStandsThereAlreadyIsTaken)

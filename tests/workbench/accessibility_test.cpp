@@ -58,7 +58,8 @@ TEST_F(AccessibleNames, StandAtEveryControlOfTheDialogs)
     look(&settings);
     workbench::NewProjectDialog create(QStringLiteral("/tmp"), &window);
     look(&create);
-    workbench::ChangesDialog changes(QStringLiteral("Step"), {{"Load case 1", "title", "a", "b", {}}}, &window);
+    workbench::ChangesDialog changes(QStringLiteral("Step"), {{"Load case 1", "title", "a", "b", {}}},
+                                     &window);
     look(&changes);
     workbench::ConflictDialog conflict({{"Load case 1", "title", "a", "b", {}}}, &window);
     look(&conflict);

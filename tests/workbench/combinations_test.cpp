@@ -3,9 +3,9 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QSvgRenderer>
 #include <QSvgWidget>
-#include <QMimeData>
 #include <QTableView>
 #include <QTest>
 

@@ -217,7 +217,8 @@ TEST_F(TableExchange, ImportShowsRowByRowWhatWouldHappenAndWritesNothing)
         EXPECT_EQ(summary(dialog), "1 added, 1 changed, 1 unchanged, 1 refused");
         EXPECT_EQ(line(dialog, 0).mid(0, 4), QStringList({"unchanged", "2", "load case", "1"}));
         EXPECT_EQ(cell(dialog, 1, 0), "changed");
-        EXPECT_EQ(cell(dialog, 1, 4), QString("title: =Snow %1 Snow above 1000 m, in a very long").arg(QChar(0x2192)));
+        EXPECT_EQ(cell(dialog, 1, 4),
+                  QString("title: =Snow %1 Snow above 1000 m, in a very long").arg(QChar(0x2192)));
         EXPECT_EQ(cell(dialog, 1, 5), "the title loses \" title\"");
         EXPECT_EQ(cell(dialog, 2, 0), "refused");
         EXPECT_TRUE(cell(dialog, 2, 5).contains("[action-missing]")) << cell(dialog, 2, 5).toStdString();

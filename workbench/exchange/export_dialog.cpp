@@ -40,7 +40,8 @@ ExportDialog::ExportDialog(int db, const QString& project, QWidget* parent)
       m_export(nullptr)
 {
     setCaption(tr("Export"));
-    static_cast<void>(cdb::facts(m_db, m_facts)); // an error stays with the database, and is told when it is written
+    static_cast<void>(
+        cdb::facts(m_db, m_facts)); // an error stays with the database, and is told when it is written
     m_format->setObjectName(QStringLiteral("combo_format"));
     m_sheets->setObjectName(QStringLiteral("combo_sheets"));
     m_version->setObjectName(QStringLiteral("combo_version"));
@@ -202,8 +203,8 @@ void ExportDialog::accept()
     if (!mayReplace(file())) {
         return;
     }
-    const auto failure =
-        exchange::writeFile(format(), source(), options(), file(), [this] { return bool(cdb::stickyError(m_db)); });
+    const auto failure = exchange::writeFile(format(), source(), options(), file(),
+                                             [this] { return bool(cdb::stickyError(m_db)); });
     if (failure) {
         QMessageBox::critical(this, tr("Export"),
                               QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file()),

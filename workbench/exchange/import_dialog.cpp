@@ -184,8 +184,8 @@ QWidget* ImportDialog::createButtons()
 
 void ImportDialog::slot_browse()
 {
-    const QString file = QFileDialog::getOpenFileName(
-        this, tr("Import"), QFileInfo(m_file->text()).absolutePath(), filters());
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Import"), QFileInfo(m_file->text()).absolutePath(), filters());
     if (!file.isEmpty()) {
         open(file);
     }
@@ -258,10 +258,10 @@ void ImportDialog::showProposal()
     }
     m_notes->setPlainText(notes.join(QLatin1Char('\n')));
     m_tabs->setTabText(NotesTab, tr("Notes (%1)").arg(notes.size()));
-    m_format->setItemText(0, m_proposal->format == nullptr
-                                 ? tr("automatic")
-                                 : tr("automatic: %1")
-                                       .arg(QString::fromStdString(m_proposal->format->description())));
+    m_format->setItemText(
+        0, m_proposal->format == nullptr
+               ? tr("automatic")
+               : tr("automatic: %1").arg(QString::fromStdString(m_proposal->format->description())));
     m_textForm->setEnabled(m_proposal->format != nullptr && m_proposal->format->isText());
     m_textForm->showFound(m_proposal->read.form);
     m_headings->show(m_proposal->read);

@@ -29,8 +29,8 @@ QString changesOf(const PlannedRow& row)
     for (const exchange::Change& change : row.changes()) {
         const QString name = QString::fromLatin1(change.column->name);
         if (row.outcome == Outcome::Changed) {
-            texts << QStringLiteral("%1: %2 %3 %4").arg(name, shown(change.before), QChar(0x2192),
-                                                        shown(change.after));
+            texts << QStringLiteral("%1: %2 %3 %4")
+                         .arg(name, shown(change.before), QChar(0x2192), shown(change.after));
         } else if (!change.after.empty() && change.column->kind != exchange::Kind::Key) {
             texts << QStringLiteral("%1: %2").arg(name, QString::fromStdString(change.after));
         }
@@ -63,7 +63,7 @@ QString rowName(const PlannedRow& row)
     const QString number = QString::number(row.id);
     return row.sheet == exchange::Sheet::Actions || row.id == 0 || name == number ? name
            : name.isEmpty()                                                       ? number
-                                                    : QStringLiteral("%1  %2").arg(number, name);
+                            : QStringLiteral("%1  %2").arg(number, name);
 }
 
 } // namespace

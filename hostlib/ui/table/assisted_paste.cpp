@@ -24,8 +24,7 @@ bool holdsNumber(const MRL_H_TwItem& cell, const MRL_H_TwColumn& column, const Q
     const auto* line = MRL_H_TwSimpleLineEditItem::fromItem(&cell);
     const auto number = parseNumber(text);
     return column.isNumber() && line != nullptr && number.has_value() &&
-           column.numberText(column.kept(*number)) ==
-               column.numberText(MRL_H_TwCellAccess::number(*line));
+           column.numberText(column.kept(*number)) == column.numberText(MRL_H_TwCellAccess::number(*line));
 }
 
 bool holdsChoice(const MRL_H_TwColumn& column, const QString& shown, const QString& text)
@@ -36,7 +35,8 @@ bool holdsChoice(const MRL_H_TwColumn& column, const QString& shown, const QStri
 
 bool isEmpty(const QStringList& line)
 {
-    return std::all_of(line.begin(), line.end(), [](const QString& field) { return field.trimmed().isEmpty(); });
+    return std::all_of(line.begin(), line.end(),
+                       [](const QString& field) { return field.trimmed().isEmpty(); });
 }
 
 /// Why a cell doesn't hold what was entered; empty when it does.
