@@ -11,10 +11,14 @@ constexpr int MOST_ACTIONS = 999999; // at-most: beyond any number of load cases
 
 std::vector<std::string> wordsOf(const std::string& text)
 {
-    std::istringstream stream(text);
+    const auto isBlank = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
     std::vector<std::string> words;
-    for (std::string word; stream >> word;) {
-        words.push_back(word);
+    for (auto at = text.begin(); at != text.end();) {
+        const auto begin = std::find_if_not(at, text.end(), isBlank);
+        at = std::find_if(begin, text.end(), isBlank);
+        if (begin != at) {
+            words.emplace_back(begin, at);
+        }
     }
     return words;
 }
@@ -37,26 +41,27 @@ void LCM_SituationSectionReader::read(const std::vector<LCM_TextEntry>& entries)
     std::unordered_map<std::string, int> seen;
     for (const LCM_TextEntry& each : entries) {
         ++m_entry;
+        m_place = each.place;
+        const std::vector<std::string> words = wordsOf(each.key);
         std::string key;
-        for (const std::string& word : wordsOf(each.key)) {
-            key += (key.empty() ? "" : " ") + word;
+        for (const std::string& word : words) {
+            key.append(key.empty() ? "" : " ").append(word);
         }
         if (!seen.emplace(key, m_entry).second) {
             tell("'" + key + "' stands twice in this section", "leave one of them out");
         } else {
-            entry({key, lcm_trimmed(each.value), each.place});
+            entry(key, words, lcm_trimmed(each.value));
         }
     }
 }
 
-void LCM_SituationSectionReader::entry(const LCM_TextEntry& entry)
+void LCM_SituationSectionReader::entry(const std::string& key, const std::vector<std::string>& words,
+                                       const std::string& value)
 {
-    m_place = entry.place;
-    if (common(entry.key, entry.value) || (!m_isExpression && whole(entry.key, entry.value)) ||
-        ofExpression(entry.key, entry.value)) {
+    if (ofExpression(key, words, value) || common(key, value) || (!m_isExpression && whole(key, value))) {
         return;
     }
-    unknown(entry.key);
+    unknown(key);
 }
 
 bool LCM_SituationSectionReader::common(const std::string& key, const std::string& value)
@@ -145,10 +150,9 @@ void LCM_SituationSectionReader::atMost(const std::string& value)
     }
 }
 
-bool LCM_SituationSectionReader::ofExpression(const std::string& key, const std::string& value)
+bool LCM_SituationSectionReader::ofExpression(const std::string& key, const std::vector<std::string>& words,
+                                              const std::string& value)
 {
-    const std::vector<std::string> words = wordsOf(key);
-    const std::string first = words.empty() ? "" : words.front();
     if (key == "sum") {
         m_expression.sumPlace = m_place;
         m_expression.sum = m_terms.sum(value);
@@ -163,7 +167,7 @@ bool LCM_SituationSectionReader::ofExpression(const std::string& key, const std:
         return true;
     }
     for (const LCM_RoleWord& each : LCM_ROLE_WORDS) {
-        if (first == each.word) {
+        if (!words.empty() && words.front() == each.word) {
             role(each.role, words, value);
             return true;
         }

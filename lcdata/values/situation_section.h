@@ -44,12 +44,13 @@ class LCM_SituationSectionReader
     void read(const std::vector<LCM_TextEntry>& entries);
 
   private:
-    void entry(const LCM_TextEntry& entry);
+    void entry(const std::string& key, const std::vector<std::string>& words, const std::string& value);
     bool common(const std::string& key, const std::string& value);
     bool whole(const std::string& key, const std::string& value);
     void components(const std::string& value);
     void atMost(const std::string& value);
-    bool ofExpression(const std::string& key, const std::string& value);
+    bool ofExpression(const std::string& key, const std::vector<std::string>& words,
+                      const std::string& value);
     void role(LCM_Role role, const std::vector<std::string>& words, const std::string& value);
     bool subject(LCM_RoleEntry& entry, const std::vector<std::string>& words);
     void shortActions(const std::string& value);

@@ -80,15 +80,18 @@ void ActionReader::name()
 
 void ActionReader::keys()
 {
-    Words keys{"title", "category", "group", "superposition", "old", "after"};
-    for (const LCM_Factor& factor : LCM_FACTORS) {
-        keys.emplace_back(factor.key);
+    static const Words KEYS = [] {
+        Words keys{"title", "category", "group", "superposition", "old", "after"};
+        for (const LCM_Factor& factor : LCM_FACTORS) {
+            keys.emplace_back(factor.key);
+        }
+        return keys;
+    }();
+    for (const IniEntry& entry : m_section.entries) {
+        if (std::find(KEYS.begin(), KEYS.end(), entry.key) == KEYS.end() && languageOf(entry.key).empty()) {
+            m_reader.unknownKey(m_section, entry, KEYS);
+        }
     }
-    IniSection judged = m_section;
-    judged.entries.erase(std::remove_if(judged.entries.begin(), judged.entries.end(),
-                                        [](const IniEntry& each) { return !languageOf(each.key).empty(); }),
-                         judged.entries.end());
-    m_reader.onlyKeys(judged, keys);
 }
 
 void ActionReader::entry(const IniEntry& entry)
@@ -111,9 +114,8 @@ void ActionReader::factor(const IniEntry& entry)
 {
     for (const LCM_Factor& factor : LCM_FACTORS) {
         float value = 0.0f;
-        if (entry.key == factor.key && m_reader.number(entry, value)) {
+        if (entry.key == factor.key && m_reader.number(entry, value, &m_action.origins[factor.id])) {
             m_action.record.*factor.actionField = lcm_factor_to_store(factor, value);
-            m_action.origins[factor.id] = m_reader.originOf(entry);
         }
     }
 }

@@ -18,13 +18,17 @@ constexpr StateWord STATE_WORDS[] = {{"unverified", State::Unverified},
                                      {"verified", State::Verified},
                                      {"own choice", State::OwnChoice}};
 
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
 std::string_view trimmed(std::string_view text)
 {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) {
-        return {};
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
     }
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
 }
 
 void takeSource(std::string_view source, Source& out)

@@ -26,7 +26,7 @@ class ChainReader
             parsed.push_back(std::move(result.file));
         }
         for (auto file = parsed.rbegin(); m_hasBases && file != parsed.rend(); ++file) {
-            take(layOver(m_chain.merged, *file));
+            take(layOver(m_chain.merged, std::move(*file)));
         }
         return std::move(m_chain);
     }

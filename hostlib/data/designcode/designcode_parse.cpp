@@ -23,6 +23,8 @@ class Builder
 
     void build();
 
+    std::vector<FileText>& files() { return m_chain.files; }
+
     DesignCode code;
 
   private:
@@ -56,6 +58,7 @@ void Builder::build()
     if (!m_chain.errors.empty() && m_chain.merged.sections.empty()) {
         return;
     }
+    code.actions.reserve(std::min(m_chain.merged.sections.size(), MAX_ACTIONS));
     for (const IniSection& each : m_chain.merged.sections) {
         section(each);
     }
@@ -65,7 +68,6 @@ void Builder::build()
         reader.fail(IniError{0, 0, "section 'DESIGN CODE' is missing", "write it, with label and year"});
     }
     flatten();
-    code.files = m_chain.files;
 }
 
 void Builder::section(const IniSection& section)
@@ -151,13 +153,14 @@ void Builder::combinations(const IniSection& section)
 {
     for (const IniEntry& entry : section.entries) {
         float value = 1.0f;
+        Origin origin;
         const bool isNone = entry.value == "none";
-        if (!isNone && !reader.number(entry, value)) {
+        if (!isNone && !reader.number(entry, value, &origin)) {
             continue;
         }
         code.constants[entry.key] = value;
         if (!isNone) {
-            code.constantOrigins[entry.key] = reader.originOf(entry);
+            code.constantOrigins[entry.key] = std::move(origin);
         }
         if (!isNone && (entry.key == "KFI" || entry.key == "XSI")) {
             (entry.key == "KFI" ? code.kfi : code.xsi) = value;
@@ -264,6 +267,7 @@ ReadResult parse(FileText code, const BaseOf& baseOf)
         std::stable_sort(errors.begin(), errors.end(), isAhead);
         return std::move(errors);
     }
+    builder.code.files = std::move(builder.files()); // nothing is told by them any more
     builder.code.file = file;
     builder.code.name = nameOfFile(file);
     return std::move(builder.code);

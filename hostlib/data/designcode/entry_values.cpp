@@ -54,45 +54,52 @@ void EntryReader::fail(const IniSection& section, std::string reason, std::strin
 
 void EntryReader::onlyKeys(const IniSection& section, const Words& keys)
 {
-    std::string all;
-    for (const std::string& key : keys) {
-        all += (all.empty() ? "" : ", ") + key;
-    }
     for (const IniEntry& entry : section.entries) {
         if (std::find(keys.begin(), keys.end(), entry.key) == keys.end()) {
-            IniEntry atKey = entry;
-            atKey.column = 1;
-            fail(atKey, "entry '" + entry.key + "' is not known in section '" + section.name + "'",
-                 cureByNearest(entry.key, keys, "leave it out; known are " + all));
+            unknownKey(section, entry, keys);
         }
     }
 }
 
-std::string EntryReader::valueOf(const IniEntry& entry)
+void EntryReader::unknownKey(const IniSection& section, const IniEntry& entry, const Words& keys)
 {
-    const auto taken = annotated(entry.value);
+    std::string all;
+    for (const std::string& key : keys) {
+        all += (all.empty() ? "" : ", ") + key;
+    }
+    IniEntry atKey = entry;
+    atKey.column = 1;
+    fail(atKey, "entry '" + entry.key + "' is not known in section '" + section.name + "'",
+         cureByNearest(entry.key, keys, "leave it out; known are " + all));
+}
+
+std::optional<Annotated> EntryReader::taken(const IniEntry& entry)
+{
+    auto taken = annotated(entry.value);
     if (!taken) {
         fail(entry, "the brace in '" + entry.value + "' isn't closed", "write {CLAUSE, STATE}");
     }
-    return taken ? taken->value : std::string();
+    return taken;
 }
 
-Origin EntryReader::originOf(const IniEntry& entry)
+std::string EntryReader::valueOf(const IniEntry& entry)
 {
-    const auto taken = annotated(entry.value);
-    return {taken ? taken->source : Source(), fileOf(entry.file), entry.line, entry.column};
+    auto text = taken(entry);
+    return text ? std::move(text->value) : std::string();
 }
 
-bool EntryReader::number(const IniEntry& entry, float& value)
+bool EntryReader::number(const IniEntry& entry, float& value, Origin* origin)
 {
-    const std::size_t before = errors.size();
-    const std::string text = valueOf(entry);
-    if (errors.size() != before) {
+    auto text = taken(entry);
+    if (!text) {
         return false;
     }
-    const bool good = parsed(text, value) && std::isfinite(value);
+    const bool good = parsed(text->value, value) && std::isfinite(value);
     if (!good) {
-        fail(entry, "'" + text + "' of entry '" + entry.key + "' is no number", cureOfNumber(text));
+        fail(entry, "'" + text->value + "' of entry '" + entry.key + "' is no number",
+             cureOfNumber(text->value));
+    } else if (origin != nullptr) {
+        *origin = {std::move(text->source), fileOf(entry.file), entry.line, entry.column};
     }
     return good;
 }

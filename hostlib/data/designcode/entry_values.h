@@ -2,10 +2,12 @@
 
 /// Values of a design-code file as what they mean; what can't be read becomes an error with its cure.
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "hostlib/data/designcode/annotation.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "hostlib/data/designcode/ini_file.h"
 #include "lcdata/values/keywords.h"
@@ -27,9 +29,11 @@ class EntryReader
 
     /// Tells each entry of a section that isn't one of the keys, with the nearest of them.
     void onlyKeys(const IniSection& section, const Words& keys);
+    void unknownKey(const IniSection& section, const IniEntry& entry, const Words& keys);
 
     /// Each is false once the value can't be read.
-    bool number(const IniEntry& entry, float& value);
+    /// @param origin [out] where the number comes from; may be null
+    bool number(const IniEntry& entry, float& value, Origin* origin = nullptr);
     bool integer(const IniEntry& entry, int& value);
     template <class List>
     bool keyword(const IniEntry& entry, const List& list, int& value)
@@ -45,12 +49,12 @@ class EntryReader
 
     /// What stands ahead of the brace of an entry.
     std::string valueOf(const IniEntry& entry);
-    Origin originOf(const IniEntry& entry);
     const std::string& fileOf(int file) const { return m_files.at(static_cast<std::size_t>(file)).file; }
 
     Errors errors;
 
   private:
+    std::optional<Annotated> taken(const IniEntry& entry);
     void notOneOf(const IniEntry& entry, const std::string& word, const std::string& words);
 
     const std::vector<FileText>& m_files;

@@ -14,7 +14,7 @@ constexpr std::string_view ACTION = "ACTION ";
 class Layer
 {
   public:
-    Layer(IniFile& base, const IniFile& over) : m_base(base), m_over(over) {}
+    Layer(IniFile& base, IniFile& over);
 
     std::vector<IniError> lay();
 
@@ -25,17 +25,30 @@ class Layer
     Sections::iterator place(std::string_view name);
     bool isRemoval(const IniSection& section);
     void remove(const IniSection& section);
-    void laySection(const IniSection& section);
-    void insert(const IniSection& section);
-    bool keepsTerms(const std::string& situation) const;
+    void laySection(IniSection& section);
+    void insert(IniSection& section);
     void clearSituation(const std::string& situation);
-    void laySituation(const IniSection& section);
+    void laySituation(IniSection& section);
 
     IniFile& m_base;
-    const IniFile& m_over;
+    IniFile& m_over;                 ///< gives its sections away
+    std::set<std::string> m_stating; ///< situations of which the file says more than where they come from
     std::set<std::string> m_cleared; ///< situations that the file states or removes
     std::vector<IniError> m_errors;
 };
+
+Layer::Layer(IniFile& base, IniFile& over) : m_base(base), m_over(over)
+{
+    const auto isTerm = [](const IniEntry& entry) {
+        return entry.key != "clause" && entry.key != "state" && entry.key.rfind("title", 0) != 0;
+    };
+    for (const IniSection& section : over.sections) {
+        if (isSituation(section.name) &&
+            std::any_of(section.entries.begin(), section.entries.end(), isTerm)) {
+            m_stating.insert(situationOf(section.name));
+        }
+    }
+}
 
 void Layer::fail(const IniEntry& entry, std::string reason, std::string cure)
 {
@@ -72,22 +85,22 @@ void Layer::remove(const IniSection& section)
     }
 }
 
-void replaceEntries(IniSection& base, const IniSection& over)
+void replaceEntries(IniSection& base, IniSection& over)
 {
-    for (const IniEntry& entry : over.entries) {
+    for (IniEntry& entry : over.entries) {
         const auto known = std::find_if(base.entries.begin(), base.entries.end(),
                                         [&](const IniEntry& other) { return other.key == entry.key; });
         if (known != base.entries.end()) {
-            *known = entry;
+            *known = std::move(entry);
         } else {
-            base.entries.push_back(entry);
+            base.entries.push_back(std::move(entry));
         }
     }
     base.line = over.line;
     base.file = over.file;
 }
 
-void Layer::laySection(const IniSection& section)
+void Layer::laySection(IniSection& section)
 {
     const auto known = place(section.name);
     if (isRemoval(section)) {
@@ -100,7 +113,7 @@ void Layer::laySection(const IniSection& section)
 }
 
 /// Without a word behind the last action; the sections of situations stay behind all actions.
-void Layer::insert(const IniSection& section)
+void Layer::insert(IniSection& section)
 {
     const auto isAction = [](const IniSection& other) { return other.name.rfind(ACTION, 0) == 0; };
     auto last = std::find_if(m_base.sections.rbegin(), m_base.sections.rend(), isAction);
@@ -114,19 +127,7 @@ void Layer::insert(const IniSection& section)
             where = named + 1;
         }
     }
-    m_base.sections.insert(where, section);
-}
-
-/// Whether the file says of a situation no more than where it comes from.
-bool Layer::keepsTerms(const std::string& situation) const
-{
-    const auto saysTerms = [&](const IniSection& section) {
-        return isSituation(section.name) && situationOf(section.name) == situation &&
-               std::any_of(section.entries.begin(), section.entries.end(), [](const IniEntry& entry) {
-                   return entry.key != "clause" && entry.key != "state" && entry.key.rfind("title", 0) != 0;
-               });
-    };
-    return std::none_of(m_over.sections.begin(), m_over.sections.end(), saysTerms);
+    m_base.sections.insert(where, std::move(section));
 }
 
 void Layer::clearSituation(const std::string& situation)
@@ -139,10 +140,10 @@ void Layer::clearSituation(const std::string& situation)
               all.end());
 }
 
-void Layer::laySituation(const IniSection& section)
+void Layer::laySituation(IniSection& section)
 {
     const std::string situation = situationOf(section.name);
-    if (keepsTerms(situation) && place(section.name) != m_base.sections.end()) {
+    if (m_stating.count(situation) == 0 && place(section.name) != m_base.sections.end()) {
         replaceEntries(*place(section.name), section);
         return;
     }
@@ -150,13 +151,13 @@ void Layer::laySituation(const IniSection& section)
         clearSituation(situation);
     }
     if (!isRemoval(section)) {
-        m_base.sections.push_back(section);
+        m_base.sections.push_back(std::move(section));
     }
 }
 
 std::vector<IniError> Layer::lay()
 {
-    for (const IniSection& section : m_over.sections) {
+    for (IniSection& section : m_over.sections) {
         if (isSituation(section.name)) {
             laySituation(section);
         } else if (!section.name.empty()) {
@@ -168,6 +169,6 @@ std::vector<IniError> Layer::lay()
 
 } // namespace
 
-std::vector<IniError> layOver(IniFile& base, const IniFile& over) { return Layer(base, over).lay(); }
+std::vector<IniError> layOver(IniFile& base, IniFile over) { return Layer(base, over).lay(); }
 
 } // namespace mrl::designcode

@@ -17,6 +17,6 @@ namespace mrl::designcode {
 /// @param base [in,out] the base with its own bases already laid in
 /// @param over the file's own sections
 /// @return entries that can't be carried out
-std::vector<IniError> layOver(IniFile& base, const IniFile& over);
+std::vector<IniError> layOver(IniFile& base, IniFile over);
 
 } // namespace mrl::designcode

@@ -23,21 +23,33 @@ struct CloseFile
 
 // Far above any real design code; keeps a mistaken path (a project, a video) from being read into memory.
 constexpr std::size_t MAX_FILE_BYTES = 1 << 20;
+constexpr std::size_t PIECE_BYTES = 1 << 14;
+constexpr std::size_t USUAL_ENTRIES = 16; // of a section
 // The library silently cuts longer section names.
 constexpr std::size_t MAX_SECTION_BYTES = 49;
 
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f'; }
+
 std::string_view trimmed(std::string_view text)
 {
-    const auto blank = " \t\r\v\f";
-    const auto first = text.find_first_not_of(blank);
-    if (first == std::string_view::npos) {
-        return {};
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
     }
-    return text.substr(first, text.find_last_not_of(blank) - first + 1);
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
 }
 
 bool isUtf8(std::string_view text)
 {
+    unsigned all = 0;
+    for (const char c : text) {
+        all |= static_cast<unsigned char>(c);
+    }
+    if (all < 0x80u) { // ASCII
+        return true;
+    }
     // Decoding replaces what is not UTF-8, so that only sound text comes back as it was.
     const auto size = static_cast<int>(text.size());
     const QByteArray back = QString::fromUtf8(text.data(), size).toUtf8();
@@ -59,10 +71,11 @@ struct Parse
     std::string_view rest;
     int number = 0; ///< of the file in its chain
     int line = 0;
-    std::string_view raw; ///< the line with its blanks in front
+    std::string_view raw;      ///< the line with its blanks in front
+    std::size_t separator = 0; ///< of the entry in it
     IniResult result;
     std::unordered_map<std::string, int> sectionLines;
-    std::unordered_map<std::string, int> keyLines; ///< of the section that is open
+    std::unordered_map<std::string, int> keyLines; ///< of the section that is open, once it has many entries
 
     bool fail(std::string reason, std::string cure, int column = 0)
     {
@@ -73,6 +86,8 @@ struct Parse
     bool accept(std::string_view text, int bufferSize);
     bool openSection(std::string_view text);
     bool isEntry(std::string_view text);
+    std::size_t copyEntry(std::string_view text, char* buffer) const;
+    int lineOfKey(const std::string& key);
     void addEntry(const char* key, const char* value);
 };
 
@@ -91,6 +106,7 @@ bool Parse::openSection(std::string_view text)
 {
     keyLines.clear();
     result.file.sections.push_back({{}, line, {}, number});
+    result.file.sections.back().entries.reserve(USUAL_ENTRIES);
     const auto end = text.find(']');
     if (end == std::string_view::npos) {
         return fail("the section's name has no closing ']'", "write [NAME]");
@@ -114,12 +130,14 @@ bool Parse::openSection(std::string_view text)
 
 bool Parse::isEntry(std::string_view text)
 {
-    const auto separator = text.find_first_of("=:");
-    if (separator == std::string_view::npos) {
+    const auto* const sign =
+        std::find_if(text.begin(), text.end(), [](char c) { return c == '=' || c == ':'; });
+    separator = static_cast<std::size_t>(sign - raw.data());
+    if (sign == text.end()) {
         return fail("the line is neither a section, an entry 'name = value' nor a comment",
                     "write 'name = value', or ';' in front of a comment", columnOf(raw, raw.find(text)));
     }
-    if (separator == 0) {
+    if (sign == text.begin()) {
         return fail("the entry has no name", "write 'name = value'");
     }
     if (result.file.sections.empty()) {
@@ -144,14 +162,43 @@ bool Parse::accept(std::string_view text, int bufferSize)
     return text.front() == '[' ? openSection(text) : isEntry(text);
 }
 
+/// Copies "name= value" without further blanks between them, which the library looks at one by one. One stays: a comment
+/// begins behind a blank.
+/// @return the length
+std::size_t Parse::copyEntry(std::string_view text, char* buffer) const
+{
+    const std::size_t sign = separator - static_cast<std::size_t>(text.data() - raw.data());
+    const std::size_t name = trimmed(text.substr(0, sign)).copy(buffer, text.size());
+    buffer[name] = '=';
+    buffer[name + 1] = ' ';
+    return name + 2 + trimmed(text.substr(sign + 1)).copy(buffer + name + 2, text.size());
+}
+
+/// The line of a key of the section that is open, 0 for a new one.
+int Parse::lineOfKey(const std::string& key)
+{
+    constexpr std::size_t FEW = 16; // to be compared one by one; a section has no limit
+    const IniSection& section = result.file.sections.back();
+    if (section.entries.size() < FEW) {
+        const IniEntry* known = section.find(key);
+        return known != nullptr ? known->line : 0;
+    }
+    if (keyLines.empty()) {
+        for (const IniEntry& entry : section.entries) {
+            keyLines.emplace(entry.key, entry.line);
+        }
+    }
+    const auto [known, isNew] = keyLines.emplace(key, line);
+    return isNew ? 0 : known->second;
+}
+
 void Parse::addEntry(const char* key, const char* value)
 {
-    const auto [first, isNew] = keyLines.emplace(key, line);
-    const auto separator = raw.find_first_of("=:");
+    const int first = lineOfKey(key);
     const auto begin = raw.find_first_not_of(" \t", separator + 1);
     const int column = columnOf(raw, begin == std::string_view::npos ? raw.size() : begin);
-    if (!isNew) {
-        fail(std::string("entry '") + key + "' stands twice, first in line " + std::to_string(first->second),
+    if (first != 0) {
+        fail(std::string("entry '") + key + "' stands twice, first in line " + std::to_string(first),
              "leave one of them out", columnOf(raw, raw.find_first_not_of(" \t")));
         return;
     }
@@ -169,7 +216,9 @@ char* readLine(char* buffer, int size, void* stream)
     const std::string_view text = parse.nextLine();
     const bool comment = text.empty() || text.front() == ';' || text.front() == '#';
     const bool isSent = !comment && parse.accept(text, size);
-    const std::size_t length = isSent ? text.copy(buffer, text.size()) : 0;
+    const std::size_t length = !isSent               ? 0
+                               : text.front() == '[' ? text.copy(buffer, text.size())
+                                                     : parse.copyEntry(text, buffer);
     buffer[length] = '\n';
     buffer[length + 1] = '\0';
     return buffer;
@@ -234,9 +283,9 @@ std::string iniText(const IniFile& file)
 {
     std::string text;
     for (const IniSection& section : file.sections) {
-        text += "[" + section.name + "]\n";
+        text.append("[").append(section.name).append("]\n");
         for (const IniEntry& entry : section.entries) {
-            text += entry.key + "=" + entry.value + "\n"; // no longer than it was
+            text.append(entry.key).append("=").append(entry.value).append("\n"); // no longer than it was
         }
     }
     return text;
@@ -259,8 +308,14 @@ std::variant<std::string, IniError> readText(const std::string& file)
     if (!in) {
         return failed(std::strerror(errno), "");
     }
-    std::string bytes(MAX_FILE_BYTES + 1, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), in.get()));
+    // Piece by piece: room for the largest file at once would cost more than all the rest of reading a usual one.
+    std::string bytes;
+    char piece[PIECE_BYTES];
+    std::size_t length = sizeof piece;
+    while (length == sizeof piece && bytes.size() <= MAX_FILE_BYTES) {
+        length = std::fread(piece, 1, sizeof piece, in.get());
+        bytes.append(piece, length);
+    }
     if (std::ferror(in.get()) != 0) {
         return failed(std::strerror(errno), "");
     }
