@@ -71,6 +71,17 @@ TEST_F(KeptCode, SameFileIsNothingToTell)
     EXPECT_EQ(psi0(), 0.6f);
 }
 
+TEST_F(KeptCode, RelativeNameCountsFromTheFolderOfTheProject)
+{
+    const std::string project = folder + "p.cdb";
+    const int other = mrl::cdb::create(project).db;
+    EXPECT_TRUE(mrl::cdb::setFact(other, "designcode", "./own.ini"));
+    EXPECT_TRUE(mrl::designcode::keep(other, *mrl::designcode::ofDatabase(other).code));
+    EXPECT_EQ(mrl::designcode::keptReport(other).state, KeptState::Same);
+    mrl::cdb::close(other);
+    std::filesystem::remove(project);
+}
+
 TEST_F(KeptCode, HoldsWhereTheFileOrItsBaseSaysSomethingElse)
 {
     write("base", mrl::test::sampleWith("Psi1 = 0.5", "Psi1 = 0.4"));

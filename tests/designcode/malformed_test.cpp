@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
+#include <filesystem>
 #include <fstream>
 
 #include "designcode/reader_sample.h"
@@ -247,4 +249,19 @@ TEST(MalformedFile, HugeFileIsNotReadIn)
     ASSERT_TRUE(std::holds_alternative<mrl::designcode::Errors>(result));
     EXPECT_EQ(std::get<mrl::designcode::Errors>(result).front().reason,
               "is larger than 1 MiB and so no design-code file");
+}
+
+TEST(MalformedFile, GigabyteEndsAtOnceWithTheSameReason)
+{
+    const std::string file = mrl::test::ownFolder() + "gigabyte.ini";
+    std::ofstream(file) << mrl::test::READER_SAMPLE;
+    std::filesystem::resize_file(file, std::uintmax_t{1} << 30); // a hole, which takes no room
+    const auto before = std::clock();
+    const auto result = mrl::designcode::read(file);
+    const auto used = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    std::remove(file.c_str());
+    ASSERT_TRUE(std::holds_alternative<mrl::designcode::Errors>(result));
+    EXPECT_EQ(std::get<mrl::designcode::Errors>(result).front().reason,
+              "is larger than 1 MiB and so no design-code file");
+    EXPECT_LT(used, 1.0) << "a thousandth of it is read, whatever the machine";
 }

@@ -1,10 +1,12 @@
 #include "hostlib/data/designcode/designcode_active.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <algorithm>
+#include <cstdio>
+#include <filesystem>
+
+#include <unistd.h>
 
 #include "hostlib/data/cdb/project.h"
 #include "hostlib/data/designcode/file_stamp.h"
@@ -75,23 +77,51 @@ std::shared_ptr<const IndexedCode> cachedKept(int db)
     return cache[fingerprint] = std::make_shared<IndexedCode>(*std::move(kept));
 }
 
-/// A file without bases that says the same, in the user's cache: readers by file name know nothing of bases.
+struct CloseFile
+{
+    void operator()(FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<FILE, CloseFile>;
+
+/// Whether a file holds a text and nothing else.
+bool holds(const std::string& path, const std::string& text)
+{
+    const File in(std::fopen(path.c_str(), "rb"));
+    std::string bytes(text.size() + 1, '\0');
+    return in && std::fread(bytes.data(), 1, bytes.size(), in.get()) == text.size() &&
+           bytes.compare(0, text.size(), text) == 0;
+}
+
+/// Puts a file in place as a whole, since another process may read it at any time.
+bool putFile(const std::string& path, const std::string& text)
+{
+    const std::string fresh = path + "." + std::to_string(getpid());
+    File out(std::fopen(fresh.c_str(), "wb"));
+    bool isWritten = out && std::fwrite(text.data(), 1, text.size(), out.get()) == text.size();
+    isWritten = out && std::fclose(out.release()) == 0 && isWritten;
+    if (isWritten && std::rename(fresh.c_str(), path.c_str()) == 0) {
+        return true;
+    }
+    std::remove(fresh.c_str());
+    return false;
+}
+
+/// A file without bases that says the same, in the user's cache: readers by file name know nothing of bases. No QFile,
+/// whose construction ends in a crash where memory runs out.
 std::optional<std::string> flatFile(const DesignCode& code)
 {
-    const QString folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + "/mrl/designcodes";
-    const QByteArray text = QByteArray::fromStdString(code.flat);
-    const QString mark = QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(16);
-    const QString path = folder + "/" + QString::fromStdString(code.name) + "-" + mark + ".ini";
-    QFile present(path);
-    if (present.open(QIODevice::ReadOnly) && present.readAll() == text) {
-        return path.toStdString();
+    const std::string folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation).toStdString() +
+        "/mrl/designcodes";
+    const auto hash =
+        QCryptographicHash::hash(QByteArray::fromStdString(code.flat), QCryptographicHash::Sha256);
+    std::string path = folder + "/" + code.name + "-" + hash.toHex().left(16).toStdString() + ".ini";
+    if (holds(path, code.flat)) {
+        return path;
     }
-    QDir().mkpath(folder);
-    QSaveFile file(path);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
-    return isWritten ? std::optional(path.toStdString()) : std::nullopt;
+    std::error_code unused; // what can't be made is told by the file that can't be written
+    std::filesystem::create_directories(folder, unused);
+    return putFile(path, code.flat) ? std::optional(std::move(path)) : std::nullopt;
 }
 
 bool isRelativePath(const std::string& name)
@@ -99,8 +129,8 @@ bool isRelativePath(const std::string& name)
     return name.find('/') != std::string::npos && name.front() != '/';
 }
 
-/// A relative path in a project counts from the project's folder: the current folder of whoever opens it is no part
-/// of the project.
+} // namespace
+
 std::optional<std::string> fileOfName(int db, const std::string& name)
 {
     if (!isRelativePath(name)) {
@@ -113,8 +143,6 @@ std::optional<std::string> fileOfName(int db, const std::string& name)
     const auto slash = project.rfind('/');
     return find((slash == std::string::npos ? "./" : project.substr(0, slash + 1)) + name);
 }
-
-} // namespace
 
 IndexedCode::IndexedCode(DesignCode parsed)
     : code(std::move(parsed)), fingerprint(designcode::fingerprint(code))

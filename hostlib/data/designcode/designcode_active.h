@@ -3,6 +3,7 @@
 /// Parsed design codes with their lookups, shared between all databases that name the same file.
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -31,6 +32,10 @@ struct LoadedIndexed
     std::shared_ptr<const IndexedCode> code; ///< null on failure
     std::string reason;                      ///< one line; empty on success
 };
+
+/// The file of a name that a project stores. A relative path counts from the project's folder: the current folder of
+/// whoever opens it is no part of the project.
+MRL_HOST_API std::optional<std::string> fileOfName(int db, const std::string& name);
 
 /// The design code of a database: the one that it keeps, unless the file of its name says the same.
 LoadedIndexed indexedOfDatabase(int db);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "hostlib/data/designcode/chain.h"
+#include "hostlib/data/designcode/designcode_active.h"
 
 namespace mrl::designcode {
 
@@ -60,9 +61,9 @@ std::optional<DesignCode> readKept(const std::vector<FileText>& files)
     return code != nullptr ? std::optional(std::move(*code)) : std::nullopt;
 }
 
-KeptReport compared(const DesignCode& kept, const std::string& name)
+KeptReport compared(int db, const DesignCode& kept, const std::string& name)
 {
-    const auto file = find(name);
+    const auto file = fileOfName(db, name);
     const ReadResult read = file ? designcode::read(*file) : ReadResult(Errors());
     const auto* code = std::get_if<DesignCode>(&read);
     KeptReport report;
@@ -131,7 +132,7 @@ KeptReport keptReport(int db)
                 "the copy of the design code in the project can't be read: the file '" + name + "' holds",
                 {}};
     }
-    return compared(*code, name);
+    return compared(db, *code, name);
 }
 
 const char* wordOf(KeptState state)
