@@ -48,6 +48,17 @@ LCM_DesignCodeData dataOf(const designcode::DesignCode& code)
     return data;
 }
 
+LCM_RecodeCode recodeCodeOf(const designcode::DesignCode& code)
+{
+    LCM_RecodeCode result{dataOf(code), {}};
+    for (const designcode::DefaultAction& action : code.actions) {
+        for (const int number : action.oldNumbers) {
+            result.oldNumbers.emplace(number, action.code);
+        }
+    }
+    return result;
+}
+
 std::string storedCodeName(const std::string& code)
 {
     return code.find('/') == std::string::npos ? code : QDir().absoluteFilePath(qtext(code)).toStdString();

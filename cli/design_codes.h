@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "check/design_code_check.h"
+#include "check/recode.h"
 #include "cli/output.h"
 #include "hostlib/data/designcode/designcode.h"
 
@@ -13,6 +14,9 @@ namespace mrl::cli {
 
 /// A design code as the rules judge it.
 LCM_DesignCodeData dataOf(const designcode::DesignCode& code);
+
+/// A design code as a project depends on it.
+LCM_RecodeCode recodeCodeOf(const designcode::DesignCode& code);
 
 /// What a project stores to name a code. A path is stored whole, so that the project finds the file from any folder.
 std::string storedCodeName(const std::string& code);

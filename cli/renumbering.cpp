@@ -5,12 +5,11 @@
 #include <set>
 
 #include "cli/arguments.h"
-#include "cli/content_io.h"
 #include "cli/failure.h"
 #include "cli/key_text.h"
 #include "cli/project_records.h"
 #include "exchange/all_keys.h"
-#include "exchange/raw_records.h"
+#include "hostlib/data/cdb/move_keys.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/keys.h"
 
@@ -109,17 +108,8 @@ std::vector<std::string> StrandedKeys::of(const Moves& moves) const
 void renumber(const Moves& moves, const Project& project)
 {
     refuseUnsound(moves, project);
-    std::map<int, exchange::KeyRecords> records;
-    for (const auto& [from, to] : moves) {
-        records[to] = exchange::readRecords(project.db(), LC_KWH_CASES, from);
-    }
-    for (const auto& move : moves) {
-        if (records.count(move.first) == 0) {
-            writeKey({LC_KWH_CASES, move.first}, {}, project);
-        }
-    }
-    for (const auto& [number, content] : records) {
-        writeKey({LC_KWH_CASES, number}, content, project);
+    if (const auto moved = cdb::moveKeys(project.db(), LC_KWH_CASES, moves); !moved) {
+        project.refuse(moved.text);
     }
     const auto current = moves.find(mrl_lc_current(project.db()));
     if (current != moves.end()) {

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "cdb/fixture.h"
+#include "hostlib/data/cdb/move_keys.h"
 
 using mrl::cdb::Code;
 using mrl::cdb::Fingerprint;
@@ -48,6 +49,27 @@ TEST_F(Ranges, GroupsAreThoseThatHaveAKey)
     EXPECT_TRUE(mrl::cdb::groups(db, found));
     EXPECT_THAT(found, ElementsAre(12, 14, 99)) << "beside what was there";
     EXPECT_EQ(mrl::cdb::groups(-1, found).code, Code::NotOpen);
+}
+
+TEST_F(Ranges, KeysMoveWithAllTheirRecordsAndMayBeExchanged)
+{
+    fill();
+    ASSERT_TRUE(appendText(db, 12, 1, "behind"));
+    ASSERT_TRUE(mrl::cdb::moveKeys(db, 12, {{1, 2}, {2, 1}, {3, 30}, {77, 78}}));
+    EXPECT_THAT(allRecords(db, 12, 2), ElementsAre("r1", "behind"));
+    EXPECT_THAT(allRecords(db, 12, 1), ElementsAre("r2"));
+    EXPECT_THAT(allRecords(db, 12, 30), ElementsAre("r3"));
+    EXPECT_THAT(allRecords(db, 12, 3), ElementsAre());
+    EXPECT_THAT(allRecords(db, 12, 78), ElementsAre()) << "there was nothing to move";
+    EXPECT_THAT(allRecords(db, 12, 4), ElementsAre("r4"));
+}
+
+TEST_F(Ranges, MovedKeyComesBehindTheRecordsThatItsTargetKeeps)
+{
+    fill();
+    ASSERT_TRUE(mrl::cdb::moveKeys(db, 12, {{1, 9}}));
+    EXPECT_THAT(allRecords(db, 12, 9), ElementsAre("r9", "r1"));
+    EXPECT_EQ(mrl::cdb::moveKeys(-1, 12, {{1, 9}}).code, Code::NotOpen);
 }
 
 TEST_F(Ranges, FactsOfAnotherProjectReplaceThoseThatAreThere)

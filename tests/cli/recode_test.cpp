@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "cli/run.h"
+#include "lcdata/values/records.h"
 
 using mrl::test::CliTest;
 using mrl::test::contentOf;
@@ -24,6 +25,38 @@ class Recode : public CliTest
             }
         }
         return {};
+    }
+    /// All records of the project as text.
+    std::string everyRecord() const
+    {
+        std::string text;
+        for (const auto& key : done({"keys", file, "--json"}).json()) {
+            const std::string group = std::to_string(key["kwh"].get<int>());
+            const std::string element = std::to_string(key["kwl"].get<int>());
+            text += group + " " + element + " " + done({"get", file, group, element, "--hex"}).out;
+        }
+        return text;
+    }
+};
+
+/// The system and the dead weight beside the code.
+class RecodeSystem : public Recode
+{
+  protected:
+    RecodeSystem()
+    {
+        makeProject();
+        done({"case", "create", file, "--action", "G"});
+        done({"case", "create", file, "--action", "G"});
+        done({"case", "set", file, "1", "--dlz", "-1"});
+        done({"case", "set", file, "2", "--dlx", "0.5"});
+    }
+    /// The plan for another system.
+    nlohmann::json plan(const std::vector<std::string>& options) const
+    {
+        std::vector<std::string> command{"recode", file, "--code", "en1990", "--json"};
+        command.insert(command.end(), options.begin(), options.end());
+        return done(command).json();
     }
 };
 
@@ -48,23 +81,33 @@ TEST_F(Recode, DefaultsTakeTheNewDefaultsAndOwnValuesStay)
     EXPECT_EQ(info["designCode"]["kept"]["state"], "same");
 }
 
-TEST_F(Recode, ThereAndBackLeavesEveryRecordAsItWas)
+TEST_F(Recode, ThereAndBackLeavesEveryRecordByteForByte)
 {
     makeProject();
     done({"action", "set", file, "Q", "--psi0", "0.65"});
     done({"case", "create", file, "--action", "W"});
-    const auto all = [&] {
-        std::string text;
-        for (const char* name : {"G", "Q", "W"}) {
-            text += done({"get", file, "14", name}).out;
+    done({"case", "set", file, "1", "--dlz", "-1"});
+    done({"case", "create", file, "--action", "Q"});
+    done({"put", file, "14", "W", "0102", "--append"}); // of another module
+    done({"put", file, "77", "5", "0304"});
+    const std::string before = everyRecord();
+    for (const std::vector<std::string>& there :
+         {std::vector<std::string>{"--code", "bs-en1990-na"},
+          {"--code", "en1990", "--map", "W=T", "--map", "Q=S"},
+          {"--code", "en1990", "--gravity", "+Y", "--move-dead-weight"}}) {
+        std::vector<std::string> command{"recode", file};
+        command.insert(command.end(), there.begin(), there.end());
+        done(command);
+        EXPECT_NE(everyRecord(), before);
+        const bool isMapped = there.size() == 6;
+        std::vector<std::string> back{
+            "recode", file, "--code", "en1990", "--gravity", "-Z", "--move-dead-weight"};
+        if (isMapped) {
+            back.insert(back.end(), {"--map", "T=W", "--map", "S=Q"});
         }
-        return text + done({"get", file, "12", "1"}).out;
-    };
-    const std::string before = all();
-    done({"recode", file, "--code", "bs-en1990-na"});
-    EXPECT_NE(all(), before);
-    done({"recode", file, "--code", "en1990"});
-    EXPECT_EQ(all(), before);
+        done(back);
+        EXPECT_EQ(everyRecord(), before);
+    }
 }
 
 TEST_F(Recode, DryRunWritesNothing)
@@ -111,6 +154,81 @@ TEST_F(Recode, ProjectWithoutAMatchIsRefusedAndStays)
     fails(2, {"recode", file, "--code", "asce7-22-lrfd", "--map", "G"});
     EXPECT_THAT(fails(1, {"recode", file, "--code", "asce7-22-lrfd", "--map", "G=NONE"}),
                 HasSubstr("the new code has no action NONE"));
+}
+
+TEST_F(Recode, MappedNamesMayBeExchanged)
+{
+    makeProject();
+    done({"case", "create", file, "--action", "W"});
+    const auto plan =
+        done({"recode", file, "--code", "en1990", "--map", "W=Q", "--map", "Q=W", "--json"}).json();
+    EXPECT_EQ(rowOf(plan, "W")["becomes"], "Q");
+    EXPECT_EQ(plan["loadCases"][0]["changes"], nlohmann::json::parse(R"(["action W > Q"])"));
+    EXPECT_EQ(loadCase(1)["action"], "Q");
+    EXPECT_THAT(fails(1, {"recode", file, "--code", "en1990", "--map", "W=G"}),
+                HasSubstr("two actions would have the name G"));
+}
+
+TEST_F(Recode, OldNumberOfALoadCaseKeepsItsAction)
+{
+    makeProject();
+    done({"case", "create", file, "--action", "G"});
+    // 2 is an old number of G in the one code and of D in the other.
+    auto record = stored<tagCDB_LC_CTRL>(12, "1");
+    record.action = 2;
+    const QByteArray bytes(reinterpret_cast<const char*>(&record), sizeof record);
+    done({"put", file, "12", "1", bytes.toHex().toStdString()});
+    ASSERT_EQ(loadCase(1)["action"], "G");
+    done({"recode", file, "--code", "bs-en1990-na"});
+    EXPECT_EQ(stored<tagCDB_LC_CTRL>(12, "1").action, 2) << "it means G in both";
+    done({"recode", file, "--code", "asce7-22-lrfd", "--map", "Q=L"});
+    EXPECT_EQ(loadCase(1)["action"], "G") << "an own action now";
+}
+
+TEST_F(RecodeSystem, OnlyTheTwoWordsOfTheSystemChange)
+{
+    const auto words = [this] { return done({"get", file, "10", "0", "--hex"}).out.substr(6); };
+    std::string record = words();
+    record.pop_back();
+    record.replace(record.size() - 4, 4, "abcd"); // what other modules keep there
+    done({"put", file, "10", "0", record});
+    done({"case", "remove", file, "2"});
+    const auto change = plan({"--system", "plate", "--gravity", "+Z"});
+    EXPECT_EQ(change["system"], nlohmann::json::parse(R"({"before": "spatial", "after": "plate"})"));
+    EXPECT_EQ(words(), "1400000003000000" + record.substr(16) + "\n");
+    plan({"--system", "plate"});
+    EXPECT_EQ(words(), "1400000003000000" + record.substr(16) + "\n");
+}
+
+TEST_F(RecodeSystem, GravityAloneLeavesTheDeadWeightWhereItIs)
+{
+    const auto change = plan({"--gravity", "+Y"});
+    EXPECT_EQ(change["gravity"], nlohmann::json::parse(R"({"before": "-Z", "after": "+Y"})"));
+    EXPECT_TRUE(change["loadCases"].empty());
+    EXPECT_EQ(done({"info", file, "--json"}).json()["gravity"], "+Y");
+    EXPECT_EQ(stored<tagCDB_LC_CTRL>(12, "1").dlz, -1.0f);
+}
+
+TEST_F(RecodeSystem, DeadWeightInADirectionThatIsNoLongerOfferedIsRefused)
+{
+    const std::string before = contentOf(file);
+    EXPECT_THAT(fails(1, {"recode", file, "--code", "en1990", "--system", "plane", "--gravity", "-Y"}),
+                HasSubstr("(load case 1 has dead weight in Z)"));
+    EXPECT_EQ(contentOf(file), before);
+    EXPECT_THAT(fails(1, {"recode", file, "--code", "en1990", "--system", "plate", "--move-dead-weight"}),
+                HasSubstr("(load case 2 has dead weight in X)"))
+        << "it doesn't act along gravity";
+}
+
+TEST_F(RecodeSystem, DeadWeightMovesToTheNewDirectionOfGravityWhereItIsWanted)
+{
+    const auto change = plan({"--system", "plane", "--gravity", "+Y", "--move-dead-weight"});
+    EXPECT_EQ(change["loadCases"],
+              nlohmann::json::parse(R"([{"number": 1, "changes": ["DLY 0 > 1", "DLZ -1 > 0"]}])"));
+    const auto moved = stored<tagCDB_LC_CTRL>(12, "1");
+    EXPECT_EQ(moved.dlz, 0.0f);
+    EXPECT_EQ(moved.dly, 1.0f) << "along gravity as before";
+    EXPECT_EQ(stored<tagCDB_LC_CTRL>(12, "2").dlx, 0.5f);
 }
 
 TEST_F(Why, TellsTheChainFromTheLoadCaseToTheClause)
