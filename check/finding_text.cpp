@@ -94,6 +94,7 @@ constexpr RuleWords RULE_WORDS[] = {
      {NEW_NAME, QT_TRANSLATE_NOOP("MRL_LC_AddNewActionDialog", "Name already used!")}},
     {LCM_Rule::DesignCodeUnreadable, {nullptr, "%1"}},
     {LCM_Rule::DesignCodeNotAsKept, {nullptr, "%1"}},
+    {LCM_Rule::DesignCodeTrap, {nullptr, "%1"}},
     {LCM_Rule::ActionNameReserved,
      {PROJECT, QT_TRANSLATE_NOOP("LCM_ProjectCheck",
                                  "names that begin with Y are reserved; the dialog never loads it")}},

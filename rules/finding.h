@@ -37,6 +37,7 @@ enum class LCM_Rule : int {
     // A project.
     DesignCodeUnreadable,
     DesignCodeNotAsKept,
+    DesignCodeTrap,
     ActionNameReserved,
     ActionWithoutName,
     ActionNameDiffersFromKey,
@@ -60,7 +61,7 @@ enum class LCM_Rule : int {
 };
 
 /// The rules in their order, each with its stable id.
-inline constexpr std::array<std::pair<LCM_Rule, const char*>, 39> LCM_RULE_IDS{{
+inline constexpr std::array<std::pair<LCM_Rule, const char*>, 40> LCM_RULE_IDS{{
     {LCM_Rule::GamuNotAbove0, "gamu-not-above-0"},
     {LCM_Rule::GamuBelow0, "gamu-below-0"},
     {LCM_Rule::GamfNotBetween0AndGamu, "gamf-not-between-0-and-gamu"},
@@ -82,6 +83,7 @@ inline constexpr std::array<std::pair<LCM_Rule, const char*>, 39> LCM_RULE_IDS{{
     {LCM_Rule::NewNameAlreadyUsed, "new-name-already-used"},
     {LCM_Rule::DesignCodeUnreadable, "design-code-unreadable"},
     {LCM_Rule::DesignCodeNotAsKept, "design-code-not-as-kept"},
+    {LCM_Rule::DesignCodeTrap, "design-code-trap"},
     {LCM_Rule::ActionNameReserved, "action-name-reserved"},
     {LCM_Rule::ActionWithoutName, "action-without-name"},
     {LCM_Rule::ActionNameDiffersFromKey, "action-name-differs-from-key"},

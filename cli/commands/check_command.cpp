@@ -2,6 +2,7 @@
 #include "cli/arguments.h"
 #include "cli/command_project.h"
 #include "cli/commands/commands.h"
+#include "cli/design_codes.h"
 #include "cli/finding_report.h"
 #include "hostlib/data/designcode/designcode.h"
 #include "hostlib/data/designcode/kept.h"
@@ -32,22 +33,28 @@ void CheckCommand::declare(Arguments& args)
     args.json(m_json);
 }
 
-/// The findings of the whole project, ahead of them that its design code can't be read.
+LCM_Finding ofProject(LCM_Rule rule, const std::string& text)
+{
+    return {rule, LCM_Subject::Project, 0, 0, {QString::fromStdString(text)}};
+}
+
+/// The findings of the whole project, ahead of them those of its design code.
 LCM_Findings findingsOf(int db)
 {
-    LCM_Findings findings = lcm_check_project(db, false);
-    if (const designcode::Loaded loaded = designcode::ofDatabase(db); !loaded.code) {
-        findings.insert(findings.begin(), {LCM_Rule::DesignCodeUnreadable,
-                                           LCM_Subject::Project,
-                                           0,
-                                           0,
-                                           {QString::fromStdString(loaded.reason)}});
-    }
+    LCM_Findings findings;
     if (const designcode::KeptReport kept = designcode::keptReport(db); !kept.text.empty()) {
-        findings.insert(
-            findings.begin(),
-            {LCM_Rule::DesignCodeNotAsKept, LCM_Subject::Project, 0, 0, {QString::fromStdString(kept.text)}});
+        findings.push_back(ofProject(LCM_Rule::DesignCodeNotAsKept, kept.text));
     }
+    const designcode::Loaded loaded = designcode::ofDatabase(db);
+    if (!loaded.code) {
+        findings.push_back(ofProject(LCM_Rule::DesignCodeUnreadable, loaded.reason));
+    } else {
+        for (const CodeFinding& finding : cli::findingsOf(*loaded.code)) {
+            findings.push_back(ofProject(LCM_Rule::DesignCodeTrap, textOf(finding)));
+        }
+    }
+    const LCM_Findings ofRows = lcm_check_project(db, false);
+    findings.insert(findings.end(), ofRows.begin(), ofRows.end());
     return findings;
 }
 

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "cli/run.h"
+#include "hostlib/data/cdb/project.h"
 
 using mrl::test::CliTest;
 using mrl::test::mrlLc;
@@ -84,6 +85,30 @@ TEST_F(Check, JsonGivesTheRuleBesideAnEnglishMessageWhateverTheLanguageIs)
         "rule": "action-missing", "message": "the project has no action X9"})"));
 }
 
+TEST_F(Check, UnreadableDesignCodeIsAFindingOfAProjectWithoutACopy)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own) << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n";
+    const std::string other = path("b.cdb");
+    done({"new", other, "--code", own});
+    const auto opened = mrl::cdb::open(other);
+    for (const char* fact :
+         {"designcode-kept-name", "designcode-kept-fingerprint", "designcode-kept-files"}) {
+        EXPECT_TRUE(mrl::cdb::setFact(opened.db, fact, ""));
+    }
+    mrl::cdb::close(opened.db);
+    std::ofstream(own) << "[DESIGN CODE\n";
+    const std::string message = own + ":1: the section's name has no closing ']': write [NAME]";
+    const auto run = mrlLc({"check", other, "--json"});
+    EXPECT_EQ(run.code, 1);
+    const auto found = run.json()["findings"];
+    ASSERT_EQ(found.size(), 1u) << run.out;
+    EXPECT_EQ(found[0]["rule"], "design-code-unreadable");
+    EXPECT_EQ(found[0]["subject"], "project");
+    EXPECT_EQ(found[0]["message"], message);
+    EXPECT_EQ(mrlLc({"check", other}).out, "project: " + message + "\n1 finding.\n");
+}
+
 TEST_F(Check, CopyThatHoldsInPlaceOfAnUnreadableFileIsAFindingOfTheProject)
 {
     const std::string own = path("own.ini");
@@ -100,6 +125,25 @@ TEST_F(Check, CopyThatHoldsInPlaceOfAnUnreadableFileIsAFindingOfTheProject)
     EXPECT_EQ(found[0]["rule"], "design-code-not-as-kept");
     EXPECT_EQ(found[0]["message"], "there is no readable file of the design code '" + own +
                                        "' here; the copy in the project holds");
+}
+
+TEST_F(Check, TrapOfTheDesignCodeIsAFindingOfItsProjects)
+{
+    const std::string own = path("own.ini");
+    std::ofstream(own)
+        << "[DESIGN CODE]\nlabel = Own\nntcode = 0\nidcode = 0\ncountry = 0\nyear = 1\n"
+           "[AVAILABILITY]\nPsi0 = 1\n[ACTION Q]\ncategory = Q\nsuperposition = COND\nold = 2, 7\n";
+    const std::string other = path("b.cdb");
+    done({"new", other, "--code", own});
+    const auto run = mrlLc({"check", other, "--json"});
+    EXPECT_EQ(run.code, 1);
+    const auto found = run.json()["findings"];
+    ASSERT_EQ(found.size(), 1u) << run.out;
+    EXPECT_EQ(found[0]["rule"], "design-code-trap");
+    EXPECT_EQ(found[0]["subject"], "project");
+    EXPECT_EQ(
+        found[0]["message"],
+        own + ":9: action Q: Psi0 is marked, but not stated: it counts as 0: state it; 0 is written as 0");
 }
 
 TEST_F(Check, ReservedAndNamelessActionsAreReported)
