@@ -26,5 +26,8 @@ void MRL_LC_ActionsTable::contextMenuEvent(QContextMenuEvent*)
     if (!getSelectedRows(this).empty()) {
         menu->addAction(m_reinitSelectedAction);
     }
+    if (m_extendMenu) {
+        m_extendMenu(*menu);
+    }
     menu->exec(QCursor::pos());
 }

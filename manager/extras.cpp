@@ -48,6 +48,7 @@ LCM_Extras::LCM_Extras(QWidget* dialog, const LCM_HistoryTabs& tabs)
     createFindings(bar);
     lines->addWidget(m_message);
     dressTables();
+    createOrigins(lines);
     m_filterTimer->setSingleShot(true);
     connect(m_filterTimer, &QTimer::timeout, this, &LCM_Extras::applyFilter);
     m_findingsTimer->setSingleShot(true);

@@ -62,6 +62,7 @@ class LCM_Extras : public QWidget
     void createSearch(QLayout* layout);
     void createFilter(QLayout* layout);
     void createFindings(QLayout* layout);
+    void createOrigins(QLayout* layout);
     void createCommand(const QString& text, const QList<QKeySequence>& keys, const char* name,
                        void (LCM_Extras::*slot)());
     void undoStep();

@@ -14,6 +14,7 @@
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "manager/extras.h"
+#include "manager/origin_notes.h"
 
 namespace {
 
@@ -168,4 +169,17 @@ void LCM_Extras::createFindings(QLayout* layout)
     createCommand(tr("Next finding"), {QKeySequence(Qt::Key_F8)}, "next finding", &LCM_Extras::nextFinding);
     createCommand(tr("Previous finding"), {QKeySequence(Qt::SHIFT + Qt::Key_F8)}, "previous finding",
                   &LCM_Extras::previousFinding);
+}
+
+void LCM_Extras::createOrigins(QLayout* layout)
+{
+    auto* line = new QLabel(this);
+    line->setObjectName(QStringLiteral("label_origin"));
+    line->setAccessibleName(tr("Where the factor comes from"));
+    line->setTextFormat(Qt::PlainText);
+    line->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    line->setWordWrap(true);
+    line->setMinimumHeight(line->fontMetrics().height()); // so that the tables stay in place
+    layout->addWidget(line);
+    new LCM_OriginNotes(m_tabs, *line, this);
 }

@@ -374,6 +374,10 @@ Die Einwirkungen sind:
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
+    <message>
+        <source>Where the factor comes from</source>
+        <translation>Woher der Beiwert kommt</translation>
+    </message>
 </context>
 <context>
     <name>LCM_History</name>
@@ -666,6 +670,48 @@ Die Einwirkungen sind:
     <message>
         <source>Several actions have the title &quot;%1&quot;.</source>
         <translation>Mehrere Einwirkungen haben den Titel „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_OriginNotes</name>
+    <message>
+        <source>Reinit would change nothing</source>
+        <translation>Zurücksetzen würde nichts ändern</translation>
+    </message>
+    <message>
+        <source>Reinit would change (%1)</source>
+        <translation>Zurücksetzen würde ändern (%1)</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+</context>
+<context>
+    <name>LCM_OriginText</name>
+    <message>
+        <source>verified</source>
+        <translation>geprüft</translation>
+    </message>
+    <message>
+        <source>one source</source>
+        <translation>eine Quelle</translation>
+    </message>
+    <message>
+        <source>own choice</source>
+        <translation>eigene Wahl</translation>
+    </message>
+    <message>
+        <source>unverified</source>
+        <translation>ungeprüft</translation>
+    </message>
+    <message>
+        <source>yours; the code states none</source>
+        <translation>eigener Wert; die Norm nennt keinen</translation>
+    </message>
+    <message>
+        <source>yours; the code says %1 (%2)</source>
+        <translation>eigener Wert; die Norm sagt %1 (%2)</translation>
     </message>
 </context>
 <context>

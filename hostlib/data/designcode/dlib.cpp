@@ -1,10 +1,13 @@
 #include "host/mrl_dlib.h"
 
+#include <algorithm>
 #include <cstring>
 #include <optional>
 
 #include "host/mrl_cdb.h"
+#include "host/mrl_factor_origin.h"
 #include "hostlib/data/cdb/project.h"
+#include "hostlib/data/designcode/chain.h"
 #include "hostlib/data/designcode/designcode_active.h"
 #include "lcdata/values/keys.h"
 
@@ -78,6 +81,21 @@ int positiveLookup(int which, tagCDB_LC_ACT* out)
     return stored ? deliver(*stored, out) : NOT_FOUND;
 }
 
+MRL_FactorState stateOf(mrl::designcode::State state)
+{
+    switch (state) {
+    case mrl::designcode::State::Verified:
+        return MRL_FactorState::Verified;
+    case mrl::designcode::State::OneSource:
+        return MRL_FactorState::OneSource;
+    case mrl::designcode::State::OwnChoice:
+        return MRL_FactorState::OwnChoice;
+    case mrl::designcode::State::Unverified:
+        break;
+    }
+    return MRL_FactorState::Unverified;
+}
+
 int identity(int DesignCode::*number)
 {
     const auto& code = activeCode();
@@ -130,6 +148,29 @@ int mrl_dlib_boxed_value(const char* box, const char* name, float& value)
     }
     value = found.value_or(value);
     return found ? 1 : 0;
+}
+
+bool mrl_dlib_factor_origin(int action, const char* factor, MRL_FactorOrigin& origin)
+{
+    const auto& code = activeCode();
+    const auto* found = code ? code->find(action) : nullptr;
+    const auto* const which =
+        std::find_if(LCM_FACTORS.begin(), LCM_FACTORS.end(),
+                     [factor](const auto& each) { return std::strcmp(each.key, factor) == 0; });
+    // An old number finds the action too, but the caller asks for one by its code.
+    if (found == nullptr || found->code != action || which == LCM_FACTORS.end()) {
+        return false;
+    }
+    const mrl::designcode::Origin& stated = found->origins[which->id];
+    if (!stated.isStated()) {
+        return false;
+    }
+    origin.value = lcm_stored_factor(found->record, *which);
+    origin.code = QString::fromStdString(mrl::designcode::nameOfFile(stated.file));
+    origin.clause = QString::fromStdString(stated.source.clause);
+    origin.state = stateOf(stated.source.state);
+    origin.note = QString::fromStdString(stated.source.note);
+    return true;
 }
 
 int mrl_dlib_cdb_get_ntcode() { return identity(&DesignCode::ntcode); }

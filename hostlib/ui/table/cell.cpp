@@ -36,6 +36,19 @@ QBrush disabledShade()
                   mix(base.blue(), text.blue()));
 }
 
+/// What the table's user notes on a marked cell; empty for any other one.
+QString markedNote(const MRL_H_TwItem& cell)
+{
+    const MRL_H_TwColumn* column = Access::column(cell);
+    if (column == nullptr || column->table == nullptr) {
+        return {};
+    }
+    const MRL_H_CellNotes& notes = MRL_H_TableWidget::Private::of(*column->table).notes;
+    const MRL_H_CellNote note =
+        notes ? notes(column->table->rowOf(&cell), column->position) : MRL_H_CellNote();
+    return note.isMarked ? note.text : QString();
+}
+
 bool isPlainColour(const QBrush& brush, const QColor& colour)
 {
     return brush.style() == Qt::SolidPattern && brush.color() == colour;
@@ -126,6 +139,9 @@ QVariant MRL_H_TwItem::data(int role) const
     case Qt::AccessibleDescriptionRole:
         if (m_extra && isMarkedFinding()) {
             return MRL_H_TableWidget::tr("Wrong: %1").arg(m_extra->toolTip);
+        }
+        if (const QString note = markedNote(*this); !note.isEmpty()) {
+            return note;
         }
         break;
     default:

@@ -232,6 +232,9 @@ void MRL_H_DelegateItem::initStyleOption(QStyleOptionViewItem* option, const QMo
     if (cell == nullptr) {
         return;
     }
+    if (MRL_H_TableWidget::Private::of(*tableOf(index)).noteOn(index).isMarked) {
+        option->font.setItalic(true);
+    }
     const quint8 state = MRL_H_TwCellAccess::state(*cell);
     const QPalette normal = option->widget != nullptr ? option->widget->palette() : option->palette;
     // Black is what the rules call normal; on a dark desktop that is another colour.
@@ -270,7 +273,10 @@ void MRL_H_DelegateItem::paint(QPainter* painter, const QStyleOptionViewItem& op
 bool MRL_H_DelegateItem::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                    const QStyleOptionViewItem& option, const QModelIndex& index)
 {
-    const QString text = index.data(Qt::ToolTipRole).toString();
+    QString text = index.data(Qt::ToolTipRole).toString();
+    if (text.isEmpty() && cellOf(index) != nullptr) {
+        text = MRL_H_TableWidget::Private::of(*tableOf(index)).noteOn(index).text;
+    }
     if (event->type() != QEvent::ToolTip || text.isEmpty()) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include "host/mrl_cell_notes.h"
 #include "host/mrl_table.h"
 #include "host/mrl_table_paste.h"
 #include "hostlib/ui/table/cell_entry.h"
@@ -42,6 +43,12 @@ struct MRL_H_TableWidget::Private
     mrl::table::ColumnFit fit;
     mrl::table::FilteredSelection* selection; ///< child of the table
     mrl::table::FindingMarks marks;
+    MRL_H_CellNotes notes; ///< null: no cell has one
+
+    MRL_H_CellNote noteOn(const QModelIndex& index) const
+    {
+        return notes ? notes(index.row(), index.column()) : MRL_H_CellNote();
+    }
 
     std::unique_ptr<mrl::table::Journal> journal; ///< null until somebody asks for it
 
