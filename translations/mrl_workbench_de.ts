@@ -63,6 +63,41 @@
     </message>
 </context>
 <context>
+    <name>KeptQuestion</name>
+    <message>
+        <source>The design code %1 on this machine differs from the copy in the project.</source>
+        <translation>Die Norm %1 auf diesem Rechner weicht von der Kopie im Projekt ab.</translation>
+    </message>
+    <message>
+        <source>There is no readable file of the design code %1 on this machine. The copy in the project holds.</source>
+        <translation>Auf diesem Rechner gibt es keine lesbare Datei der Norm %1. Die Kopie im Projekt gilt.</translation>
+    </message>
+    <message>
+        <source>The project names the design code %1 and keeps a copy of another one. The name holds.</source>
+        <translation>Das Projekt nennt die Norm %1 und enthält die Kopie einer anderen. Der Name gilt.</translation>
+    </message>
+    <message>
+        <source>The copy of the design code %1 in the project can&apos;t be read. The file holds.</source>
+        <translation>Die Kopie der Norm %1 im Projekt ist nicht lesbar. Die Datei gilt.</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Design code</source>
+        <translation>Norm</translation>
+    </message>
+    <message>
+        <source>&amp;Go on with the copy</source>
+        <translation>&amp;Mit der Kopie weiterarbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Take the file over...</source>
+        <translation>Datei über&amp;nehmen...</translation>
+    </message>
+</context>
+<context>
     <name>ProjectCombinationsText</name>
     <message>
         <source>Nothing is combined before this is mended:</source>
@@ -272,6 +307,14 @@
     <message>
         <source>Copy with &amp;headings</source>
         <translation>Mit Ü&amp;berschriften kopieren</translation>
+    </message>
+    <message>
+        <source>there is no design code &quot;%1&quot; here</source>
+        <translation>hier gibt es keine Norm „%1“</translation>
+    </message>
+    <message>
+        <source>Design code</source>
+        <translation>Norm</translation>
     </message>
 </context>
 <context>
@@ -591,6 +634,21 @@
     </message>
 </context>
 <context>
+    <name>mrl::workbench::HeadingChoices</name>
+    <message>
+        <source>Column of the file</source>
+        <translation>Spalte der Datei</translation>
+    </message>
+    <message>
+        <source>Means</source>
+        <translation>Bedeutet</translation>
+    </message>
+    <message>
+        <source>(passed over)</source>
+        <translation>(übergangen)</translation>
+    </message>
+</context>
+<context>
     <name>mrl::workbench::HistoryPanel</name>
     <message>
         <source>History</source>
@@ -643,21 +701,6 @@
     <message>
         <source>&amp;Redo: %1</source>
         <translation>&amp;Wiederholen: %1</translation>
-    </message>
-</context>
-<context>
-    <name>mrl::workbench::HeadingChoices</name>
-    <message>
-        <source>Column of the file</source>
-        <translation>Spalte der Datei</translation>
-    </message>
-    <message>
-        <source>Means</source>
-        <translation>Bedeutet</translation>
-    </message>
-    <message>
-        <source>(passed over)</source>
-        <translation>(übergangen)</translation>
     </message>
 </context>
 <context>
@@ -1095,6 +1138,34 @@
         <source>&amp;Export...</source>
         <translation>&amp;Exportieren...</translation>
     </message>
+    <message>
+        <source>Another design code</source>
+        <translation>Andere Norm</translation>
+    </message>
+    <message>
+        <source>The design code is %1 now.</source>
+        <translation>Die Norm ist jetzt %1.</translation>
+    </message>
+    <message>
+        <source>Design code</source>
+        <translation>Norm</translation>
+    </message>
+    <message>
+        <source>Saving the project keeps its design code in it.</source>
+        <translation>Beim Speichern behält das Projekt seine Norm.</translation>
+    </message>
+    <message>
+        <source>Another &amp;design code...</source>
+        <translation>Andere &amp;Norm...</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the design code in the project</source>
+        <translation>Norm im Projekt &amp;behalten</translation>
+    </message>
+    <message>
+        <source>Keeping the design code</source>
+        <translation>Norm behalten</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>
@@ -1212,6 +1283,100 @@
     <message>
         <source>Reasons and losses</source>
         <translation>Gründe und Verluste</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::RecodeDialog</name>
+    <message>
+        <source>&amp;Dead weight along the old direction of gravity acts along the new one</source>
+        <translation>&amp;Eigengewicht in der alten Schwererichtung wirkt in der neuen</translation>
+    </message>
+    <message>
+        <source>Another design code</source>
+        <translation>Andere Norm</translation>
+    </message>
+    <message>
+        <source>Design &amp;code:</source>
+        <translation>&amp;Norm:</translation>
+    </message>
+    <message>
+        <source>&amp;System:</source>
+        <translation>S&amp;ystem:</translation>
+    </message>
+    <message>
+        <source>&amp;Gravity:</source>
+        <translation>Sch&amp;werkraft:</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>Was sich ändert</translation>
+    </message>
+    <message>
+        <source>Spatial structure</source>
+        <translation>Räumliches Tragwerk</translation>
+    </message>
+    <message>
+        <source>Plane structure</source>
+        <translation>Ebenes Tragwerk</translation>
+    </message>
+    <message>
+        <source>Plate</source>
+        <translation>Platte</translation>
+    </message>
+    <message>
+        <source>Load cases that change: %1</source>
+        <translation>Geänderte Lastfälle: %1</translation>
+    </message>
+    <message>
+        <source>Not possible: %1</source>
+        <translation>Nicht möglich: %1</translation>
+    </message>
+    <message>
+        <source>What %1 becomes</source>
+        <translation>Was aus %1 wird</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::RecodeModel</name>
+    <message>
+        <source>takes the new default</source>
+        <translation>nimmt die neue Vorgabe</translation>
+    </message>
+    <message>
+        <source>keeps its values</source>
+        <translation>behält ihre Werte</translation>
+    </message>
+    <message>
+        <source>stays as an own action</source>
+        <translation>bleibt als eigene Einwirkung</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Einwirkung</translation>
+    </message>
+    <message>
+        <source>Becomes</source>
+        <translation>Wird zu</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Lost on OK</source>
+        <translation>Entfällt mit OK</translation>
+    </message>
+    <message>
+        <source>Breaks</source>
+        <translation>Verletzt</translation>
+    </message>
+    <message>
+        <source>Load cases</source>
+        <translation>Lastfälle</translation>
     </message>
 </context>
 <context>

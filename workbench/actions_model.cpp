@@ -36,11 +36,13 @@ QString superpositionName(int id) { return QString::fromStdString(lcm_word_of_id
 
 ActionsModel::ActionsModel(QObject* parent) : RowsModel(parent) {}
 
-void ActionsModel::show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors)
+void ActionsModel::show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors,
+                        FactorOrigins origins)
 {
     beginResetModel();
     setRows(std::move(actions));
     m_factors = std::move(factors);
+    m_origins = std::move(origins);
     endResetModel();
 }
 
@@ -73,7 +75,12 @@ QVariant ActionsModel::data(const QModelIndex& index, int role) const
     if (role == Qt::TextAlignmentRole) {
         return alignment(index.column() >= FirstFactor);
     }
-    return role == Qt::DisplayRole ? text(rowOf(index), index.column()) : QVariant();
+    if (role == Qt::DisplayRole) {
+        return text(rowOf(index), index.column());
+    }
+    return index.column() < FirstFactor
+               ? QVariant()
+               : originData(m_origins, rowOf(index).code, factorAt(index.column()).id, role);
 }
 
 QString ActionsModel::caption(int section) const

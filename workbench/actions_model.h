@@ -13,7 +13,8 @@ class ActionsModel : public RowsModel<LCM_StoredAction>
     enum Column { Name, Title, Category, Superposition, FirstFactor };
 
     explicit ActionsModel(QObject* parent);
-    void show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors);
+    void show(std::vector<LCM_StoredAction> actions, std::vector<FactorColumn> factors,
+              FactorOrigins origins = {});
 
     QVariant data(const QModelIndex& index, int role) const override;
 
@@ -26,6 +27,7 @@ class ActionsModel : public RowsModel<LCM_StoredAction>
     const FactorColumn& factorAt(int column) const;
 
     std::vector<FactorColumn> m_factors;
+    FactorOrigins m_origins;
 };
 
 } // namespace mrl::workbench

@@ -87,6 +87,8 @@ void Document::markAll()
     m_shadow.addSaveKwh(LC_KWH_CURRENT, LC_KWL_CURRENT, LC_KWL_CURRENT);
 }
 
+void Document::markSystem() { m_shadow.addSaveKwh(LC_KWH_SYSTEM, 0, 0); }
+
 Document::Result Document::save(bool overwrite)
 {
     const WaitCursor cursor;

@@ -55,6 +55,8 @@ class Document : public QObject
         Outcome outcome = Outcome::Done;
         QString reason; ///< of a failure
     };
+    /// Whether saving is to write the system record too, which belongs to no manager.
+    void markSystem();
     /// Writes what the managers declare into the project's file.
     /// @param overwrite also what another program has changed meanwhile
     Result save(bool overwrite);

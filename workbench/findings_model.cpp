@@ -12,6 +12,9 @@ namespace {
 /// "Action Q_A", "Load case 12".
 QString whereOf(const LCM_Finding& finding)
 {
+    if (finding.subject == LCM_Subject::Project) {
+        return QCoreApplication::translate("Workbench", "Design code");
+    }
     return finding.subject == LCM_Subject::Action
                ? QCoreApplication::translate("Workbench", "Action %1").arg(lcm_code_name(finding.id))
                : QCoreApplication::translate("Workbench", "Load case %1").arg(finding.id);

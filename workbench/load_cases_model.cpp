@@ -35,9 +35,13 @@ QString nameOfAction(int word)
     return lcm_word_name(word);
 }
 
-QVariant boldFont()
+/// Bold in the row of the current load case.
+QVariant fontOf(bool isCurrent, const QVariant& slanted)
 {
-    QFont font;
+    if (!isCurrent) {
+        return slanted;
+    }
+    auto font = slanted.value<QFont>();
     font.setBold(true);
     return font;
 }
@@ -47,12 +51,13 @@ QVariant boldFont()
 LoadCasesModel::LoadCasesModel(QObject* parent) : RowsModel(parent) {}
 
 void LoadCasesModel::show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors,
-                          int current, const std::vector<LCM_StoredAction>& actions)
+                          int current, const std::vector<LCM_StoredAction>& actions, FactorOrigins origins)
 {
     beginResetModel();
     setRows(std::move(loadCases));
     m_factors = std::move(factors);
     m_current = current;
+    m_origins = std::move(origins);
     m_actions.clear();
     for (const LCM_StoredAction& action : actions) {
         m_actions.emplace(action.code, action.record);
@@ -98,6 +103,14 @@ const tagCDB_LC_ACT* LoadCasesModel::actionOf(const LCM_StoredLoadCase& loadCase
     return found == m_actions.end() ? nullptr : &found->second;
 }
 
+QVariant LoadCasesModel::origin(const QModelIndex& index, int role) const
+{
+    const auto& loadCase = rowOf(index);
+    return actionOf(loadCase, index.column())
+               ? originData(m_origins, loadCase.record.action, factorAt(index.column()).id, role)
+               : QVariant();
+}
+
 QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid()) {
@@ -114,7 +127,9 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
         return text(loadCase, index.column());
     case Qt::ToolTipRole:
         if (actionOf(loadCase, index.column())) {
-            return tr("Factor of the action %1").arg(nameOfAction(loadCase.record.action));
+            const QString origin = this->origin(index, role).toString();
+            return tr("Factor of the action %1").arg(nameOfAction(loadCase.record.action)) +
+                   (origin.isEmpty() ? QString() : QLatin1Char('\n') + origin);
         }
         if (index.column() == Title) { // a narrow window cuts it off
             return text(loadCase, Title);
@@ -123,7 +138,9 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
     case Qt::ForegroundRole:
         return actionOf(loadCase, index.column()) ? QVariant(subdued()) : QVariant();
     case Qt::FontRole:
-        return current ? boldFont() : QVariant();
+        return fontOf(current, origin(index, role));
+    case Qt::AccessibleDescriptionRole:
+        return origin(index, role);
     default:
         return QVariant();
     }

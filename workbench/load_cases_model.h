@@ -17,7 +17,7 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
     explicit LoadCasesModel(QObject* parent);
     /// @param actions whose factors stand, greyed, beside the load cases that have one of them
     void show(std::vector<LCM_StoredLoadCase> loadCases, std::vector<FactorColumn> factors, int current,
-              const std::vector<LCM_StoredAction>& actions);
+              const std::vector<LCM_StoredAction>& actions, FactorOrigins origins = {});
 
     QVariant data(const QModelIndex& index, int role) const override;
 
@@ -26,6 +26,7 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
     QString caption(int section) const override;
 
   private:
+    QVariant origin(const QModelIndex& index, int role) const;
     QString text(const LCM_StoredLoadCase& loadCase, int column) const;
     /// The action whose factor holds in a column; null where it is the load case's own, or nobody's.
     const tagCDB_LC_ACT* actionOf(const LCM_StoredLoadCase& loadCase, int column) const;
@@ -33,6 +34,7 @@ class LoadCasesModel : public RowsModel<LCM_StoredLoadCase>
 
     std::vector<FactorColumn> m_factors;
     std::map<int, tagCDB_LC_ACT> m_actions; ///< by code
+    FactorOrigins m_origins;
     int m_current = 0;
 };
 

@@ -36,6 +36,9 @@ class MainWindow : public QMainWindow
     /// Runs a manager on the open project, or tells why not.
     /// @param loadCases to be selected in it
     void openManager(Manager which, const std::set<int>& loadCases = {});
+    /// Asks for another design code of the open project and gives it to it.
+    /// @param code the name of the one that is proposed
+    void recode(const QString& code);
     const Document& document() const { return *m_document; }
     /// Offers what runs that ended unexpectedly have left. @return whether a project was recovered and is open
     bool offerRecovery();
@@ -49,6 +52,9 @@ class MainWindow : public QMainWindow
     void slot_close();
     void slot_import();
     void slot_export();
+    void slot_recode();
+    /// Keeps a copy of the design code in the project; it is saved with it.
+    void slot_keepCode();
     void slot_settings();
     void slot_help();
     void slot_about();
@@ -120,6 +126,8 @@ class MainWindow : public QMainWindow
     QAction* m_exportAction = nullptr;
     QAction* m_actionsAction = nullptr;
     QAction* m_loadCasesAction = nullptr;
+    QAction* m_recodeAction = nullptr;
+    QAction* m_keepCodeAction = nullptr;
 };
 
 } // namespace mrl::workbench

@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 
+#include "workbench/designcode/kept_question.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/recent_files.h"
 #include "workbench/start_page.h"
@@ -34,6 +35,9 @@ bool MainWindow::openProject(const QString& file)
         RecentFiles::add(path);
         if (m_document->isReadOnly()) {
             statusBar()->showMessage(m_document->readOnlyReason().section(QLatin1Char('\n'), 0, 0), 10000);
+        }
+        if (wantsExtras() && askAboutKeptCode(m_document->database(), this) == KeptAnswer::TakeOver) {
+            slot_recode();
         }
         return true;
     }

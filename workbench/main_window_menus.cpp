@@ -61,6 +61,12 @@ void MainWindow::createActions()
     m_actionsAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+1")));
     m_loadCasesAction = new QAction(tr("&Load-case Manager..."), this);
     m_loadCasesAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+2")));
+    m_recodeAction = new QAction(tr("Another &design code..."), this);
+    m_recodeAction->setObjectName(QStringLiteral("action_recode"));
+    m_keepCodeAction = new QAction(tr("&Keep the design code in the project"), this);
+    m_keepCodeAction->setObjectName(QStringLiteral("action_keep_code"));
+    connect(m_recodeAction, &QAction::triggered, this, &MainWindow::slot_recode);
+    connect(m_keepCodeAction, &QAction::triggered, this, &MainWindow::slot_keepCode);
     connect(m_actionsAction, &QAction::triggered, this, [this] { openManager(Manager::Actions); });
     connect(m_loadCasesAction, &QAction::triggered, this, [this] { openManager(Manager::LoadCases); });
 }
@@ -90,6 +96,9 @@ void MainWindow::createOtherMenus()
     QMenu* tasks = menuBar()->addMenu(tr("&Tasks"));
     tasks->addAction(m_actionsAction);
     tasks->addAction(m_loadCasesAction);
+    tasks->addSeparator();
+    tasks->addAction(m_recodeAction);
+    tasks->addAction(m_keepCodeAction);
 
     QMenu* extras = menuBar()->addMenu(tr("&Extras"));
     extras->addAction(tr("&Settings..."), this, &MainWindow::slot_settings);

@@ -1,6 +1,7 @@
 #include "workbench/project_summary.h"
 
 #include <QCoreApplication>
+#include <QFont>
 #include <algorithm>
 
 #include "check/project_check.h"
@@ -16,6 +17,7 @@
 #include "rules/design_code_label.h"
 #include "rules/dialog_settings.h"
 #include "workbench/design_code_failure.h"
+#include "workbench/wanted_extras.h"
 
 namespace mrl::workbench {
 
@@ -75,6 +77,33 @@ std::vector<FactorColumn> factorColumns(int db)
     return columns;
 }
 
+/// What would trap the user of a design code.
+LCM_Findings trapsOf(const designcode::DesignCode& code)
+{
+    LCM_Findings findings;
+    for (const designcode::Warning& warning : designcode::warnings(code)) {
+        const designcode::Error told{warning.file, warning.line, warning.column, warning.text, warning.cure};
+        findings.push_back(
+            {LCM_Rule::DesignCodeTrap, LCM_Subject::Project, 0, 0, {QString::fromStdString(told.text())}});
+    }
+    return findings;
+}
+
+FactorOrigins originsOf(const std::vector<LCM_StoredAction>& actions,
+                        const std::vector<FactorColumn>& columns)
+{
+    FactorOrigins origins;
+    for (const LCM_StoredAction& action : actions) {
+        auto& ofAction = origins[action.code];
+        for (const FactorColumn& column : columns) {
+            const LCM_Factor& factor = lcm_factor(column.id);
+            ofAction[column.id] =
+                lcm_factor_origin(action.code, factor, column.label, lcm_shown_factor(action.record, factor));
+        }
+    }
+    return origins;
+}
+
 bool usesGlobalDirections()
 {
     int on = 0;
@@ -85,6 +114,24 @@ bool usesGlobalDirections()
 }
 
 } // namespace
+
+QVariant originData(const FactorOrigins& origins, int action, LCM_FactorId factor, int role)
+{
+    const auto found = origins.find(action);
+    const LCM_FactorOrigin origin = found == origins.end() ? LCM_FactorOrigin() : found->second[factor];
+    if (role == Qt::ToolTipRole && !origin.text.isEmpty()) {
+        return origin.text;
+    }
+    if (role == Qt::AccessibleDescriptionRole && origin.differs) {
+        return origin.text;
+    }
+    if (role == Qt::FontRole && origin.differs) {
+        QFont font;
+        font.setItalic(true);
+        return font;
+    }
+    return {};
+}
 
 ProjectSummary summarise(int db)
 {
@@ -102,9 +149,14 @@ ProjectSummary summarise(int db)
     summary.currentLoadCase = mrl_lc_current(db);
     summary.actions = readActions(db);
     readLoadCases(db, summary);
+    if (loaded.code && wantsExtras()) {
+        summary.origins = originsOf(summary.actions, summary.factors);
+    }
     if (loaded.code) {
         // Judged as the managers would when they open.
         summary.findings = lcm_check_project(db, usesGlobalDirections());
+        const LCM_Findings traps = trapsOf(*loaded.code);
+        summary.findings.insert(summary.findings.begin(), traps.begin(), traps.end());
     }
     return summary;
 }

@@ -3,9 +3,12 @@
 /// What the workbench shows of a project without opening a manager.
 
 #include <QString>
+#include <QVariant>
 
+#include <map>
 #include <vector>
 
+#include "check/factor_origin.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
 #include "lcdata/values/factors.h"
@@ -20,6 +23,9 @@ struct FactorColumn
     QString label;
 };
 
+/// Where the factors of actions come from, by the code of the action.
+using FactorOrigins = std::map<int, LCM_PerFactor<LCM_FactorOrigin>>;
+
 struct ProjectSummary
 {
     QString designCode;       ///< its label; empty when it can't be loaded
@@ -31,8 +37,13 @@ struct ProjectSummary
     std::vector<LCM_StoredAction> actions;     ///< those that the managers show, by name
     std::vector<LCM_StoredLoadCase> loadCases; ///< this system's own
     int foreignLoadCases = 0;                  ///< those of other modules, which the managers don't show
+    FactorOrigins origins;                     ///< empty without a design code, and where nobody wants them
     LCM_Findings findings;                     ///< empty too when the design code can't be loaded
 };
+
+/// What a table tells of a factor's origin: tool tip, slanted text where the design code has another value, and that as
+/// the accessible description. @param role of a model @return nothing for any other role
+QVariant originData(const FactorOrigins& origins, int action, LCM_FactorId factor, int role);
 
 /// Reads all of it from an open database and makes that database the current one.
 ProjectSummary summarise(int db);

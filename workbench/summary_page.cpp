@@ -154,8 +154,9 @@ QTableView* SummaryPage::createTable(QAbstractItemModel* model, const char* name
 void SummaryPage::show(const ProjectSummary& summary)
 {
     showFacts(summary);
-    m_actionsModel->show(summary.actions, summary.factors);
-    m_loadCasesModel->show(summary.loadCases, summary.factors, summary.currentLoadCase, summary.actions);
+    m_actionsModel->show(summary.actions, summary.factors, summary.origins);
+    m_loadCasesModel->show(summary.loadCases, summary.factors, summary.currentLoadCase, summary.actions,
+                           summary.origins);
     m_findingsModel->show(summary.findings);
     m_checkAgain->setVisible(wantsExtras());
     fitColumns(m_actions, ActionsModel::Title);

@@ -86,6 +86,31 @@ TEST_F(Document, WhatIsWrittenInItStaysOutOfTheFileUntilItIsSaved)
     EXPECT_EQ(get(other, CASES, 1), 11);
 }
 
+TEST_F(Document, FactThatItChangedIsSavedAndOthersStayAsTheyAre)
+{
+    ASSERT_TRUE(static_cast<bool>(cdb::setFact(db(), "designcode", "own")));
+    EXPECT_TRUE(document.host().hasChanges());
+    EXPECT_EQ(cdb::fact(other, "designcode"), "EN1990.ini");
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(cdb::fact(other, "designcode"), "own");
+    EXPECT_FALSE(document.host().hasChanges());
+    ASSERT_TRUE(static_cast<bool>(cdb::setFact(other, "note", "of another program")));
+    put(db(), CASES, 1, 11);
+    document.addSaveKwh(CASES);
+    ASSERT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+    EXPECT_EQ(cdb::fact(other, "note"), "of another program");
+}
+
+TEST_F(Document, FactThatAnotherProgramChangedTooIsAConflict)
+{
+    ASSERT_TRUE(static_cast<bool>(cdb::setFact(db(), "designcode", "mine")));
+    ASSERT_TRUE(static_cast<bool>(cdb::setFact(other, "designcode", "theirs")));
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Conflict);
+    EXPECT_EQ(cdb::fact(other, "designcode"), "theirs");
+    EXPECT_EQ(document.host().save(mrl::ui::OnConflict::Overwrite).outcome, SaveOutcome::Saved);
+    EXPECT_EQ(cdb::fact(other, "designcode"), "mine");
+}
+
 TEST_F(Document, SavingTakesKeysAwayThatAreGone)
 {
     mrl_cdb_del(db(), CASES, 2);

@@ -301,4 +301,56 @@ TEST_F(SummaryTest, PageShowsFactsAndCounts)
               QAbstractItemView::NoEditTriggers);
 }
 
+TEST_F(SummaryTest, TellsTheTrapsOfTheDesignCode)
+{
+    useCode(withoutLines(smallCode(), "Psi2 = 0.3"));
+    const ProjectSummary summary = summarise(db);
+    ASSERT_FALSE(summary.findings.empty());
+    FindingsModel model(nullptr);
+    model.show(summary.findings);
+    EXPECT_EQ(shown(model, 0, 0), "Design code");
+    EXPECT_TRUE(shown(model, 0, 1).contains("Psi2 is marked, but not stated"))
+        << shown(model, 0, 1).toStdString();
+}
+
+/// Psi0 of W is 0.6 in the design code, and 0.5 in the project.
+class OriginsInTheSummary : public SummaryTest
+{
+  protected:
+    OriginsInTheSummary()
+    {
+        project.setDesignCode("en1990");
+        project.putAction(soundAction(QStringLiteral("W")));
+        project.putLoadCase(1, bareLoadCase(QStringLiteral("W")));
+    }
+    ~OriginsInTheSummary() override { workbench::storeExtras(false); }
+};
+
+TEST_F(OriginsInTheSummary, OfAFactorIsToldAndADifferenceIsSlanted)
+{
+    workbench::storeExtras(true);
+    const ProjectSummary summary = summarise(db);
+    ActionsModel actions(nullptr);
+    actions.show(summary.actions, summary.factors, summary.origins);
+    LoadCasesModel loadCases(nullptr);
+    loadCases.show(summary.loadCases, summary.factors, 0, summary.actions, summary.origins);
+    const int factor = headers(actions).indexOf(QString::fromUtf8("ψ0"));
+    const QString origin =
+        QString::fromUtf8("W ψ0 0.5: yours; the code says 0.6 (en1990, Table A1.1, verified)");
+    EXPECT_EQ(actions.index(0, factor).data(Qt::ToolTipRole).toString(), origin);
+    EXPECT_EQ(actions.index(0, factor).data(Qt::AccessibleDescriptionRole).toString(), origin);
+    EXPECT_TRUE(actions.index(0, factor).data(Qt::FontRole).value<QFont>().italic());
+    EXPECT_FALSE(actions.index(0, ActionsModel::Name).data(Qt::ToolTipRole).isValid());
+    const int same = headers(loadCases).indexOf(QString::fromUtf8("ψ0"));
+    EXPECT_TRUE(loadCases.index(0, same).data(Qt::ToolTipRole).toString().endsWith(origin));
+    EXPECT_TRUE(loadCases.index(0, same).data(Qt::FontRole).value<QFont>().italic());
+    EXPECT_EQ(loadCases.index(0, same).data(Qt::AccessibleDescriptionRole).toString(), origin);
+}
+
+TEST_F(OriginsInTheSummary, IsToldOnlyWhereItIsWanted)
+{
+    workbench::storeExtras(false);
+    EXPECT_TRUE(summarise(db).origins.empty());
+}
+
 } // namespace mrl::test

@@ -106,9 +106,14 @@ cdb::Result MRL_H_ProjectDocument::open(const QString& path)
     if (auto result = state.reset(copy.db); !result) {
         return result;
     }
+    std::map<std::string, std::string> facts;
+    if (auto result = cdb::facts(copy.db, facts); !result) {
+        return result;
+    }
     copyGuard.claim();
     fileGuard.claim();
     adopt(file.db, copy.db, path, std::move(state));
+    m_facts = std::move(facts);
     // The copy carries the version that the file had when it was made.
     m_copyInCommon = m_fileInCommon = cdb::versionOf(copy.db);
     m_whyReadOnly = writable;
@@ -150,6 +155,7 @@ void MRL_H_ProjectDocument::close()
         *db = -1;
     }
     m_path.clear();
+    m_facts.clear();
     m_marks.clear();
     m_refreshFailure = {};
     m_whyReadOnly = {};
@@ -169,7 +175,8 @@ bool MRL_H_ProjectDocument::hasChanges() const
         return false;
     }
     bool different = true;
-    if (!m_state.differs(m_copy, different) || different) {
+    std::map<std::string, std::string> facts;
+    if (!m_state.differs(m_copy, different) || different || !cdb::facts(m_copy, facts) || facts != m_facts) {
         return true;
     }
     m_copyInCommon = version;
@@ -258,6 +265,48 @@ cdb::Result MRL_H_ProjectDocument::checkForConflicts(std::vector<cdb::KeyRange>&
     return {};
 }
 
+/// @param conflict [out] whether document and file have both changed a fact, and not alike
+cdb::Result MRL_H_ProjectDocument::checkFacts(bool& conflict)
+{
+    std::map<std::string, std::string> mine;
+    std::map<std::string, std::string> theirs;
+    for (const auto& [db, facts] : {std::pair(m_copy, &mine), std::pair(m_file, &theirs)}) {
+        if (auto result = cdb::facts(db, *facts); !result) {
+            return result;
+        }
+    }
+    conflict = mine != m_facts && theirs != m_facts && mine != theirs;
+    return {};
+}
+
+/// Writes the facts that the document has changed; those that other programs have changed stay.
+cdb::Result MRL_H_ProjectDocument::writeFacts(int& written)
+{
+    std::map<std::string, std::string> mine;
+    if (auto result = cdb::facts(m_copy, mine); !result) {
+        return result;
+    }
+    std::map<std::string, std::string> changed;
+    for (const auto& [name, value] : m_facts) {
+        if (mine.count(name) == 0) {
+            changed[name] = std::string();
+        }
+    }
+    for (const auto& [name, value] : mine) {
+        const auto before = m_facts.find(name);
+        if (before == m_facts.end() || before->second != value) {
+            changed[name] = value;
+        }
+    }
+    for (const auto& [name, value] : changed) {
+        if (auto result = cdb::setFact(m_file, name, value); !result) {
+            return result;
+        }
+        ++written;
+    }
+    return {};
+}
+
 /// @param written [out] how many keys were written or deleted
 cdb::Result MRL_H_ProjectDocument::writeMarks(int& written)
 {
@@ -278,6 +327,10 @@ void MRL_H_ProjectDocument::noteSaved(const std::optional<cdb::Version>& before,
     // The project is saved. If this fails, the document only counts as changed.
     for (const auto& range : m_marks) {
         (void)m_state.note(m_copy, range);
+    }
+    std::map<std::string, std::string> facts;
+    if (cdb::facts(m_copy, facts)) {
+        m_facts = std::move(facts);
     }
     if (written == 0) {
         return;
@@ -306,11 +359,18 @@ mrl::ui::SaveResult MRL_H_ProjectDocument::save(mrl::ui::OnConflict onConflict)
     if (auto result = checkForConflicts(changed); !result) {
         return {SaveOutcome::Failed, result, {}};
     }
-    if (!changed.empty() && onConflict == mrl::ui::OnConflict::Report) {
+    bool factsConflict = false;
+    if (auto result = checkFacts(factsConflict); !result) {
+        return {SaveOutcome::Failed, result, {}};
+    }
+    if ((!changed.empty() || factsConflict) && onConflict == mrl::ui::OnConflict::Report) {
         return {SaveOutcome::Conflict, {}, changed};
     }
     int written = 0;
     if (auto result = writeMarks(written); !result) {
+        return {SaveOutcome::Failed, result, {}};
+    }
+    if (auto result = writeFacts(written); !result) {
         return {SaveOutcome::Failed, result, {}};
     }
     if (auto result = transaction.commit(); !result) {
@@ -371,9 +431,14 @@ cdb::Result MRL_H_ProjectDocument::saveAs(const QString& path)
     if (auto result = state.reset(m_copy); !result) {
         return result;
     }
+    std::map<std::string, std::string> facts;
+    if (auto result = cdb::facts(m_copy, facts); !result) {
+        return result;
+    }
     fileGuard.claim();
     auto marks = std::move(m_marks);
     adopt(file.db, std::exchange(m_copy, -1), path, std::move(state));
     m_marks = std::move(marks);
+    m_facts = std::move(facts);
     return {};
 }

@@ -4,7 +4,9 @@
 
 #include <QString>
 
+#include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "host/mrl_export.h"
@@ -72,7 +74,7 @@ class MRL_HOST_API MRL_H_ProjectDocument
     const std::vector<mrl::cdb::KeyRange>& marks() const { return m_marks; }
 
     /// Makes the marked ranges of the file equal to the document's in one transaction; keys that the document
-    /// no longer has are deleted.
+    /// no longer has are deleted. So are the facts about the project that the document has changed.
     mrl::ui::SaveResult save(mrl::ui::OnConflict onConflict = mrl::ui::OnConflict::Report);
 
     /// Makes the whole document equal to its file. Unsaved changes are lost; on failure it stays as it was.
@@ -96,7 +98,9 @@ class MRL_HOST_API MRL_H_ProjectDocument
     mrl::cdb::Result followFile();
     mrl::cdb::Result refreshNow(const mrl::cdb::KeyRange& range, mrl::ui::UnsavedChanges unsaved);
     mrl::cdb::Result checkForConflicts(std::vector<mrl::cdb::KeyRange>& changed);
+    mrl::cdb::Result checkFacts(bool& conflict);
     mrl::cdb::Result writeMarks(int& written);
+    mrl::cdb::Result writeFacts(int& written);
     void noteSaved(const std::optional<mrl::cdb::Version>& before, int written);
 
     MRL_H_ShadowDatabase& m_document;
@@ -108,6 +112,7 @@ class MRL_HOST_API MRL_H_ProjectDocument
     QString m_path;
     quint64 m_device = 0;
     quint64 m_inode = 0;
+    std::map<std::string, std::string> m_facts; ///< of the project, as they were read or saved last
     mrl::ui::SyncState m_state;
     std::vector<mrl::cdb::KeyRange> m_marks;
     mrl::cdb::Result m_refreshFailure;

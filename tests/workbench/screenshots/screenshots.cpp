@@ -221,6 +221,24 @@ void combinations(MainWindow& window, const QString& responses, Photographer& ca
     camera.take(&window, "combinations-extremes");
 }
 
+/// A factor that was changed, and where it comes from.
+void origins(MainWindow& window, Photographer& camera)
+{
+    mrl::workbench::storeExtras(true);
+    Photographer::inModal([&] { window.openManager(Manager::Actions); },
+                          [&](QDialog* dialog) {
+                              dialog->resize(MANAGER);
+                              if (auto* table = tableWith(dialog, ACT_COL_PSI0)) {
+                                  type(table, 3, ACT_COL_PSI0, QStringLiteral("0.6"));
+                                  table->setCurrentCell(3, table->getColumnNumber(ACT_COL_PSI0));
+                              }
+                              camera.take(dialog, "action-manager-origins");
+                              // So that nobody is asked about the unsaved step.
+                              QTest::keyClick(dialog, Qt::Key_Z, Qt::ControlModifier);
+                          });
+    mrl::workbench::storeExtras(false);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -267,8 +285,10 @@ int main(int argc, char** argv)
     tabs->setCurrentIndex(0);
     camera.modal("settings", [&] { window.slot_settings(); });
     camera.modal("about", [&] { window.slot_about(); });
+    camera.modal("recode", [&] { window.recode(QStringLiteral("bs-en1990-na")); });
     managers(window, camera);
     steps(window, camera);
+    origins(window, camera);
     window.slot_help();
     QApplication::processEvents();
     for (QWidget* help : QApplication::topLevelWidgets()) {
