@@ -1,0 +1,229 @@
+#include "python/edit.h"
+
+#include <pybind11/stl.h>
+
+#include "exchange/apply_plan.h"
+#include "exchange/format.h"
+#include "lcdata/actions.h"
+#include "lcdata/load_cases.h"
+#include "lcdata/values/action_code.h"
+#include "lcdata/values/factors.h"
+
+namespace mrl::python {
+
+namespace py = pybind11;
+
+namespace {
+
+using exchange::Sheet;
+
+const char* wordOf(exchange::Outcome outcome)
+{
+    return outcome == exchange::Outcome::Added       ? "added"
+           : outcome == exchange::Outcome::Changed   ? "changed"
+           : outcome == exchange::Outcome::Unchanged ? "unchanged"
+                                                     : "refused";
+}
+
+/// The factor that a finding among the reasons is about.
+py::object fieldOf(const exchange::PlannedRow& row, const std::string& rule)
+{
+    for (const LCM_Finding& finding : row.findings) {
+        const LCM_Factor* factor = row.sheet == Sheet::LoadCases
+                                       ? lcm_factor_of_load_case_column(finding.column)
+                                       : lcm_factor_of_action_column(finding.column);
+        if (factor != nullptr && rule == lcm_rule_id(finding.rule)) {
+            return py::str(factor->key);
+        }
+    }
+    return py::none();
+}
+
+py::dict dictOf(const exchange::PlannedRow& row)
+{
+    py::list changes;
+    if (row.outcome == exchange::Outcome::Added || row.outcome == exchange::Outcome::Changed) {
+        for (const exchange::Change& change : row.changes()) {
+            changes.append(py::make_tuple(change.column->name, change.before, change.after));
+        }
+    }
+    py::list reasons;
+    for (const exchange::Reason& reason : row.reasons) {
+        reasons.append(py::make_tuple(reason.rule, reason.text, fieldOf(row, reason.rule)));
+    }
+    py::dict out;
+    out["sheet"] = exchange::nameOf(row.sheet);
+    out["line"] = row.line;
+    out["name"] = row.name;
+    out["outcome"] = wordOf(row.outcome);
+    out["changes"] = changes;
+    out["reasons"] = reasons;
+    out["notes"] = py::cast(row.notes);
+    return out;
+}
+
+Sheet sheetOf(const std::string& name)
+{
+    for (const Sheet sheet : {Sheet::Actions, Sheet::LoadCases}) {
+        if (name == exchange::nameOf(sheet)) {
+            return sheet;
+        }
+    }
+    throw Failure("there is no sheet " + name);
+}
+
+const exchange::Format& formatOf(const std::string& name, const std::string& file, std::string_view bytes)
+{
+    const exchange::Format* format =
+        name.empty() ? exchange::formatOfFile(file, bytes) : exchange::formatOfName(name);
+    if (format == nullptr && !name.empty()) {
+        throw Failure("there is no format " + name);
+    }
+    return format == nullptr ? *exchange::formats().front() : *format;
+}
+
+} // namespace
+
+Edit::Edit(const Session& session) : m_session(session)
+{
+    if (!session.isWritable()) {
+        throw Failure(session.file() + ": the project was opened for reading only");
+    }
+    m_transaction = std::make_unique<cdb::Transaction>(session.db());
+    throwUnless(m_transaction->state());
+    m_state = exchange::stateOf(session.db());
+}
+
+py::dict Edit::take(const std::string& sheet, const py::dict& fields)
+{
+    exchange::TableHead head;
+    head.sheet = sheetOf(sheet);
+    exchange::Row row;
+    for (const auto& [key, value] : fields) {
+        const auto name = py::cast<std::string>(key);
+        const int column = exchange::columnOfHeading(head.sheet, name);
+        if (column < 0) {
+            throw Failure("\"" + name + "\" is not known among the " + sheet);
+        }
+        head.columns.push_back(column);
+        row.cells.push_back(py::cast<std::string>(value));
+    }
+    const exchange::PlannedRow planned = exchange::planRow(m_state, head, row);
+    if (planned.outcome != exchange::Outcome::Refused &&
+        !exchange::apply(planned, m_state, m_session.db())) {
+        throw Failure(planned.name + " could not be written");
+    }
+    return dictOf(planned);
+}
+
+py::dict Edit::createAction(const std::string& name)
+{
+    const int code = lcm_normalise_code(QString::fromStdString(name));
+    const auto found = m_state.defaultActions.find(code);
+    if (hasAction(name)) {
+        throw Failure("action " + name + " is stored already");
+    }
+    if (found == m_state.defaultActions.end() || !mrl_lc_create_default_action(m_session.db(), code)) {
+        throw Failure("the design code has no action " + name);
+    }
+    m_state.actions[code] = {code, found->second, 0};
+    exchange::PlannedRow row;
+    row.sheet = Sheet::Actions;
+    row.outcome = exchange::Outcome::Added;
+    row.name = lcm_code_name(code).toStdString();
+    row.id = code;
+    row.isNew = true;
+    row.action = std::make_unique<exchange::ActionRecords>();
+    row.action->wanted = found->second;
+    return dictOf(row);
+}
+
+bool Edit::removeCase(int number)
+{
+    return m_state.loadCases.erase(number) != 0 && mrl_lc_remove(m_session.db(), number);
+}
+
+bool Edit::hasAction(const std::string& name) const
+{
+    return m_state.actions.count(lcm_normalise_code(QString::fromStdString(name))) != 0;
+}
+
+int Edit::nextNumber() const
+{
+    int next = m_state.loadCases.empty() ? 1 : m_state.loadCases.rbegin()->first + 1;
+    while (m_state.foreignNumbers.count(next) != 0) {
+        ++next;
+    }
+    return next;
+}
+
+void Edit::commit()
+{
+    m_session.db(); // throws for what failed so far
+    throwUnless(m_transaction->commit());
+}
+
+py::tuple importTable(const Session& session, const std::string& file, const std::string& format,
+                      bool isDryRun, bool createsActions)
+{
+    const std::string bytes =
+        py::cast<std::string>(py::module_::import("pathlib").attr("Path")(file).attr("read_bytes")());
+    auto read = exchange::readTables(formatOf(format, file, bytes), bytes, {});
+    if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
+        throw Failure(file + ": " + error->text);
+    }
+    std::unique_ptr<cdb::Transaction> transaction;
+    if (!isDryRun) {
+        transaction = std::make_unique<cdb::Transaction>(session.db());
+        throwUnless(transaction->state());
+    }
+    const exchange::ProjectState state = exchange::stateOf(session.db());
+    exchange::PlanOptions options;
+    options.createActions = createsActions;
+    const exchange::Plan plan =
+        exchange::planOf(state, std::get<exchange::ReadTables>(read).tables, options);
+    py::list rows;
+    for (const exchange::PlannedRow& row : plan.rows) {
+        rows.append(dictOf(row));
+    }
+    const bool isTaken = !isDryRun && plan.count(exchange::Outcome::Refused) == 0;
+    if (isTaken) {
+        if (const exchange::PlannedRow* failed = exchange::apply(plan, state, session.db())) {
+            throw Failure(failed->name + " could not be written");
+        }
+        session.db();
+        throwUnless(transaction->commit());
+    }
+    return py::make_tuple(rows, isTaken);
+}
+
+py::bytes exported(const Session& session, const std::string& format, const std::string& sheets)
+{
+    const exchange::Format& used = formatOf(format, {}, {});
+    exchange::Source source;
+    source.db = session.db();
+    source.facts = session.facts();
+    const std::string path = session.file();
+    const std::string name = path.substr(path.find_last_of('/') + 1);
+    source.name = name.substr(0, name.find_last_of('.'));
+    if (!sheets.empty()) {
+        source.sheets = {sheetOf(sheets)};
+    } else {
+        source.whole = true;
+        source.sheets = {Sheet::LoadCases};
+        if (used.holdsManySheets()) {
+            source.sheets.insert(source.sheets.begin(), Sheet::Actions);
+        }
+    }
+    std::string bytes;
+    const auto error = used.write(source, {}, [&](std::string_view piece) {
+        bytes += piece;
+        return true;
+    });
+    if (error) {
+        throw Failure(session.file() + ": " + error->text);
+    }
+    return py::bytes(bytes);
+}
+
+} // namespace mrl::python
