@@ -59,6 +59,18 @@ inline std::string joined(const exchange::Cells& cells)
     return text;
 }
 
+/// The words of all formats but the one whose losses are known.
+inline std::vector<std::string> losslessFormats()
+{
+    std::vector<std::string> names;
+    for (const auto& format : exchange::formats()) {
+        if (format->name() != "saf") {
+            names.push_back(format->name());
+        }
+    }
+    return names;
+}
+
 /// The first table's rows, the cells of each joined by '|'.
 inline std::vector<std::string> rowsOf(const exchange::ReadTables& read)
 {

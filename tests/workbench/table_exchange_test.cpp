@@ -244,6 +244,13 @@ TEST_F(TableExchange, ImportWritesThePlanAndTheDocumentIsModified)
     EXPECT_EQ(title(1), "Dead") << "what the table doesn't list stays";
     EXPECT_TRUE(window.document().isModified());
     EXPECT_EQ(window.statusBar()->currentMessage(), "Imported: 1 added, 1 changed, 0 unchanged, 1 refused");
+    EXPECT_EQ(window.findChild<QAction*>("action_undo")->text().remove('&'), "Undo: Import of in.csv");
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(title(3), "Wind") << "the import is one step";
+    EXPECT_EQ(title(4), "(none)");
+    EXPECT_FALSE(window.document().isModified());
 }
 
 TEST_F(TableExchange, ImportShowsOnlyTheRowsOfAnOutcomeAndFindsTexts)

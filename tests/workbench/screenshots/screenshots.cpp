@@ -1,14 +1,17 @@
 // Takes pictures of every window of the workbench and the managers: screenshots FOLDER PROJECT RESPONSES [en|de]
 // MRL_PICTURE_SCREEN=800x600 takes them as on a screen of that size and tells of windows that don't fit;
 // MRL_PICTURE_DARK=1 with a dark palette. Windows that open modally are photographed from within their own event loop.
+#include <QComboBox>
 #include <QCommandLinkButton>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -24,6 +27,7 @@
 #include "rules/action_columns.h"
 #include "rules/load_case_columns.h"
 #include "workbench/combinations/combinations_page.h"
+#include "workbench/exchange/import_dialog.h"
 #include "workbench/main_window.h"
 #include "workbench/new_project_dialog.h"
 #include "workbench/resources.h"
@@ -239,6 +243,35 @@ void origins(MainWindow& window, Photographer& camera)
     mrl::workbench::storeExtras(false);
 }
 
+/// An import of a table in which everything happens: new, changed, unchanged and refused rows, a heading that means
+/// nothing, and a title that is cut.
+void tables(MainWindow& window, Photographer& camera)
+{
+    const QTemporaryDir folder;
+    QFile table(folder.filePath(QStringLiteral("cases.csv")));
+    if (!table.open(QIODevice::WriteOnly)) {
+        return;
+    }
+    table.write("number;title;action;Gamu;Remark\n1;Roof and everything that stands upon it;G;;\n"
+                "2;Live load;Q_A;1,35;\n90;Snow;S;;new\n91;Crane;XX;;\n");
+    table.close();
+    Photographer::inModal([&] { window.slot_import(); },
+                          [&](QDialog* dialog) {
+                              auto* import = qobject_cast<mrl::workbench::ImportDialog*>(dialog);
+                              import->open(table.fileName());
+                              camera.take(dialog, "import");
+                              dialog->findChild<QTabWidget*>()->setCurrentIndex(1);
+                              camera.take(dialog, "import-columns");
+                          });
+    Photographer::inModal([&] { window.slot_export(); },
+                          [&](QDialog* dialog) {
+                              camera.take(dialog, "export");
+                              auto* format = dialog->findChild<QComboBox*>(QStringLiteral("combo_format"));
+                              format->setCurrentIndex(format->findData(QStringLiteral("saf")));
+                              camera.take(dialog, "export-losses");
+                          });
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -286,6 +319,7 @@ int main(int argc, char** argv)
     camera.modal("settings", [&] { window.slot_settings(); });
     camera.modal("about", [&] { window.slot_about(); });
     camera.modal("recode", [&] { window.recode(QStringLiteral("bs-en1990-na")); });
+    tables(window, camera);
     managers(window, camera);
     steps(window, camera);
     origins(window, camera);
