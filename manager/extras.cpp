@@ -335,8 +335,13 @@ bool LCM_Extras::eventFilter(QObject* object, QEvent* event)
     }
     const auto key = static_cast<QKeyEvent*>(event)->key();
     const bool isSearch = object == m_search;
-    if (key == Qt::Key_Escape) {
-        static_cast<QLineEdit*>(object)->clear();
+    if (key == Qt::Key_Escape || key == Qt::Key_Down) {
+        if (key == Qt::Key_Escape) {
+            static_cast<QLineEdit*>(object)->clear();
+        }
+        if (m_filterTimer->isActive()) {
+            applyFilter();
+        }
         if (LCM_TabInterface* tab = front()) {
             tab->tableWidget()->setFocus();
         }

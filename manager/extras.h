@@ -52,7 +52,7 @@ class LCM_Extras : public QWidget
     void quit();
 
   protected:
-    /// Esc leaves a field of the bar for the table.
+    /// Esc and the down key leave a field of the bar for the table; Esc empties it.
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:

@@ -35,6 +35,20 @@ void fillMenu(QMenu& menu, const QStringList& names, const std::function<void()>
     }
 }
 
+/// The style's colour for a hint has too little contrast in light palettes and may be black in dark ones.
+void showHint(QLineEdit* field, const QString& hint)
+{
+    QPalette palette = field->palette();
+    const QColor text = palette.color(QPalette::Text);
+    const QColor base = palette.color(QPalette::Base);
+    const auto mixed = [](int a, int b) { return (2 * a + b) / 3; };
+    palette.setColor(QPalette::PlaceholderText,
+                     QColor(mixed(text.red(), base.red()), mixed(text.green(), base.green()),
+                            mixed(text.blue(), base.blue())));
+    field->setPalette(palette);
+    field->setPlaceholderText(hint);
+}
+
 QToolButton* newButton(QWidget* parent, QLayout* layout, const QString& text, const char* name)
 {
     auto* button = new QToolButton(parent);
@@ -99,7 +113,7 @@ void LCM_Extras::createSearch(QLayout* layout)
 {
     m_search = new QLineEdit(this);
     m_search->setObjectName(QStringLiteral("line_find"));
-    m_search->setPlaceholderText(tr("Find (Ctrl+F)"));
+    showHint(m_search, tr("Find (Ctrl+F)"));
     m_search->setAccessibleName(tr("Find"));
     m_search->setToolTip(tr("Finds as you type, in all columns; F3 finds the next one"));
     m_search->setClearButtonEnabled(true);
@@ -124,7 +138,7 @@ void LCM_Extras::createFilter(QLayout* layout)
 {
     m_filter = new QLineEdit(this);
     m_filter->setObjectName(QStringLiteral("line_filter"));
-    m_filter->setPlaceholderText(tr("Filter: text, >1.0, =Q_B"));
+    showHint(m_filter, tr("Filter: text, >1.0, =Q_B"));
     m_filter->setAccessibleName(tr("Filter"));
     m_filter->setToolTip(
         tr("Hides the rows without a match. Hidden rows are never selected, filled or deleted, "

@@ -629,7 +629,7 @@ Die Einwirkungen sind:
     </message>
     <message>
         <source>Increment loadcases automatically from selected on</source>
-        <translation>Lastfälle ab Auswahl automatisch weiterzählen</translation>
+        <translation>Nummern ab Auswahl weiterzählen</translation>
     </message>
     <message>
         <source>Delete unused loadcases</source>

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 
 #include "workbench/document_history.h"
@@ -18,6 +19,9 @@ void MainWindow::createHistory()
 {
     m_history = new HistoryPanel(m_document->history(), this);
     addDockWidget(Qt::RightDockWidgetArea, m_history);
+    // Beside the project it would push the window over the edge of a small screen.
+    constexpr int LEAST_WIDTH = 1150;
+    m_history->setFloating(screen()->availableGeometry().width() < LEAST_WIDTH);
     m_history->hide();
     connect(m_history, &HistoryPanel::goToWanted, this, &MainWindow::goToStep);
     connect(m_history, &HistoryPanel::changesWanted, this, &MainWindow::showChanges);

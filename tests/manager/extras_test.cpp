@@ -6,6 +6,8 @@
 #include <QToolButton>
 #include <QToolTip>
 
+#include <cmath>
+
 #include "host/mrl_widgets.h"
 #include "manager/extras.h"
 #include "manager/title_excess.h"
@@ -244,6 +246,21 @@ TEST_F(Extras, FiltersByTextWordAndFactorAndTellsWhatIsHidden)
     });
 }
 
+TEST_F(Extras, TheDownKeyGoesFromAFieldToTheRowsThatAreLeft)
+{
+    run(control, [](QWidget* dialog) {
+        MRL_H_TableWidget* table = frontLoadCases(dialog);
+        auto* field = dialog->findChild<QLineEdit*>("line_filter");
+        field->setFocus();
+        QTest::keyClicks(field, "LC 2");
+        QTest::keyClick(field, Qt::Key_Down);
+        EXPECT_EQ(QApplication::focusWidget(), table);
+        EXPECT_EQ(shownTitles(dialog), QStringList{"LC 2"}) << "without a pause after typing";
+        EXPECT_EQ(field->text(), "LC 2");
+        pressCancel(dialog);
+    });
+}
+
 TEST_F(Extras, ShowsFindingsOnlyAndChangedOnly)
 {
     putWrongAction();
@@ -414,6 +431,31 @@ TEST_F(Extras, ATitleTellsItsExcessWhileItIsTyped)
         QTest::keyClick(editor, Qt::Key_Escape);
         pressCancel(dialog);
     });
+}
+
+TEST_F(Extras, HintsInTheFieldsCanBeReadInLightAndDark)
+{
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](double part) {
+            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
+    };
+    const QPalette light = QApplication::palette();
+    for (const QPalette& palette : {light, QPalette(QColor(0x3b, 0x40, 0x45), QColor(0x23, 0x26, 0x29))}) {
+        QApplication::setPalette(palette);
+        run(control, [&](QWidget* dialog) {
+            for (const char* name : {"line_find", "line_filter"}) {
+                const QPalette shown = dialog->findChild<QLineEdit*>(name)->palette();
+                const double a = luminance(shown.color(QPalette::PlaceholderText));
+                const double b = luminance(shown.color(QPalette::Base));
+                EXPECT_GE((std::max(a, b) + 0.05) / (std::min(a, b) + 0.05), 4.5) << name;
+            }
+            pressCancel(dialog);
+        });
+    }
+    QApplication::setPalette(light);
 }
 
 TEST_F(Extras, TheToolTipOfOkSaysWhatItDoes)

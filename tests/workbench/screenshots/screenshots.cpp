@@ -201,13 +201,14 @@ void steps(MainWindow& window, Photographer& camera)
         }
     };
     document->runStep(MainWindow::tr("Acceptance in the managers"),
-                      [&] { retitle(document->database(), "Self weight"); });
-    window.findChild<mrl::workbench::HistoryPanel*>()->show();
-    camera.take(&window, "history");
-    camera.modal("changes", [&] { press(&window, "button_step_changes"); });
+                      [&] { retitle(document->database(), "Dead load"); });
+    auto* panel = window.findChild<mrl::workbench::HistoryPanel*>();
+    panel->show();
+    camera.take(panel->isFloating() ? static_cast<QWidget*>(panel) : &window, "history");
+    camera.modal("changes", [&] { press(panel, "button_step_changes"); });
     retitle(document->fileDatabase(), "Of another program");
     camera.modal("conflict", [&] { window.slot_save(); });
-    window.findChild<mrl::workbench::HistoryPanel*>()->hide();
+    panel->hide();
 }
 
 /// The page of combinations: the situations with a list, and what governs a response.
