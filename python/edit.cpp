@@ -109,8 +109,7 @@ py::dict Edit::take(const std::string& sheet, const py::dict& fields)
         row.cells.push_back(py::cast<std::string>(value));
     }
     const exchange::PlannedRow planned = exchange::planRow(m_state, head, row);
-    if (planned.outcome != exchange::Outcome::Refused &&
-        !exchange::apply(planned, m_state, m_session.db())) {
+    if (planned.outcome != exchange::Outcome::Refused && !exchange::apply(planned, m_state, m_session.db())) {
         throw Failure(planned.name + " could not be written");
     }
     return dictOf(planned);
@@ -180,8 +179,7 @@ py::tuple importTable(const Session& session, const std::string& file, const std
     const exchange::ProjectState state = exchange::stateOf(session.db());
     exchange::PlanOptions options;
     options.createActions = createsActions;
-    const exchange::Plan plan =
-        exchange::planOf(state, std::get<exchange::ReadTables>(read).tables, options);
+    const exchange::Plan plan = exchange::planOf(state, std::get<exchange::ReadTables>(read).tables, options);
     py::list rows;
     for (const exchange::PlannedRow& row : plan.rows) {
         rows.append(dictOf(row));

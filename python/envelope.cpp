@@ -99,8 +99,8 @@ Extremes::Extremes(std::shared_ptr<Situation> situation, Matrix matrix, std::vec
       m_envelope(std::make_unique<combine::Envelope>(m_situation->plan(), m_numbers))
 {
     if (m_matrix.ndim() != 2 || static_cast<std::size_t>(m_matrix.shape(1)) != m_numbers.size()) {
-        throw py::value_error("the matrix needs a column for each of the " + std::to_string(m_numbers.size()) +
-                              " load cases that are named");
+        throw py::value_error("the matrix needs a column for each of the " +
+                              std::to_string(m_numbers.size()) + " load cases that are named");
     }
     if (!m_envelope->missing().empty()) {
         throw py::value_error("there is no column for " + combine::loadCasesText(m_envelope->missing()));
@@ -137,9 +137,8 @@ py::tuple Extremes::governing(std::size_t row, bool isMax) const
     if (row >= m_extremes.extremes.size()) {
         throw py::index_error("there is no response " + std::to_string(row));
     }
-    const auto combination =
-        m_envelope->combination(m_matrix.data() + row * m_numbers.size(),
-                                isMax ? combine::Direction::Max : combine::Direction::Min);
+    const auto combination = m_envelope->combination(
+        m_matrix.data() + row * m_numbers.size(), isMax ? combine::Direction::Max : combine::Direction::Min);
     if (!combination) {
         return py::make_tuple(py::none(), py::none(), py::none());
     }

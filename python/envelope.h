@@ -46,8 +46,7 @@ class Extremes
 {
   public:
     /// @param matrix a row for each response; @param numbers the load case of each column
-    Extremes(std::shared_ptr<Situation> situation, Matrix matrix, std::vector<int> numbers,
-             unsigned threads);
+    Extremes(std::shared_ptr<Situation> situation, Matrix matrix, std::vector<int> numbers, unsigned threads);
 
     pybind11::array_t<double> values(bool isMax) const;
     /// The governing combination of a row as (key, leading, expression).
