@@ -2,6 +2,7 @@
 #include "cli/arguments.h"
 #include "cli/commands/commands.h"
 #include "cli/design_codes.h"
+#include "hostlib/data/designcode/effective.h"
 #include "lcdata/values/factors.h"
 
 namespace mrl::cli {
@@ -63,8 +64,23 @@ Json originsJson(const designcode::DefaultAction& action)
     return out;
 }
 
+constexpr std::string_view SITUATION = "situation ";
+
+/// The entries of a section of a situation, "persistent-ab" or "persistent-ab / 6.10a", as a file writes them.
+Json termsJson(const std::vector<designcode::EffectiveValue>& values, const std::string& section)
+{
+    Json terms = Json::object();
+    for (const designcode::EffectiveValue& value : values) {
+        if (value.subject == std::string(SITUATION) + section) {
+            terms[value.name] = value.value;
+        }
+    }
+    return terms;
+}
+
 Json situationsJson(const designcode::DesignCode& code)
 {
+    const auto values = designcode::effectiveValues(code);
     Json out = Json::array();
     for (const LCM_Situation& situation : code.situations) {
         Json expressions = Json::array();
@@ -72,13 +88,17 @@ Json situationsJson(const designcode::DesignCode& code)
             expressions.push_back(
                 {{"name", expression.name},
                  {"clause", expression.clause.empty() ? situation.clause : expression.clause},
-                 {"state", expression.state.empty() ? situation.state : expression.state}});
+                 {"state", expression.state.empty() ? situation.state : expression.state},
+                 {"terms", expression.name.empty()
+                               ? Json::object()
+                               : termsJson(values, situation.name + " / " + expression.name)}});
         }
         out.push_back({{"name", situation.name},
                        {"kind", situation.kind},
                        {"clause", situation.clause},
                        {"state", situation.state},
                        {"title", situation.title},
+                       {"terms", termsJson(values, situation.name)},
                        {"expressions", expressions}});
     }
     return out;
@@ -224,6 +244,19 @@ void printSituations(const designcode::DesignCode& code)
     table.print();
 }
 
+/// What stands in their sections: whoever changes one term of a base has to repeat the others.
+void printTerms(const designcode::DesignCode& code)
+{
+    Table table({{"Section"}, {"Entry"}, {"Value"}});
+    for (const designcode::EffectiveValue& value : designcode::effectiveValues(code)) {
+        if (value.subject.rfind(SITUATION, 0) == 0) {
+            table.add({value.subject.substr(SITUATION.size()), value.name, printable(qtext(value.value))});
+        }
+    }
+    printTitle("Terms of the situations");
+    table.print();
+}
+
 ExitCode CodeShowCommand::run()
 {
     const designcode::DesignCode read = readDesignCode(m_code);
@@ -236,6 +269,7 @@ ExitCode CodeShowCommand::run()
     printActions(read);
     printOrigins(read);
     printSituations(read);
+    printTerms(read);
     printWarnings(read);
     return ExitCode::Done;
 }

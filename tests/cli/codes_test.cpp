@@ -6,6 +6,7 @@
 
 using mrl::test::CliTest;
 using mrl::test::mrlLc;
+using testing::ContainsRegex;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
@@ -42,6 +43,16 @@ TEST_F(Codes, ShowTellsMarksLabelsAndActions)
     EXPECT_EQ(code["actions"][0]["oldNumbers"], nlohmann::json::parse("[2]"));
     EXPECT_EQ(code["actions"][0]["Gamu"], 1.35);
     EXPECT_THAT(done({"code", "show", "en1990"}).out, HasSubstr("Gamu    yes        1  γG,sup"));
+    // Whoever changes one term of a situation has to know the others.
+    EXPECT_THAT(done({"code", "show", "en1990"}).out, ContainsRegex("accidental +lead +Psi1"));
+    for (const auto& situation : code["situations"]) {
+        if (situation["name"] == "accidental") {
+            EXPECT_EQ(situation["terms"]["lead"], "Psi1");
+        }
+        if (situation["name"] == "persistent-ab") {
+            EXPECT_THAT(situation["expressions"][1]["terms"]["G"].get<std::string>(), HasSubstr("XSI"));
+        }
+    }
 }
 
 TEST_F(Codes, ShowTakesAPathAndPrintsItsWarnings)
@@ -180,6 +191,7 @@ TEST_F(Codes, NewWritesAFileThatReadsAsItIsIntoTheOwnFolder)
     qputenv("XDG_DATA_HOME", QByteArray::fromStdString(path("data")));
     const std::string written = path("data") + "/mrl/designcodes/mine.ini";
     EXPECT_EQ(done({"code", "new", "mine", "--base", "bs-en1990-na"}).out, written + "\n");
+    EXPECT_THAT(contentOf(written), HasSubstr("; [SITUATION accidental]\n; kind = accidental\n"));
     done({"code", "check", "mine"});
     done({"code", "diff", "bs-en1990-na", "mine"});
     EXPECT_THAT(mrl::test::contentOf(written), HasSubstr("; [ACTION Q_A]\n; title = Domestic, category A\n"));

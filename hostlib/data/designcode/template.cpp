@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include "hostlib/data/designcode/ini_file.h"
+#include "hostlib/data/designcode/situations.h"
 #include "lcdata/values/packed_text.h"
 
 namespace mrl::designcode {
@@ -55,15 +57,24 @@ std::string action(const DefaultAction& action)
     return text + "\n";
 }
 
+/// All entries of them, since whoever changes a term has to repeat the others.
 std::string situations(const DesignCode& base)
 {
-    std::string names;
-    for (const LCM_Situation& situation : base.situations) {
-        names += (names.empty() ? "" : ", ") + situation.name;
+    std::string text =
+        "; An action or a situation that the annex doesn't have is taken away by 'remove = yes', alone in "
+        "its section:\n"
+        "; [ACTION NAME]\n; remove = yes\n\n"
+        "; A situation of which one term differs is stated whole: use all lines of its sections.\n";
+    for (const IniSection& section : parseIni(base.flat).file.sections) {
+        if (!isSituation(section.name)) {
+            continue;
+        }
+        text += "\n; [" + section.name + "]\n";
+        for (const IniEntry& entry : section.entries) {
+            text += "; " + entry.key + " = " + entry.value + "\n";
+        }
     }
-    return "; An action that the annex doesn't have:\n; [ACTION NAME]\n; remove = yes\n\n"
-           "; A situation that the annex doesn't have, or states otherwise. The base has: " +
-           names + ".\n; [SITUATION NAME]\n; remove = yes\n";
+    return text;
 }
 
 } // namespace
