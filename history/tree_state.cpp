@@ -1,13 +1,19 @@
 #include "history/tree_state.h"
 
-#include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace {
 
+/// By its bytes, so that not-a-number is equal to itself.
+std::string_view bytesOf(const tagCDB_LC_ACT& record)
+{
+    return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
 bool same(const LCM_SubAction& a, const LCM_SubAction& b)
 {
-    return a.state == b.state && a.code == b.code && std::memcmp(&a.record, &b.record, sizeof a.record) == 0;
+    return a.state == b.state && a.code == b.code && bytesOf(a.record) == bytesOf(b.record);
 }
 
 } // namespace

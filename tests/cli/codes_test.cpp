@@ -191,7 +191,7 @@ TEST_F(Codes, NewWritesAFileThatReadsAsItIsIntoTheOwnFolder)
     qputenv("XDG_DATA_HOME", QByteArray::fromStdString(path("data")));
     const std::string written = path("data") + "/mrl/designcodes/mine.ini";
     EXPECT_EQ(done({"code", "new", "mine", "--base", "bs-en1990-na"}).out, written + "\n");
-    EXPECT_THAT(contentOf(written), HasSubstr("; [SITUATION accidental]\n; kind = accidental\n"));
+    EXPECT_THAT(mrl::test::contentOf(written), HasSubstr("; [SITUATION accidental]\n; kind = accidental\n"));
     done({"code", "check", "mine"});
     done({"code", "diff", "bs-en1990-na", "mine"});
     EXPECT_THAT(mrl::test::contentOf(written), HasSubstr("; [ACTION Q_A]\n; title = Domestic, category A\n"));
