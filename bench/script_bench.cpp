@@ -2,11 +2,12 @@
 #include "bench/raw_database.h"
 #include "cli/script.h"
 #include "hostlib/data/cdb/project.h"
-#include "lcdata/values/records.h"
+#include "lcdata/load_cases.h"
 
 namespace {
 
-/// 100,000 operations "case create" of a script in one transaction. Raw: one transaction that writes their records.
+/// Operations "case create" of a script in one transaction. Raw: one transaction that writes their records into the same
+/// project, as other modules do.
 class CreateCases
 {
   public:
@@ -21,9 +22,25 @@ class CreateCases
             m_lines.push_back(R"({"op": "case create", "number": )" + std::to_string(number) +
                               R"(, "title": "Snow", "action": "S"})");
         }
-        m_raw.compile();
     }
-    void prepareOurs()
+    void prepareOurs() { removeCases(); }
+    void prepareRaw() { removeCases(); }
+    void ours() { run(m_lines); }
+    void raw()
+    {
+        const auto opened = mrl::cdb::open(m_file);
+        mrl::cdb::Transaction transaction(opened.db);
+        tagCDB_LC_CTRL record{};
+        record.factor = 1.0f;
+        for (int number = 1; number <= m_count; ++number) {
+            bench::require(mrl_lc_put(opened.db, number, record), "put");
+        }
+        bench::require(static_cast<bool>(transaction.commit()), "commit");
+        mrl::cdb::close(opened.db);
+    }
+
+  private:
+    void removeCases()
     {
         const auto opened = mrl::cdb::open(m_file);
         mrl::cdb::Transaction transaction(opened.db);
@@ -33,23 +50,6 @@ class CreateCases
         bench::require(static_cast<bool>(transaction.commit()), "commit");
         mrl::cdb::close(opened.db);
     }
-    void prepareRaw() { m_raw.execute("DELETE FROM record"); }
-    void ours() { run(m_lines); }
-    void raw()
-    {
-        tagCDB_LC_CTRL record{};
-        m_raw.execute("BEGIN IMMEDIATE");
-        for (int number = 1; number <= m_count; ++number) {
-            sqlite3_bind_int(m_raw.insert, 1, 12);
-            sqlite3_bind_int(m_raw.insert, 2, number);
-            sqlite3_bind_blob(m_raw.insert, 3, &record, sizeof record, SQLITE_STATIC);
-            bench::require(sqlite3_step(m_raw.insert) == SQLITE_DONE, "insert");
-            sqlite3_reset(m_raw.insert);
-        }
-        m_raw.execute("COMMIT");
-    }
-
-  private:
     void run(const std::vector<std::string>& lines)
     {
         auto project = mrl::cli::Project::openForWriting(m_file);
@@ -66,7 +66,6 @@ class CreateCases
     int m_count;
     bench::Folder m_folder;
     std::string m_file = m_folder / "ours.cdb";
-    bench::Raw m_raw{m_folder / "raw.db"};
     std::vector<std::string> m_lines;
 };
 const bench::Timed<CreateCases> createCases("script.create", 3.0);

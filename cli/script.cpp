@@ -60,7 +60,9 @@ Json Script::run(int number, const std::string& line)
         m_project.refuse(place + "no JSON object with \"op\"");
     }
     try {
-        Json result = {{"line", number}, {"op", operation["op"]}};
+        Json result;
+        result["line"] = number;
+        result["op"] = operation["op"];
         result.update(runOperation(operation));
         return result;
     } catch (const Failure& failure) {
@@ -85,6 +87,16 @@ Json Script::runOperation(const Json& operation)
     return (this->*found->second)(operation);
 }
 
+/// As exchange::columnOfHeading; the operations of a script name the same few fields over and over.
+int Script::columnOf(exchange::Sheet sheet, const std::string& name)
+{
+    const auto [known, isNew] = m_columns[sheet == exchange::Sheet::Actions ? 0 : 1].try_emplace(name, 0);
+    if (isNew) {
+        known->second = exchange::columnOfHeading(sheet, name);
+    }
+    return known->second;
+}
+
 /// Plans the fields of an operation as the row of a table, and writes it.
 exchange::PlannedRow Script::takeRow(exchange::Sheet sheet, const Json& operation)
 {
@@ -95,7 +107,7 @@ exchange::PlannedRow Script::takeRow(exchange::Sheet sheet, const Json& operatio
         if (name == "op") {
             continue;
         }
-        const int column = exchange::columnOfHeading(sheet, name);
+        const int column = columnOf(sheet, name);
         if (column < 0) {
             fail("\"" + name + "\" is not known here");
         }
@@ -124,14 +136,18 @@ int Script::nextNumber() const
 
 Json Script::createCase(const Json& operation)
 {
-    Json whole = operation;
     const int number = operation.contains("number") ? numberOf(operation) : nextNumber();
+    if (m_state.loadCases.count(number) != 0) {
+        fail("load case " + std::to_string(number) + " exists already");
+    }
+    if (operation.contains("number") && operation.contains("title")) {
+        takeRow(exchange::Sheet::LoadCases, operation);
+        return {{"number", number}};
+    }
+    Json whole = operation;
     whole["number"] = number;
     if (!operation.contains("title")) {
         whole["title"] = "Loadcase " + std::to_string(number);
-    }
-    if (m_state.loadCases.count(number) != 0) {
-        fail("load case " + std::to_string(number) + " exists already");
     }
     takeRow(exchange::Sheet::LoadCases, whole);
     return {{"number", number}};

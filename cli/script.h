@@ -2,6 +2,7 @@
 
 /// Many operations on one project, each a line of JSON.
 
+#include <map>
 #include <memory>
 
 #include "cli/command_project.h"
@@ -30,11 +31,13 @@ class Script
     Json createAction(const Json& operation);
     Json setAction(const Json& operation);
     Json removeActionOf(const Json& operation);
+    int columnOf(exchange::Sheet sheet, const std::string& name);
     exchange::PlannedRow takeRow(exchange::Sheet sheet, const Json& operation);
     int nextNumber() const;
 
     const Project& m_project;
     exchange::ProjectState m_state;
+    std::map<std::string, int> m_columns[2];  ///< by name, of actions and of load cases
     std::unique_ptr<StrandedKeys> m_stranded; ///< read when the first renumbering comes
 };
 

@@ -1,5 +1,7 @@
 #include "exchange/record_cells.h"
 
+#include <algorithm>
+
 #include "exchange/decimals.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/keys.h"
@@ -50,16 +52,34 @@ bool takeFactors(Sheet sheet, const Cells& cells, LCM_PerFactor<float>& factors)
     return fine;
 }
 
+/// The name of a word of plain letters, as almost all are; empty for any other one.
+std::string plainName(int word)
+{
+    std::string name(sizeof word, ' ');
+    lcm_word_to_chars(word, name.data());
+    name.resize(name.find_last_not_of(' ') + 1);
+    const bool isPlain = std::all_of(name.begin(), name.end(), [](char c) { return c > ' ' && c <= '~'; });
+    return isPlain ? name : std::string();
+}
+
 } // namespace
 
 std::string titleText(const std::uint32_t (&field)[LC_TITLE_WORDS])
 {
+    if (field[0] == 0) {
+        return {};
+    }
     const QByteArray utf8 = lcm_title_text(field).toUtf8();
     return {utf8.constData(), static_cast<std::size_t>(utf8.size())};
 }
 
 std::string actionWordText(int word)
 {
+    if (word >= LC_BLANK_WORD) {
+        if (std::string name = plainName(word); !name.empty()) {
+            return name;
+        }
+    }
     return word == LC_ACTION_NONE           ? std::string()
            : word == LC_ACTION_IMPERFECTION ? "IMP"
                                             : lcm_word_name(word).toStdString();

@@ -45,7 +45,9 @@ ExportDialog::ExportDialog(int db, const QString& project, QWidget* parent)
     m_format->setObjectName(QStringLiteral("combo_format"));
     m_sheets->setObjectName(QStringLiteral("combo_sheets"));
     m_version->setObjectName(QStringLiteral("combo_version"));
+    m_sheets->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_versionLabel->setBuddy(m_version);
+    m_lossesHead->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     m_losses->setObjectName(QStringLiteral("text_losses"));
     m_losses->setReadOnly(true);
     m_losses->setTabChangesFocus(true);
