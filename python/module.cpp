@@ -2,6 +2,7 @@
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
+#include "exchange/decimals.h"
 #include "python/edit.h"
 #include "python/envelope.h"
 #include "python/reading.h"
@@ -53,4 +54,5 @@ PYBIND11_MODULE(_core, module)
 
     module.def("differences", &differencesOf);
     module.def("codes", &codes);
+    module.def("number_text", &mrl::exchange::numberText);
 }

@@ -2,11 +2,10 @@
 
 from __future__ import annotations
 
+import numbers
 from dataclasses import dataclass
 from types import TracebackType
 from typing import TYPE_CHECKING, Any
-
-import numpy as np
 
 from mrl import _core
 
@@ -73,10 +72,12 @@ def _cell(value: object) -> str:
         return ""
     if isinstance(value, bool):
         raise TypeError("a truth value is neither text nor number")
-    if isinstance(value, (float, np.floating)):
-        return str(np.float32(value))
-    if isinstance(value, (str, int, np.integer)):
+    if isinstance(value, str):
         return str(value)
+    if isinstance(value, numbers.Integral):
+        return str(int(value))
+    if isinstance(value, numbers.Real):
+        return _core.number_text(float(value))
     raise TypeError(f"{type(value).__name__} is neither text nor number")
 
 

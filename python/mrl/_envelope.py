@@ -5,11 +5,12 @@ from __future__ import annotations
 from collections.abc import Iterator, Sequence
 from dataclasses import dataclass
 from functools import cached_property
-
-import numpy as np
-import numpy.typing as npt
+from typing import TYPE_CHECKING
 
 from mrl import _core
+
+if TYPE_CHECKING:  # numpy is loaded when an array is wanted: to import mrl is quick
+    import numpy.typing as npt
 
 
 @dataclass(frozen=True)
@@ -82,5 +83,4 @@ class Situation:
 
     def envelope(self, matrix: npt.ArrayLike, numbers: Sequence[int], threads: int = 0) -> Envelope:
         """The extremes of a matrix with a row for each response and a column for each of these load cases."""
-        rows = np.ascontiguousarray(matrix, dtype=np.float64)
-        return Envelope(_core.Extremes(self._planned, rows, list(numbers), threads), self.name)
+        return Envelope(_core.Extremes(self._planned, matrix, list(numbers), threads), self.name)

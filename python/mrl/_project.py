@@ -9,15 +9,14 @@ from pathlib import Path
 from types import TracebackType
 from typing import TYPE_CHECKING, Any
 
-import numpy as np
-import numpy.typing as npt
-
 from mrl import _core
 from mrl._edit import Edit, Preview, RowPreview
 from mrl._envelope import Envelope, Situation
 from mrl._words import Partition, Superposition
 
-if TYPE_CHECKING:
+if TYPE_CHECKING:  # numpy is loaded when an array is wanted: to import mrl is quick
+    import numpy as np
+    import numpy.typing as npt
     import pandas  # type: ignore[import]
 
 FACTORS = ("gamu", "gamf", "gama", "psi0", "psi1", "psi2", "psi1s")
