@@ -102,8 +102,10 @@ Extremes::Extremes(std::shared_ptr<Situation> situation, Matrix matrix, std::vec
         throw py::value_error("the matrix needs a column for each of the " +
                               std::to_string(m_numbers.size()) + " load cases that are named");
     }
-    if (!m_envelope->missing().empty()) {
-        throw py::value_error("there is no column for " + combine::loadCasesText(m_envelope->missing()));
+    std::vector<int> missing = m_envelope->missing();
+    if (!missing.empty()) {
+        std::sort(missing.begin(), missing.end());
+        throw py::value_error("there is no column for " + combine::loadCasesText(missing));
     }
     const double* const rows = m_matrix.data();
     const auto count = static_cast<std::size_t>(m_matrix.shape(0));

@@ -1,5 +1,7 @@
 """The scripts of docs/python run as they stand."""
+import doctest
 import importlib.util
+import os
 import subprocess
 import sys
 import unittest
@@ -18,6 +20,17 @@ class Examples(ProjectTest):
         run = subprocess.run(list(map(str, command)), capture_output=True, text=True, check=False)
         self.assertEqual(run.returncode, 0, run.stderr)
         return run.stdout
+
+    def test_the_examples_of_the_page_give_what_they_say(self):
+        self.sample("frame")
+        before = os.getcwd()
+        os.chdir(self.path("."))
+        try:
+            result = doctest.testfile(str(SOURCE / "docs" / "python.md"), module_relative=False)
+        finally:
+            os.chdir(before)
+        self.assertEqual(result.failed, 0)
+        self.assertGreater(result.attempted, 10)
 
     def test_an_envelope_is_drawn(self):
         picture = self.path("envelope.png")
