@@ -15,7 +15,7 @@ import mrl
 import numpy as np
 
 SITUATION = "persistent"
-ROWS = 20000  # a block; the work of about a tenth of a second
+ROWS = 20000  # a block: some hundredths of a second, and little to send back
 
 
 def value_block(project_file, matrix_file, start, stop):

@@ -28,6 +28,13 @@ class Types(unittest.TestCase):
     def test_the_package_says_that_it_is_typed(self):
         self.assertTrue((PACKAGE / "py.typed").exists())
 
+    def test_every_name_of_the_package_is_there(self):
+        for name in mrl.__all__:
+            self.assertEqual(getattr(mrl, name).__name__, name)
+            self.assertIn(name, dir(mrl))
+        with self.assertRaisesRegex(AttributeError, "no attribute 'close'"):
+            mrl.close
+
     def test_examples_give_what_they_say(self):
         before = os.getcwd()
         os.chdir(SAMPLES)
