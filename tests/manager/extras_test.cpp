@@ -331,6 +331,19 @@ TEST_F(Extras, TellsALoadCaseWhoseActionIsMissing)
     });
 }
 
+TEST_F(Extras, AWrongFactorIsNamedWhoseColumnIsNotShown)
+{
+    // The code shows no column for it and limits it all the same.
+    QString code = QString::fromStdString(smallCode());
+    useCode(code.replace("TXT_GAMU = gU", "TXT_GAMU = none").toStdString());
+    run(control, [](QWidget* dialog) {
+        QTest::qWait(0);
+        QTest::keyClick(dialog, Qt::Key_F8);
+        EXPECT_TRUE(message(dialog).contains("(not shown): GAMU")) << message(dialog).toStdString();
+        pressCancel(dialog);
+    });
+}
+
 TEST_F(Extras, AFindingIsShownEvenIfItsRowWasFilteredOut)
 {
     putWrongAction();

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QSettings>
 #include <QTest>
 
 #include "lcdata/actions.h"
@@ -277,6 +278,16 @@ TEST_F(MainWindowTest, NewProjectIsProposedInAFolderThatExists)
         qobject_cast<QDialog*>(dialog)->reject();
     });
     window.slot_new();
+}
+
+TEST_F(MainWindowTest, ItsPlaceAndSizeAreKeptForTheNextRun)
+{
+    window.setGeometry(10, 0, 760, 555);
+    window.close();
+    const MainWindow next;
+    EXPECT_EQ(next.size(), QSize(760, 555));
+    EXPECT_EQ(next.x(), window.x());
+    QSettings().remove("Workbench/geometry");
 }
 
 TEST_F(MainWindowTest, MissingDesignCodeIsNamed)
