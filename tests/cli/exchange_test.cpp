@@ -136,10 +136,10 @@ TEST_F(CliExchange, RowsFindTheirLoadCasesByTitle)
 
 TEST_F(CliExchange, ColumnsAreMatchedByHandWhereTheirNamesDoNotFit)
 {
-    const std::string csv = table("t.csv", "Kennung;Was;action\n3;Wind;NO\n");
+    const std::string csv = table("t.csv", "Kennung;Was;factor\n3;Wind;none\n");
     EXPECT_THAT(fails(1, {"import", file, csv}), HasSubstr("no column is headed \"number\""));
     EXPECT_THAT(fails(2, {"import", file, csv, "--column", "Was=what"}), HasSubstr("write HEADING=COLUMN"));
-    done({"import", file, csv, "--column", "Kennung=number", "--column", "Was=title", "--column", "action="});
+    done({"import", file, csv, "--column", "Kennung=number", "--column", "Was=title", "--column", "factor="});
     EXPECT_EQ(loadCase(3)["title"], "Wind");
 }
 
