@@ -813,6 +813,10 @@
         <source>The rows could not be written. The project is as it was.</source>
         <translation>Die Zeilen konnten nicht geschrieben werden. Das Projekt ist, wie es war.</translation>
     </message>
+    <message>
+        <source>Import of %1</source>
+        <translation>Import von %1</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::InputPage</name>

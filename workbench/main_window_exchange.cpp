@@ -33,9 +33,11 @@ void MainWindow::slot_import()
             tr("An import needs the design code of the project, which can't be loaded: %1").arg(reason));
         return;
     }
-    ImportDialog dialog(m_document->database(), this);
+    const auto runStep = [this](const QString& name, const std::function<void()>& command) {
+        m_document->runStep(name, command);
+    };
+    ImportDialog dialog(m_document->database(), runStep, this);
     if (dialog.exec() == QDialog::Accepted) {
-        slot_changed();
         statusBar()->showMessage(tr("Imported: %1").arg(dialog.summary()));
     }
 }

@@ -52,10 +52,10 @@ QString filters()
 
 } // namespace
 
-ImportDialog::ImportDialog(int db, QWidget* parent)
-    : MRL_QT_Dialog(parent, "import"), m_db(db), m_proposal(std::make_unique<ImportProposal>()),
-      m_file(new QLineEdit(this)), m_format(newField("combo_format", this)),
-      m_sheet(newField("combo_sheet", this)),
+ImportDialog::ImportDialog(int db, RunStep runStep, QWidget* parent)
+    : MRL_QT_Dialog(parent, "import"), m_db(db), m_runStep(std::move(runStep)),
+      m_proposal(std::make_unique<ImportProposal>()), m_file(new QLineEdit(this)),
+      m_format(newField("combo_format", this)), m_sheet(newField("combo_sheet", this)),
       m_textForm(new TextFormFields(TextFormFields::Purpose::Read, this)),
       m_match(newField("combo_match", this)),
       m_createActions(new MRL_QT_CheckBox(tr("Take missing &actions from the design code"), this,
@@ -325,9 +325,12 @@ void ImportDialog::accept()
     if (progress.maximum() > MANY_ROWS) {
         progress.setMinimumDuration(0); // before it is shown it can't be cancelled
     }
-    const ImportOutcome outcome = applyImport(m_db, *m_proposal, [&](int rows) {
-        progress.setValue(rows);
-        return !progress.wasCanceled();
+    ImportOutcome outcome = ImportOutcome::Failed;
+    m_runStep(tr("Import of %1").arg(QFileInfo(m_read).fileName()), [&] {
+        outcome = applyImport(m_db, *m_proposal, [&](int rows) {
+            progress.setValue(rows);
+            return !progress.wasCanceled();
+        });
     });
     progress.close();
     switch (outcome) {

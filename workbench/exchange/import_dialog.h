@@ -23,8 +23,11 @@ class ImportDialog : public MRL_QT_Dialog
 {
     Q_OBJECT
   public:
+    /// Runs a command as one step of the project's history.
+    using RunStep = std::function<void(const QString& name, const std::function<void()>& command)>;
+
     /// @param db of the project
-    ImportDialog(int db, QWidget* parent);
+    ImportDialog(int db, RunStep runStep, QWidget* parent);
     ~ImportDialog() override;
 
     /// Reads a file and shows its plan.
@@ -60,6 +63,7 @@ class ImportDialog : public MRL_QT_Dialog
     bool canApply() const;
 
     int m_db;
+    RunStep m_runStep;
     QString m_read; ///< path of the file that was read last
     std::unique_ptr<ImportProposal> m_proposal;
     QLineEdit* m_file;
