@@ -151,12 +151,12 @@ ProjectSummary summarise(int db)
     readLoadCases(db, summary);
     if (loaded.code && wantsExtras()) {
         summary.origins = originsOf(summary.actions, summary.factors);
+        summary.findings = trapsOf(*loaded.code);
     }
     if (loaded.code) {
         // Judged as the managers would when they open.
-        summary.findings = lcm_check_project(db, usesGlobalDirections());
-        const LCM_Findings traps = trapsOf(*loaded.code);
-        summary.findings.insert(summary.findings.begin(), traps.begin(), traps.end());
+        const LCM_Findings ofRows = lcm_check_project(db, usesGlobalDirections());
+        summary.findings.insert(summary.findings.end(), ofRows.begin(), ofRows.end());
     }
     return summary;
 }

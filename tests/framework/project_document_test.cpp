@@ -101,6 +101,16 @@ TEST_F(Document, FactThatItChangedIsSavedAndOthersStayAsTheyAre)
     EXPECT_EQ(cdb::fact(other, "note"), "of another program");
 }
 
+TEST_F(Document, ReloadTakesTheFactsOfTheFile)
+{
+    ASSERT_TRUE(static_cast<bool>(cdb::setFact(db(), "designcode", "mine")));
+    ASSERT_TRUE(static_cast<bool>(cdb::setFact(other, "designcode", "theirs")));
+    ASSERT_TRUE(static_cast<bool>(document.host().reload()));
+    EXPECT_EQ(cdb::fact(db(), "designcode"), "theirs");
+    EXPECT_FALSE(document.host().hasChanges());
+    EXPECT_EQ(document.host().save().outcome, SaveOutcome::Saved);
+}
+
 TEST_F(Document, FactThatAnotherProgramChangedTooIsAConflict)
 {
     ASSERT_TRUE(static_cast<bool>(cdb::setFact(db(), "designcode", "mine")));

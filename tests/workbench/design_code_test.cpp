@@ -12,6 +12,7 @@
 #include "hostlib/data/designcode/kept.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/stored_actions.h"
+#include "lcdata/stored_load_cases.h"
 #include "lcdata/system_record.h"
 #include "tests/support/modal_answers.h"
 #include "tests/workbench/project_file.h"
@@ -166,8 +167,7 @@ TEST_F(WorkbenchDesignCode, DeadWeightInADirectionThatIsNoLongerOfferedIsRefused
         press(dialog, "OK");
     });
     trigger("action_recode");
-    ASSERT_TRUE(window.slot_save());
-    const tagCDB_LC_CTRL moved = OtherProgram(project.path()).storedLoadCase(7);
+    const tagCDB_LC_CTRL moved = lcm_stored_load_case(db(), 7)->record;
     EXPECT_EQ(moved.dlz, 0.0f);
     EXPECT_EQ(moved.dly, -1.0f);
 }

@@ -301,16 +301,21 @@ TEST_F(SummaryTest, PageShowsFactsAndCounts)
               QAbstractItemView::NoEditTriggers);
 }
 
-TEST_F(SummaryTest, TellsTheTrapsOfTheDesignCode)
+TEST_F(SummaryTest, TellsTheTrapsOfTheDesignCodeWhereItIsWanted)
 {
     useCode(withoutLines(smallCode(), "Psi2 = 0.3"));
+    workbench::storeExtras(true);
     const ProjectSummary summary = summarise(db);
-    ASSERT_FALSE(summary.findings.empty());
+    workbench::storeExtras(false);
     FindingsModel model(nullptr);
     model.show(summary.findings);
-    EXPECT_EQ(shown(model, 0, 0), "Design code");
-    EXPECT_TRUE(shown(model, 0, 1).contains("Psi2 is marked, but not stated"))
-        << shown(model, 0, 1).toStdString();
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        EXPECT_EQ(shown(model, row, 0), "Design code");
+        texts << shown(model, row, 1);
+    }
+    EXPECT_FALSE(texts.filter("Psi2 is marked, but not stated").isEmpty()) << texts.join('\n').toStdString();
+    EXPECT_TRUE(summarise(db).findings.empty());
 }
 
 /// Psi0 of W is 0.6 in the design code, and 0.5 in the project.

@@ -397,6 +397,10 @@ cdb::Result MRL_H_ProjectDocument::reload()
     }
     m_fileInCommon.reset();
     m_copyInCommon.reset();
+    m_facts.clear();
+    if (auto result = cdb::facts(m_copy, m_facts); !result) {
+        return result;
+    }
     return m_state.reset(m_copy);
 }
 
