@@ -59,6 +59,6 @@ class OpenWithExtras : bench::LoadCases
     MRL_LC_CtrlStruct m_control;
     std::unique_ptr<LoadcaseManager> m_dialog; ///< ends before what it works on
 };
-const bench::Timed<OpenWithExtras> OPEN("manager.open_with_extras", 1.1);
+const bench::Timed<OpenWithExtras> OPEN("manager.open_with_extras", 1.1, {100'000});
 
 } // namespace
