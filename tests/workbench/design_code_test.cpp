@@ -150,7 +150,7 @@ TEST_F(WorkbenchDesignCode, SystemIsChangedAndSavedWithIt)
 
 TEST_F(WorkbenchDesignCode, DeadWeightInADirectionThatIsNoLongerOfferedIsRefusedUntilItMoves)
 {
-    tagCDB_LC_CTRL loadCase = bareLoadCase("G").title("Own weight");
+    tagCDB_LC_CTRL loadCase = following("G").title("Own weight");
     loadCase.dlz = -1.0f;
     OtherProgram(project.path()).put(LC_KWH_CASES, 7, loadCase);
     open();
