@@ -89,7 +89,8 @@ TEST_P(SampleRoundTrip, BringsEveryRowOfEverySampleBackBitForBit)
         for (std::size_t i = 0; i < files.size(); ++i) {
             options.sheet = SHEETS[i];
             const auto state = mrl::exchange::stateOf(sample.db());
-            const auto plan = mrl::exchange::planOf(state, readAs(GetParam(), files[i], options).tables);
+            const auto plan =
+                mrl::exchange::planOf(state, readAs(GetParam().c_str(), files[i], options).tables);
             EXPECT_EQ(plan.count(Outcome::Refused), 0);
             EXPECT_EQ(mrl::exchange::apply(plan, state, sample.db()), nullptr);
         }
