@@ -1427,7 +1427,7 @@
     </message>
     <message>
         <source>Undo and redo, search, filter and a list of findings in the managers. The workbench tells what an OK has changed.</source>
-        <translation>Rückgängig und Wiederherstellen, Suche, Filter und eine Liste der Befunde in den Managern. Die Workbench sagt, was ein OK geändert hat.</translation>
+        <translation>Rückgängig und Wiederherstellen, Suche, Filter und eine Liste der Befunde in den Managern. Die Werkbank sagt, was ein OK geändert hat.</translation>
     </message>
     <message>
         <source>Each task then opens its own tab. With both tabs, deleting an action shows which load cases use it.</source>
