@@ -94,7 +94,11 @@ ImportDialog::ImportDialog(int db, RunStep runStep, QWidget* parent)
     resize(980, 620);
 }
 
-ImportDialog::~ImportDialog() = default;
+ImportDialog::~ImportDialog()
+{
+    // A field that has the focus ends its editing when it goes, and then this is no dialog any more.
+    m_file->disconnect(this);
+}
 
 QLayout* ImportDialog::createForm()
 {
