@@ -6,10 +6,10 @@
 #include <functional>
 #include <map>
 
+#include "cli/exchange_options.h"
 #include "cli/failure.h"
 #include "cli/project_records.h"
 #include "cli/words.h"
-#include "exchange/format.h"
 #include "hostlib/data/designcode/designcode.h"
 
 namespace mrl::cli {
@@ -79,15 +79,6 @@ Words codes()
     return names;
 }
 
-Words formats()
-{
-    Words names;
-    for (const auto& format : exchange::formats()) {
-        names.push_back(format->name());
-    }
-    return names;
-}
-
 /// What a list of a project holds; empty where it can't be read.
 Words ofProject(const Typed& typed, const std::function<Words(int db)>& list)
 {
@@ -137,7 +128,7 @@ Words valuesOf(const Typed& typed, const std::string& argument)
     static const std::map<std::string, std::function<Words(const Typed&)>> SOURCES{
         {"action", [](const Typed& t) { return ofProject(t, actions); }},
         {"code", [](const Typed&) { return codes(); }},
-        {"format", [](const Typed&) { return formats(); }},
+        {"format", [](const Typed&) { return formatNames(); }},
         {"situation", [](const Typed& t) { return ofProject(t, situations); }},
         {"CODE", [](const Typed&) { return codes(); }},
         {"FACTOR", [](const Typed&) { return factorKeys(); }},

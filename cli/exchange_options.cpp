@@ -20,6 +20,8 @@ std::string joined(const std::vector<std::string>& words)
     return text;
 }
 
+} // namespace
+
 std::vector<std::string> formatNames()
 {
     std::vector<std::string> names;
@@ -28,8 +30,6 @@ std::vector<std::string> formatNames()
     }
     return names;
 }
-
-} // namespace
 
 void requireOneOf(const std::string& option, const std::string& value, const std::vector<std::string>& known)
 {

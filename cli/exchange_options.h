@@ -9,6 +9,9 @@
 
 namespace mrl::cli {
 
+/// The names of all formats, as --format takes them.
+std::vector<std::string> formatNames();
+
 /// The options that say how a table is written or read.
 class ExchangeOptions
 {

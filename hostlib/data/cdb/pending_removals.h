@@ -69,6 +69,7 @@ class PendingRemovals
     void drop()
     {
         m_keys.clear();
+        m_bytes = {}; // up to 32 MB, for the transaction alone
         m_next = m_keys.end();
     }
 
