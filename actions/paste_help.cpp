@@ -48,6 +48,7 @@ QString LCM_PasteHelp::cellName(const MRL_H_RefusedValue& value) const
 void LCM_PasteHelp::end(int values, const std::vector<MRL_H_RefusedValue>& refused)
 {
     std::vector<LCM_UntakenValue> untaken;
+    untaken.reserve(refused.size());
     for (const MRL_H_RefusedValue& value : refused) {
         untaken.push_back({cellName(value), value.text, value.reason});
     }

@@ -41,11 +41,10 @@ class LCM_PasteHelp : public MRL_H_PasteHelper
     /// What a person calls a row.
     virtual QString rowName(int row) const;
 
-    LCM_TabInterface& m_tab;
-
   private:
     QString cellName(const MRL_H_RefusedValue& value) const;
 
+    LCM_TabInterface& m_tab;
     QPointer<MRL_H_TableWidget> m_table;
     Report m_report;
     std::optional<LCM_CommandScope> m_command;        ///< between begin() and end()

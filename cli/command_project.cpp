@@ -1,5 +1,7 @@
 #include "cli/command_project.h"
 
+#include <utility>
+
 #include "cli/failure.h"
 #include "host/mrl_dlib.h"
 
@@ -16,8 +18,8 @@ void throwUnless(const cdb::Result& result)
 
 } // namespace
 
-Project::Project(const cdb::Opened& opened, const std::string& file, Access access)
-    : m_handle(opened.db), m_name(file)
+Project::Project(const cdb::Opened& opened, std::string file, Access access)
+    : m_handle(opened.db), m_name(std::move(file))
 {
     throwUnless(opened.result);
     // A project without a design code is still a project; those who need one ask for it.

@@ -53,7 +53,7 @@ class Project
         int db;
     };
 
-    Project(const cdb::Opened& opened, const std::string& file, Access access);
+    Project(const cdb::Opened& opened, std::string file, Access access);
 
     Handle m_handle;
     std::string m_name;

@@ -96,7 +96,7 @@ class EnvelopeRun
   public:
     EnvelopeRun(std::string name, combine::ResponseFile& file,
                 const std::vector<PlannedSituation>& situations, const EnvelopePrinter& printer)
-        : m_name(std::move(name)), m_file(file), m_situations(situations), m_printer(printer)
+        : m_name(std::move(name)), m_file(file), m_printer(printer)
     {
         for (unsigned i = 0; i < std::max(1u, std::thread::hardware_concurrency()); ++i) {
             m_workers.push_back(std::make_unique<EnvelopeWorker>(file, situations));
@@ -119,7 +119,6 @@ class EnvelopeRun
 
     std::string m_name;
     combine::ResponseFile& m_file;
-    const std::vector<PlannedSituation>& m_situations;
     const EnvelopePrinter& m_printer;
     std::vector<std::unique_ptr<EnvelopeWorker>> m_workers;
     std::vector<EnvelopeWorker::Job> m_jobs;

@@ -28,6 +28,7 @@ bool Checker::allows(const Key& key) const
     }
     const auto worth = [&](const CheckedPiece& piece, const CheckedPart* part) {
         std::vector<double> own;
+        own.reserve(piece.numbers.size());
         for (const int number : piece.numbers) {
             own.push_back(factors.count(number) == 0 ? 0 : factors.at(number));
         }
@@ -43,6 +44,7 @@ double Checker::greatest(const std::map<int, double>& responses) const
 {
     return search([&](const CheckedPiece& piece, const CheckedPart* part) {
         std::vector<double> own;
+        own.reserve(piece.numbers.size());
         for (const int number : piece.numbers) {
             own.push_back(responses.at(number));
         }
@@ -154,7 +156,10 @@ double Checker::variable(const Guess& guess, const Worth& worth) const
     for (std::size_t i = 0; i < gains.size() && gains[i] > 0 && acting < most; ++i, ++acting) {
         sum += gains[i];
     }
-    return acting > most ? NEVER : sum;
+    if (acting > most) {
+        return NEVER;
+    }
+    return sum;
 }
 
 double Checker::shorts(Guess& guess, const Worth& worth) const
@@ -270,8 +275,11 @@ double Checker::constant(const Guess& guess, const Worth& worth) const
     }
     for (const CheckedPiece* piece : m_model.imperfections) {
         CheckedPart part;
-        const bool acts = m_terms.term(guess, LCM_Role::Imperfection, *piece, part);
-        sum += std::max(worth(*piece, nullptr), acts ? worth(*piece, &part) : NEVER);
+        double best = worth(*piece, nullptr);
+        if (m_terms.term(guess, LCM_Role::Imperfection, *piece, part)) {
+            best = std::max(best, worth(*piece, &part));
+        }
+        sum += best;
     }
     return sum;
 }

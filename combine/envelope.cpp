@@ -96,8 +96,9 @@ Envelope::Envelope(const Plan& plan, const std::vector<int>& columns)
 std::vector<double> Envelope::responses(const Member& member, const double* row) const
 {
     std::vector<double> result;
-    for (int i = 0; i < member.count; ++i) {
-        result.push_back(row[m_columns[static_cast<std::size_t>(member.first + i)]]);
+    result.reserve(static_cast<std::size_t>(member.count));
+    for (int i = member.first; i < member.first + member.count; ++i) {
+        result.push_back(row[m_columns[static_cast<std::size_t>(i)]]);
     }
     return result;
 }

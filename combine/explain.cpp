@@ -56,8 +56,8 @@ void Explanation::readParts(const Combination& combination)
 {
     for (const Part& part : combination.parts) {
         const Member& own = member(part.member);
-        for (int i = 0; i < own.count; ++i) {
-            m_parts.emplace(m_plan.prepared.numbers[static_cast<std::size_t>(own.first + i)], part);
+        for (int i = own.first; i < own.first + own.count; ++i) {
+            m_parts.emplace(m_plan.prepared.numbers[static_cast<std::size_t>(i)], part);
         }
         if (part.role == LCM_Role::Accidental || part.role == LCM_Role::Seismic) {
             m_accident = {own.name};
@@ -96,6 +96,7 @@ bool Explanation::matches(const LCM_Term& term, const Member& member, double sca
     LCM_Term scaled = term;
     scaled.number *= value == origin.factor ? scale : -scale;
     std::vector<std::string> numbers;
+    numbers.reserve(term.constants.size() + term.factors.size());
     for (const std::string& constant : term.constants) {
         numbers.push_back(decimalText(shortest(m_model.constants.at(constant))));
     }
@@ -138,7 +139,7 @@ std::string termText(const LCM_Term& term)
 {
     std::vector<std::string> names = term.constants;
     for (const LCM_SituationFactor each : term.factors) {
-        names.push_back(lcm_factor(each).key);
+        names.emplace_back(lcm_factor(each).key);
     }
     return joined(term.number, names);
 }

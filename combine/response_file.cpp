@@ -36,7 +36,7 @@ std::variant<std::vector<int>, std::string> readNumbers(const std::string& file)
         const std::string word = text.substr(at, end - at);
         numbers.push_back(loadCaseNumber(word));
         if (numbers.back() == 0) {
-            return file + ": '" + word + "' is no load-case number";
+            return std::string(file).append(": '").append(word).append("' is no load-case number");
         }
         at = text.find_first_not_of(' ', end);
     }

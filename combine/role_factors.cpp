@@ -29,10 +29,9 @@ Pattern one(std::vector<double> factors) { return {{0}, std::move(factors), Mark
 
 std::vector<Pattern> alwaysEach(const std::vector<double>& factors)
 {
-    std::vector<Pattern> patterns;
-    for (const double factor : factors) {
-        patterns.push_back(always({factor}));
-    }
+    std::vector<Pattern> patterns(factors.size());
+    std::transform(factors.begin(), factors.end(), patterns.begin(),
+                   [](double factor) { return always({factor}); });
     return patterns;
 }
 
@@ -43,6 +42,7 @@ std::vector<Pattern> permanent(const LCM_SuperpositionMeaning& means, const Fact
     const std::vector<double> choice = both(factors);
     if (means.hasBothSigns) {
         std::vector<Pattern> patterns;
+        patterns.reserve(choice.size());
         for (const double factor : choice) {
             patterns.push_back(means.acting == LCM_Acting::One ? one(signs(factor)) : some(signs(factor)));
         }

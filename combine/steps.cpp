@@ -153,12 +153,12 @@ std::vector<State> Walk::modesTaken(const State& state, int number) const
     if (!isShort || state.first != 1) {
         states.push_back(acting);
         states.back().mode = Mode::Others;
-        states.back().first = isShort ? 1 : state.first;
+        states.back().first = isShort ? char{1} : state.first;
     }
     if (isShort) {
         states.push_back(acting);
         states.back().mode = Mode::Second;
-        states.back().first = state.first == 0 ? 2 : state.first;
+        states.back().first = state.first == 0 ? char{2} : state.first;
     }
     if (state.leader > 0 && !state.led) {
         states.push_back(acting);

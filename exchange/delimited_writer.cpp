@@ -100,7 +100,7 @@ std::optional<FormatError> writeDelimited(const Source& source, const FormatOpti
     }
     const std::vector<Column>& columns = columnsOf(source.sheets[0]);
     LineWriter writer(options, sink);
-    if (const auto error = writer.unsound()) {
+    if (auto error = writer.unsound()) {
         return error;
     }
     const auto isNumber = [&](std::size_t column) { return columns[column].isNumeric(); };
@@ -115,7 +115,7 @@ std::optional<FormatError> writeDelimited(const CombinationTable& table, const F
                                           const Sink& sink)
 {
     LineWriter writer(options, sink);
-    if (const auto error = writer.unsound()) {
+    if (auto error = writer.unsound()) {
         return error;
     }
     writer.write(headingsOf(table), isNumberColumn);

@@ -9,8 +9,8 @@ namespace {
 
 using Token = QXmlStreamReader;
 
-constexpr std::size_t MAX_CELL_BYTES = 3 * 32767; // the format allows 32767 units
-constexpr int ESCAPE_UNITS = 7;                   // _xHHHH_
+constexpr std::size_t MAX_CELL_BYTES = 3UL * 32767; // the format allows 32767 units
+constexpr int ESCAPE_UNITS = 7;                     // _xHHHH_
 
 /// Appends in UTF-8; digits and plain letters, which most cells hold, without a detour.
 void append(std::string& out, const QStringRef& text)

@@ -30,7 +30,7 @@ struct WorkbookRow
 class Workbook
 {
   public:
-    static constexpr std::size_t MAX_SHARED_BYTES = 256 * 1024 * 1024;
+    static constexpr std::size_t MAX_SHARED_BYTES = 256UL * 1024 * 1024;
     static constexpr std::size_t MAX_COLUMNS = 16384;
     static constexpr int MAX_ROWS = 1048576;
 

@@ -8,7 +8,7 @@ namespace mrl::exchange {
 
 namespace {
 
-constexpr zip_uint64_t SMALL = 10 * 1024 * 1024; // of which a great ratio does no harm
+constexpr zip_uint64_t SMALL = 10UL * 1024 * 1024; // of which a great ratio does no harm
 
 bool isBomb(const zip_stat_t& entry)
 {

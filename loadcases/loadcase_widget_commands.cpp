@@ -43,6 +43,7 @@ void LCM_LoadcaseWidget::appendNewLoadcases(const std::vector<int>& numbers)
 {
     LCM_LoadCaseCreation creation(*this, *loadcaseTable, *m_numbering, copies);
     std::vector<LCM_LoadcaseEntry> entries;
+    entries.reserve(numbers.size());
     for (const int number : numbers) {
         entries.push_back(
             creation.newEntry(number, loadcaseTable->rowCount() + static_cast<int>(entries.size())));

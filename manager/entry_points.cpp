@@ -12,7 +12,7 @@ namespace {
 /// The task word of a dialog that a library call opens.
 constexpr int TASK_LIBRARY_DIALOG = 18;
 
-const MRL_QT_InitTranslator translator("mrl_loadcase_dll");
+const MRL_QT_InitTranslator TRANSLATOR("mrl_loadcase_dll");
 
 } // namespace
 

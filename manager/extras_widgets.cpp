@@ -101,12 +101,12 @@ void LCM_Extras::createHistoryButtons(QLayout* layout)
     connect(m_redo->menu(), &QMenu::aboutToShow, this, [this] {
         fillMenu(*m_redo->menu(), m_history ? m_history->redoNames() : QStringList(), [this] { redoStep(); });
     });
-    createCommand(tr("Undo"), {QKeySequence(Qt::CTRL + Qt::Key_Z)}, "undo", &LCM_Extras::undoStep);
+    createCommand(tr("Undo"), {QKeySequence(QStringLiteral("Ctrl+Z"))}, "undo", &LCM_Extras::undoStep);
     createCommand(tr("Redo"),
-                  {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)},
+                  {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))},
                   "redo", &LCM_Extras::redoStep);
-    createCommand(tr("Close"), {QKeySequence(Qt::CTRL + Qt::Key_W)}, "close", &LCM_Extras::closeDialog);
-    createCommand(tr("Quit"), {QKeySequence(Qt::CTRL + Qt::Key_Q)}, "quit", &LCM_Extras::quit);
+    createCommand(tr("Close"), {QKeySequence(QStringLiteral("Ctrl+W"))}, "close", &LCM_Extras::closeDialog);
+    createCommand(tr("Quit"), {QKeySequence(QStringLiteral("Ctrl+Q"))}, "quit", &LCM_Extras::quit);
 }
 
 void LCM_Extras::createSearch(QLayout* layout)
@@ -123,14 +123,14 @@ void LCM_Extras::createSearch(QLayout* layout)
     layout->addWidget(m_search);
     auto* focus = new QAction(tr("Find"), this);
     focus->setObjectName(QStringLiteral("find"));
-    focus->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_F));
+    focus->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
     connect(focus, &QAction::triggered, m_search, [this] {
         m_search->setFocus();
         m_search->selectAll();
     });
     parentWidget()->addAction(focus);
     createCommand(tr("Find next"), {QKeySequence(Qt::Key_F3)}, "find next", &LCM_Extras::findNext);
-    createCommand(tr("Find previous"), {QKeySequence(Qt::SHIFT + Qt::Key_F3)}, "find previous",
+    createCommand(tr("Find previous"), {QKeySequence(QStringLiteral("Shift+F3"))}, "find previous",
                   &LCM_Extras::findPrevious);
 }
 
@@ -181,7 +181,7 @@ void LCM_Extras::createFindings(QLayout* layout)
     connect(m_findingsView, &QListView::activated, this, [this](const QModelIndex& at) { goTo(at.row()); });
     createCommand(tr("Check again"), {QKeySequence(Qt::Key_F5)}, "check again", &LCM_Extras::checkAgain);
     createCommand(tr("Next finding"), {QKeySequence(Qt::Key_F8)}, "next finding", &LCM_Extras::nextFinding);
-    createCommand(tr("Previous finding"), {QKeySequence(Qt::SHIFT + Qt::Key_F8)}, "previous finding",
+    createCommand(tr("Previous finding"), {QKeySequence(QStringLiteral("Shift+F8"))}, "previous finding",
                   &LCM_Extras::previousFinding);
 }
 

@@ -9,9 +9,9 @@
 
 namespace {
 
-LCM_RowReader* s_open = nullptr; ///< of the dialog in front
-std::set<int> s_editedLoadCases;
-std::set<int> s_editedActions;
+LCM_RowReader* openReader = nullptr; ///< of the dialog in front
+std::set<int> editedLoadCases;
+std::set<int> editedActions;
 
 std::size_t rowCountOf(const LCM_TabInterface* tab)
 {
@@ -20,11 +20,14 @@ std::size_t rowCountOf(const LCM_TabInterface* tab)
 
 } // namespace
 
-std::int64_t LCM_RowReader::s_lastState = 0;
+std::int64_t LCM_RowReader::lastState = 0;
 
-LCM_RowReader::LCM_RowReader(const LCM_HistoryTabs& tabs) : m_tabs(tabs), m_outer(s_open) { s_open = this; }
+LCM_RowReader::LCM_RowReader(const LCM_HistoryTabs& tabs) : m_tabs(tabs), m_outer(openReader)
+{
+    openReader = this;
+}
 
-LCM_RowReader::~LCM_RowReader() { s_open = m_outer; }
+LCM_RowReader::~LCM_RowReader() { openReader = m_outer; }
 
 int LCM_RowReader::read(MRL_LC_OpenRows& rows, int count) const
 {
@@ -63,26 +66,26 @@ void LCM_RowReader::readOne(MRL_LC_OpenRows& rows, std::size_t row) const
 
 void LCM_RowReader::noteAcceptance(const LCM_History& history) const
 {
-    s_editedActions.clear();
-    s_editedLoadCases.clear();
+    editedActions.clear();
+    editedLoadCases.clear();
     for (const int row : history.changedActionRows()) {
         tagCDB_LC_ACT record{};
-        s_editedActions.insert(m_tabs.actions->readRow(row, record));
+        editedActions.insert(m_tabs.actions->readRow(row, record));
     }
     for (const int row : history.changedLoadCaseRows()) {
         LCM_LoadcaseEntry entry;
         m_tabs.loadCases->readRow(row, entry);
-        s_editedLoadCases.insert(entry.number);
+        editedLoadCases.insert(entry.number);
     }
 }
 
 int mrl_loadcase_manager_rows(MRL_LC_OpenRows& rows, int count)
 {
-    return s_open ? s_open->read(rows, count) : MRL_LC_ROWS_NONE;
+    return openReader ? openReader->read(rows, count) : MRL_LC_ROWS_NONE;
 }
 
 void mrl_loadcase_manager_edited(std::set<int>& loadCases, std::set<int>& actions)
 {
-    loadCases = s_editedLoadCases;
-    actions = s_editedActions;
+    loadCases = editedLoadCases;
+    actions = editedActions;
 }

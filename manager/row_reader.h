@@ -18,7 +18,7 @@ class LCM_RowReader
     LCM_RowReader& operator=(const LCM_RowReader&) = delete;
 
     /// A command has changed the rows.
-    void noteChange() { m_state = ++s_lastState; }
+    void noteChange() { m_state = ++lastState; }
     /// The dialog was accepted after these steps.
     void noteAcceptance(const LCM_History& history) const;
     /// See mrl_loadcase_manager_rows.
@@ -27,7 +27,7 @@ class LCM_RowReader
   private:
     void readOne(MRL_LC_OpenRows& rows, std::size_t row) const;
 
-    static std::int64_t s_lastState; ///< of all dialogs, so that none is taken for another
+    static std::int64_t lastState; ///< of all dialogs, so that none is taken for another
 
     LCM_HistoryTabs m_tabs;
     std::int64_t m_state = 0; ///< 0: as it was opened

@@ -40,7 +40,7 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const
         return index.column() == 0 ? whereOf(rowOf(index)) : lcm_finding_text(rowOf(index));
     }
     const bool isOfLoadCase = rowOf(index).subject == LCM_Subject::LoadCase;
-    return role == RowLoadCaseRole && isOfLoadCase ? QVariant(rowOf(index).id) : QVariant();
+    return role == ROW_LOAD_CASE_ROLE && isOfLoadCase ? QVariant(rowOf(index).id) : QVariant();
 }
 
 QString FindingsModel::caption(int section) const { return section == 0 ? tr("Where") : tr("Finding"); }

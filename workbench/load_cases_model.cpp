@@ -17,8 +17,8 @@ namespace {
 QBrush subdued()
 {
     const QPalette palette = QApplication::palette();
-    const QColor text = palette.color(QPalette::Text);
-    const QColor base = palette.color(QPalette::Base);
+    const QColor& text = palette.color(QPalette::Text);
+    const QColor& base = palette.color(QPalette::Base);
     const auto mix = [](int a, int b) { return (3 * a + 2 * b) / 5; };
     return QColor(mix(text.red(), base.red()), mix(text.green(), base.green()),
                   mix(text.blue(), base.blue()));
@@ -121,7 +121,7 @@ QVariant LoadCasesModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::TextAlignmentRole:
         return alignment(index.column() == Number || index.column() >= Dlx);
-    case RowLoadCaseRole:
+    case ROW_LOAD_CASE_ROLE:
         return loadCase.number;
     case Qt::DisplayRole:
         return text(loadCase, index.column());

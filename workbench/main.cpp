@@ -12,7 +12,7 @@ namespace {
 using mrl::workbench::CommandLine;
 using mrl::workbench::MainWindow;
 
-const MRL_QT_InitTranslator translator("mrl_workbench");
+const MRL_QT_InitTranslator TRANSLATOR("mrl_workbench");
 
 } // namespace
 

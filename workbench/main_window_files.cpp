@@ -54,8 +54,10 @@ void MainWindow::slot_new()
     }
     NewProjectDialog dialog(folder(), this);
     // On failure the dialog opens again with the same input, so that it can be corrected.
-    while (dialog.exec() == QDialog::Accepted && !createAndOpen(dialog.wish()))
-        ;
+    bool isOpen = false;
+    while (!isOpen && dialog.exec() == QDialog::Accepted) {
+        isOpen = createAndOpen(dialog.wish());
+    }
 }
 
 bool MainWindow::createAndOpen(const NewProject& wish)

@@ -53,6 +53,7 @@ void readLoadCases(int db, ProjectSummary& summary)
 std::vector<FactorColumn> plainFactorColumns()
 {
     std::vector<FactorColumn> columns;
+    columns.reserve(LCM_FACTORS.size());
     for (const LCM_Factor& factor : LCM_FACTORS) {
         columns.push_back({factor.id, QString::fromLatin1(factor.key)});
     }
@@ -67,6 +68,7 @@ std::vector<FactorColumn> factorColumns(int db)
     const QString file = lcm_design_code_file(db).value_or(QString());
     const auto shown = lcm_factor_columns(info, file);
     std::vector<FactorColumn> columns;
+    columns.reserve(LCM_FACTORS.size());
     for (const LCM_Factor& factor : LCM_FACTORS) {
         if (shown[factor.id]) {
             const QString key = QString::fromLatin1(factor.key);

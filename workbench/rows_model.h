@@ -11,7 +11,7 @@
 namespace mrl::workbench {
 
 /// The load case of a row; nothing for a row of an action.
-constexpr int RowLoadCaseRole = Qt::UserRole + 1;
+constexpr int ROW_LOAD_CASE_ROLE = Qt::UserRole + 1;
 
 /// A table that keeps its rows as they were read and formats what is looked at.
 template <class Row>

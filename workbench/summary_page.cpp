@@ -108,7 +108,7 @@ void SummaryPage::showFindings()
 
 void SummaryPage::openAt(const QModelIndex& index)
 {
-    const QVariant number = index.data(RowLoadCaseRole);
+    const QVariant number = index.data(ROW_LOAD_CASE_ROLE);
     if (number.isValid()) {
         emit loadCaseWanted(number.toInt());
     } else {

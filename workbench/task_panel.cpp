@@ -6,8 +6,7 @@
 
 namespace mrl::workbench {
 
-TaskPanel::TaskPanel(QWidget* parent)
-    : QWidget(parent), m_actions(nullptr), m_loadCases(nullptr), m_refusal(new QLabel(this))
+TaskPanel::TaskPanel(QWidget* parent) : QWidget(parent), m_refusal(new QLabel(this))
 {
     setObjectName(QStringLiteral("tasks"));
     auto* layout = new QVBoxLayout(this);

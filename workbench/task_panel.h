@@ -28,8 +28,8 @@ class TaskPanel : public QWidget
   private:
     QCommandLinkButton* createTask(Manager which, const QString& text, const char* name);
 
-    QCommandLinkButton* m_actions;
-    QCommandLinkButton* m_loadCases;
+    QCommandLinkButton* m_actions = nullptr;
+    QCommandLinkButton* m_loadCases = nullptr;
     QLabel* m_refusal;
 };
 

@@ -9,6 +9,7 @@ SituationsModel::SituationsModel(QObject* parent) : RowsModel(parent) {}
 void SituationsModel::show(const ProjectCombinations& combinations)
 {
     std::vector<SituationRow> rows;
+    rows.reserve(combinations.situations.size());
     for (const ProjectCombinations::Planned& each : combinations.situations) {
         rows.push_back({QString::fromStdString(each.situation.name), situationTitle(each.situation),
                         QString::fromStdString(each.situation.clause), situationFormula(each.situation),

@@ -191,7 +191,7 @@ void ImportDialog::slot_browse()
     const QString file =
         QFileDialog::getOpenFileName(this, tr("Import"), QFileInfo(m_file->text()).absolutePath(), filters());
     if (!file.isEmpty()) {
-        open(file);
+        openFile(file);
     }
 }
 
@@ -199,7 +199,7 @@ void ImportDialog::slot_fileEdited()
 {
     const QString file = m_file->text().trimmed();
     if (!file.isEmpty() && QFileInfo(file).absoluteFilePath() != m_read) {
-        open(file);
+        openFile(file);
     }
 }
 
@@ -215,7 +215,7 @@ bool ImportDialog::eventFilter(QObject* object, QEvent* event)
     return MRL_QT_Dialog::eventFilter(object, event);
 }
 
-void ImportDialog::open(const QString& file)
+void ImportDialog::openFile(const QString& file)
 {
     m_file->setText(QDir::toNativeSeparators(file));
     m_read = QFileInfo(file).absoluteFilePath();

@@ -31,7 +31,7 @@ class ImportDialog : public MRL_QT_Dialog
     ~ImportDialog() override;
 
     /// Reads a file and shows its plan.
-    void open(const QString& file);
+    void openFile(const QString& file);
     /// What came in, in numbers.
     QString summary() const;
 

@@ -47,8 +47,7 @@ void tell(QComboBox* field, const QString& found)
 
 } // namespace
 
-TextFormFields::TextFormFields(Purpose purpose, QWidget* parent)
-    : QWidget(parent), m_encoding(nullptr), m_separator(nullptr), m_decimal(nullptr)
+TextFormFields::TextFormFields(Purpose purpose, QWidget* parent) : QWidget(parent)
 {
     new QHBoxLayout(this); // the widget's
     layout()->setContentsMargins(0, 0, 0, 0);

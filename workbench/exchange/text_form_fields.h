@@ -31,9 +31,9 @@ class TextFormFields : public QWidget
     QComboBox* createField(const QString& label, const char* name);
     void chooseByLocale();
 
-    QComboBox* m_encoding;
-    QComboBox* m_separator;
-    QComboBox* m_decimal;
+    QComboBox* m_encoding = nullptr;
+    QComboBox* m_separator = nullptr;
+    QComboBox* m_decimal = nullptr;
 };
 
 } // namespace mrl::workbench

@@ -96,6 +96,7 @@ std::optional<Snapshot> snapshotOf(const QByteArray& content)
 template <class Record, class Stored>
 bool putRecord(int db, int kwh, int kwl, const Record& record, const std::optional<Stored>& there)
 {
+    // What is stored counts, bit for bit. NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
     if (there && std::memcmp(&there->record, &record, sizeof record) == 0) {
         return true;
     }

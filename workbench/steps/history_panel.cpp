@@ -43,12 +43,12 @@ void HistoryPanel::createActions()
 {
     m_undo = new QAction(tr("&Undo"), this);
     m_undo->setObjectName(QStringLiteral("action_undo"));
-    m_undo->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Z));
+    m_undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
     connect(m_undo, &QAction::triggered, this, [this] { emit goToWanted(m_history.doneCount() - 1); });
     m_redo = new QAction(tr("&Redo"), this);
     m_redo->setObjectName(QStringLiteral("action_redo"));
     m_redo->setShortcuts(
-        {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     connect(m_redo, &QAction::triggered, this, [this] { emit goToWanted(m_history.doneCount() + 1); });
 }
 

@@ -118,7 +118,7 @@ Result ImageLog::swap(std::size_t index, int db)
         slot.image = std::move(image);
         slot.at = -1;
     }
-    const Result swapped = swapImage(db, slot.image);
+    Result swapped = swapImage(db, slot.image);
     m_inMemory -= slot.size;
     slot.size = slot.image.size();
     m_inMemory += slot.size;

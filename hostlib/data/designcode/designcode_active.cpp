@@ -148,20 +148,20 @@ IndexedCode::IndexedCode(DesignCode parsed)
     : code(std::move(parsed)), fingerprint(designcode::fingerprint(code))
 {
     for (std::size_t i = 0; i < code.actions.size(); ++i) {
-        byCode.emplace(code.actions[i].code, i);
+        m_byCode.emplace(code.actions[i].code, i);
         for (const int number : code.actions[i].oldNumbers) {
-            byOldNumber.emplace(number, i);
+            m_byOldNumber.emplace(number, i);
         }
     }
 }
 
 const DefaultAction* IndexedCode::find(int codeOrOldNumber) const
 {
-    if (const auto it = byCode.find(codeOrOldNumber); it != byCode.end()) {
+    if (const auto it = m_byCode.find(codeOrOldNumber); it != m_byCode.end()) {
         return &code.actions[it->second];
     }
-    const auto it = byOldNumber.find(codeOrOldNumber);
-    return it == byOldNumber.end() ? nullptr : &code.actions[it->second];
+    const auto it = m_byOldNumber.find(codeOrOldNumber);
+    return it == m_byOldNumber.end() ? nullptr : &code.actions[it->second];
 }
 
 LoadedIndexed indexedOfDatabase(int db)
@@ -183,7 +183,7 @@ LoadedIndexed indexedOfDatabase(int db)
 
 std::optional<std::string> fileOfDatabase(int db)
 {
-    const auto file = fileOfName(db, mrl::cdb::fact(db, "designcode"));
+    auto file = fileOfName(db, mrl::cdb::fact(db, "designcode"));
     const auto loaded = indexedOfDatabase(db);
     const bool isPlain = loaded.code && file == loaded.code->code.file && loaded.code->code.files.size() == 1;
     if (isPlain || !loaded.code) {

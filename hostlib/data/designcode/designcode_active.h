@@ -23,8 +23,8 @@ struct IndexedCode
     std::string fingerprint; ///< of the code
 
   private:
-    std::unordered_map<int, std::size_t> byCode;
-    std::unordered_map<int, std::size_t> byOldNumber;
+    std::unordered_map<int, std::size_t> m_byCode;
+    std::unordered_map<int, std::size_t> m_byOldNumber;
 };
 
 struct LoadedIndexed

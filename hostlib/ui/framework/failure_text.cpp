@@ -35,7 +35,7 @@ constexpr Wording WORDINGS[] = {
 
 QString failureText(const cdb::Result& failure)
 {
-    const QString text = QString::fromStdString(failure.text);
+    QString text = QString::fromStdString(failure.text);
     for (const Wording& wording : WORDINGS) {
         if (wording.code != failure.code) {
             continue;

@@ -64,7 +64,7 @@ void HelpWindow::showPage(const QString& book, const QString& topic)
 {
     const QString page = helpPage(book, topic);
     if (page.isEmpty()) {
-        m_browser->setPlainText(tr("There is no help on \"%1\" in the book \"%2\".").arg(topic, book));
+        m_browser->setPlainText(tr(R"(There is no help on "%1" in the book "%2".)").arg(topic, book));
     } else {
         m_browser->setSource(QUrl::fromLocalFile(page));
     }
@@ -91,9 +91,9 @@ QLayout* HelpWindow::makeBar()
     m_search->setObjectName(QStringLiteral("help search"));
     m_search->setPlaceholderText(tr("Word in this page"));
     // Room for the hint; a line edit by itself is as wide as some letters.
-    const int MARGIN_OF_TEXT = 24;
+    const int marginOfText = 24;
     m_search->setMinimumWidth(m_search->fontMetrics().horizontalAdvance(m_search->placeholderText()) +
-                              MARGIN_OF_TEXT);
+                              marginOfText);
     connect(m_search, &QLineEdit::returnPressed, this, &HelpWindow::find);
     bar->addWidget(m_search);
 

@@ -48,7 +48,7 @@ QString whyNot(const MRL_H_TwItem& cell, const QString& text)
         holdsChoice(column, shown, text)) {
         return {};
     }
-    const QString wrongNumber = reasonOfRefusal(column, text);
+    QString wrongNumber = reasonOfRefusal(column, text);
     if (!wrongNumber.isEmpty()) {
         return wrongNumber;
     }
@@ -103,6 +103,7 @@ void AssistedPaste::makeRows(const std::vector<QStringList>& lines, const Paste&
     const std::vector<QStringList> surplus(lines.begin() + static_cast<std::ptrdiff_t>(paste.rows.size()),
                                            lines.end());
     std::vector<int> ids;
+    ids.reserve(paste.columns.size());
     for (const int column : paste.columns) {
         ids.push_back(columnId(column));
     }

@@ -20,13 +20,13 @@ constexpr char DELETE_ROWS[] = "table delete rows";
 
 const QKeySequence& ContextMenu::fillDownKey()
 {
-    static const QKeySequence KEY(Qt::CTRL + Qt::Key_D);
+    static const QKeySequence KEY(QStringLiteral("Ctrl+D"));
     return KEY;
 }
 
 const QKeySequence& ContextMenu::copyWithHeadersKey()
 {
-    static const QKeySequence KEY(Qt::CTRL + Qt::SHIFT + Qt::Key_C);
+    static const QKeySequence KEY(QStringLiteral("Ctrl+Shift+C"));
     return KEY;
 }
 

@@ -24,7 +24,7 @@ MRL_H_TwHeaderItem::MRL_H_TwHeaderItem(int type, int id, const QString& caption,
     m_column->alignment = alignment;
     setText(caption);
     setToolTip(toolTip);
-    setTextAlignment(alignment | Qt::AlignVCenter);
+    setTextAlignment(static_cast<int>(alignment | Qt::AlignVCenter));
 }
 
 MRL_H_TwHeaderItem::~MRL_H_TwHeaderItem()

@@ -134,10 +134,9 @@ void TableChange::takeOut(RowEvent& event, bool arranged)
         std::vector<std::size_t> order(rows.size());
         std::iota(order.begin(), order.end(), 0U);
         std::sort(order.begin(), order.end(), [&](auto a, auto b) { return rows[a] < rows[b]; });
-        std::vector<QTableWidgetItem*> anchors;
-        for (const std::size_t i : order) {
-            anchors.push_back(event.anchors[i]);
-        }
+        std::vector<QTableWidgetItem*> anchors(order.size());
+        std::transform(order.begin(), order.end(), anchors.begin(),
+                       [&](std::size_t i) { return event.anchors[i]; });
         event.anchors = std::move(anchors);
         std::sort(rows.begin(), rows.end());
     }

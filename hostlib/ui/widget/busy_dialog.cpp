@@ -20,6 +20,8 @@ class PaintedLater : public QObject
     ~PaintedLater() override
     {
         if (m_window && m_asked) {
+            // Qt has no other way to ask, and without memory for an event nothing is left to paint with.
+            // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new)
             QCoreApplication::postEvent(m_window, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
         }
     }

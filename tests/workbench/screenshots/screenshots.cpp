@@ -42,7 +42,7 @@ using mrl::workbench::MainWindow;
 using mrl::workbench::Manager;
 
 // As in the program itself, and so that the pictures show what a person sees.
-const MRL_QT_InitTranslator translator("mrl_workbench");
+const MRL_QT_InitTranslator TRANSLATOR("mrl_workbench");
 
 /// The screen that the pictures are taken as on.
 QSize screen()
@@ -259,7 +259,7 @@ void tables(MainWindow& window, Photographer& camera)
     Photographer::inModal([&] { window.slot_import(); },
                           [&](QDialog* dialog) {
                               auto* import = qobject_cast<mrl::workbench::ImportDialog*>(dialog);
-                              import->open(table.fileName());
+                              import->openFile(table.fileName());
                               camera.take(dialog, "import");
                               dialog->findChild<QTabWidget*>()->setCurrentIndex(1);
                               camera.take(dialog, "import-columns");

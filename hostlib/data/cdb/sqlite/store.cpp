@@ -15,9 +15,9 @@ sqlite3_int64 stored(std::uint64_t checksum) { return static_cast<sqlite3_int64>
 
 } // namespace
 
-Store::Store(Connection handle, const std::string& file, Access access, int format, Place place)
-    : m_file(file), m_access(access), m_db(std::move(handle)), m_texts(std::make_unique<Texts>(format)),
-      m_format(format), m_place(std::move(place))
+Store::Store(Connection handle, std::string file, Access access, int format, Place place)
+    : m_file(std::move(file)), m_access(access), m_db(std::move(handle)),
+      m_texts(std::make_unique<Texts>(format)), m_format(format), m_place(std::move(place))
 {
     sqlite3_create_function_v2(m_db.get(), "gone", 1, SQLITE_UTF8 | SQLITE_DIRECTONLY, this, gone, nullptr,
                                nullptr, nullptr);

@@ -69,7 +69,7 @@ class Store
     /// @param handle an open connection whose content has been checked
     /// @param format of the file
     /// @param place empty for a private database
-    Store(Connection handle, const std::string& file, Access access, int format, Place place);
+    Store(Connection handle, std::string file, Access access, int format, Place place);
     ~Store();
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
