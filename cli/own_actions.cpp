@@ -1,19 +1,16 @@
 #include "cli/own_actions.h"
 
 #include "cli/project_records.h"
+#include "exchange/action_removal.h"
 #include "exchange/decimals.h"
 #include "exchange/import_plan.h"
 #include "exchange/raw_records.h"
-#include "host/mrl_cdb.h"
-#include "lcdata/stored_load_cases.h"
 #include "lcdata/values/keys.h"
 #include "lcdata/values/partition.h"
 
 namespace mrl::cli {
 
 namespace {
-
-constexpr std::size_t NAMED_USERS = 5; // of the load cases that keep an action
 
 /// The action as the row of a table, so that it is judged as an import judges it.
 exchange::Table tableOf(const OwnAction& action)
@@ -57,26 +54,8 @@ void createOwnAction(const OwnAction& action, const Project& project)
 void removeAction(const std::string& name, const Project& project)
 {
     const LCM_StoredAction action = requireAction(project, name);
-    std::vector<int> users;
-    for (LCM_LoadCaseWalk walk(project.db()); walk.next();) {
-        if (walk.current().isOwn() && actionWordOf(walk.current().record) == action.code) {
-            users.push_back(walk.current().number);
-        }
-    }
-    if (!users.empty()) {
-        std::string numbers;
-        for (std::size_t i = 0; i < users.size() && i < NAMED_USERS; ++i) {
-            numbers += (i == 0 ? "" : ", ") + std::to_string(users[i]);
-        }
-        project.refuse("load cases use the action " + name + ": " + numbers +
-                       (users.size() > NAMED_USERS ? ", ..." : ""));
-    }
-    if (exchange::readRecords(project.db(), LC_KWH_ACTIONS, action.code).size() > 1) {
-        project.refuse("other records stand under the key of the action " + name +
-                       "; 'mrl-lc del' removes all");
-    }
-    if (mrl_cdb_del(project.db(), LC_KWH_ACTIONS, action.code) != 0) {
-        project.refuse("action " + name + " could not be removed");
+    if (const std::string reason = exchange::removeAction(project.db(), action, name); !reason.empty()) {
+        project.refuse(reason);
     }
 }
 

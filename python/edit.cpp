@@ -2,8 +2,8 @@
 
 #include <pybind11/stl.h>
 
+#include "exchange/action_removal.h"
 #include "exchange/apply_plan.h"
-#include "exchange/format.h"
 #include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/action_code.h"
@@ -39,6 +39,8 @@ py::object fieldOf(const exchange::PlannedRow& row, const std::string& rule)
     return py::none();
 }
 
+} // namespace
+
 py::dict dictOf(const exchange::PlannedRow& row)
 {
     py::list changes;
@@ -62,7 +64,7 @@ py::dict dictOf(const exchange::PlannedRow& row)
     return out;
 }
 
-Sheet sheetOf(const std::string& name)
+exchange::Sheet sheetOf(const std::string& name)
 {
     for (const Sheet sheet : {Sheet::Actions, Sheet::LoadCases}) {
         if (name == exchange::nameOf(sheet)) {
@@ -71,18 +73,6 @@ Sheet sheetOf(const std::string& name)
     }
     throw Failure("there is no sheet " + name);
 }
-
-const exchange::Format& formatOf(const std::string& name, const std::string& file, std::string_view bytes)
-{
-    const exchange::Format* format =
-        name.empty() ? exchange::formatOfFile(file, bytes) : exchange::formatOfName(name);
-    if (format == nullptr && !name.empty()) {
-        throw Failure("there is no format " + name);
-    }
-    return format == nullptr ? *exchange::formats().front() : *format;
-}
-
-} // namespace
 
 Edit::Edit(const Session& session) : m_session(session)
 {
@@ -137,15 +127,37 @@ py::dict Edit::createAction(const std::string& name)
     return dictOf(row);
 }
 
+std::optional<int> Edit::storedCode(const std::string& name) const
+{
+    for (const int code :
+         {lcm_pack_word(QString::fromStdString(name)), lcm_normalise_code(QString::fromStdString(name))}) {
+        if (m_state.actions.count(code) != 0) {
+            return code;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Edit::removeAction(const std::string& name)
+{
+    const std::optional<int> code = storedCode(name);
+    if (!code) {
+        return false;
+    }
+    const std::string reason = exchange::removeAction(m_session.db(), m_state.actions.at(*code), name);
+    if (!reason.empty()) {
+        throw Failure(m_session.file() + ": " + reason);
+    }
+    m_state.actions.erase(*code);
+    return true;
+}
+
 bool Edit::removeCase(int number)
 {
     return m_state.loadCases.erase(number) != 0 && mrl_lc_remove(m_session.db(), number);
 }
 
-bool Edit::hasAction(const std::string& name) const
-{
-    return m_state.actions.count(lcm_normalise_code(QString::fromStdString(name))) != 0;
-}
+bool Edit::hasAction(const std::string& name) const { return storedCode(name).has_value(); }
 
 int Edit::nextNumber() const
 {
@@ -160,68 +172,6 @@ void Edit::commit()
 {
     m_session.db(); // throws for what failed so far
     throwUnless(m_transaction->commit());
-}
-
-py::tuple importTable(const Session& session, const std::string& file, const std::string& format,
-                      bool isDryRun, bool createsActions)
-{
-    const std::string bytes =
-        py::cast<std::string>(py::module_::import("pathlib").attr("Path")(file).attr("read_bytes")());
-    auto read = exchange::readTables(formatOf(format, file, bytes), bytes, {});
-    if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
-        throw Failure(file + ": " + error->text);
-    }
-    std::unique_ptr<cdb::Transaction> transaction;
-    if (!isDryRun) {
-        transaction = std::make_unique<cdb::Transaction>(session.db());
-        throwUnless(transaction->state());
-    }
-    const exchange::ProjectState state = exchange::stateOf(session.db());
-    exchange::PlanOptions options;
-    options.createActions = createsActions;
-    const exchange::Plan plan = exchange::planOf(state, std::get<exchange::ReadTables>(read).tables, options);
-    py::list rows;
-    for (const exchange::PlannedRow& row : plan.rows) {
-        rows.append(dictOf(row));
-    }
-    const bool isTaken = !isDryRun && plan.count(exchange::Outcome::Refused) == 0;
-    if (isTaken) {
-        if (const exchange::PlannedRow* failed = exchange::apply(plan, state, session.db())) {
-            throw Failure(failed->name + " could not be written");
-        }
-        session.db();
-        throwUnless(transaction->commit());
-    }
-    return py::make_tuple(rows, isTaken);
-}
-
-py::bytes exported(const Session& session, const std::string& format, const std::string& sheets)
-{
-    const exchange::Format& used = formatOf(format, {}, {});
-    exchange::Source source;
-    source.db = session.db();
-    source.facts = session.facts();
-    const std::string path = session.file();
-    const std::string name = path.substr(path.find_last_of('/') + 1);
-    source.name = name.substr(0, name.find_last_of('.'));
-    if (!sheets.empty()) {
-        source.sheets = {sheetOf(sheets)};
-    } else {
-        source.whole = true;
-        source.sheets = {Sheet::LoadCases};
-        if (used.holdsManySheets()) {
-            source.sheets.insert(source.sheets.begin(), Sheet::Actions);
-        }
-    }
-    std::string bytes;
-    const auto error = used.write(source, {}, [&](std::string_view piece) {
-        bytes += piece;
-        return true;
-    });
-    if (error) {
-        throw Failure(session.file() + ": " + error->text);
-    }
-    return py::bytes(bytes);
 }
 
 } // namespace mrl::python

@@ -5,6 +5,7 @@
 #include <pybind11/pybind11.h>
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -12,6 +13,12 @@
 #include "python/session.h"
 
 namespace mrl::python {
+
+/// What becomes of a row, as mrl.RowPreview has it.
+pybind11::dict dictOf(const exchange::PlannedRow& row);
+
+/// The sheet of a word; a Failure where there is none.
+exchange::Sheet sheetOf(const std::string& name);
 
 /// Each change is judged by the rules of the dialog and written at once; nothing stays unless commit() comes through.
 class Edit
@@ -25,6 +32,9 @@ class Edit
     pybind11::dict take(const std::string& sheet, const pybind11::dict& fields);
     /// Takes an action over from the design code. @return as take
     pybind11::dict createAction(const std::string& name);
+    /// Removes an action that no load case uses.
+    /// @return false when there is none; one that has to stay is a Failure
+    bool removeAction(const std::string& name);
     /// @return whether there was such a load case
     bool removeCase(int number);
     bool hasCase(int number) const { return m_state.loadCases.count(number) != 0; }
@@ -34,17 +44,12 @@ class Edit
     void commit();
 
   private:
+    /// As it is written when the project has that, else as the dialog would write it.
+    std::optional<int> storedCode(const std::string& name) const;
+
     const Session& m_session;
     std::unique_ptr<cdb::Transaction> m_transaction; ///< rolls back where nobody commits
     exchange::ProjectState m_state;
 };
-
-/// Plans a file as `mrl-lc import` does, and writes the plan where nothing of it is refused.
-/// @return the rows, as Edit::take tells them, with sheet and line; the last item: whether it was written
-pybind11::tuple importTable(const Session& session, const std::string& file, const std::string& format,
-                            bool isDryRun, bool createsActions);
-
-/// The whole project as a file of a format.
-pybind11::bytes exported(const Session& session, const std::string& format, const std::string& sheets);
 
 } // namespace mrl::python

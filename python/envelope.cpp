@@ -78,17 +78,22 @@ std::string Situation::expression(int number) const
 
 py::list Situation::combinations(int limit) const
 {
+    throwBeyond(limit);
     py::list out;
-    const bool fits = combine::enumerate(m_plan, limit, [&](const combine::Combination& each) {
+    combine::enumerate(m_plan, limit, [&](const combine::Combination& each) {
         out.append(py::make_tuple(combine::keyText(each.key), orNone(each.leading),
                                   orNone(expression(each.expression))));
         return true;
     });
-    if (!fits) {
+    return out;
+}
+
+void Situation::throwBeyond(int limit) const
+{
+    if (combine::countChoices(m_plan).all > limit) {
         throw Failure("situation " + m_name + " has " + count() + " combinations, more than " +
                       std::to_string(limit));
     }
-    return out;
 }
 
 std::vector<std::string> Situation::leftOut() const { return combine::gathered(m_plan.prepared.leftOut); }
@@ -146,6 +151,15 @@ py::tuple Extremes::governing(std::size_t row, bool isMax) const
     }
     return py::make_tuple(combine::keyText(combination->key), orNone(combination->leading),
                           orNone(m_situation->expression(combination->expression)));
+}
+
+std::vector<combine::Combination> Extremes::governing() const
+{
+    combine::GoverningList list(m_situation->plan(), m_numbers);
+    for (py::ssize_t row = 0; row < m_matrix.shape(0); ++row) {
+        list.add(m_matrix.data() + static_cast<std::size_t>(row) * m_numbers.size());
+    }
+    return list.combinations();
 }
 
 } // namespace mrl::python

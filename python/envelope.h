@@ -24,12 +24,16 @@ class Situation
 
     std::string count() const;
     std::string distinct() const;
-    /// Calls back with (key, leading, expression) of each. More than the limit are a Failure.
+    /// (key, leading, expression) of each. More than the limit are a Failure.
     pybind11::list combinations(int limit) const;
     /// Remarks about load cases that take no part.
     std::vector<std::string> leftOut() const;
 
+    /// More choices than the limit are a Failure.
+    void throwBeyond(int limit) const;
+
     const combine::Plan& plan() const { return m_plan; }
+    const LCM_Situation& words() const { return m_situation; }
     std::string expression(int number) const;
 
   private:
@@ -51,6 +55,9 @@ class Extremes
     pybind11::array_t<double> values(bool isMax) const;
     /// The governing combination of a row as (key, leading, expression).
     pybind11::tuple governing(std::size_t row, bool isMax) const;
+    /// The different combinations that govern a row, in the order of the rows.
+    std::vector<combine::Combination> governing() const;
+    const Situation& situation() const { return *m_situation; }
 
   private:
     std::shared_ptr<Situation> m_situation;

@@ -6,6 +6,7 @@
 #include "python/edit.h"
 #include "python/envelope.h"
 #include "python/reading.h"
+#include "python/tables.h"
 
 namespace py = pybind11;
 using namespace mrl::python;
@@ -34,6 +35,7 @@ PYBIND11_MODULE(_core, module)
         .def(py::init<const Session&>(), py::keep_alive<1, 2>())
         .def("take", &Edit::take)
         .def("create_action", &Edit::createAction)
+        .def("remove_action", &Edit::removeAction)
         .def("remove_case", &Edit::removeCase)
         .def("has_case", &Edit::hasCase)
         .def("has_action", &Edit::hasAction)
@@ -50,8 +52,10 @@ PYBIND11_MODULE(_core, module)
     py::class_<Extremes>(module, "Extremes")
         .def(py::init<std::shared_ptr<Situation>, Matrix, std::vector<int>, unsigned>())
         .def("values", &Extremes::values)
-        .def("governing", &Extremes::governing);
+        .def("governing", py::overload_cast<std::size_t, bool>(&Extremes::governing, py::const_));
 
+    module.def("exported_all", &exportedAll);
+    module.def("exported_governing", &exportedGoverning);
     module.def("differences", &differencesOf);
     module.def("codes", &codes);
     module.def("number_text", &mrl::exchange::numberText);

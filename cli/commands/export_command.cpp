@@ -1,8 +1,6 @@
 #include <QFileInfo>
 
-#include <algorithm>
 #include <cstdio>
-#include <set>
 
 #include "cli/arguments.h"
 #include "cli/combination_list.h"
@@ -11,9 +9,9 @@
 #include "cli/exchange_options.h"
 #include "cli/failure.h"
 #include "cli/output.h"
-#include "combine/decimal.h"
 #include "exchange/file_writing.h"
 #include "exchange/saf_format.h"
+#include "exchange/situation_table.h"
 
 namespace mrl::cli {
 
@@ -142,36 +140,14 @@ void ExportCommand::writeSheets(const Project& project, const exchange::Format& 
     write(project, [&](const exchange::Sink& sink) { return format.write(source, formatOptions(), sink); });
 }
 
-exchange::CombinationRow rowOf(const combine::Combination& combination, const PlannedSituation& planned)
-{
-    exchange::CombinationRow row;
-    row.key = combine::keyText(combination.key);
-    row.leading = combination.leading;
-    row.expression = planned.expression(combination.expression);
-    for (const combine::Share& share : combination.key) {
-        row.factors.emplace_back(share.number, combine::decimalText(share.factor));
-    }
-    return row;
-}
-
-/// Choices with the same factors are one combination for whoever reads the file.
 void ExportCommand::writeCombinations(const Project& project, const exchange::Format& format) const
 {
     const Combinations combinations(project);
     const PlannedSituation planned = m_which.plan(combinations);
     const CombinationList list(m_file, m_which, combinations, planned);
     const exchange::Source source = sourceOf(project, format);
-    exchange::CombinationTable table{planned.situation->name, planned.situation->kind, {}, {}};
-    table.numbers = planned.plan.prepared.numbers;
-    std::sort(table.numbers.begin(), table.numbers.end());
-    table.tell = [&](const exchange::CombinationTable::Visit& visit) {
-        std::set<combine::Key> told;
-        list.tell([&](const combine::Combination& combination) {
-            if (told.insert(combination.key).second) {
-                visit(rowOf(combination, planned));
-            }
-        });
-    };
+    const exchange::CombinationTable table = exchange::situationTable(
+        *planned.situation, planned.plan, [&](const exchange::VisitCombination& visit) { list.tell(visit); });
     write(project, [&](const exchange::Sink& sink) {
         return format.writeCombinations(source, table, formatOptions(), sink);
     });

@@ -89,7 +89,7 @@ class Edit:
         self._session = session
         self._edit: _core.Edit | None = None
         self._rows: list[RowPreview] = []
-        self._removed: list[int] = []
+        self._removed: list[int | str] = []
 
     def __enter__(self) -> Edit:
         self._edit = _core.Edit(self._session)
@@ -136,9 +136,16 @@ class Edit:
         return self._take("loadcases", {"number": number, **fields})
 
     def remove_case(self, number: int) -> None:
+        """Removes a load case."""
         if not self._begun.remove_case(number):
             raise KeyError(number)
         self._removed.append(number)
+
+    def remove_action(self, name: str) -> None:
+        """Removes an action. While load cases use it that is an Error, which names them."""
+        if not self._begun.remove_action(name):
+            raise KeyError(name)
+        self._removed.append(name)
 
     def create_action(self, name: str, **fields: object) -> RowPreview:
         """Takes an action over from the design code; with `partition` makes one of one's own."""
@@ -170,6 +177,6 @@ class Edit:
         return Preview(list(self._rows))
 
     @property
-    def removed(self) -> list[int]:
-        """The load cases that were removed."""
+    def removed(self) -> list[int | str]:
+        """What was removed: load cases by number, actions by name."""
         return list(self._removed)

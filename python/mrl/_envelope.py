@@ -2,9 +2,11 @@
 
 from __future__ import annotations
 
+import os
 from collections.abc import Iterator, Sequence
 from dataclasses import dataclass
 from functools import cached_property
+from pathlib import Path
 from typing import TYPE_CHECKING
 
 from mrl import _core
@@ -80,6 +82,29 @@ class Situation:
     def combinations(self, limit: int = 10000) -> Iterator[Governing]:
         """All combinations; more than the limit are an Error."""
         return (Governing(*entry) for entry in self._planned.combinations(limit))
+
+    def export(
+        self,
+        file: str | os.PathLike[str],
+        format: str = "",
+        limit: int = 10000,
+        matrix: npt.ArrayLike | None = None,
+        numbers: Sequence[int] | None = None,
+    ) -> None:
+        """Writes the combinations as `mrl-lc export --what combinations` does, each vector of factors once.
+
+        More choices than the limit are an Error. With a matrix of responses and the load cases of its columns it writes
+        those that govern a response, however many there are. The format is told by the file's name unless given.
+        """
+        path = Path(file)
+        kind = format or path.suffix.lstrip(".")
+        if matrix is None:
+            written = _core.exported_all(self._session, self._planned, kind, limit)
+        else:
+            columns = self._session.case_numbers() if numbers is None else list(numbers)
+            extremes = _core.Extremes(self._planned, matrix, columns, 0)
+            written = _core.exported_governing(self._session, extremes, kind)
+        path.write_bytes(written)
 
     def envelope(self, matrix: npt.ArrayLike, numbers: Sequence[int], threads: int = 0) -> Envelope:
         """The extremes of a matrix with a row for each response and a column for each of these load cases."""

@@ -188,6 +188,7 @@ class Project:
         self.close()
 
     def close(self) -> None:
+        """Closes the file; changes of an edit that was left stay, all others are gone."""
         self._session.close()
 
     @property
@@ -237,9 +238,13 @@ class Project:
         format: str = "",
         dry_run: bool = False,
         create_actions: bool = False,
+        match: str = "number",
     ) -> Preview:
-        """Takes a table as `mrl-lc import` does. Where a row is refused nothing is written, and Refused is raised."""
-        rows, _ = self._session.import_table(os.fspath(file), format, dry_run, create_actions)
+        """Takes a table as `mrl-lc import` does. Where a row is refused nothing is written, and Refused is raised.
+
+        With `match="title"` a row finds its load case by its title; a new title gets its number, or the next free one.
+        """
+        rows, _ = self._session.import_table(os.fspath(file), format, dry_run, create_actions, match)
         preview = Preview([RowPreview.of(row) for row in rows])
         if preview.refused and not dry_run:
             raise preview.refused[0].error()

@@ -1,10 +1,11 @@
 """Changes by Python: one transaction, judged by the rules of the dialog."""
+import subprocess
 import unittest
 
 import mrl
 from hypothesis import HealthCheck, given, settings
 from hypothesis import strategies as st
-from support import ProjectTest, answer
+from support import MRL_LC, ProjectTest, answer
 
 FACTOR = st.floats(min_value=0, max_value=1, width=32)
 TITLE = st.text(st.characters(min_codepoint=32, max_codepoint=0x2FF, blacklist_categories=["Cc", "Cs"]), max_size=33)
@@ -29,6 +30,27 @@ class Editing(ProjectTest):
         self.assertEqual((told[4]["title"], told[4]["action"]), ("Wind -X", "W"))
         self.assertEqual(answer("action", "show", self.roof, "W")["Psi0"], 0.5)
         self.assertEqual(answer("action", "show", self.roof, "T")["name"], "T")
+
+    def test_an_action_that_nothing_uses_is_removed(self):
+        with self.project.edit() as edit:
+            with self.assertRaisesRegex(mrl.Error, "load cases use the action S: 2$"):
+                edit.remove_action("S")
+            edit.remove_case(2)
+            edit.remove_action("s")
+            self.assertRaises(KeyError, edit.remove_action, "S")
+            self.assertEqual(edit.removed, [2, "s"])
+            edit.create_action("S", psi0=0.6)
+            edit.remove_action("S")
+        self.project.close()
+        self.assertEqual([told["name"] for told in answer("action", "list", self.roof)], ["G", "W"])
+
+    def test_an_action_in_use_is_refused_in_the_words_of_the_command_line(self):
+        with self.project.edit() as edit, self.assertRaises(mrl.Error) as caught:
+            edit.remove_action("W")
+        self.project.close()
+        run = subprocess.run([MRL_LC, "action", "remove", self.roof, "W"], capture_output=True, text=True, check=False)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(str(caught.exception), run.stderr)
 
     def test_an_exception_rolls_everything_back(self):
         before = answer("case", "list", self.roof)
@@ -92,6 +114,16 @@ class Editing(ProjectTest):
         table.write_text("number,action\n5,W\n")
         self.assertEqual(len(self.project.import_(table).added), 1)
         self.assertIn(5, self.project.cases)
+
+    def test_rows_of_a_table_are_found_by_their_titles(self):
+        table = self.path("titles.csv")
+        table.write_text("title,action\nLoadcase 2,W\nGusts,W\n")
+        told = answer("import", self.roof, table, "--match", "title", "--dry-run")
+        preview = self.project.import_(table, match="title", dry_run=True)
+        self.assertEqual([row.outcome for row in preview.rows], [row["outcome"] for row in told["rows"]])
+        self.project.import_(table, match="title")
+        self.assertEqual((self.project.cases[2].action, self.project.cases[4].title), ("W", "Gusts"))
+        self.assertRaises(ValueError, self.project.import_, table, match="action")
 
     def test_a_difference_names_the_value(self):
         copy = self.sample("frame")

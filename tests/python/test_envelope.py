@@ -5,7 +5,7 @@ import unittest
 
 import mrl
 import numpy as np
-from support import SAMPLES, SOURCE, ProjectTest, answer
+from support import SAMPLES, SOURCE, ProjectTest, answer, mrl_lc
 
 
 class Envelopes(ProjectTest):
@@ -52,6 +52,25 @@ class Envelopes(ProjectTest):
             self.assertEqual(len(keys), 10)
             self.assertIn("1.35*1+1.5*2+0.9*3", keys)
             self.assertRaises(KeyError, project.envelope, [[1, 2, 3]], "winter")
+
+    def test_combinations_go_out_as_the_command_line_writes_them(self):
+        responses = self.path("responses.csv")
+        responses.write_text("name,1,2,3\nM,10,5,-2\nV,-1,0,7\n")
+        matrix = [[10, 5, -2], [-1, 0, 7]]
+        with mrl.open(self.roof) as project:
+            situation = project.situations["persistent"]
+            for name in ("c.csv", "c.json", "c.tsv"):
+                with self.subTest(name=name):
+                    told, all_, governing = self.path(f"told-{name}"), self.path(name), self.path(f"few-{name}")
+                    command = ("export", self.roof, "--what", "combinations", "-o", told)
+                    mrl_lc(*command)
+                    situation.export(all_)
+                    self.assertEqual(all_.read_bytes(), told.read_bytes())
+                    mrl_lc(*command, "--keep", responses)
+                    situation.export(governing, matrix=matrix)
+                    self.assertEqual(governing.read_bytes(), told.read_bytes())
+                    self.assertLess(governing.stat().st_size, all_.stat().st_size)
+            self.assertRaisesRegex(mrl.Error, "10 combinations, more than 9", situation.export, all_, limit=9)
 
     def test_what_is_missing_or_no_number_is_refused_with_its_place(self):
         with mrl.open(self.roof) as project:
