@@ -1170,6 +1170,10 @@
         <source>Keeping the design code</source>
         <translation>Norm behalten</translation>
     </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>

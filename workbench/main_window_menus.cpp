@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+#include "host/mrl_textlist.h"
 #include "workbench/combinations/combinations_page.h"
 #include "workbench/input_page.h"
 #include "workbench/recent_files.h"
@@ -106,6 +107,9 @@ void MainWindow::createOtherMenus()
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     QAction* contents = help->addAction(tr("&Actions and load cases"), this, &MainWindow::slot_help);
     contents->setShortcut(QKeySequence::HelpContents);
+    QAction* manual =
+        help->addAction(tr("&Manual"), this, [this] { MRL_T_Help::show(this, "manual", "README"); });
+    manual->setObjectName(QStringLiteral("action_manual"));
     help->addSeparator();
     help->addAction(tr("A&bout"), this, &MainWindow::slot_about);
     help->addAction(tr("About &Qt"), qApp, &QApplication::aboutQt);

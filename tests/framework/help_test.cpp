@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTimer>
 
@@ -40,6 +41,30 @@ TEST(Help, OpensThePageOfATopic)
     MRL_T_Help::show(&owner, "marlload", "ACT");
     ASSERT_NE(helpWindow(), nullptr);
     EXPECT_TRUE(shownHelp().contains("Actions and load cases"));
+}
+
+TEST(Help, ShowsAPageOfMarkdownWithItsPicturesUnderItsHeading)
+{
+    QWidget owner;
+    owner.show();
+    MRL_T_Help::show(&owner, "manual", "actions");
+    ASSERT_NE(helpWindow(), nullptr);
+    EXPECT_TRUE(helpWindow()->windowTitle().contains("Define actions"))
+        << helpWindow()->windowTitle().toStdString();
+    auto* browser = helpWindow()->findChild<QTextBrowser*>();
+    QStringList pictures;
+    for (QTextBlock block = browser->document()->begin(); block.isValid(); block = block.next()) {
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            if (at.fragment().charFormat().isImageFormat()) {
+                pictures << at.fragment().charFormat().toImageFormat().name();
+            }
+        }
+    }
+    ASSERT_FALSE(pictures.isEmpty());
+    for (const QString& picture : pictures) {
+        EXPECT_FALSE(browser->loadResource(QTextDocument::ImageResource, QUrl(picture)).isNull())
+            << picture.toStdString();
+    }
 }
 
 TEST(Help, SaysSoWhenThereIsNoSuchPage)

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QTest>
+#include <QTextBrowser>
 
 #include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
@@ -54,6 +55,15 @@ TEST(ManagersTest, ComeFromTheLibraryAtRunTime)
 {
     const Managers managers;
     EXPECT_TRUE(managers.isLoaded()) << managers.reason().toStdString();
+}
+
+TEST_F(MainWindowTest, ShowsTheManualFromTheHelpMenu)
+{
+    command("action_manual")->trigger();
+    auto* help = window.findChild<QTextBrowser*>(QStringLiteral("help browser"));
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_TRUE(help->toPlainText().startsWith(QStringLiteral("Manual")));
 }
 
 TEST_F(MainWindowTest, ShowsTheWaysToAProjectFirst)

@@ -18,9 +18,12 @@ QString helpPage(const QString& book, const QString& topic)
     const auto folders = install::dataFolders("MRL_HELP_PATH", QStringLiteral("help"));
     for (const QString& language : qAsConst(languages)) {
         for (const QString& folder : folders) {
-            const QFileInfo page(QStringLiteral("%1/%2/%3/%4.html").arg(folder, language, book, topic));
-            if (page.isFile()) {
-                return page.canonicalFilePath();
+            for (const char* suffix : {"html", "md"}) {
+                const QFileInfo page(QStringLiteral("%1/%2/%3/%4.%5")
+                                         .arg(folder, language, book, topic, QLatin1String(suffix)));
+                if (page.isFile()) {
+                    return page.canonicalFilePath();
+                }
             }
         }
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Where the help pages are: <folder>/<language>/<book>/<topic>.html
+/// Where the help pages are: <folder>/<language>/<book>/<topic>.html, or .md
 
 #include <QString>
 

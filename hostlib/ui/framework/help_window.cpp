@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -20,7 +21,7 @@ HelpWindow::HelpWindow(QWidget* owner)
 {
     setObjectName(QStringLiteral("help window"));
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(fittingSize(QSize(760, 640), *this));
+    resize(fittingSize(QSize(1000, 720), *this)); // as wide as the pictures
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar());
@@ -115,7 +116,11 @@ void HelpWindow::find()
 
 void HelpWindow::followTitle()
 {
-    const QString title = m_browser->documentTitle();
+    QString title = m_browser->documentTitle();
+    const QTextBlock first = m_browser->document()->firstBlock();
+    if (title.isEmpty() && first.blockFormat().headingLevel() == 1) { // Markdown has no other title
+        title = first.text();
+    }
     setWindowTitle(title.isEmpty() ? tr("Help") : tr("Help: %1").arg(title));
 }
 

@@ -5,14 +5,15 @@
 #include <QCommandLinkButton>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QFont>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 #include <QToolButton>
 
@@ -155,9 +156,10 @@ void press(QWidget* window, const char* name)
     }
 }
 
-// As on a screen of common size; the one without a display is smaller.
-constexpr QSize MAIN_WINDOW(1200, 760);
-constexpr QSize MANAGER(1150, 600);
+// As wide as a page of the manual, and as high as what it tells of.
+constexpr QSize MAIN_WINDOW(960, 620);
+constexpr QSize MANAGER(960, 460);
+constexpr int LETTERS = 9; // points, as on a common desktop; the platform without a display has larger ones
 
 void managers(MainWindow& window, Photographer& camera)
 {
@@ -179,6 +181,12 @@ void managers(MainWindow& window, Photographer& camera)
                           [&](QDialog* dialog) {
                               dialog->resize(MANAGER.boundedTo(screen()));
                               camera.take(dialog, "loadcase-manager");
+                              auto* filter = dialog->findChild<QLineEdit*>(QStringLiteral("line_filter"));
+                              filter->setText(QStringLiteral("=W"));
+                              QTest::keyClick(filter, Qt::Key_Down); // applies it at once
+                              camera.take(dialog, "loadcase-manager-filter");
+                              filter->clear();
+                              QTest::keyClick(filter, Qt::Key_Down);
                               if (auto* table = tableWith(dialog, LC_COL_TITLE)) {
                                   table->setFocus();
                                   table->selectRow(1);
@@ -248,13 +256,14 @@ void origins(MainWindow& window, Photographer& camera)
 /// nothing, and a title that is cut.
 void tables(MainWindow& window, Photographer& camera)
 {
-    const QTemporaryDir folder;
-    QFile table(folder.filePath(QStringLiteral("cases.csv")));
+    // Beside the project, and without a path in the picture.
+    QDir::setCurrent(QFileInfo(window.document().file()).absolutePath());
+    QFile table(QStringLiteral("cases.csv"));
     if (!table.open(QIODevice::WriteOnly)) {
         return;
     }
     table.write("number;title;action;Gamu;Remark\n1;Roof and everything that stands upon it;G;;\n"
-                "2;Live load;Q_A;1,35;\n90;Snow;S;;new\n91;Crane;XX;;\n");
+                "2;Live load;Q_A;1,35;\n90;Snow;S;;new\n91;Crane;XX;;\n3;Facade;G;;\n");
     table.close();
     Photographer::inModal([&] { window.slot_import(); },
                           [&](QDialog* dialog) {
@@ -271,6 +280,16 @@ void tables(MainWindow& window, Photographer& camera)
                               format->setCurrentIndex(format->findData(QStringLiteral("saf")));
                               camera.take(dialog, "export-losses");
                           });
+}
+
+/// The help of the managers, and a page of the manual.
+void help(MainWindow& window, Photographer& camera)
+{
+    window.slot_help();
+    auto* pages = window.findChild<QTextBrowser*>(QStringLiteral("help browser"));
+    camera.take(pages->window(), "help");
+    MRL_T_Help::show(&window, "manual", "actions");
+    camera.take(pages->window(), "manual");
 }
 
 } // namespace
@@ -290,6 +309,9 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("mrl-workbench"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0"));
     MRL_QT_Application application(argc, argv);
+    QFont font = QApplication::font();
+    font.setPointSize(LETTERS);
+    QApplication::setFont(font);
     if (qEnvironmentVariableIsSet("MRL_PICTURE_DARK")) {
         darken();
     }
@@ -324,12 +346,6 @@ int main(int argc, char** argv)
     managers(window, camera);
     steps(window, camera);
     origins(window, camera);
-    window.slot_help();
-    QApplication::processEvents();
-    for (QWidget* help : QApplication::topLevelWidgets()) {
-        if (help->isVisible() && help != &window && !qobject_cast<QMenu*>(help)) {
-            camera.take(help, "help");
-        }
-    }
+    help(window, camera);
     return 0;
 }
