@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -16,8 +17,30 @@
 
 namespace mrl::ui {
 
+namespace {
+
+constexpr int MARGIN = 12;
+
+/// Shows pictures as wide as the page at most, whatever the screen leaves it.
+class Pages : public QTextBrowser
+{
+  public:
+    using QTextBrowser::QTextBrowser;
+
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        const QVariant resource = QTextBrowser::loadResource(type, name);
+        const QImage picture =
+            type == QTextDocument::ImageResource ? QImage::fromData(resource.toByteArray()) : QImage();
+        const int room = width() - 2 * (frameWidth() + MARGIN) - verticalScrollBar()->sizeHint().width();
+        return picture.width() > room ? picture.scaledToWidth(room, Qt::SmoothTransformation) : resource;
+    }
+};
+
+} // namespace
+
 HelpWindow::HelpWindow(QWidget* owner)
-    : QWidget(owner, Qt::Window), m_browser(new QTextBrowser(this)), m_search(new QLineEdit(this))
+    : QWidget(owner, Qt::Window), m_browser(new Pages(this)), m_search(new QLineEdit(this))
 {
     setObjectName(QStringLiteral("help window"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -28,7 +51,6 @@ HelpWindow::HelpWindow(QWidget* owner)
     layout->addWidget(m_browser, 1);
     m_browser->setObjectName(QStringLiteral("help browser"));
     m_browser->setOpenExternalLinks(false);
-    constexpr int MARGIN = 12;
     m_browser->document()->setDocumentMargin(MARGIN);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &HelpWindow::followTitle);
 
@@ -63,6 +85,7 @@ HelpWindow* HelpWindow::of(QWidget* owner)
 
 void HelpWindow::showPage(const QString& book, const QString& topic)
 {
+    show(); // pictures ask how wide the page is
     const QString page = helpPage(book, topic);
     if (page.isEmpty()) {
         m_browser->setPlainText(tr(R"(There is no help on "%1" in the book "%2".)").arg(topic, book));
@@ -70,7 +93,6 @@ void HelpWindow::showPage(const QString& book, const QString& topic)
         m_browser->setSource(QUrl::fromLocalFile(page));
     }
     followTitle();
-    show();
     raise();
     activateWindow();
     m_browser->setFocus(Qt::OtherFocusReason);
