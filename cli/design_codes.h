@@ -5,38 +5,23 @@
 #include <string>
 #include <vector>
 
-#include "check/design_code_check.h"
 #include "check/recode.h"
 #include "cli/output.h"
+#include "findings/code_findings.h"
 #include "hostlib/data/designcode/designcode.h"
 
 namespace mrl::cli {
 
-/// A design code as the rules judge it.
-LCM_DesignCodeData dataOf(const designcode::DesignCode& code);
+using findings::CodeFinding;
+using findings::dataOf;
+using findings::findingsOf;
+using findings::textOf;
 
 /// A design code as a project depends on it.
 LCM_RecodeCode recodeCodeOf(const designcode::DesignCode& code);
 
 /// What a project stores to name a code. A path is stored whole, so that the project finds the file from any folder.
 std::string storedCodeName(const std::string& code);
-
-/// What would trap the user of a design code.
-struct CodeFinding
-{
-    std::string file; ///< of the code or of one of its bases
-    int line = 0;     ///< 0 for the whole file
-    int column = 0;   ///< 0 for the whole line
-    std::string rule;
-    std::string text;
-    std::string cure; ///< empty where the text tells it
-};
-
-/// What the file alone tells, and what the rules of the dialog find wrong with limits and default actions; by line.
-std::vector<CodeFinding> findingsOf(const designcode::DesignCode& code);
-
-/// "FILE:LINE:COLUMN: TEXT: CURE".
-std::string textOf(const CodeFinding& finding);
 
 /// All errors of a file, for Failure::text: a line each.
 std::string textOf(const designcode::Errors& errors);
