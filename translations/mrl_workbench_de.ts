@@ -117,89 +117,6 @@
     </message>
 </context>
 <context>
-    <name>Readable</name>
-    <message>
-        <source>or</source>
-        <translation>oder</translation>
-    </message>
-    <message>
-        <source>when %1 acts</source>
-        <translation>wenn %1 wirkt</translation>
-    </message>
-    <message>
-        <source>when %1 leads</source>
-        <translation>wenn %1 führt</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>keine</translation>
-    </message>
-    <message>
-        <source>load groups exclude each other</source>
-        <translation>Lastgruppen schließen einander aus</translation>
-    </message>
-    <message>
-        <source>at most %1 variable actions</source>
-        <translation>höchstens %1 veränderliche Einwirkungen</translation>
-    </message>
-    <message>
-        <source>variable actions always act</source>
-        <translation>veränderliche Einwirkungen wirken immer</translation>
-    </message>
-    <message>
-        <source>components of the earthquake: %1, %2</source>
-        <translation>Komponenten des Erdbebens: %1, %2</translation>
-    </message>
-    <message>
-        <source>also without an accidental or seismic action</source>
-        <translation>auch ohne außergewöhnliche oder Erdbebeneinwirkung</translation>
-    </message>
-    <message>
-        <source>%1 million</source>
-        <translation>%1 Millionen</translation>
-    </message>
-    <message>
-        <source>%1 billion</source>
-        <translation>%1 Milliarden</translation>
-    </message>
-    <message>
-        <source>of %1 the first beside the leading one accompanies in full</source>
-        <translation>von %1 begleitet die erste neben der führenden voll</translation>
-    </message>
-    <message>
-        <source>permanent</source>
-        <translation>ständig</translation>
-    </message>
-    <message>
-        <source>prestress</source>
-        <translation>Vorspannung</translation>
-    </message>
-    <message>
-        <source>leading</source>
-        <translation>führend</translation>
-    </message>
-    <message>
-        <source>accompanying</source>
-        <translation>begleitend</translation>
-    </message>
-    <message>
-        <source>accompanying, further</source>
-        <translation>begleitend, weitere</translation>
-    </message>
-    <message>
-        <source>accidental</source>
-        <translation>außergewöhnlich</translation>
-    </message>
-    <message>
-        <source>seismic</source>
-        <translation>Erdbeben</translation>
-    </message>
-    <message>
-        <source>imperfection</source>
-        <translation>Imperfektion</translation>
-    </message>
-</context>
-<context>
     <name>Recovery</name>
     <message>
         <source>Recovery</source>
@@ -1174,6 +1091,10 @@
         <source>&amp;Manual</source>
         <translation>&amp;Handbuch</translation>
     </message>
+    <message>
+        <source>Re&amp;port...</source>
+        <translation>&amp;Bericht...</translation>
+    </message>
 </context>
 <context>
     <name>mrl::workbench::NewProjectDialog</name>
@@ -1385,6 +1306,57 @@
     <message>
         <source>Load cases</source>
         <translation>Lastfälle</translation>
+    </message>
+</context>
+<context>
+    <name>mrl::workbench::ReportDialog</name>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
+    </message>
+    <message>
+        <source>Page of the report</source>
+        <translation>Seite des Berichts</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Previous page</source>
+        <translation>Vorige Seite</translation>
+    </message>
+    <message>
+        <source>Next page</source>
+        <translation>Nächste Seite</translation>
+    </message>
+    <message>
+        <source>of %1</source>
+        <translation>von %1</translation>
+    </message>
+    <message>
+        <source>Save as &amp;PDF...</source>
+        <translation>Als &amp;PDF speichern...</translation>
+    </message>
+    <message>
+        <source>Save as &amp;HTML...</source>
+        <translation>Als &amp;HTML speichern...</translation>
+    </message>
+    <message>
+        <source>Save the report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>HTML (*.html *.htm)</source>
+        <translation>HTML (*.html *.htm)</translation>
+    </message>
+    <message>
+        <source>The project itself can&apos;t be the file to write.</source>
+        <translation>Das Projekt selbst kann nicht die Zieldatei sein.</translation>
     </message>
 </context>
 <context>

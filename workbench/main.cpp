@@ -13,6 +13,7 @@ using mrl::workbench::CommandLine;
 using mrl::workbench::MainWindow;
 
 const MRL_QT_InitTranslator TRANSLATOR("mrl_workbench");
+const MRL_QT_InitTranslator REPORT_TRANSLATOR("mrl_report");
 
 } // namespace
 

@@ -10,11 +10,9 @@
 #include "host/mrl_dlib.h"
 #include "host/mrl_widgets.h"
 #include "hostlib/data/designcode/designcode.h"
-#include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/system_record.h"
 #include "lcdata/values/action_code.h"
-#include "rules/design_code_label.h"
 #include "rules/dialog_settings.h"
 #include "workbench/design_code_failure.h"
 #include "workbench/wanted_extras.h"
@@ -47,36 +45,6 @@ void readLoadCases(int db, ProjectSummary& summary)
             ++summary.foreignLoadCases;
         }
     }
-}
-
-/// All factors under their plain names, for a project without a design code.
-std::vector<FactorColumn> plainFactorColumns()
-{
-    std::vector<FactorColumn> columns;
-    columns.reserve(LCM_FACTORS.size());
-    for (const LCM_Factor& factor : LCM_FACTORS) {
-        columns.push_back({factor.id, QString::fromLatin1(factor.key)});
-    }
-    return columns;
-}
-
-/// The columns that the managers have, under the symbols of the design code.
-std::vector<FactorColumn> factorColumns(int db)
-{
-    MRL_LC_Action_Info info;
-    info.init(db);
-    const QString file = lcm_design_code_file(db).value_or(QString());
-    const auto shown = lcm_factor_columns(info, file);
-    std::vector<FactorColumn> columns;
-    columns.reserve(LCM_FACTORS.size());
-    for (const LCM_Factor& factor : LCM_FACTORS) {
-        if (shown[factor.id]) {
-            const QString key = QString::fromLatin1(factor.key);
-            const QString label = lcm_design_code_label(file, key);
-            columns.push_back({factor.id, label.isEmpty() ? key : label});
-        }
-    }
-    return columns;
 }
 
 /// What would trap the user of a design code.
@@ -145,7 +113,7 @@ ProjectSummary summarise(int db)
     } else {
         summary.designCodeReason = designCodeFailure(db);
     }
-    summary.factors = loaded.code ? factorColumns(db) : plainFactorColumns();
+    summary.factors = loaded.code ? report::factorColumns(db) : report::plainFactorColumns();
     summary.systemClass = lcm_system_class(db);
     summary.gravity = lcm_gravity_direction(db);
     summary.currentLoadCase = mrl_lc_current(db);

@@ -11,17 +11,12 @@
 #include "check/factor_origin.h"
 #include "lcdata/stored_actions.h"
 #include "lcdata/stored_load_cases.h"
-#include "lcdata/values/factors.h"
+#include "report/factor_columns.h"
 #include "rules/finding.h"
 
 namespace mrl::workbench {
 
-/// A factor that the design code of the project knows, and its symbol there.
-struct FactorColumn
-{
-    LCM_FactorId id{};
-    QString label;
-};
+using report::FactorColumn;
 
 /// Where the factors of actions come from, by the code of the action.
 using FactorOrigins = std::map<int, LCM_PerFactor<LCM_FactorOrigin>>;

@@ -10,15 +10,15 @@
 #include <QTest>
 
 #include "host/mrl_dlib.h"
+#include "report/readable.h"
 #include "tests/support/project_test.h"
 #include "workbench/combinations/combinations_page.h"
 #include "workbench/combinations/contribution_picture.h"
-#include "workbench/combinations/readable.h"
 
 namespace mrl::test {
 
+using report::readableCount;
 using workbench::CombinationsPage;
-using workbench::readableCount;
 
 namespace {
 

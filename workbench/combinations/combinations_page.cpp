@@ -19,11 +19,11 @@
 #include "combine/decimal.h"
 #include "combine/remarks.h"
 #include "host/mrl_widgets.h"
+#include "report/readable.h"
 #include "workbench/combinations/combination_list_model.h"
 #include "workbench/combinations/contribution_picture.h"
 #include "workbench/combinations/extremes_model.h"
 #include "workbench/combinations/find_table.h"
-#include "workbench/combinations/readable.h"
 #include "workbench/combinations/situations_model.h"
 #include "workbench/combinations/terms_model.h"
 
@@ -237,7 +237,7 @@ void CombinationsPage::showList()
     const bool isLong = shown != nullptr && shown->count > CombinationListModel::MOST;
     m_listRemark->setText(
         isLong ? tr("%1 combinations are too many to read. Responses from a file show which of them govern.")
-                     .arg(readableCount(shown->count))
+                     .arg(report::readableCount(shown->count))
                : QString());
     m_listRemark->setVisible(isLong);
     m_list->setVisible(!isLong);
@@ -284,7 +284,7 @@ void CombinationsPage::showTerms()
         }
         title = QStringLiteral("%1, %2, %3")
                     .arg(m_responses->names[static_cast<std::size_t>(row)],
-                         isMin ? tr("minimum") : tr("maximum"), situationTitle(planned()->situation));
+                         isMin ? tr("minimum") : tr("maximum"), report::situationTitle(planned()->situation));
     }
     m_termsHead->setText(combination ? title : tr("Choose a response to see its combination."));
     m_svg = combination ? contributionPicture(title, terms) : QByteArray();

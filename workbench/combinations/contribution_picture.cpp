@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "workbench/combinations/readable.h"
+#include "report/readable.h"
 
 namespace mrl::workbench {
 
@@ -59,8 +59,8 @@ std::vector<Bar> barsOf(const std::vector<TermRow>& terms)
     std::vector<Bar> bars;
     double sum = 0;
     for (const TermRow& term : terms) {
-        const QString name =
-            QString::fromStdString(term.origin.action) + QStringLiteral(", ") + roleName(term.origin.role);
+        const QString name = QString::fromStdString(term.origin.action) + QStringLiteral(", ") +
+                             report::roleName(term.origin.role);
         const auto same =
             std::find_if(bars.begin(), bars.end(), [&](const Bar& bar) { return bar.name == name; });
         if (same == bars.end()) {

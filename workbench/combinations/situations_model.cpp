@@ -1,6 +1,6 @@
 #include "workbench/combinations/situations_model.h"
 
-#include "workbench/combinations/readable.h"
+#include "report/readable.h"
 
 namespace mrl::workbench {
 
@@ -11,9 +11,10 @@ void SituationsModel::show(const ProjectCombinations& combinations)
     std::vector<SituationRow> rows;
     rows.reserve(combinations.situations.size());
     for (const ProjectCombinations::Planned& each : combinations.situations) {
-        rows.push_back({QString::fromStdString(each.situation.name), situationTitle(each.situation),
-                        QString::fromStdString(each.situation.clause), situationFormula(each.situation),
-                        situationRemarks(each.situation), readableCount(each.count)});
+        rows.push_back({QString::fromStdString(each.situation.name), report::situationTitle(each.situation),
+                        QString::fromStdString(each.situation.clause),
+                        report::situationFormula(each.situation), report::situationRemarks(each.situation),
+                        report::readableCount(each.count)});
     }
     beginResetModel();
     setRows(std::move(rows));

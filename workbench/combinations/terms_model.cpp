@@ -3,7 +3,7 @@
 #include <QLocale>
 
 #include "combine/decimal.h"
-#include "workbench/combinations/readable.h"
+#include "report/readable.h"
 
 namespace mrl::workbench {
 
@@ -41,7 +41,7 @@ QVariant TermsModel::text(const TermRow& row, int column)
     case Action:
         return QString::fromStdString(row.origin.action);
     case Role:
-        return roleName(row.origin.role);
+        return report::roleName(row.origin.role);
     case Factor:
         return QString::fromStdString(combine::decimalText(row.origin.factor));
     case Origin:

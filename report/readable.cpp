@@ -1,4 +1,4 @@
-#include "workbench/combinations/readable.h"
+#include "report/readable.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -8,7 +8,7 @@
 
 #include "combine/decimal.h"
 
-namespace mrl::workbench {
+namespace mrl::report {
 
 namespace {
 
@@ -239,4 +239,4 @@ QString roleName(LCM_Role role)
     return {};
 }
 
-} // namespace mrl::workbench
+} // namespace mrl::report

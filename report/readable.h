@@ -7,7 +7,7 @@
 #include "combine/pattern.h"
 #include "lcdata/values/situation.h"
 
-namespace mrl::workbench {
+namespace mrl::report {
 
 /// A count as one can read it: "900", "15.2 million", "3.4·10^17".
 QString readableCount(const combine::BigInt& count);
@@ -27,4 +27,4 @@ QString situationTitle(const LCM_Situation& situation);
 /// What an action is in a combination: "leading", "permanent" ...
 QString roleName(LCM_Role role);
 
-} // namespace mrl::workbench
+} // namespace mrl::report
