@@ -13,6 +13,7 @@
 class LCM_LoadCaseTab;
 class LCM_RowCells;
 class MRL_LC_ActionsTable;
+struct LCM_NewAction;
 class MRL_QT_Action;
 class QBoxLayout;
 
@@ -49,6 +50,11 @@ class LCM_ActionsWidget : public LCM_TabInterface
     bool hasFactorColumns() const;
     /// @param codes [out] the action codes of the selected rows; -1 stands for a row without a code
     void getSelectedActionCodes(std::set<int>& codes) const;
+
+    /// Whether the new-action dialog offers names of the user's own.
+    bool offersOwnActions() const;
+    /// Adds actions as the new-action dialog does, behind the last row.
+    void appendNewActions(const std::vector<LCM_NewAction>& actions);
 
     /// Judges all rows anew.
     void judgeAllRows();

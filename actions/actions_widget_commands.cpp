@@ -40,6 +40,22 @@ void LCM_ActionsWidget::slot_newClicked()
     bringIntoSight(added.position());
 }
 
+bool LCM_ActionsWidget::offersOwnActions() const { return (m_dialogOption & 1) == 0; }
+
+void LCM_ActionsWidget::appendNewActions(const std::vector<LCM_NewAction>& actions)
+{
+    if (actions.empty()) {
+        return;
+    }
+    modified = true;
+    rowCacheDirty = true;
+    for (const LCM_NewAction& action : actions) {
+        appendRow(lcm_add_action(*model, action));
+    }
+    emit signal_newAction();
+    emit signal_actionCountChanged();
+}
+
 void LCM_ActionsWidget::bringIntoSight(int row)
 {
     table->doItemsLayout(); // the scroll bar doesn't reach to a row that just came

@@ -23,14 +23,6 @@ void LCM_PasteHelp::begin()
     m_noSorting.emplace(m_table.data());
 }
 
-std::vector<MRL_H_NewRow> LCM_PasteHelp::makeRows(const std::vector<QStringList>& lines,
-                                                  const std::vector<int>&)
-{
-    return {lines.size(), MRL_H_NewRow{-1, LCM_TabInterface::tr("There is no row for it.")}};
-}
-
-QString LCM_PasteHelp::understand(int, QString&) const { return {}; }
-
 QString LCM_PasteHelp::rowName(int row) const
 {
     const QTableWidgetItem* cell = m_table->itemOnColId(row, ACT_COL_ACTION);

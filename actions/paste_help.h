@@ -32,9 +32,6 @@ class LCM_PasteHelp : public MRL_H_PasteHelper
     LCM_PasteHelp& operator=(const LCM_PasteHelp&) = delete;
 
     void begin() override;
-    std::vector<MRL_H_NewRow> makeRows(const std::vector<QStringList>& lines,
-                                       const std::vector<int>& columns) override;
-    QString understand(int column, QString& text) const override;
     void end(int values, const std::vector<MRL_H_RefusedValue>& refused) override;
 
   protected:

@@ -14,8 +14,8 @@ namespace {
 
 bool changesTree(LCM_Command command)
 {
-    return command == LCM_Command::NewAction || command == LCM_Command::AddAllActions ||
-           command == LCM_Command::DeleteActions;
+    return command == LCM_Command::NewAction || command == LCM_Command::Paste ||
+           command == LCM_Command::AddAllActions || command == LCM_Command::DeleteActions;
 }
 
 LCM_Command commandOf(MRL_H_TableJournalListener::Entry entry)

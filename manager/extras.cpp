@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "actions/action_paste.h"
 #include "actions/actions_widget.h"
 #include "actions/table_helpers.h"
 #include "host/mrl_table.h"
@@ -131,7 +132,7 @@ std::unique_ptr<LCM_PasteHelp> LCM_Extras::newPasteHelp(LCM_TabInterface* tab)
     if (tab == m_tabs.loadCases) {
         return std::make_unique<LCM_LoadCasePaste>(*m_tabs.loadCases, report);
     }
-    return std::make_unique<LCM_PasteHelp>(*tab, report);
+    return std::make_unique<LCM_ActionPaste>(*m_tabs.actions, report);
 }
 
 void LCM_Extras::tellPaste(int values, const std::vector<LCM_UntakenValue>& untaken)

@@ -55,12 +55,6 @@ bool isUsed(const QString& name, const QStringList& usedNames)
                        [&name](const QString& used) { return used.trimmed() == name; });
 }
 
-QString joined(const LCM_TypedName& name)
-{
-    // Both at once: the action text isn't tested when the category changed and may hold anything.
-    return name.category.isEmpty() ? name.action : QStringLiteral("%1_%2").arg(name.action, name.category);
-}
-
 } // namespace
 
 std::optional<LCM_Finding> lcm_check_new_name(const LCM_TypedName& name, const QStringList& usedNames,
@@ -72,11 +66,32 @@ std::optional<LCM_Finding> lcm_check_new_name(const LCM_TypedName& name, const Q
         return std::nullopt;
     }
     std::optional<LCM_Rule> broken = brokenForm(actionChanged ? name.action : name.category, actionChanged);
-    if (!broken && isUsed(joined(name), usedNames)) {
+    if (!broken && isUsed(lcm_joined_name(name), usedNames)) {
         broken = LCM_Rule::NewNameAlreadyUsed;
     }
-    if (!broken) {
-        return std::nullopt;
-    }
-    return LCM_Finding{*broken, LCM_Subject::Action, 0, ACT_COL_ACTION, {}};
+    return broken ? std::optional(lcm_name_finding(*broken)) : std::nullopt;
 }
+
+QString lcm_joined_name(const LCM_TypedName& name)
+{
+    // Both at once: the action text isn't tested when the category changed and may hold anything.
+    return name.category.isEmpty() ? name.action : QStringLiteral("%1_%2").arg(name.action, name.category);
+}
+
+LCM_TypedName lcm_typed_name(const QString& name)
+{
+    const QString upper = name.trimmed().toUpper();
+    const int underscore = upper.indexOf(QLatin1Char('_'));
+    return {upper.left(underscore), underscore < 0 ? QString() : upper.mid(underscore + 1)};
+}
+
+std::optional<LCM_Finding> lcm_check_whole_name(const LCM_TypedName& name)
+{
+    if (lcm_joined_name(name).toUtf8().size() > MAX_NAME) {
+        return lcm_name_finding(LCM_Rule::NewNameTooLong);
+    }
+    const auto finding = lcm_check_new_name(name, {}, LCM_NameEdit::Action);
+    return finding ? finding : lcm_check_new_name(name, {}, LCM_NameEdit::Category);
+}
+
+LCM_Finding lcm_name_finding(LCM_Rule rule) { return {rule, LCM_Subject::Action, 0, ACT_COL_ACTION, {}}; }

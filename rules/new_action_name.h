@@ -16,6 +16,11 @@ struct LCM_TypedName
     QString category;
 };
 
+/// A name such as "Q_A" as its two texts.
+LCM_TypedName lcm_typed_name(const QString& name);
+/// Both texts as one name.
+QString lcm_joined_name(const LCM_TypedName& name);
+
 /// Which of the two texts the user has just changed.
 enum class LCM_NameEdit { Action, Category };
 
@@ -28,3 +33,10 @@ enum class LCM_NameEdit { Action, Category };
 /// @return why the name is refused; nothing when it is good
 std::optional<LCM_Finding> lcm_check_new_name(const LCM_TypedName& name, const QStringList& usedNames,
                                               LCM_NameEdit changed);
+
+/// Judges a name that comes whole, from a table for one: the form of both texts, and their length together. Whether it is
+/// used is not asked.
+std::optional<LCM_Finding> lcm_check_whole_name(const LCM_TypedName& name);
+
+/// A broken rule for names as a finding.
+LCM_Finding lcm_name_finding(LCM_Rule rule);

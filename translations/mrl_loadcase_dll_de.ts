@@ -798,8 +798,16 @@ Please check your inputs in the Superposition Manager and adapt them if necessar
 Bitte prüfen Sie Ihre Eingaben im Überlagerungs-Manager und passen Sie sie nötigenfalls von Hand oder durch Zurücksetzen an.</translation>
     </message>
     <message>
-        <source>There is no row for it.</source>
-        <translation>Dafür gibt es keine Zeile.</translation>
+        <source>The line names no action.</source>
+        <translation>Die Zeile nennt keine Einwirkung.</translation>
+    </message>
+    <message>
+        <source>The design code has no action %1.</source>
+        <translation>Die Norm hat keine Einwirkung %1.</translation>
+    </message>
+    <message>
+        <source>A new action needs a name: paste from the first column on.</source>
+        <translation>Eine neue Einwirkung braucht einen Namen: ab der ersten Spalte einfügen.</translation>
     </message>
 </context>
 <context>

@@ -7,7 +7,9 @@
 #include <QToolButton>
 
 #include "host/mrl_widgets.h"
+#include "lcdata/actions.h"
 #include "lcdata/load_cases.h"
+#include "lcdata/values/action_code.h"
 #include "lcdata/values/packed_text.h"
 #include "tests/manager/manager_fixture.h"
 
@@ -42,6 +44,21 @@ class Paste : public ManagerTest
     {
         tabsOf(dialog)->setCurrentWidget(loadCaseTab(dialog));
         return loadCaseTab(dialog)->tableWidget();
+    }
+    static MRL_H_TableWidget* actions(QWidget* dialog)
+    {
+        tabsOf(dialog)->setCurrentWidget(actionsTab(dialog));
+        return actionsTab(dialog)->tableWidget();
+    }
+    static QString actionText(MRL_H_TableWidget* table, const char* action, int column)
+    {
+        const int row = rowOf(table, ACT_COL_ACTION, QString::fromLatin1(action));
+        return row < 0 ? QStringLiteral("(none)") : table->itemOnColId(row, column)->text();
+    }
+    /// Pastes from the name of the last row on.
+    static void pasteActions(MRL_H_TableWidget* table, const QString& text)
+    {
+        paste(table, table->rowCount() - 1, ACT_COL_ACTION, text);
     }
     static QString text(QWidget* dialog, int number, int column)
     {
@@ -157,18 +174,96 @@ TEST_F(Paste, IsOneStepThatUndoTakesBack)
     });
 }
 
-TEST_F(Paste, TellsWhatIsNotTakenInTheActionsTooAndMakesNoActions)
+TEST_F(Paste, LinesBeyondTheLastActionBecomeActionsByTheirNames)
 {
     run(control, [this](QWidget* dialog) {
-        tabsOf(dialog)->setCurrentWidget(actionsTab(dialog));
-        MRL_H_TableWidget* table = actionsTab(dialog)->tableWidget();
+        MRL_H_TableWidget* table = actions(dialog);
+        ASSERT_EQ(table->rowCount(), 2);
+        expectList();
+        pasteActions(table,
+                     "Q\tVariable\nu1\tCrane\nW\tGale\nG\tAgain\nu1\tTwice\nimp\t\nABCDE\t\n\tNameless\n");
+        ASSERT_EQ(table->rowCount(), 4);
+        EXPECT_EQ(actionText(table, "U1", ACT_COL_DESCRIPTION), "Crane");
+        EXPECT_EQ(actionText(table, "W", ACT_COL_DESCRIPTION), "Gale");
+        EXPECT_NE(actionText(table, "W", ACT_COL_GAMU).toDouble(), 0.0)
+            << "comes with the values of its code";
+        EXPECT_EQ(actionText(table, "U1", ACT_COL_GAMU).toDouble(), 0.0);
+        EXPECT_EQ(summary, "10 of 16 values not taken");
+        EXPECT_EQ(untaken.value(0), "Action | G | Name already used!");
+        EXPECT_EQ(untaken.value(2), "Action | u1 | Name already used!");
+        EXPECT_EQ(untaken.value(4), "Action | imp | Action 'IMP' is not allowed!");
+        EXPECT_EQ(untaken.value(8), "Action |  | The line names no action.");
+        leave(dialog);
+    });
+}
+
+TEST_F(Paste, PastedActionsAreOfferedToLoadCasesAndStored)
+{
+    run(control, [this](QWidget* dialog) {
+        pasteActions(actions(dialog), "Q\nU1\nW\n");
+        paste(loadCases(dialog), 0, LC_COL_ACTION, "U1\nW\n");
+        EXPECT_TRUE(text(dialog, 1, LC_COL_ACTION).startsWith("U1"));
+        actions(dialog);
+        for (const char* factor : {"1.5", "1.0"}) {
+            MRL_H_TableWidget* table = actionsTab(dialog)->tableWidget();
+            typeInto(table, rowOf(table, ACT_COL_ACTION, "U1"),
+                     factor == QString("1.5") ? ACT_COL_GAMU : ACT_COL_GAMF, factor);
+        }
+        pressOk(dialog);
+    });
+    tagCDB_LC_ACT stored{};
+    EXPECT_TRUE(mrl_lc_getAction(db, lcm_pack_word("U1"), stored, false));
+    EXPECT_EQ(stored.gamu, 1.5f);
+    EXPECT_TRUE(mrl_lc_getAction(db, lcm_pack_word("W"), stored, false));
+}
+
+TEST_F(Paste, PastedActionsAreOneStepThatUndoTakesBack)
+{
+    run(control, [this](QWidget* dialog) {
+        MRL_H_TableWidget* table = actions(dialog);
+        pasteActions(table, "Q\tRoof\nU1\tCrane\nW\tGale\n");
+        ASSERT_EQ(table->rowCount(), 4);
+        EXPECT_EQ(steps(dialog), 1);
+        EXPECT_EQ(table->rowCount(), 2);
+        EXPECT_EQ(actionText(table, "Q", ACT_COL_DESCRIPTION), "Variable");
+        dialog->findChild<QToolButton*>("button_redo")->click();
+        EXPECT_EQ(actionText(table, "U1", ACT_COL_DESCRIPTION), "Crane");
+        dialog->findChild<QToolButton*>("button_undo")->click();
+        // The names are free again, those of the design code too.
+        pasteActions(table, "Q\tRoof\nU1\tCrane\nW\tGale\n");
+        EXPECT_EQ(table->rowCount(), 4);
+        leave(dialog);
+    });
+}
+
+TEST_F(Paste, ThePastedRowsThatCameAreJudged)
+{
+    run(control, [this](QWidget* dialog) {
+        MRL_H_TableWidget* table = actions(dialog);
+        const QString text = QStringLiteral("Q\tVariable\t%1\t%2\t1.5\t0\nW\tGale\t%1\t%2\t1.5\t2\n")
+                                 .arg(actionText(table, "Q", ACT_COL_PARTITION),
+                                      actionText(table, "Q", ACT_COL_SUPERPOSITION));
+        pasteActions(table, text);
+        const int row = rowOf(table, ACT_COL_ACTION, "W");
+        ASSERT_GE(row, 0);
+        EXPECT_EQ(actionText(table, "W", ACT_COL_GAMF).toDouble(), 2.0);
+        EXPECT_FALSE(actionsTab(dialog)->isRowValid(row)) << "GAMF is above GAMU";
+        leave(dialog);
+    });
+}
+
+TEST_F(Paste, WithoutNamesNoActionsAreMade)
+{
+    run(control, [this](QWidget* dialog) {
+        MRL_H_TableWidget* table = actions(dialog);
         const int rows = table->rowCount();
         expectList();
         paste(table, rows - 1, ACT_COL_GAMU, "x\n1.5\n");
         EXPECT_EQ(table->rowCount(), rows);
         ASSERT_EQ(untaken.size(), 2);
         EXPECT_TRUE(untaken[0].endsWith("| x | \"x\" is no number.")) << untaken[0].toStdString();
-        EXPECT_TRUE(untaken[1].endsWith("| 1.5 | There is no row for it.")) << untaken[1].toStdString();
+        EXPECT_TRUE(untaken[1].endsWith("| 1.5 | A new action needs a name: paste from the first column on."))
+            << untaken[1].toStdString();
         leave(dialog);
     });
 }

@@ -80,7 +80,7 @@ void AssistedPaste::run(const std::vector<QStringList>& lines)
     }
     refuseSurplusFields(filled, paste);
     makeRows(filled, paste);
-    enterAll(paste.cells);
+    enterAll(pastedCells(paste));
     tellUntaken();
     m_helper.end(m_values, m_refused);
 }
@@ -93,6 +93,22 @@ void AssistedPaste::refuseSurplusFields(const std::vector<QStringList>& lines, c
                    MRL_H_TableWidget::tr("There is no column for it."));
         }
     }
+}
+
+/// To be selected, so that those who judge the selected rows at a change also judge the rows that came; empty when the
+/// selection is the same already.
+QItemSelection AssistedPaste::pastedCells(const Paste& paste) const
+{
+    QItemSelection cells = paste.cells;
+    if (m_made.empty()) {
+        return cells;
+    }
+    const QAbstractItemModel& model = *m_table.model();
+    for (const int column : paste.columns) {
+        const int first = paste.rows.empty() ? m_made.front() : paste.rows.front();
+        cells.select(model.index(first, column), model.index(m_made.back(), column));
+    }
+    return cells;
 }
 
 void AssistedPaste::makeRows(const std::vector<QStringList>& lines, const Paste& paste)
@@ -109,6 +125,9 @@ void AssistedPaste::makeRows(const std::vector<QStringList>& lines, const Paste&
     }
     const std::vector<MRL_H_NewRow> made = m_helper.makeRows(surplus, ids);
     for (std::size_t line = 0; line < surplus.size(); ++line) {
+        if (made[line].row >= 0) {
+            m_made.push_back(made[line].row);
+        }
         for (int field = 0; field < surplus[line].size(); ++field) {
             const auto place = static_cast<std::size_t>(field);
             const int column = place < paste.columns.size() ? paste.columns[place] : -1;

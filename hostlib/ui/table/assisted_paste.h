@@ -25,6 +25,7 @@ class AssistedPaste
   private:
     void refuseSurplusFields(const std::vector<QStringList>& lines, const Paste& paste);
     void makeRows(const std::vector<QStringList>& lines, const Paste& paste);
+    QItemSelection pastedCells(const Paste& paste) const;
     void add(int row, int column, const QString& text);
     void refuse(int row, int column, const QString& text, const QString& reason);
     void enterAll(const QItemSelection& cells);
@@ -37,6 +38,7 @@ class AssistedPaste
     std::vector<Entry> m_choices; ///< entered first, since a choice may change the numbers of its row
     std::vector<Entry> m_others;
     std::vector<MRL_H_RefusedValue> m_refused;
+    std::vector<int> m_made; ///< rows for lines that had none
     int m_values = 0;
 };
 
