@@ -25,8 +25,9 @@ class LCM_ActionPaste : public LCM_PasteHelp
     /// The free actions of the design code by name.
     QHash<QString, LCM_NewAction> freeActions() const;
     /// What a name makes. @param reason [out] why it makes none
-    std::optional<LCM_NewAction> actionOf(const LCM_TypedName& typed, const QHash<QString, LCM_NewAction>& free,
-                                          QSet<QString>& used, QString& reason) const;
+    std::optional<LCM_NewAction> actionOf(const LCM_TypedName& typed,
+                                          const QHash<QString, LCM_NewAction>& free, QSet<QString>& used,
+                                          QString& reason) const;
 
     LCM_ActionsWidget& m_actions;
 };

@@ -27,14 +27,16 @@ TEST(Assignment, RangesTellTheNumbersOfTheEnds)
 TEST(Assignment, TooManyRangesTellHowManyLoadCasesFollow)
 {
     const std::vector<int> numbers{1, 2, 3, 4, 5, 6, 7, 9};
-    EXPECT_EQ(rangesText(numbers, {{0, 0}, {2, 2}, {4, 5}, {7, 7}}, 6), QStringLiteral("1, 3, ... and 3 more up to 9"));
+    EXPECT_EQ(rangesText(numbers, {{0, 0}, {2, 2}, {4, 5}, {7, 7}}, 6),
+              QStringLiteral("1, 3, ... and 3 more up to 9"));
 }
 
 TEST(Assignment, RunsThatFallIntoOnePlaceAreDrawnOnce)
 {
     EXPECT_THAT(thinned({{0, 0}, {2, 2}}, 4, 10), ElementsAre(Positions{0, 0}, Positions{2, 2}));
     // Places of ten load cases each: 0 and 12 are in neighbouring ones, 55 is alone.
-    EXPECT_THAT(thinned({{0, 0}, {5, 5}, {12, 12}, {55, 55}}, 100, 10), ElementsAre(Positions{0, 1}, Positions{5, 5}));
+    EXPECT_THAT(thinned({{0, 0}, {5, 5}, {12, 12}, {55, 55}}, 100, 10),
+                ElementsAre(Positions{0, 1}, Positions{5, 5}));
 }
 
 TEST(Assignment, NoLoadCaseIsThinnedAway)

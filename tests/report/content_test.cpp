@@ -69,7 +69,8 @@ TEST_F(ReportContent, HashIsWhatTheCommandInTheReportPrints)
 {
     const Text file = sample("frame");
     const std::string page = html(file);
-    const auto command = QRegularExpression(Text("mrl-lc (export [^\n]* \\| sha256sum)")).match(Text::fromStdString(page));
+    const auto command =
+        QRegularExpression(Text("mrl-lc (export [^\n]* \\| sha256sum)")).match(Text::fromStdString(page));
     ASSERT_TRUE(command.hasMatch());
     const Outcome run = shell(Text(MRL_LC " ") + command.captured(1), path({}));
     ASSERT_EQ(run.err, "");
@@ -107,7 +108,9 @@ TEST_F(ReportContent, ValuesAreTracedToClauseAndState)
 {
     const std::string text = html(project("action G\naction P\naction Q_B\n"));
     EXPECT_THAT(text, HasSubstr("G | γG,sup 1.35,  γG,inf 1.00 | Table A1.2(B) | verified |  | "));
-    EXPECT_THAT(text, HasSubstr("P | γG,sup 1.00,  γG,inf 1.00,  γA 1.00 | – | unverified | neutral: A1.3.1 leaves it"));
+    EXPECT_THAT(
+        text,
+        HasSubstr("P | γG,sup 1.00,  γG,inf 1.00,  γA 1.00 | – | unverified | neutral: A1.3.1 leaves it"));
     EXPECT_THAT(text, HasSubstr("KFI | 1.00 | Table B3, class CC2 (CC1: 0.9, CC3: 1.1) | verified"));
     EXPECT_THAT(text, HasSubstr("Values of the actions | 15 verified, 3 unverified | "));
 }
@@ -127,7 +130,8 @@ TEST_F(ReportContent, DeviationsTellBothValuesAndTheSource)
     lc({"action", "create", file, "XX", "--partition", "Q", "--gamu", "1.2"});
     const std::string text = html(file);
     EXPECT_THAT(text, HasSubstr("\nQ_B | ψ0 | 0.65 | 0.70 | Table A1.1 | verified | "));
-    EXPECT_THAT(text, HasSubstr("\nQ_B | Superposition | EXCL exclusive within category | COND conditional | "));
+    EXPECT_THAT(text,
+                HasSubstr("\nQ_B | Superposition | EXCL exclusive within category | COND conditional | "));
     EXPECT_THAT(text, HasSubstr("ψ0 0.65 | – | set by hand | see the deviations | "));
     EXPECT_THAT(text, HasSubstr("Actions that the design code doesn't have: XX"));
     EXPECT_THAT(text, HasSubstr("Deviations from the code | 2 | "));
@@ -177,9 +181,9 @@ TEST_F(ReportContent, GermanReportHasGermanWordsAndNumbers)
     const QStringList german{"--language", "de", "--date", "2026-11-22"};
     const std::string text = html(file, german);
     for (const char* expected :
-         {"1  Norm und ihre Werte", "2  Einwirkungen", "3  Lastfälle der Einwirkungen",
-          "22. November 2026", "| 1,35 |", "0,65 | 0,70 |", "G (Ständig)", "geprüft", "von Hand gesetzt",
-          "Bemessungssituationen", "persistent: Ständig und vorübergehend"}) {
+         {"1  Norm und ihre Werte", "2  Einwirkungen", "3  Lastfälle der Einwirkungen", "22. November 2026",
+          "| 1,35 |", "0,65 | 0,70 |", "G (Ständig)", "geprüft", "von Hand gesetzt", "Bemessungssituationen",
+          "persistent: Ständig und vorübergehend"}) {
         EXPECT_THAT(text, HasSubstr(expected));
     }
     EXPECT_THAT(joined(pages(file, german)), HasSubstr("Seite 1 von "));

@@ -55,8 +55,9 @@ TEST_F(ReportPages, EachLoadCaseStandsWholeOnOnePageAndOnce)
 {
     const auto all = pages(longProject());
     for (int i = 1; i <= CASES; ++i) {
-        const QRegularExpression row(QStringLiteral("^ *%1 +(Storey|WWWWWWWWWWWWWWWWWWWWWWWWWW) %1\\b").arg(i),
-                                     QRegularExpression::MultilineOption);
+        const QRegularExpression row(
+            QStringLiteral("^ *%1 +(Storey|WWWWWWWWWWWWWWWWWWWWWWWWWW) %1\\b").arg(i),
+            QRegularExpression::MultilineOption);
         int found = 0;
         for (const std::string& page : all) {
             found += row.match(QString::fromStdString(page)).hasMatch() ? 1 : 0;
@@ -77,7 +78,8 @@ TEST_F(ReportPages, PagesAreNumberedAndDated)
 TEST_F(ReportPages, ContentsTellThePagesOfTheSections)
 {
     const auto all = pages(longProject());
-    auto entries = QRegularExpression(QStringLiteral("^(\\d +[A-Z][a-z ]+?) {5,}(\\d+)$"), QRegularExpression::MultilineOption)
+    auto entries = QRegularExpression(QStringLiteral("^(\\d +[A-Z][a-z ]+?) {5,}(\\d+)$"),
+                                      QRegularExpression::MultilineOption)
                        .globalMatch(QString::fromStdString(all.front()));
     int sections = 0;
     while (entries.hasNext()) {
@@ -103,7 +105,9 @@ TEST_F(ReportPages, NoHeadingStandsAloneAtTheFootOfAPage)
             QStringList lines = QString::fromStdString(page).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
             ASSERT_GT(lines.size(), 3);
             const QString last = lines[lines.size() - 2].simplified(); // ahead of the foot
-            EXPECT_FALSE(QRegularExpression(QStringLiteral("^(\\d [A-Z]|Q_B Cat|G Perm|Number Title)")).match(last).hasMatch())
+            EXPECT_FALSE(QRegularExpression(QStringLiteral("^(\\d [A-Z]|Q_B Cat|G Perm|Number Title)"))
+                             .match(last)
+                             .hasMatch())
                 << last.toStdString();
         }
         QFile::remove(file);

@@ -24,8 +24,8 @@ TEST_F(OddProjectReport, EmptyProjectSaysSo)
 
 TEST_F(OddProjectReport, ProjectWithoutItsDesignCodeIsToldAndListed)
 {
-    auto content = nlohmann::json::parse(
-        lc({"export", project("action G\ncase 3 G \"Three\"\n"), "--format", "json"}));
+    auto content =
+        nlohmann::json::parse(lc({"export", project("action G\ncase 3 G \"Three\"\n"), "--format", "json"}));
     content["facts"] = {{"designcode", "nowhere"}}; // and no copy of it
     QFile json(path("in.json"));
     ASSERT_TRUE(json.open(QIODevice::WriteOnly));
@@ -49,7 +49,8 @@ TEST_F(OddProjectReport, TextOfAProjectNeverBecomesMarkup)
 
 TEST_F(OddProjectReport, LoadCasesOfMissingActionsAndOtherModulesHaveTheirGroups)
 {
-    const QString file = project("action G\naction Q_B\ncase 1 G \"a\"\ncase 2 Q_B \"b\"\ncase 3 IMP \"c\"\n");
+    const QString file =
+        project("action G\naction Q_B\ncase 1 G \"a\"\ncase 2 Q_B \"b\"\ncase 3 IMP \"c\"\n");
     lc({"case", "create", file, "4", "--title", "d"});
     lc({"del", file, "14", "Q_B"});
     lc({"put", file, "12", "9", "07000000000000000000000000000000"});
@@ -81,7 +82,8 @@ TEST_F(OddProjectReport, TenThousandLoadCasesInTurnsStayReadable)
     ASSERT_TRUE(csv.open(QIODevice::WriteOnly));
     csv.write("number,title,action\n");
     for (int i = 1; i <= 10000; ++i) {
-        csv.write(QStringLiteral("%1,Step %1,%2\n").arg(i).arg(QLatin1String(i % 2 == 0 ? "G" : "Q_B")).toUtf8());
+        csv.write(
+            QStringLiteral("%1,Step %1,%2\n").arg(i).arg(QLatin1String(i % 2 == 0 ? "G" : "Q_B")).toUtf8());
     }
     csv.close();
     lc({"import", file, csv.fileName()});

@@ -59,8 +59,8 @@ class ReportPictures : public ReportTest
         std::vector<Shades> all;
         for (std::size_t i = 1; i <= count; ++i) {
             const QString page = QString::number(i);
-            const Outcome run = runProgram(QStringLiteral(PDFTOPPM), {"-gray", "-r", QString::number(DPI), "-f", page,
-                                                                      "-l", page, pdf});
+            const Outcome run = runProgram(
+                QStringLiteral(PDFTOPPM), {"-gray", "-r", QString::number(DPI), "-f", page, "-l", page, pdf});
             EXPECT_EQ(run.code, 0) << run.err;
             std::istringstream text(run.out);
             std::string kind;

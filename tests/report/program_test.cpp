@@ -50,7 +50,8 @@ TEST_F(ReportProgram, WrongUsageIsToldWithItsReason)
     EXPECT_THAT(fails(2, {file}), HasSubstr("--output is required"));
     EXPECT_THAT(fails(2, {file, "-o", path("r.docx")}), HasSubstr("has to end in .pdf, .html or .htm"));
     EXPECT_THAT(fails(2, {file, file, "-o", path("r.pdf")}), HasSubstr("is too much"));
-    EXPECT_THAT(fails(2, {file, "-o", path("r.pdf"), "--language", "fr"}), HasSubstr("'fr' is none of en, de"));
+    EXPECT_THAT(fails(2, {file, "-o", path("r.pdf"), "--language", "fr"}),
+                HasSubstr("'fr' is none of en, de"));
     EXPECT_THAT(fails(2, {file, "-o", path("r.pdf"), "--date", "22.11."}), HasSubstr("'22.11.' is no day"));
     EXPECT_THAT(fails(2, {file, "-o", path("r.pdf"), "--nonsense"}), HasSubstr("nonsense"));
     EXPECT_THAT(fails(2, {file, "-o", path("r.pdf")}, {{"SOURCE_DATE_EPOCH", "soon"}}), HasSubstr("'soon'"));
@@ -107,7 +108,8 @@ TEST_F(ReportProgram, SameDateGivesTheSameBytesWhereverAndWhenever)
     const QString file = sample("frame");
     for (const char* kind : {"pdf", "html"}) {
         const QString name = QString::fromLatin1(kind);
-        const auto bytes = [&](const QStringList& options, const std::vector<std::pair<QString, QString>>& variables) {
+        const auto bytes = [&](const QStringList& options,
+                               const std::vector<std::pair<QString, QString>>& variables) {
             const Outcome run = report(QStringList(options) << file << "-o" << path("r." + name), variables);
             EXPECT_EQ(run.code, 0) << run.err;
             return contentOf(path("r." + name));

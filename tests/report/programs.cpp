@@ -26,7 +26,8 @@ QString plainText(QString html)
 /// A line of a script as mrl-lc apply wants it.
 QByteArray operationOf(const QString& line)
 {
-    const QStringList words = line.section(QLatin1Char('"'), 0, 0).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList words =
+        line.section(QLatin1Char('"'), 0, 0).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     nlohmann::json operation;
     if (words[0] == QLatin1String("action")) {
         operation = {{"op", "action create"}, {"name", words[1].toStdString()}};
@@ -144,6 +145,9 @@ std::string joined(const std::vector<std::string>& pages)
     return all;
 }
 
-std::string flowing(const std::string& text) { return QString::fromStdString(text).simplified().toStdString(); }
+std::string flowing(const std::string& text)
+{
+    return QString::fromStdString(text).simplified().toStdString();
+}
 
 } // namespace mrl::test
