@@ -93,7 +93,7 @@ py::dict Edit::take(const std::string& sheet, const py::dict& fields)
         const auto name = py::cast<std::string>(key);
         const int column = exchange::columnOfHeading(head.sheet, name);
         if (column < 0) {
-            throw Failure("\"" + name + "\" is not known among the " + sheet);
+            throw Failure(name + " is not known among the " + sheet);
         }
         head.columns.push_back(column);
         row.cells.push_back(py::cast<std::string>(value));

@@ -30,7 +30,7 @@ const exchange::Format& formatOf(const std::string& name, const std::string& fil
 exchange::Match matchOf(const std::string& word)
 {
     if (word != "number" && word != "title") {
-        throw py::value_error("match is \"number\" or \"title\", not \"" + word + '"');
+        throw py::value_error(R"(match is "number" or "title", not )" + word);
     }
     return word == "title" ? exchange::Match::Title : exchange::Match::Number;
 }
@@ -40,7 +40,7 @@ exchange::Source sourceOf(const Session& session)
     exchange::Source source;
     source.db = session.db();
     source.facts = session.facts();
-    const std::string path = session.file();
+    const std::string& path = session.file();
     const std::string name = path.substr(path.find_last_of('/') + 1);
     source.name = name.substr(0, name.find_last_of('.'));
     return source;
