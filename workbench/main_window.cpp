@@ -118,8 +118,8 @@ void MainWindow::slot_replaced()
     const bool open = m_document->isOpen();
     m_pages->setCurrentWidget(open ? m_project : static_cast<QWidget*>(m_start));
     m_start->showRecent(RecentFiles::list());
-    for (QAction* action :
-         {m_saveAsAction, m_closeAction, m_importAction, m_exportAction, m_recodeAction, m_keepCodeAction}) {
+    for (QAction* action : {m_saveAsAction, m_closeAction, m_importAction, m_exportAction, m_reportAction,
+                            m_recodeAction, m_keepCodeAction}) {
         action->setEnabled(open);
     }
     m_place->setText(open ? shownPath(m_document->file()) : QString());

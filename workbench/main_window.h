@@ -52,6 +52,8 @@ class MainWindow : public QMainWindow
     void slot_close();
     void slot_import();
     void slot_export();
+    /// Shows the report of the project, which can be saved from there.
+    void slot_report();
     void slot_recode();
     /// Keeps a copy of the design code in the project; it is saved with it.
     void slot_keepCode();
@@ -124,6 +126,7 @@ class MainWindow : public QMainWindow
     QAction* m_closeAction = nullptr;
     QAction* m_importAction = nullptr;
     QAction* m_exportAction = nullptr;
+    QAction* m_reportAction = nullptr;
     QAction* m_actionsAction = nullptr;
     QAction* m_loadCasesAction = nullptr;
     QAction* m_recodeAction = nullptr;

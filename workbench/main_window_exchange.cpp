@@ -1,4 +1,5 @@
-// Tables in and out.
+// Tables in and out, and the report.
+#include <QApplication>
 #include <QDir>
 #include <QMessageBox>
 #include <QStatusBar>
@@ -6,6 +7,7 @@
 #include "workbench/exchange/export_dialog.h"
 #include "workbench/exchange/import_dialog.h"
 #include "workbench/main_window.h"
+#include "workbench/report/report_dialog.h"
 
 namespace mrl::workbench {
 
@@ -17,6 +19,20 @@ void MainWindow::slot_export()
     ExportDialog dialog(m_document->database(), m_document->file(), this);
     if (dialog.exec() == QDialog::Accepted) {
         statusBar()->showMessage(tr("Written: %1").arg(QDir::toNativeSeparators(dialog.file())));
+    }
+}
+
+void MainWindow::slot_report()
+{
+    if (!m_document->isOpen()) {
+        return;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    ReportDialog dialog(m_document->database(), m_document->file(), m_document->isModified(), this);
+    QApplication::restoreOverrideCursor();
+    dialog.exec();
+    if (!dialog.writtenFile().isEmpty()) {
+        statusBar()->showMessage(tr("Written: %1").arg(QDir::toNativeSeparators(dialog.writtenFile())));
     }
 }
 

@@ -57,6 +57,9 @@ void MainWindow::createActions()
     m_exportAction->setObjectName(QStringLiteral("action_export"));
     connect(m_importAction, &QAction::triggered, this, &MainWindow::slot_import);
     connect(m_exportAction, &QAction::triggered, this, &MainWindow::slot_export);
+    m_reportAction = new QAction(tr("Re&port..."), this);
+    m_reportAction->setObjectName(QStringLiteral("action_report"));
+    connect(m_reportAction, &QAction::triggered, this, &MainWindow::slot_report);
 
     m_actionsAction = new QAction(tr("&Action Manager..."), this);
     m_actionsAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+1")));
@@ -85,6 +88,7 @@ void MainWindow::createFileMenu()
     file->addSeparator();
     file->addAction(m_importAction);
     file->addAction(m_exportAction);
+    file->addAction(m_reportAction);
     file->addSeparator();
     file->addAction(m_closeAction);
     QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);

@@ -44,6 +44,7 @@ using mrl::workbench::Manager;
 
 // As in the program itself, and so that the pictures show what a person sees.
 const MRL_QT_InitTranslator TRANSLATOR("mrl_workbench");
+const MRL_QT_InitTranslator REPORT_TEXTS("mrl_report");
 
 /// The screen that the pictures are taken as on.
 QSize screen()
@@ -280,6 +281,7 @@ void tables(MainWindow& window, Photographer& camera)
                               format->setCurrentIndex(format->findData(QStringLiteral("saf")));
                               camera.take(dialog, "export-losses");
                           });
+    camera.modal("report", [&] { window.slot_report(); });
 }
 
 /// The help of the managers, and a page of the manual.
