@@ -12,7 +12,6 @@
 #include "bench/load_cases.h"
 #include "exchange/apply_plan.h"
 #include "exchange/format.h"
-#include "exchange/project_diff.h"
 #include "exchange/sheet_walk.h"
 #include "exchange/zip_archive.h"
 #include "lcdata/values/action_code.h"
@@ -274,31 +273,5 @@ class ReadWorkbookMemory : bench::LoadCases
     std::string m_file;
 };
 const bench::Measured<ReadWorkbookMemory> readWorkbookMemory("exchange.xlsx_read_memory", 1.0);
-
-/// Raw: both projects read by a scan each.
-class Diff : bench::LoadCases
-{
-  public:
-    using LoadCases::LoadCases;
-    void ours()
-    {
-        const auto before = mrl::exchange::contentOf(db, {});
-        const auto after = mrl::exchange::contentOf(db, {});
-        bench::require(mrl::exchange::differencesOf(before, after).empty(), "diff");
-    }
-    void raw()
-    {
-        for (int side = 0; side < 2; ++side) {
-            std::vector<std::string> records;
-            while (sqlite3_step(rawSide.scan) == SQLITE_ROW) {
-                records.emplace_back(static_cast<const char*>(sqlite3_column_blob(rawSide.scan, 1)),
-                                     static_cast<std::size_t>(sqlite3_column_bytes(rawSide.scan, 1)));
-            }
-            sqlite3_reset(rawSide.scan);
-            bench::keep(records);
-        }
-    }
-};
-const bench::Timed<Diff> diff("exchange.diff", 2.0);
 
 } // namespace

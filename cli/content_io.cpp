@@ -1,9 +1,29 @@
 #include "cli/content_io.h"
 
+#include "cli/failure.h"
 #include "cli/key_text.h"
 #include "exchange/raw_records.h"
+#include "hostlib/data/cdb/record_image.h"
 
 namespace mrl::cli {
+
+namespace {
+
+exchange::ProjectContent contentOf(const cdb::RecordImage& image)
+{
+    exchange::ProjectContent content;
+    content.facts = image.facts();
+    image.forEach([&](const cdb::RecordImage::Entry& entry) {
+        if (!entry.records.empty()) { // a key that exists on the other side alone
+            content.keys.emplace_hint(content.keys.end(), exchange::RecordKey{entry.key.kwh, entry.key.kwl},
+                                      entry.records);
+        }
+        return true;
+    });
+    return content;
+}
+
+} // namespace
 
 exchange::ProjectContent readContent(const std::string& file)
 {
@@ -11,6 +31,21 @@ exchange::ProjectContent readContent(const std::string& file)
     exchange::ProjectContent content = exchange::contentOf(project.db(), project.facts());
     project.throwOnError();
     return content;
+}
+
+std::pair<exchange::ProjectContent, exchange::ProjectContent> differingContent(const Project& a,
+                                                                               const Project& b)
+{
+    cdb::RecordImage before;
+    cdb::RecordImage after;
+    cdb::Result read = cdb::imageOfDifferences(a.db(), b.db(), before);
+    if (read) {
+        read = cdb::imageNow(b.db(), before, after);
+    }
+    if (!read) {
+        throw Failure{ExitCode::File, read.text};
+    }
+    return {contentOf(before), contentOf(after)};
 }
 
 void writeKey(const exchange::RecordKey& key, const exchange::KeyRecords& records, const Project& project)

@@ -64,16 +64,30 @@ std::string hexOf(const KeyRecords& records)
     return text;
 }
 
+template <class Record>
+std::vector<DifferentValue> differentCells(Sheet sheet, int id, const std::string& before,
+                                           const std::string& after)
+{
+    const Cells old = cellsOf(id, recordOf<Record>(before));
+    const Cells now = cellsOf(id, recordOf<Record>(after));
+    std::vector<DifferentValue> result;
+    for (std::size_t i = 1; i < old.size(); ++i) {
+        if (old[i] != now[i]) {
+            result.push_back({columnsOf(sheet)[i].name, old[i], now[i]});
+        }
+    }
+    return result;
+}
+
+/// The cells that differ; the bytes where none does, and where no cell tells.
 std::vector<DifferentValue> differentValues(const RecordKey& key, const KeyRecords& before,
                                             const KeyRecords& after)
 {
-    const Values old = valuesOf(key, before);
-    const Values now = valuesOf(key, after);
     std::vector<DifferentValue> result;
-    for (std::size_t i = 0; i < old.size() && i < now.size() && old.size() == now.size(); ++i) {
-        if (old[i].second != now[i].second) {
-            result.push_back({old[i].first, old[i].second, now[i].second});
-        }
+    if (isLoadCase(key, before) && isLoadCase(key, after)) {
+        result = differentCells<tagCDB_LC_CTRL>(Sheet::LoadCases, key.kwl, before.front(), after.front());
+    } else if (isAction(key, before) && isAction(key, after)) {
+        result = differentCells<tagCDB_LC_ACT>(Sheet::Actions, key.kwl, before.front(), after.front());
     }
     if (result.empty()) {
         result.push_back({"bytes", hexOf(before), hexOf(after)});

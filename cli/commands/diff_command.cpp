@@ -73,7 +73,10 @@ void print(Output& out, const exchange::ProjectDifference& difference)
 
 ExitCode DiffCommand::run()
 {
-    const auto differences = exchange::differencesOf(readContent(m_a), readContent(m_b));
+    const Project a = Project::openForReading(m_a);
+    const Project b = Project::openForReading(m_b);
+    const auto [before, after] = differingContent(a, b);
+    const auto differences = exchange::differencesOf(before, after);
     if (m_json) {
         Json list = Json::array();
         for (const auto& difference : differences) {

@@ -93,7 +93,12 @@ Rows Store::range(const KeyRange* range, Columns columns)
 
 Rows Store::groups()
 {
-    return {std::make_unique<Statement>("SELECT DISTINCT 0,kwh FROM record"), source(), {}};
+    // From group to group; DISTINCT would walk over all records.
+    constexpr const char* TEXT = "WITH RECURSIVE walk(kwh) AS (SELECT min(kwh) FROM record UNION ALL"
+                                 " SELECT (SELECT min(kwh) FROM record WHERE record.kwh>walk.kwh) FROM walk "
+                                 "WHERE walk.kwh IS NOT NULL)"
+                                 " SELECT 0,kwh FROM walk WHERE kwh IS NOT NULL";
+    return {std::make_unique<Statement>(TEXT), source(), {}};
 }
 
 Status Store::lastPosition(const Key& key, int& position)
