@@ -1,6 +1,7 @@
 #include "cli/script.h"
 
 #include "cli/failure.h"
+#include "cli/output.h"
 #include "cli/own_actions.h"
 #include "exchange/apply_plan.h"
 #include "exchange/decimals.h"
@@ -15,56 +16,54 @@ namespace {
 /// Why an operation can't be done, without the line.
 [[noreturn]] void fail(const std::string& text) { throw Failure{ExitCode::Refused, text}; }
 
-int numberOf(const Json& operation)
+int numberOf(const Operation& operation)
 {
-    const auto number = operation.find("number");
-    if (number == operation.end() || !number->is_number_integer()) {
+    const Operation::Field* field = operation.find("number");
+    const auto number = field != nullptr && field->kind == Operation::Kind::Whole
+                            ? exchange::wholeNumberOf(field->text)
+                            : std::nullopt;
+    if (!number) {
         fail("\"number\" is missing or no whole number");
     }
-    return number->get<int>();
+    return *number;
 }
 
-std::string nameOf(const Json& operation)
+std::string nameOf(const Operation& operation)
 {
-    const auto name = operation.find("name");
-    if (name == operation.end() || !name->is_string()) {
+    const Operation::Field* name = operation.find("name");
+    if (name == nullptr || name->kind != Operation::Kind::Text) {
         fail("\"name\" is missing or no text");
     }
-    return name->get<std::string>();
+    return name->text;
 }
 
 /// A value as the cell of a table: null is empty.
-std::string cellOf(const std::string& name, const Json& value)
+const std::string& cellOf(const Operation::Field& field)
 {
-    if (value.is_null()) {
-        return {};
+    if (field.kind >= Operation::Kind::Boolean) {
+        fail("\"" + field.name + "\" is neither text nor number");
     }
-    if (value.is_string()) {
-        return value.get<std::string>();
-    }
-    if (!value.is_number()) {
-        fail("\"" + name + "\" is neither text nor number");
-    }
-    return value.is_number_integer() ? value.dump() : numberText(value.get<float>());
+    return field.text;
 }
+
+std::string numberResult(int number) { return "\"number\":" + std::to_string(number); }
+
+std::string nameResult(const std::string& name) { return "\"name\":" + Json(name).dump(); }
 
 } // namespace
 
 Script::Script(const Project& project) : m_project(project), m_state(exchange::stateOf(project.db())) {}
 
-Json Script::run(int number, const std::string& line)
+void Script::run(int number, std::string_view line, std::string& results)
 {
     const std::string place = "line " + std::to_string(number) + ": ";
-    const Json operation = Json::parse(line, nullptr, false);
-    if (!operation.is_object() || !operation.contains("op") || !operation["op"].is_string()) {
+    if (!m_operation.read(line)) {
         m_project.refuse(place + "no JSON object with \"op\"");
     }
     try {
-        Json result;
-        result["line"] = number;
-        result["op"] = operation["op"];
-        result.update(runOperation(operation));
-        return result;
+        const std::string op = m_operation.op();
+        const std::string result = (this->*memberOf(op))();
+        results += "{\"line\":" + std::to_string(number) + ",\"op\":\"" + op + "\"," + result + "}\n";
     } catch (const Failure& failure) {
         const std::string file = m_project.file() + ": ";
         const bool isNamed = failure.text.compare(0, file.size(), file) == 0;
@@ -72,19 +71,18 @@ Json Script::run(int number, const std::string& line)
     }
 }
 
-Json Script::runOperation(const Json& operation)
+Script::Member Script::memberOf(const std::string& op)
 {
-    using Member = Json (Script::*)(const Json&);
     static const std::map<std::string, Member> OPERATIONS{
         {"case create", &Script::createCase},      {"case set", &Script::setCase},
         {"case remove", &Script::removeCase},      {"case renumber", &Script::renumberCases},
         {"action create", &Script::createAction},  {"action set", &Script::setAction},
         {"action remove", &Script::removeActionOf}};
-    const auto found = OPERATIONS.find(operation["op"].get<std::string>());
+    const auto found = OPERATIONS.find(op);
     if (found == OPERATIONS.end()) {
-        fail("there is no operation \"" + operation["op"].get<std::string>() + '"');
+        fail("there is no operation \"" + op + '"');
     }
-    return (this->*found->second)(operation);
+    return found->second;
 }
 
 /// As exchange::columnOfHeading; the operations of a script name the same few fields over and over.
@@ -97,31 +95,32 @@ int Script::columnOf(exchange::Sheet sheet, const std::string& name)
     return known->second;
 }
 
-/// Plans the fields of an operation as the row of a table, and writes it.
-exchange::PlannedRow Script::takeRow(exchange::Sheet sheet, const Json& operation)
+/// Plans the fields of the operation as the row of a table, and writes it.
+void Script::takeRow(exchange::Sheet sheet)
 {
     exchange::TableHead head;
-    head.sheet = sheet;
     exchange::Row row;
-    for (const auto& [name, value] : operation.items()) {
-        if (name == "op") {
+    head.sheet = sheet;
+    head.columns.reserve(m_operation.fields().size());
+    row.cells.reserve(m_operation.fields().size());
+    for (const Operation::Field& field : m_operation.fields()) {
+        if (field.name == "op") {
             continue;
         }
-        const int column = columnOf(sheet, name);
+        const int column = columnOf(sheet, field.name);
         if (column < 0) {
-            fail("\"" + name + "\" is not known here");
+            fail("\"" + field.name + "\" is not known here");
         }
         head.columns.push_back(column);
-        row.cells.push_back(cellOf(name, value));
+        row.cells.push_back(cellOf(field));
     }
-    exchange::PlannedRow planned = exchange::planRow(m_state, head, row);
+    const exchange::PlannedRow planned = exchange::planRow(m_state, head, row);
     if (planned.outcome == exchange::Outcome::Refused) {
         fail(planned.reasons.front().text + " [" + planned.reasons.front().rule + "]");
     }
     if (!exchange::apply(planned, m_state, m_project.db())) {
         fail(planned.name + " could not be written");
     }
-    return planned;
 }
 
 /// The number behind the highest, as the dialog proposes it.
@@ -134,55 +133,56 @@ int Script::nextNumber() const
     return next;
 }
 
-Json Script::createCase(const Json& operation)
+std::string Script::createCase()
 {
-    const int number = operation.contains("number") ? numberOf(operation) : nextNumber();
+    const bool isGiven = m_operation.find("number") != nullptr;
+    const int number = isGiven ? numberOf(m_operation) : nextNumber();
     if (m_state.loadCases.count(number) != 0) {
         fail("load case " + std::to_string(number) + " exists already");
     }
-    if (operation.contains("number") && operation.contains("title")) {
-        takeRow(exchange::Sheet::LoadCases, operation);
-        return {{"number", number}};
+    if (!isGiven) {
+        m_operation.set("number").text = std::to_string(number);
     }
-    Json whole = operation;
-    whole["number"] = number;
-    if (!operation.contains("title")) {
-        whole["title"] = "Loadcase " + std::to_string(number);
+    if (m_operation.find("title") == nullptr) {
+        m_operation.set("title").text = "Loadcase " + std::to_string(number);
     }
-    takeRow(exchange::Sheet::LoadCases, whole);
-    return {{"number", number}};
+    takeRow(exchange::Sheet::LoadCases);
+    return numberResult(number);
 }
 
-Json Script::setCase(const Json& operation)
+std::string Script::setCase()
 {
-    const int number = numberOf(operation);
+    const int number = numberOf(m_operation);
     if (m_state.loadCases.count(number) == 0) {
         fail("there is no load case " + std::to_string(number));
     }
-    takeRow(exchange::Sheet::LoadCases, operation);
-    return {{"number", number}};
+    takeRow(exchange::Sheet::LoadCases);
+    return numberResult(number);
 }
 
-Json Script::removeCase(const Json& operation)
+std::string Script::removeCase()
 {
-    const int number = numberOf(operation);
+    const int number = numberOf(m_operation);
     if (m_state.loadCases.erase(number) == 0 || !mrl_lc_remove(m_project.db(), number)) {
         fail("there is no load case " + std::to_string(number));
     }
-    return {{"number", number}};
+    return numberResult(number);
 }
 
-Json Script::renumberCases(const Json& operation)
+std::string Script::renumberCases()
 {
-    std::vector<std::string> texts;
-    for (const Json& text : operation.value("moves", Json::array())) {
-        texts.push_back(text.is_string() ? text.get<std::string>() : std::string());
+    const Operation::Field* texts = m_operation.find("moves");
+    const Operation::Field* force = m_operation.find("force");
+    if (texts == nullptr || texts->kind != Operation::Kind::List) {
+        fail("\"moves\" is missing or no list");
     }
-    const Moves moves = movesOf(texts, m_project);
+    const Moves moves = movesOf(texts->list, m_project);
     if (!m_stranded) {
         m_stranded = std::make_unique<StrandedKeys>(m_project);
     }
-    if (const auto stranded = m_stranded->of(moves); !stranded.empty() && !operation.value("force", false)) {
+    const bool isForced =
+        force != nullptr && force->kind == Operation::Kind::Boolean && force->text == "true";
+    if (const auto stranded = m_stranded->of(moves); !stranded.empty() && !isForced) {
         fail("the record " + stranded.front() +
              " of another module would keep its number; \"force\" renumbers");
     }
@@ -195,45 +195,45 @@ Json Script::renumberCases(const Json& operation)
         m_state.loadCases.erase(move.first);
     }
     m_state.loadCases.insert(moved.begin(), moved.end());
-    return {{"moved", moves.size()}};
+    return "\"moved\":" + std::to_string(moves.size());
 }
 
-Json Script::createAction(const Json& operation)
+std::string Script::createAction()
 {
-    const std::string name = nameOf(operation);
+    const std::string name = nameOf(m_operation);
     const int code = lcm_normalise_code(qtext(name));
     if (m_state.actions.count(code) != 0) {
         fail("action " + name + " is stored already");
     }
-    if (operation.contains("partition")) {
-        takeRow(exchange::Sheet::Actions, operation);
-        return {{"name", name}};
+    if (m_operation.find("partition") != nullptr) {
+        takeRow(exchange::Sheet::Actions);
+        return nameResult(name);
     }
     if (m_state.defaultActions.count(code) == 0 || !mrl_lc_create_default_action(m_project.db(), code)) {
         fail("the design code has no action " + name + "; \"partition\" makes one of one's own");
     }
     m_state.actions[code] = {code, m_state.defaultActions.at(code), 0};
-    return {{"name", name}};
+    return nameResult(name);
 }
 
-Json Script::setAction(const Json& operation)
+std::string Script::setAction()
 {
-    const std::string name = nameOf(operation);
+    const std::string name = nameOf(m_operation);
     if (m_state.actions.count(lcm_pack_word(qtext(name))) == 0 &&
         m_state.actions.count(lcm_normalise_code(qtext(name))) == 0) {
         fail("the project has no action " + name);
     }
-    takeRow(exchange::Sheet::Actions, operation);
-    return {{"name", name}};
+    takeRow(exchange::Sheet::Actions);
+    return nameResult(name);
 }
 
-Json Script::removeActionOf(const Json& operation)
+std::string Script::removeActionOf()
 {
-    const std::string name = nameOf(operation);
+    const std::string name = nameOf(m_operation);
     removeAction(name, m_project);
     m_state.actions.erase(lcm_pack_word(qtext(name)));
     m_state.actions.erase(lcm_normalise_code(qtext(name)));
-    return {{"name", name}};
+    return nameResult(name);
 }
 
 } // namespace mrl::cli

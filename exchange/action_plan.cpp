@@ -184,26 +184,28 @@ class ActionRow : RowPlan
 
 } // namespace
 
+void planAction(const RowCells& cells, const ProjectState& state, PlannedRow& row)
+{
+    row.sheet = Sheet::Actions;
+    row.action = std::make_unique<ActionRecords>();
+    ActionRow(cells, state, row).plan();
+}
+
 void planActions(const Table& table, ProjectState& state, std::map<int, int>& lines, Plan& plan)
 {
     RowCells cells(table.head);
     for (const Row& tableRow : table.rows) {
         PlannedRow row;
-        row.sheet = Sheet::Actions;
-        row.action = std::make_unique<ActionRecords>();
         row.line = tableRow.line;
         row.notes = tableRow.notes;
         cells.moveTo(tableRow);
-        ActionRow(cells, state, row).plan();
+        planAction(cells, state, row);
         const auto [first, isFirst] = lines.emplace(row.id, row.line);
         if (!isFirst) {
             refuse(row, "import-doubled",
                    '"' + row.name + "\" stands in line " + std::to_string(first->second) + " already");
-        } else if (row.outcome == Outcome::Added || row.outcome == Outcome::Changed) {
-            LCM_StoredAction& stored = state.actions[row.id];
-            stored.code = row.id;
-            stored.record = row.action->wanted;
         }
+        enter(row, state);
         plan.rows.push_back(std::move(row));
     }
 }

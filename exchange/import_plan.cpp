@@ -141,23 +141,38 @@ void conclude(PlannedRow& row, bool isEqual)
     }
 }
 
+void enter(const PlannedRow& row, ProjectState& state)
+{
+    if (row.outcome != Outcome::Added && row.outcome != Outcome::Changed) {
+        return;
+    }
+    if (row.sheet == Sheet::LoadCases) {
+        state.loadCases[row.id] = row.loadCase;
+    } else {
+        LCM_StoredAction& stored = state.actions[row.id];
+        stored.code = row.id;
+        stored.record = row.action->wanted;
+    }
+}
+
 PlannedRow planRow(ProjectState& state, const TableHead& head, const Row& row)
 {
-    Plan plan;
-    const Table table{head, {row}};
+    RowCells cells(head);
+    cells.moveTo(row);
+    PlannedRow planned;
+    planned.line = row.line;
+    planned.notes = row.notes;
     if (head.sheet == Sheet::Actions) {
-        std::map<int, int> lines;
-        planActions(table, state, lines, plan);
+        planAction(cells, state, planned);
     } else {
-        RowNumbering numbering({}, state, Match::Number);
-        planLoadCases(table, state, {}, numbering, plan);
+        planned.name = cells.text(CASE_NUMBER);
+        takeStatedNumber(planned.name, state, planned);
+        if (planned.outcome != Outcome::Refused) {
+            planLoadCase(cells, state, planned);
+        }
     }
-    PlannedRow& planned = plan.rows.front();
-    if (head.sheet == Sheet::LoadCases &&
-        (planned.outcome == Outcome::Added || planned.outcome == Outcome::Changed)) {
-        state.loadCases[planned.id] = planned.loadCase;
-    }
-    return std::move(planned);
+    enter(planned, state);
+    return planned;
 }
 
 Plan planOf(const ProjectState& state, const std::vector<Table>& tables, const PlanOptions& options)

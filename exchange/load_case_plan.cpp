@@ -169,6 +169,11 @@ void createAction(const std::string& name, int line, ProjectState& state, Plan& 
 
 } // namespace
 
+void planLoadCase(const RowCells& cells, const ProjectState& state, PlannedRow& row)
+{
+    LoadCaseRow(cells, state, row).plan();
+}
+
 void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options,
                    RowNumbering& numbering, Plan& plan)
 {
@@ -183,7 +188,7 @@ void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& o
         }
         numbering.identify(cells, row);
         if (row.outcome != Outcome::Refused) {
-            LoadCaseRow(cells, state, row).plan();
+            planLoadCase(cells, state, row);
         }
         plan.rows.push_back(std::move(row));
     }

@@ -16,6 +16,17 @@ void planActions(const Table& table, ProjectState& state, std::map<int, int>& li
 void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& options,
                    RowNumbering& numbering, Plan& plan);
 
+class RowCells;
+
+void planAction(const RowCells& cells, const ProjectState& state, PlannedRow& row);
+/// @param row knows its number
+void planLoadCase(const RowCells& cells, const ProjectState& state, PlannedRow& row);
+/// What a row writes is in the state from now on.
+void enter(const PlannedRow& row, ProjectState& state);
+
+/// Enters the number that a row states, or refuses it: none of a load case, or one of another module's.
+void takeStatedNumber(const std::string& text, const ProjectState& state, PlannedRow& row);
+
 void refuse(PlannedRow& row, const char* rule, const std::string& text);
 void refuse(PlannedRow& row, const LCM_Findings& findings);
 

@@ -45,7 +45,30 @@ std::set<int> usedNumbers(const std::vector<Table>& tables, const ProjectState& 
     return used;
 }
 
+void readNumber(const std::string& text, const ProjectState& state, PlannedRow& row)
+{
+    row.id = wholeNumberOf(text).value_or(0);
+    if (row.id < 1 || (row.id > LC_MAX_NUMBER && state.loadCases.count(row.id) == 0)) {
+        refuse(row, "import-load-case-number", '"' + text + "\" is no number of a load case (1 to 999999)");
+        row.id = 0;
+    }
+}
+
+void refuseForeign(const ProjectState& state, PlannedRow& row)
+{
+    if (row.outcome != Outcome::Refused && state.foreignNumbers.count(row.id) != 0) {
+        refuse(row, "import-other-module",
+               "load case " + std::to_string(row.id) + " belongs to another module");
+    }
+}
+
 } // namespace
+
+void takeStatedNumber(const std::string& text, const ProjectState& state, PlannedRow& row)
+{
+    readNumber(text, state, row);
+    refuseForeign(state, row);
+}
 
 RowNumbering::RowNumbering(const std::vector<Table>& tables, const ProjectState& state, Match match)
     : m_state(state), m_match(match), m_picksNumbers(mayPick(tables, match)),
@@ -67,10 +90,7 @@ void RowNumbering::identify(const RowCells& cells, PlannedRow& row)
     } else {
         identifyByNumber(cells, row);
     }
-    if (row.outcome != Outcome::Refused && m_state.foreignNumbers.count(row.id) != 0) {
-        refuse(row, "import-other-module",
-               "load case " + std::to_string(row.id) + " belongs to another module");
-    }
+    refuseForeign(m_state, row);
     if (row.outcome != Outcome::Refused) {
         refuseDoubled(row);
     }
@@ -82,7 +102,7 @@ void RowNumbering::identifyByNumber(const RowCells& cells, PlannedRow& row)
         row.name = cells.text(CASE_TITLE);
         takeFreeNumber(row);
     } else {
-        readNumber(row.name, row);
+        readNumber(row.name, m_state, row);
     }
 }
 
@@ -105,21 +125,11 @@ void RowNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
     } else if (number.empty()) {
         takeFreeNumber(row);
     } else {
-        readNumber(number, row);
+        readNumber(number, m_state, row);
         if (m_state.loadCases.count(row.id) != 0) {
             refuse(row, "import-number-taken",
                    "load case " + number + " has another title than \"" + row.name + '"');
         }
-    }
-}
-
-void RowNumbering::readNumber(const std::string& text, PlannedRow& row)
-{
-    row.id = wholeNumberOf(text).value_or(0);
-    const bool isStored = m_state.loadCases.count(row.id) != 0;
-    if (row.id < 1 || (row.id > LC_MAX_NUMBER && !isStored)) {
-        refuse(row, "import-load-case-number", '"' + text + "\" is no number of a load case (1 to 999999)");
-        row.id = 0;
     }
 }
 

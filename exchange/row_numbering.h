@@ -23,7 +23,6 @@ class RowNumbering
   private:
     void identifyByNumber(const RowCells& cells, PlannedRow& row);
     void identifyByTitle(const RowCells& cells, PlannedRow& row);
-    void readNumber(const std::string& text, PlannedRow& row);
     void takeFreeNumber(PlannedRow& row);
     void refuseDoubled(PlannedRow& row);
 

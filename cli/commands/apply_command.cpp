@@ -39,11 +39,11 @@ ExitCode ApplyCommand::run()
     int number = 0;
     for (std::string_view rest = viewOf(bytes); !rest.empty();) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
-        const std::string line(rest.substr(0, end));
+        const std::string_view line = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
         ++number;
-        if (line.find_first_not_of(" \t\r") != std::string::npos) {
-            results += script.run(number, line).dump() + '\n';
+        if (line.find_first_not_of(" \t\r") != std::string_view::npos) {
+            script.run(number, line, results);
         }
     }
     project.throwOnError();
