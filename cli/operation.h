@@ -16,7 +16,7 @@ class Operation
     {
         std::string name;
         Kind kind = Kind::Null;
-        std::string text;              ///< of a text, number or boolean; a decimal as the shortest of its float
+        std::string text; ///< of a text, number or boolean; a decimal as the shortest of its float
         std::vector<std::string> list; ///< of a list: its texts, empty for what is no text
     };
 
