@@ -10,7 +10,7 @@ namespace mrl::report {
 
 namespace {
 
-constexpr double FACTOR_WIDTH = 11.8;
+constexpr double FACTOR_WIDTH = 12;
 
 /// Without the letter that the names of the actions begin with.
 QString superpositionWord(const tagCDB_LC_ACT& action)

@@ -86,7 +86,7 @@ Sourced CodeValues::valueOf(const LCM_StoredAction& action, const designcode::De
                                                                : Text::tr("see the deviations");
         result.isMarked = true;
     }
-    result.values = QStringList(column.label + QLatin1Char(' ') + m_source.words.number(value));
+    result.values = QStringList(plain(column.label) + QChar(QChar::Nbsp) + m_source.words.number(value));
     return result;
 }
 

@@ -9,7 +9,8 @@ namespace mrl::report {
 namespace {
 
 constexpr double NUMBER_WIDTH = 15;
-constexpr double VALUE_WIDTH = 13;
+constexpr double VALUE_WIDTH = 16;
+constexpr double NARROW_VALUE_WIDTH = 13; // beside the factors
 constexpr double FACTOR_WIDTH = 12;
 
 struct Component
@@ -53,12 +54,13 @@ Table ofOtherModules(const Source& source, const LoadCaseGroup& group)
 std::vector<Column> columnsOf(const Source& source, const Layout& layout, bool hasFactors)
 {
     std::vector<Column> columns{{Text::tr("Number"), NUMBER_WIDTH, Align::Right}, {Text::tr("Title")}};
+    const double width = hasFactors ? NARROW_VALUE_WIDTH : VALUE_WIDTH;
     for (std::size_t i = 0; i < COMPONENTS.size(); ++i) {
         if (layout.components[i]) {
-            columns.push_back({QLatin1String(COMPONENTS[i].name), VALUE_WIDTH, Align::Right});
+            columns.push_back({QLatin1String(COMPONENTS[i].name), width, Align::Right});
         }
     }
-    columns.push_back({Text::tr("Factor"), VALUE_WIDTH, Align::Right});
+    columns.push_back({Text::tr("Factor"), width, Align::Right});
     if (hasFactors) {
         for (const FactorColumn& column : source.data->factors) {
             columns.push_back({plain(column.label), FACTOR_WIDTH, Align::Right});

@@ -149,7 +149,8 @@ QString readableCount(const combine::BigInt& count)
                                 : Readable::tr("%1 billion").arg(locale.toString(number / BILLION, 'f', 1));
     }
     const std::string digits = count.str();
-    const double head = std::stod(digits.substr(0, 1) + "." + digits.substr(1, 3));
+    // Not with the C library, which reads the decimal sign of the locale.
+    const double head = QString::fromStdString(digits.substr(0, 1) + "." + digits.substr(1, 3)).toDouble();
     return QStringLiteral("%1·10^%2").arg(locale.toString(head, 'f', 1)).arg(digits.size() - 1);
 }
 

@@ -9,8 +9,9 @@ namespace mrl::report {
 namespace {
 
 constexpr double PADDING = 55;
-constexpr double GUTTER = 200; // between two columns
+constexpr double GUTTER = 170; // between two columns
 constexpr int MOST_LINES = 40;
+constexpr double NARROWEST = 0.55; // of the letters of a number that is squeezed into its column
 constexpr double SHORTEST_SHARE = 1500;
 
 /// The left edges of the columns.
@@ -49,8 +50,7 @@ TablePainter::TablePainter(const Table& table, const Faces& faces)
         return;
     }
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        m_heads.push_back(
-            m_faces.head.lines(table.columns[i].head, m_lefts[i + 1] - m_lefts[i] - GUTTER, MOST_LINES));
+        m_heads.push_back(linesOf(faces.head, table.columns[i].head, i));
     }
     m_headHeight = mostOf(m_heads) * m_faces.head.lineHeight() + 3 * PADDING;
 }
@@ -61,10 +61,20 @@ const Face& TablePainter::faceOf(std::size_t column) const
     return !m_table.hasHead && column == 0 ? m_faces.head : m_faces.cell;
 }
 
+double TablePainter::room(std::size_t column) const { return m_lefts[column + 1] - m_lefts[column] - GUTTER; }
+
+/// A number is rather squeezed than broken, which somebody might read as two.
+QStringList TablePainter::linesOf(const Face& face, const QString& text, std::size_t column) const
+{
+    const bool isNumber = m_table.columns[column].align == Align::Right && !text.contains(QLatin1Char(' '));
+    return isNumber && face.width(text) * NARROWEST <= room(column)
+               ? QStringList(text)
+               : face.lines(text, room(column), MOST_LINES);
+}
+
 QStringList TablePainter::linesOf(const Row& row, std::size_t column) const
 {
-    return faceOf(column).lines(row.cells[column], m_lefts[column + 1] - m_lefts[column] - GUTTER,
-                                MOST_LINES);
+    return linesOf(faceOf(column), row.cells[column], column);
 }
 
 double TablePainter::rowHeight(const Row& row) const
@@ -85,7 +95,8 @@ double TablePainter::paintCells(QPainter& painter, double x, double y, const std
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const Face& face = isHead ? m_faces.head : faceOf(i);
         if (m_table.columns[i].align == Align::Right) {
-            drawLinesToTheLeftOf(painter, face, cells[i], x + m_lefts[i + 1] - GUTTER / 2, y + PADDING);
+            drawLinesToTheLeftOf(painter, face, cells[i], x + m_lefts[i + 1] - GUTTER / 2, y + PADDING,
+                                 room(i));
         } else {
             drawLines(painter, face, cells[i], x + m_lefts[i] + GUTTER / 2, y + PADDING);
         }

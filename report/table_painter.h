@@ -26,6 +26,8 @@ class TablePainter
 
   private:
     QStringList linesOf(const Row& row, std::size_t column) const;
+    QStringList linesOf(const Face& face, const QString& text, std::size_t column) const;
+    double room(std::size_t column) const;
     const Face& faceOf(std::size_t column) const;
     double paintCells(QPainter& painter, double x, double y, const std::vector<QStringList>& cells,
                       bool isHead) const;

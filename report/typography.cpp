@@ -89,10 +89,20 @@ void drawLines(QPainter& painter, const Face& face, const QStringList& lines, do
     }
 }
 
-void drawLinesToTheLeftOf(QPainter& painter, const Face& face, const QStringList& lines, double x, double y)
+void drawLinesToTheLeftOf(QPainter& painter, const Face& face, const QStringList& lines, double x, double y,
+                          double room)
 {
     for (const QString& line : lines) {
-        drawLines(painter, face, {line}, x - face.width(line), y);
+        const double width = face.width(line);
+        if (room > 0 && width > room) {
+            painter.save();
+            painter.translate(x, y);
+            painter.scale(room / width, 1);
+            drawLines(painter, face, {line}, -width, 0);
+            painter.restore();
+        } else {
+            drawLines(painter, face, {line}, x - width, y);
+        }
         y += face.lineHeight();
     }
 }

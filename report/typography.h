@@ -82,7 +82,8 @@ bool hasFonts();
 
 /// Draws lines from a top edge down.
 void drawLines(QPainter& painter, const Face& face, const QStringList& lines, double x, double y);
-/// The same with their ends at x.
-void drawLinesToTheLeftOf(QPainter& painter, const Face& face, const QStringList& lines, double x, double y);
+/// The same with their ends at x. @param room lines that are longer are squeezed; 0: none is
+void drawLinesToTheLeftOf(QPainter& painter, const Face& face, const QStringList& lines, double x, double y,
+                          double room = 0);
 
 } // namespace mrl::report

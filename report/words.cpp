@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "exchange/decimals.h"
 #include "lcdata/values/keywords.h"
 #include "lcdata/values/partition.h"
 #include "report/readable.h"
@@ -11,9 +12,8 @@ namespace mrl::report {
 
 namespace {
 
-constexpr int DIGITS = 6;
 constexpr double PLAINEST = 10000; // from there on decimals only make a number long
-constexpr double TOLERANCE = 1e-4; // of hundredths, for what a float can hold
+constexpr double TOLERANCE = 1e-6; // of hundredths, for what a double can hold
 constexpr QChar MINUS(0x2212);
 constexpr QChar REPLACED(0xFFFD);
 
@@ -62,10 +62,14 @@ QString Words::number(float value) const
     }
     QLocale locale = m_locale;
     locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::OmitLeadingZeroInExponent);
-    const auto exact = static_cast<double>(value);
+    // Of the float, and not of the double that it is as well.
+    const double exact = std::isfinite(value)
+                             ? QByteArray::fromStdString(exchange::numberText(value)).toDouble()
+                             : static_cast<double>(value);
     const bool isPlain =
         std::fabs(exact) < PLAINEST && std::fabs(exact * 100 - std::round(exact * 100)) < TOLERANCE;
-    return withTrueMinus(isPlain ? locale.toString(exact, 'f', 2) : locale.toString(exact, 'g', DIGITS));
+    return withTrueMinus(isPlain ? locale.toString(exact, 'f', 2)
+                                 : locale.toString(exact, 'g', QLocale::FloatingPointShortest));
 }
 
 QString Words::count(std::size_t number) const { return m_locale.toString(static_cast<qulonglong>(number)); }

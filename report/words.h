@@ -29,7 +29,7 @@ class Words
     explicit Words(const QString& language);
 
     const QString& language() const { return m_language; }
-    /// A factor or a component: two decimals where they tell all, else six digits; a dash for the undefined value.
+    /// A factor or a component: two decimals where they tell all, else as many as it takes; a dash for the undefined value.
     QString number(float value) const;
     /// A component that is mostly 0, which a dash stands for.
     QString sparse(float value) const { return value == 0.0f ? QString(EN_DASH) : number(value); }

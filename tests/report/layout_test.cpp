@@ -66,6 +66,21 @@ TEST_F(ReportPages, EachLoadCaseStandsWholeOnOnePageAndOnce)
     }
 }
 
+TEST_F(ReportPages, NoNumberIsBrokenIntoTwoLines)
+{
+    const QString file = project("action G\naction Q_B\ncase 1 Q_B \"Long numbers\"\n");
+    lc({"action", "set", file, "Q_B", "--psi0", "0.123456", "--gamu", "1.33333"});
+    lc({"case", "set", file, "1", "--dlz", "-123456.7"});
+    lc({"case", "create", file, "999999", "--title", "Its own factors"});
+    lc({"case", "set", file, "999999", "--gamu", "1.33333", "--gamf", "1", "--psi0", "0.123456", "--dlx",
+        "12345.678"});
+    const std::string text = joined(pages(file));
+    EXPECT_THAT(text, testing::ContainsRegex("Q_B .*1\\.33333 +0\\.00 +1\\.00 +0\\.123456 "));
+    EXPECT_THAT(text, HasSubstr("−123456.7 "));
+    EXPECT_THAT(text,
+                testing::ContainsRegex("999999 Its own .*12345\\.678 .*1\\.333.* +1\\.00 .*0\\.123456 "));
+}
+
 TEST_F(ReportPages, PagesAreNumberedAndDated)
 {
     const auto all = pages(longProject(), {"--date", "2026-11-22"});

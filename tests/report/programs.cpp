@@ -17,7 +17,8 @@ QString plainText(QString html)
                                    QRegularExpression::DotMatchesEverythingOption));
     html.replace(QRegularExpression(QStringLiteral("</t[dh]>")), QStringLiteral(" | "));
     html.remove(QRegularExpression(QStringLiteral("<[^>]*>")));
-    return html.replace(QLatin1String("&lt;"), QLatin1String("<"))
+    return html.replace(QChar(QChar::Nbsp), QLatin1Char(' '))
+        .replace(QLatin1String("&lt;"), QLatin1String("<"))
         .replace(QLatin1String("&gt;"), QLatin1String(">"))
         .replace(QLatin1String("&quot;"), QLatin1String("\""))
         .replace(QLatin1String("&amp;"), QLatin1String("&"));

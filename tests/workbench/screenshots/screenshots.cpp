@@ -44,7 +44,7 @@ using mrl::workbench::Manager;
 
 // As in the program itself, and so that the pictures show what a person sees.
 const MRL_QT_InitTranslator TRANSLATOR("mrl_workbench");
-const MRL_QT_InitTranslator REPORT_TEXTS("mrl_report");
+const MRL_QT_InitTranslator REPORT_TRANSLATOR("mrl_report");
 
 /// The screen that the pictures are taken as on.
 QSize screen()
