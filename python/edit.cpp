@@ -8,6 +8,8 @@
 #include "lcdata/load_cases.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/factors.h"
+#include "rules/action_columns.h"
+#include "rules/load_case_columns.h"
 
 namespace mrl::python {
 
@@ -25,15 +27,28 @@ const char* wordOf(exchange::Outcome outcome)
                                                      : "refused";
 }
 
-/// The factor that a finding among the reasons is about.
+/// What a column of the dialog is called among the fields of an edit; empty for one that is none.
+std::string fieldOfColumn(Sheet sheet, int column)
+{
+    const bool isLoadCase = sheet == Sheet::LoadCases;
+    if (isLoadCase && column == LC_COL_ACTION) {
+        return "action";
+    }
+    if (!isLoadCase && column == ACT_COL_ACTION) {
+        return "name";
+    }
+    const LCM_Factor* factor =
+        isLoadCase ? lcm_factor_of_load_case_column(column) : lcm_factor_of_action_column(column);
+    return factor == nullptr ? std::string() : factor->key;
+}
+
+/// The field that a finding among the reasons is about.
 py::object fieldOf(const exchange::PlannedRow& row, const std::string& rule)
 {
     for (const LCM_Finding& finding : row.findings) {
-        const LCM_Factor* factor = row.sheet == Sheet::LoadCases
-                                       ? lcm_factor_of_load_case_column(finding.column)
-                                       : lcm_factor_of_action_column(finding.column);
-        if (factor != nullptr && rule == lcm_rule_id(finding.rule)) {
-            return py::str(factor->key);
+        const std::string field = fieldOfColumn(row.sheet, finding.column);
+        if (!field.empty() && rule == lcm_rule_id(finding.rule)) {
+            return py::str(field);
         }
     }
     return py::none();

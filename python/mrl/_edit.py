@@ -14,7 +14,7 @@ if TYPE_CHECKING:
 
 
 class Refused(_core.Error):
-    """A change that a rule forbids. `row` is its load case or action, `field` the factor, `rule` the rule's id."""
+    """A change that a rule forbids. `row` is its load case or action, `field` what breaks it, `rule` the rule's id."""
 
     def __init__(self, row: str, field: str | None, rule: str, message: str) -> None:
         super().__init__(f"{row}: {message} [{rule}]")

@@ -82,7 +82,8 @@ class Editing(ProjectTest):
             preview = edit.preview()
         self.assertEqual([row.name for row in preview.added], ["9"])
         self.assertEqual(preview.changed[0].changes, [("title", "Loadcase 1", "New")])
-        self.assertEqual(preview.refused[0].reasons[0][0], "action-missing")
+        rule, _, field = preview.refused[0].reasons[0]
+        self.assertEqual((rule, field), ("action-missing", "action"))
         self.assertEqual(self.project.cases[1].title, "New", "the others stay")
 
     def test_what_is_not_there_is_a_key_error(self):
@@ -93,6 +94,11 @@ class Editing(ProjectTest):
             self.assertRaisesRegex(mrl.Error, "exists already", edit.create_case, 1)
             self.assertRaisesRegex(mrl.Error, "is not known", edit.set_case, 1, colour="red")
             self.assertRaises(TypeError, edit.set_case, 1, factor=[])
+
+    def test_a_refused_name_is_told_as_the_field(self):
+        with self.project.edit() as edit, self.assertRaises(mrl.Refused) as caught:
+            edit.create_action("YY", partition="Q", superposition="EXCL", gamu=1.5)
+        self.assertEqual((caught.exception.field, caught.exception.rule), ("name", "new-name-begins-with-y"))
 
     def test_a_project_opened_for_reading_is_not_edited(self):
         with mrl.open(self.sample("frame")) as project:
