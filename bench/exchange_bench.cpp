@@ -201,7 +201,7 @@ class Counter : public mrl::exchange::TableReceiver
   public:
     void begin(const mrl::exchange::TableHead&) override {}
     void take(mrl::exchange::Row&) override { ++rows; }
-    void note(const std::string&) override {}
+    void note(const mrl::exchange::Message&) override {}
 
     int rows = 0;
 };

@@ -45,9 +45,9 @@ Json jsonOf(const exchange::PlannedRow& row)
             {{"column", change.column->name}, {"before", change.before}, {"after", change.after}});
     }
     for (const exchange::Reason& reason : row.reasons) {
-        out["reasons"].push_back({{"rule", reason.rule}, {"message", reason.text}});
+        out["reasons"].push_back({{"rule", reason.rule}, {"message", reason.message.english()}});
     }
-    for (const std::string& note : row.notes) {
+    for (const std::string& note : englishOf(row.notes)) {
         out["notes"].push_back(note);
     }
     return out;
@@ -67,9 +67,9 @@ void printRow(Output& out, const exchange::PlannedRow& row)
         }
     }
     for (const exchange::Reason& reason : row.reasons) {
-        out.line("  " + clean(reason.text) + " [" + reason.rule + "]");
+        out.line("  " + clean(reason.message.english()) + " [" + reason.rule + "]");
     }
-    for (const std::string& note : row.notes) {
+    for (const std::string& note : englishOf(row.notes)) {
         out.line("  note: " + clean(note));
     }
 }
@@ -77,7 +77,7 @@ void printRow(Output& out, const exchange::PlannedRow& row)
 void printText(const ImportResult& result)
 {
     Output out;
-    for (const std::string& note : result.notes) {
+    for (const std::string& note : englishOf(result.notes)) {
         out.line("note: " + clean(note));
     }
     for (const exchange::PlannedRow& row : result.plan.rows) {
@@ -102,7 +102,7 @@ void printAsJson(const ImportResult& result)
         out[wordOf(outcome)] = result.plan.count(outcome);
     }
     out["notes"] = Json::array();
-    for (const std::string& note : result.notes) {
+    for (const std::string& note : englishOf(result.notes)) {
         out["notes"].push_back(note);
     }
     out["rows"] = Json::array();

@@ -8,7 +8,7 @@ namespace mrl::cli {
 struct ImportResult
 {
     const exchange::Plan& plan;
-    const std::vector<std::string>& notes;
+    const std::vector<exchange::Message>& notes;
     bool applied;
 };
 

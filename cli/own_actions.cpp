@@ -40,7 +40,7 @@ void createOwnAction(const OwnAction& action, const Project& project)
     const exchange::Plan plan = exchange::planOf(exchange::stateOf(project.db()), {tableOf(action)});
     const exchange::PlannedRow& row = plan.rows.front();
     if (row.outcome == exchange::Outcome::Refused) {
-        project.refuse("action " + action.name + ": " + row.reasons.front().text + " [" +
+        project.refuse("action " + action.name + ": " + row.reasons.front().message.english() + " [" +
                        row.reasons.front().rule + "]");
     }
     if (!row.isNew) {

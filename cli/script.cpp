@@ -116,7 +116,7 @@ void Script::takeRow(exchange::Sheet sheet)
     }
     const exchange::PlannedRow planned = exchange::planRow(m_state, head, row);
     if (planned.outcome == exchange::Outcome::Refused) {
-        fail(planned.reasons.front().text + " [" + planned.reasons.front().rule + "]");
+        fail(planned.reasons.front().message.english() + " [" + planned.reasons.front().rule + "]");
     }
     if (!exchange::apply(planned, m_state, m_project.db())) {
         fail(planned.name + " could not be written");

@@ -58,21 +58,13 @@ class ActionRow : RowPlan
     /// Judges the name of a new action as the dialog does.
     void checkName()
     {
-        const QString upper = QString::fromStdString(m_row.name).toUpper();
-        const int underscore = upper.indexOf('_');
-        const LCM_TypedName name{upper.left(underscore),
-                                 underscore < 0 ? QString() : upper.mid(underscore + 1)};
+        const LCM_TypedName name = lcm_typed_name(QString::fromStdString(m_row.name));
         if (name.action.isEmpty()) {
-            refuse(m_row, "import-no-name", "the row names no action");
+            refuse(m_row, "import-no-name", {QT_TRANSLATE_NOOP("Exchange", "the row names no action")});
         }
-        if (upper.toUtf8().size() > 4) {
-            refuse(m_row, {LCM_Finding{LCM_Rule::NewNameTooLong, LCM_Subject::Action, 0, 0, {}}});
-        }
-        for (const LCM_NameEdit edit : {LCM_NameEdit::Action, LCM_NameEdit::Category}) {
-            const auto finding = lcm_check_new_name(name, {}, edit);
-            if (finding && m_row.outcome != Outcome::Refused) {
-                refuse(m_row, {*finding});
-            }
+        const auto finding = lcm_check_whole_name(name);
+        if (finding && m_row.outcome != Outcome::Refused) {
+            refuse(m_row, {*finding});
         }
     }
     /// A variable action without factors, as the dialog makes one whose name is typed.
@@ -96,8 +88,8 @@ class ActionRow : RowPlan
         const auto id = lcm_id_of_word(list, text);
         if (!id) {
             refuse(m_row, "import-unknown-word",
-                   '"' + text + "\" of \"" + columnsOf(Sheet::Actions)[place].name + "\" is none of " +
-                       lcm_joined_words(list));
+                   {QT_TRANSLATE_NOOP("Exchange", "\"%1\" of \"%2\" is none of %3"),
+                    {text, columnsOf(Sheet::Actions)[place].name, lcm_joined_words(list)}});
         }
         return id.value_or(old);
     }
@@ -124,8 +116,10 @@ class ActionRow : RowPlan
             m_row.action->wanted.*factor.actionField = m_state.defaultActions.at(code).*factor.actionField;
         }
         if (!statesAllFactors()) {
-            m_row.notes.push_back("factors that the row doesn't state are those of " +
-                                  lcm_code_name(code).toStdString() + " of the design code");
+            m_row.notes.push_back(
+                {QT_TRANSLATE_NOOP("Exchange",
+                                   "factors that the row doesn't state are those of %1 of the design code"),
+                 {lcm_code_name(code).toStdString()}});
         }
     }
     /// The action of the same name, else that which the row resembles, else the first one of its category.
@@ -203,7 +197,8 @@ void planActions(const Table& table, ProjectState& state, std::map<int, int>& li
         const auto [first, isFirst] = lines.emplace(row.id, row.line);
         if (!isFirst) {
             refuse(row, "import-doubled",
-                   '"' + row.name + "\" stands in line " + std::to_string(first->second) + " already");
+                   {QT_TRANSLATE_NOOP("Exchange", "\"%1\" stands in line %2 already"),
+                    {row.name, std::to_string(first->second)}});
         }
         enter(row, state);
         plan.rows.push_back(std::move(row));

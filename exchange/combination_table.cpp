@@ -38,11 +38,12 @@ Cells cellsOf(const CombinationTable& table, int position, const CombinationRow&
 
 bool isNumberColumn(std::size_t column) { return column == 0 || column >= WORDS.size(); }
 
-std::string writeSheet(const CombinationTable& table, WorkbookWriter& writer)
+Message writeSheet(const CombinationTable& table, WorkbookWriter& writer)
 {
     const Cells headings = headingsOf(table);
     if (headings.size() > Workbook::MAX_COLUMNS) {
-        return "a sheet of a workbook holds at most " + std::to_string(Workbook::MAX_COLUMNS) + " columns";
+        return {QT_TRANSLATE_NOOP("Exchange", "a sheet of a workbook holds at most %1 columns"),
+                {std::to_string(Workbook::MAX_COLUMNS)}};
     }
     std::vector<WorkbookColumn> columns;
     for (std::size_t i = 0; i < headings.size(); ++i) {

@@ -39,6 +39,6 @@ Cells cellsOf(const CombinationTable& table, int position, const CombinationRow&
 bool isNumberColumn(std::size_t column);
 
 /// Writes the sheet "combinations". @return what is wrong; empty when it was written
-std::string writeSheet(const CombinationTable& table, WorkbookWriter& writer);
+Message writeSheet(const CombinationTable& table, WorkbookWriter& writer);
 
 } // namespace mrl::exchange

@@ -45,10 +45,13 @@ void DecimalSigns::look(std::string_view number)
 std::variant<char, FormatError> DecimalSigns::sign() const
 {
     if (m_hasPoint && m_hasComma) {
-        return FormatError{"some numbers have a decimal point and others a decimal comma; say which holds"};
+        return FormatError{{QT_TRANSLATE_NOOP(
+            "Exchange", "some numbers have a decimal point and others a decimal comma; say which holds")}};
     }
     if (!m_hasPoint && !m_hasComma && !m_open.empty()) {
-        return FormatError{"numbers like " + m_open + " leave the decimal sign open; say which it is"};
+        return FormatError{
+            {QT_TRANSLATE_NOOP("Exchange", "numbers like %1 leave the decimal sign open; say which it is"),
+             {m_open}}};
     }
     return m_hasComma ? ',' : '.';
 }

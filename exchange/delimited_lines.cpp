@@ -12,10 +12,11 @@ constexpr char QUOTE = '"';
 
 } // namespace
 
-void LineReader::fail(const std::string& text)
+void LineReader::fail(const Message& message)
 {
     if (m_error.empty()) {
-        m_error = "line " + std::to_string(m_lineNumber) + ": " + text;
+        m_error =
+            Message::at({QT_TRANSLATE_NOOP("Exchange", "line %1"), {std::to_string(m_lineNumber)}}, message);
     }
 }
 
@@ -43,7 +44,7 @@ void LineReader::readFields(Line& line)
     bool more = true;
     while (more && m_error.empty()) {
         if (count == MAX_FIELDS) {
-            fail("more than " + std::to_string(MAX_FIELDS) + " fields");
+            fail({QT_TRANSLATE_NOOP("Exchange", "more than %1 fields"), {std::to_string(MAX_FIELDS)}});
             return;
         }
         if (count == line.fields.size()) {
@@ -56,7 +57,7 @@ void LineReader::readFields(Line& line)
     }
     line.fields.resize(count);
     if (!isAtEndOfLine()) {
-        fail("text stands behind a closing quote");
+        fail({QT_TRANSLATE_NOOP("Exchange", "text stands behind a closing quote")});
     }
 }
 
@@ -75,7 +76,8 @@ void LineReader::readField(std::string& field)
         readPlain(field);
     }
     if (field.size() > MAX_FIELD_BYTES) {
-        fail("a field is longer than " + std::to_string(MAX_FIELD_BYTES) + " bytes");
+        fail({QT_TRANSLATE_NOOP("Exchange", "a field is longer than %1 bytes"),
+              {std::to_string(MAX_FIELD_BYTES)}});
     }
 }
 
@@ -87,7 +89,7 @@ void LineReader::readPlain(std::string& field)
         ++m_at;
     }
     if (m_at < m_text.size() && m_text[m_at] == '\0') {
-        fail("a zero character");
+        fail({QT_TRANSLATE_NOOP("Exchange", "a zero character")});
     }
     field.assign(m_text.substr(begin, m_at - begin));
 }
@@ -103,7 +105,8 @@ void LineReader::readQuoted(std::string& field)
             return;
         }
         if (c == '\0' || field.size() > MAX_FIELD_BYTES) {
-            fail(c == '\0' ? "a zero character" : "a quoted field is too long");
+            fail({c == '\0' ? QT_TRANSLATE_NOOP("Exchange", "a zero character")
+                            : QT_TRANSLATE_NOOP("Exchange", "a quoted field is too long")});
             return;
         }
         m_lineNumber += c == '\n' ? 1 : 0;
@@ -111,7 +114,7 @@ void LineReader::readQuoted(std::string& field)
         field += c;
     }
     m_lineNumber = firstLine;
-    fail("a quote is not closed");
+    fail({QT_TRANSLATE_NOOP("Exchange", "a quote is not closed")});
 }
 
 void appendQuoted(std::string& text, std::string_view field, char separator)

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "exchange/message.h"
+
 namespace mrl::exchange {
 
 struct Line
@@ -25,7 +27,7 @@ class LineReader
     /// Reads the next line that holds anything. @return false behind the last one and on an error
     bool next(Line& line);
     /// What is wrong, with the line; empty as long as nothing is.
-    const std::string& error() const { return m_error; }
+    const Message& error() const { return m_error; }
 
   private:
     bool isAtEndOfLine() const;
@@ -34,13 +36,13 @@ class LineReader
     void readPlain(std::string& field);
     void readQuoted(std::string& field);
     void endLine();
-    void fail(const std::string& text);
+    void fail(const Message& message);
 
     std::string_view m_text;
     char m_separator;
     std::size_t m_at = 0;
     int m_lineNumber = 1;
-    std::string m_error;
+    Message m_error;
 };
 
 /// Appends a field as it is written.

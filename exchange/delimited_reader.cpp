@@ -38,11 +38,6 @@ char foundSeparator(std::string_view text, const FormatOptions& told)
     return found;
 }
 
-std::string separatorName(char separator)
-{
-    return separator == '\t' ? "tabulator" : std::string("\"") + separator + '"';
-}
-
 /// A number with a decimal comma as one with a point; a point in it makes it no number.
 void replaceComma(std::string& field)
 {
@@ -66,7 +61,9 @@ class DelimitedReader
     {
         LineReader reader(m_text, m_separator);
         if (!reader.next(m_line)) {
-            return FormatError{reader.error().empty() ? "the file is empty" : reader.error()};
+            return FormatError{reader.error().empty()
+                                   ? Message{QT_TRANSLATE_NOOP("Exchange", "the file is empty")}
+                                   : reader.error()};
         }
         m_receiver.form({encoding, m_separator, m_options.decimalSign});
         if (auto error = m_headings.read(m_line.number, m_line.fields, m_options, m_receiver)) {
@@ -78,9 +75,8 @@ class DelimitedReader
         }
         m_hasComma = std::get<char>(decimal) == ',';
         m_receiver.form({encoding, m_separator, std::get<char>(decimal)});
-        m_receiver.note("read as " + encoding + ", separator " + separatorName(m_separator) +
-                        ", decimal sign \"" + std::get<char>(decimal) + "\"");
-        for (const std::string& note : m_headings.notes()) {
+        noteForm(encoding, std::get<char>(decimal));
+        for (const Message& note : m_headings.notes()) {
             m_receiver.note(note);
         }
         m_receiver.begin(m_headings.head());
@@ -88,6 +84,18 @@ class DelimitedReader
     }
 
   private:
+    void noteForm(const std::string& encoding, char decimal)
+    {
+        if (m_separator == '\t') {
+            m_receiver.note(
+                {QT_TRANSLATE_NOOP("Exchange", "read as %1, separator tabulator, decimal sign \"%2\""),
+                 {encoding, std::string(1, decimal)}});
+        } else {
+            m_receiver.note(
+                {QT_TRANSLATE_NOOP("Exchange", "read as %1, separator \"%2\", decimal sign \"%3\""),
+                 {encoding, std::string(1, m_separator), std::string(1, decimal)}});
+        }
+    }
     bool isNumeric(std::size_t i) const { return columnAt(i).isNumeric(); }
     const Column& columnAt(std::size_t i) const
     {
@@ -117,9 +125,9 @@ class DelimitedReader
         Row row;
         while (reader.next(m_line)) {
             if (m_line.fields.size() != width) {
-                return FormatError{"line " + std::to_string(m_line.number) + " has " +
-                                   std::to_string(m_line.fields.size()) + " fields, the heading " +
-                                   std::to_string(width)};
+                return FormatError{{QT_TRANSLATE_NOOP("Exchange", "line %1 has %2 fields, the heading %3"),
+                                    {std::to_string(m_line.number), std::to_string(m_line.fields.size()),
+                                     std::to_string(width)}}};
             }
             fill(row);
             m_receiver.take(row);
@@ -156,7 +164,7 @@ std::optional<FormatError> readDelimited(std::string_view bytes, const FormatOpt
 {
     const auto text = decoded(bytes, options.encoding);
     if (!text) {
-        return FormatError{"the file is not in " + options.encoding};
+        return FormatError{{QT_TRANSLATE_NOOP("Exchange", "the file is not in %1"), {options.encoding}}};
     }
     const char separator = options.separator == 0 ? foundSeparator(text->text, options) : options.separator;
     return DelimitedReader(text->text, separator, options, receiver).run(text->encoding);

@@ -20,14 +20,13 @@ bool beginsFormula(const std::string& text)
 class DelimitedText : public Format
 {
   public:
-    DelimitedText(std::string name, std::string description, std::vector<std::string> suffixes,
-                  char separator)
+    DelimitedText(std::string name, Message description, std::vector<std::string> suffixes, char separator)
         : m_name(std::move(name)), m_description(std::move(description)), m_suffixes(std::move(suffixes)),
           m_separator(separator)
     {
     }
     std::string name() const override { return m_name; }
-    std::string description() const override { return m_description; }
+    Message description() const override { return m_description; }
     std::vector<std::string> suffixes() const override { return m_suffixes; }
     bool holdsManySheets() const override { return false; }
     bool isText() const override { return true; }
@@ -57,7 +56,7 @@ class DelimitedText : public Format
     }
 
     std::string m_name;
-    std::string m_description;
+    Message m_description;
     std::vector<std::string> m_suffixes;
     char m_separator; ///< that is written unless told
 };
@@ -74,13 +73,13 @@ std::string unguarded(const std::string& text)
 
 std::unique_ptr<Format> csvFormat()
 {
-    return std::make_unique<DelimitedText>("csv", "Comma-separated values",
+    return std::make_unique<DelimitedText>("csv", QT_TRANSLATE_NOOP("Exchange", "Comma-separated values"),
                                            std::vector<std::string>{"csv", "txt"}, ',');
 }
 
 std::unique_ptr<Format> tsvFormat()
 {
-    return std::make_unique<DelimitedText>("tsv", "Tabulator-separated values",
+    return std::make_unique<DelimitedText>("tsv", QT_TRANSLATE_NOOP("Exchange", "Tabulator-separated values"),
                                            std::vector<std::string>{"tsv"}, '\t');
 }
 

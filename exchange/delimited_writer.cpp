@@ -56,7 +56,8 @@ class LineWriter
     {
         return m_separator != m_decimal && m_separator != '"'
                    ? std::nullopt
-                   : std::optional(FormatError{"the separator can't be the decimal sign or a quote"});
+                   : std::optional(FormatError{{QT_TRANSLATE_NOOP(
+                         "Exchange", "the separator can't be the decimal sign or a quote")}});
     }
     bool isFine() const { return m_error.empty(); }
 
@@ -67,9 +68,10 @@ class LineWriter
         m_lines.clear();
         m_written = true;
         if (!bytes) {
-            m_error = m_encoding + " can't hold all characters of the titles";
+            m_error = {QT_TRANSLATE_NOOP("Exchange", "%1 can't hold all characters of the titles"),
+                       {m_encoding}};
         } else if (!m_sink(*bytes)) {
-            m_error = "the file can't be written";
+            m_error = {QT_TRANSLATE_NOOP("Exchange", "the file can't be written")};
         }
     }
     void addNumber(const std::string& cell)
@@ -86,7 +88,7 @@ class LineWriter
     std::string m_encoding;
     const Sink& m_sink;
     std::string m_lines;
-    std::string m_error;
+    Message m_error;
     bool m_written = false;
 };
 
@@ -96,7 +98,8 @@ std::optional<FormatError> writeDelimited(const Source& source, const FormatOpti
                                           const Sink& sink)
 {
     if (source.sheets.size() != 1) {
-        return FormatError{"a file of this format holds either actions or load cases"};
+        return FormatError{
+            {QT_TRANSLATE_NOOP("Exchange", "a file of this format holds either actions or load cases")}};
     }
     const std::vector<Column>& columns = columnsOf(source.sheets[0]);
     LineWriter writer(options, sink);

@@ -8,7 +8,9 @@ std::optional<WriteFailure> writeFile(const WriteBytes& write, const QString& pa
                                       const std::function<bool()>& isSound)
 {
     QSaveFile file(path);
-    const auto failure = [&] { return WriteFailure{file.errorString().toStdString(), true}; };
+    const auto failure = [&] {
+        return WriteFailure{Message::verbatim(file.errorString().toStdString()), true};
+    };
     if (!file.open(QIODevice::WriteOnly)) {
         return failure();
     }
@@ -19,10 +21,10 @@ std::optional<WriteFailure> writeFile(const WriteBytes& write, const QString& pa
         return isWritten;
     });
     if (error && isWritten) {
-        return WriteFailure{error->text, false};
+        return WriteFailure{error->message, false};
     }
     if (!isSound()) {
-        return WriteFailure{"the project can't be read whole", false};
+        return WriteFailure{{QT_TRANSLATE_NOOP("Exchange", "the project can't be read whole")}, false};
     }
     // The commit alone doesn't notice that the last block didn't fit.
     if (!isWritten || !file.flush() || !file.commit()) {

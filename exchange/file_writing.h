@@ -8,7 +8,7 @@ namespace mrl::exchange {
 
 struct WriteFailure
 {
-    std::string text;
+    Message message;
     bool isOfFile = false; ///< of the disk, and not of what was to be written
 };
 

@@ -43,10 +43,10 @@ struct Source
     std::map<std::string, std::string> facts; ///< of the project, which the caller reads from its host
 };
 
-/// Why a file could not be read or written, with the place, in English.
+/// Why a file could not be read or written, with the place.
 struct FormatError
 {
-    std::string text;
+    Message message;
 };
 
 /// A heading of a file and what it was taken for.
@@ -77,8 +77,8 @@ class TableReceiver
     virtual void begin(const TableHead& head) = 0;
     /// @param row its strings may be taken
     virtual void take(Row& row) = 0;
-    /// What was found out or passed over, in English.
-    virtual void note(const std::string& text) = 0;
+    /// What was found out or passed over.
+    virtual void note(const Message& message) = 0;
     /// All headings of a table, also of one that can't be read for want of some.
     virtual void headings(Sheet, const std::vector<FoundHeading>&) {}
     virtual void form(const TextForm&) {}
@@ -92,8 +92,8 @@ class Format
     Format(const Format&) = delete;
     Format& operator=(const Format&) = delete;
 
-    virtual std::string name() const = 0; ///< the word of --format
-    virtual std::string description() const = 0;
+    virtual std::string name() const = 0;    ///< the word of --format
+    virtual Message description() const = 0; ///< for a person
     virtual std::vector<std::string> suffixes() const = 0;
     virtual bool holdsManySheets() const = 0;
     /// Whether separator, decimal sign and encoding can be told.
@@ -103,8 +103,8 @@ class Format
     /// Whether a file is of this format beyond doubt.
     virtual bool recognises(std::string_view file) const = 0;
 
-    /// What a file of this format would not tell of a project, in English; none unless a format says so.
-    virtual std::vector<std::string> losses(const Source&) const { return {}; }
+    /// What a file of this format would not tell of a project; none unless a format says so.
+    virtual std::vector<Message> losses(const Source&) const { return {}; }
 
     /// @return nothing when all was written
     virtual std::optional<FormatError> write(const Source& source, const FormatOptions& options,
@@ -133,7 +133,7 @@ const Format* formatOfFile(const std::string& fileName, std::string_view file);
 struct ReadTables
 {
     std::vector<Table> tables;
-    std::vector<std::string> notes;
+    std::vector<Message> notes;
     std::vector<std::pair<Sheet, std::vector<FoundHeading>>> headings;
     TextForm form;
 };
@@ -144,7 +144,7 @@ class TableCollector : public TableReceiver
   public:
     void begin(const TableHead& head) override { m_read.tables.push_back({head, {}}); }
     void take(Row& row) override { m_read.tables.back().rows.push_back(std::move(row)); }
-    void note(const std::string& text) override { m_read.notes.push_back(text); }
+    void note(const Message& message) override { m_read.notes.push_back(message); }
     void headings(Sheet sheet, const std::vector<FoundHeading>& found) override
     {
         m_read.headings.emplace_back(sheet, found);

@@ -60,7 +60,7 @@ std::variant<ReadTables, FormatError> readTables(const Format& format, std::stri
 {
     TableCollector collector;
     if (static_cast<long long>(bytes.size()) > MAX_FILE_BYTES) {
-        return FormatError{"the file is larger than 256 MiB"};
+        return FormatError{{QT_TRANSLATE_NOOP("Exchange", "the file is larger than 256 MiB")}};
     }
     if (auto error = format.read(bytes, options, collector)) {
         return std::move(*error);

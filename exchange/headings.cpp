@@ -55,20 +55,21 @@ std::optional<FormatError> Headings::read(int line, const Cells& headings, const
     receiver.headings(m_head.sheet, found);
     for (std::size_t i = 0; i < found.size(); ++i) {
         if (found[i].column < 0) {
-            m_notes.push_back("column \"" + headings[i] + "\" is passed over");
+            m_notes.push_back({QT_TRANSLATE_NOOP("Exchange", "column \"%1\" is passed over"), {headings[i]}});
             continue;
         }
         if (std::count(m_head.columns.begin(), m_head.columns.end(), found[i].column) > 0) {
             const auto column = static_cast<std::size_t>(found[i].column);
-            return FormatError{"line " + std::to_string(line) + ": two columns mean \"" +
-                               columnsOf(m_head.sheet)[column].name + '"'};
+            return FormatError{{QT_TRANSLATE_NOOP("Exchange", "line %1: two columns mean \"%2\""),
+                                {std::to_string(line), columnsOf(m_head.sheet)[column].name}}};
         }
         m_head.columns.push_back(found[i].column);
         m_places.push_back(i);
     }
     if (std::none_of(m_head.columns.begin(), m_head.columns.end(),
                      [&](int column) { return isKey(m_head.sheet, column, told.byTitle); })) {
-        return FormatError{std::string("no column is headed \"") + columnsOf(m_head.sheet)[0].name + '"'};
+        return FormatError{
+            {QT_TRANSLATE_NOOP("Exchange", "no column is headed \"%1\""), {columnsOf(m_head.sheet)[0].name}}};
     }
     return std::nullopt;
 }

@@ -29,12 +29,12 @@ class Headings
     /// The place among the fields of each column of the head.
     const std::vector<std::size_t>& places() const { return m_places; }
     /// The columns that are passed over.
-    const std::vector<std::string>& notes() const { return m_notes; }
+    const std::vector<Message>& notes() const { return m_notes; }
 
   private:
     TableHead m_head;
     std::vector<std::size_t> m_places;
-    std::vector<std::string> m_notes;
+    std::vector<Message> m_notes;
 };
 
 } // namespace mrl::exchange

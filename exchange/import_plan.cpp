@@ -77,16 +77,16 @@ std::string Plan::hash() const
     return hash.result().toHex().toStdString().substr(0, HASH_DIGITS);
 }
 
-void refuse(PlannedRow& row, const char* rule, const std::string& text)
+void refuse(PlannedRow& row, const char* rule, const Message& message)
 {
     row.outcome = Outcome::Refused;
-    row.reasons.push_back({rule, text});
+    row.reasons.push_back({rule, message});
 }
 
 void refuse(PlannedRow& row, const LCM_Findings& findings)
 {
     for (const LCM_Finding& finding : findings) {
-        refuse(row, lcm_rule_id(finding.rule), lcm_finding_english(finding).toStdString());
+        refuse(row, lcm_rule_id(finding.rule), Message::verbatim(lcm_finding_english(finding).toStdString()));
         row.findings.push_back(finding);
     }
 }
@@ -112,7 +112,8 @@ void packTitle(const std::string& title, std::uint32_t (&field)[LC_TITLE_WORDS],
         fitting.chop(1);
     }
     if (fitting.size() < whole.size()) {
-        row.notes.push_back("the title loses \"" + whole.mid(fitting.size()).toStdString() + '"');
+        row.notes.push_back({QT_TRANSLATE_NOOP("Exchange", "the title loses \"%1\""),
+                             {whole.mid(fitting.size()).toStdString()}});
     }
     lcm_title_pack(fitting, field, LC_TITLE_WORDS);
 }
@@ -129,7 +130,8 @@ std::optional<float> numberIn(const std::string& cell, const Column& column, Pla
 {
     const auto value = numberOf(cell);
     if (!value && !trimmed(cell).empty()) {
-        refuse(row, "import-no-number", '"' + cell + "\" of \"" + column.name + "\" is no number");
+        refuse(row, "import-no-number",
+               {QT_TRANSLATE_NOOP("Exchange", "\"%1\" of \"%2\" is no number"), {cell, column.name}});
     }
     return value;
 }

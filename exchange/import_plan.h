@@ -26,7 +26,7 @@ struct Change
 struct Reason
 {
     std::string rule; ///< the stable id: of a finding (docs/findings.md) or of an import (docs/exchange.md)
-    std::string text; ///< in English
+    Message message;
 };
 
 /// The record of an action as it stands and as it is to be written.
@@ -46,7 +46,7 @@ struct PlannedRow
     bool isNew = false;
     std::vector<Reason> reasons;           ///< of a refused row
     LCM_Findings findings;                 ///< those among the reasons that a rule of the dialog found
-    std::vector<std::string> notes;        ///< what was cured, and what the row loses
+    std::vector<Message> notes;            ///< what was cured, and what the row loses
     tagCDB_LC_CTRL loadCase{};             ///< to be written, of a load case
     tagCDB_LC_CTRL storedLoadCase{};       ///< as it stands
     std::unique_ptr<ActionRecords> action; ///< null for a load case: there are very many of these

@@ -29,7 +29,7 @@ class RecordMaker : public TableReceiver
         }
         m_rows.push_back({m_head.sheet, row.line, m_cells});
     }
-    void note(const std::string&) override {}
+    void note(const Message&) override {}
 
     /// Adds the rows to the records that stand in the file as bytes. Those say what a row can't.
     std::optional<FormatError> addTo(ProjectContent& content) const
@@ -38,8 +38,10 @@ class RecordMaker : public TableReceiver
             const bool fine =
                 row.sheet == Sheet::Actions ? addAction(row, content) : addLoadCase(row, content);
             if (!fine) {
-                return FormatError{std::string(nameOf(row.sheet)) + ", entry " + std::to_string(row.line) +
-                                   " makes no record, or contradicts that under its key"};
+                return FormatError{
+                    {QT_TRANSLATE_NOOP("Exchange",
+                                       "%1, entry %2 makes no record, or contradicts that under its key"),
+                     {nameOf(row.sheet), std::to_string(row.line)}}};
             }
         }
         return std::nullopt;

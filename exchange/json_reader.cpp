@@ -15,6 +15,7 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr std::size_t MAX_CELL_BYTES = 100000;
+constexpr const char* NO_OBJECT = QT_TRANSLATE_NOOP("Exchange", "the file is no JSON object");
 constexpr int SECTION = 1;      // depth of the names of the lists
 constexpr int ENTRY = 3;        // depth within an object of a list
 constexpr int FACT = 2;         // depth within the object of the facts
@@ -27,7 +28,10 @@ class JsonHandler : public Json::json_sax_t
     JsonHandler(TableReceiver& receiver, ProjectContent* rest) : m_receiver(receiver), m_rest(rest) {}
 
     bool null() override { return value({}); }
-    bool boolean(bool) override { return isSkipped() || fail("is neither text nor number"); }
+    bool boolean(bool) override
+    {
+        return isSkipped() || fail(QT_TRANSLATE_NOOP("Exchange", "%1: \"%2\" is neither text nor number"));
+    }
     bool number_integer(number_integer_t number) override { return value(std::to_string(number)); }
     bool number_unsigned(number_unsigned_t number) override { return value(std::to_string(number)); }
     bool number_float(number_float_t, const string_t& text) override
@@ -59,9 +63,10 @@ class JsonHandler : public Json::json_sax_t
     }
     bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception&) override
     {
-        return failWith("the file is no JSON: byte " + std::to_string(position) + " is not expected");
+        return failWith({QT_TRANSLATE_NOOP("Exchange", "the file is no JSON: byte %1 is not expected"),
+                         {std::to_string(position)}});
     }
-    const std::string& error() const { return m_error; }
+    const Message& error() const { return m_error; }
     /// Whether any part of the file means something here.
     bool isOurs() const { return m_isOurs; }
 
@@ -82,7 +87,7 @@ class JsonHandler : public Json::json_sax_t
             return name == "facts" ? Section::Facts : Section::Records;
         }
         m_isOurs = wasOurs;
-        m_receiver.note("\"" + name + "\" is passed over");
+        m_receiver.note({QT_TRANSLATE_NOOP("Exchange", "\"%1\" is passed over"), {name}});
         return Section::Unknown;
     }
     bool isSheet() const { return m_section == Section::Actions || m_section == Section::LoadCases; }
@@ -96,17 +101,17 @@ class JsonHandler : public Json::json_sax_t
     {
         ++m_depth;
         if (m_depth == 1) {
-            return isObject || failWith("the file is no JSON object");
+            return isObject || failWith({NO_OBJECT});
         }
         if (isSkipped()) {
             return true;
         }
         if (isSheet() && m_depth > ENTRY) {
-            return fail("is neither text nor number");
+            return fail(QT_TRANSLATE_NOOP("Exchange", "%1: \"%2\" is neither text nor number"));
         }
         const bool wantsObject = m_depth == (m_section == Section::Facts ? FACT : ENTRY);
         if (isObject != wantsObject || m_depth > RECORD_BYTES) {
-            return failWith(place(1) + " is no object");
+            return failWith({QT_TRANSLATE_NOOP("Exchange", "%1 is no object"), {place(1)}});
         }
         if (m_depth == ENTRY) {
             beginEntry();
@@ -124,16 +129,19 @@ class JsonHandler : public Json::json_sax_t
     bool value(const std::string& text)
     {
         if (m_depth == 0) {
-            return failWith("the file is no JSON object");
+            return failWith({NO_OBJECT});
         }
         if (isSkipped()) {
             return true;
         }
         if (isSheet()) {
-            return m_depth == ENTRY ? cell(text) : failWith(place(1) + " is no object");
+            return m_depth == ENTRY
+                       ? cell(text)
+                       : failWith({QT_TRANSLATE_NOOP("Exchange", "%1 is no object"), {place(1)}});
         }
         if (m_section == Section::Facts) {
-            return m_depth == FACT ? (m_rest->facts[m_key] = text, true) : failWith("\"facts\" is no object");
+            return m_depth == FACT ? (m_rest->facts[m_key] = text, true)
+                                   : failWith({QT_TRANSLATE_NOOP("Exchange", "\"facts\" is no object")});
         }
         return recordValue(text);
     }
@@ -144,11 +152,13 @@ class JsonHandler : public Json::json_sax_t
             return true;
         }
         if (text.size() > MAX_CELL_BYTES) {
-            return fail("is longer than " + std::to_string(MAX_CELL_BYTES) + " bytes");
+            return failWith({QT_TRANSLATE_NOOP("Exchange", "%1: \"%2\" is longer than %3 bytes"),
+                             {place(), m_key, std::to_string(MAX_CELL_BYTES)}});
         }
         if (std::find(m_columns.begin(), m_columns.end(), column) != m_columns.end()) {
             const Column& twice = columnsOf(m_head.sheet)[static_cast<std::size_t>(column)];
-            return failWith(place() + ": two entries mean \"" + twice.name + '"');
+            return failWith(
+                {QT_TRANSLATE_NOOP("Exchange", "%1: two entries mean \"%2\""), {place(), twice.name}});
         }
         m_columns.push_back(column);
         m_row.cells.push_back(text);
@@ -159,14 +169,15 @@ class JsonHandler : public Json::json_sax_t
         if (m_depth == RECORD_BYTES) {
             std::string bytes;
             if (!fromHex(text, bytes) || bytes.empty()) {
-                return fail("is no even number of hexadecimal digits");
+                return fail(
+                    QT_TRANSLATE_NOOP("Exchange", "%1: \"%2\" is no even number of hexadecimal digits"));
             }
             m_records.push_back(std::move(bytes));
             return true;
         }
         const auto number = wholeNumberOf(text);
         if (m_depth != ENTRY || !number || (m_key != "kwh" && m_key != "kwl")) {
-            return fail("is no number of a key");
+            return fail(QT_TRANSLATE_NOOP("Exchange", "%1: \"%2\" is no number of a key"));
         }
         (m_key == "kwh" ? m_recordKey.first : m_recordKey.second) = number;
         return true;
@@ -182,10 +193,10 @@ class JsonHandler : public Json::json_sax_t
             m_receiver.take(m_row);
         } else if (m_section == Section::Records && m_rest != nullptr) {
             if (!m_recordKey.first || !m_recordKey.second || m_records.empty()) {
-                return failWith(place() + " lacks kwh, kwl or bytes");
+                return failWith({QT_TRANSLATE_NOOP("Exchange", "%1 lacks kwh, kwl or bytes"), {place()}});
             }
             if (!m_rest->keys.emplace(RecordKey{*m_recordKey.first, *m_recordKey.second}, m_records).second) {
-                return failWith(place() + ": the key stands twice");
+                return failWith({QT_TRANSLATE_NOOP("Exchange", "%1: the key stands twice"), {place()}});
             }
         }
         return true;
@@ -197,7 +208,7 @@ class JsonHandler : public Json::json_sax_t
         if (isNew) {
             at->second = columnOfHeading(m_head.sheet, name);
             if (at->second < 0) {
-                m_receiver.note("entry \"" + name + "\" is passed over");
+                m_receiver.note({QT_TRANSLATE_NOOP("Exchange", "entry \"%1\" is passed over"), {name}});
             }
         }
         return at->second;
@@ -209,10 +220,11 @@ class JsonHandler : public Json::json_sax_t
                                                             : "records";
         return std::string(section) + ", entry " + std::to_string(m_row.line + ahead);
     }
-    bool fail(const std::string& text) { return failWith(place() + ": \"" + m_key + "\" " + text); }
-    bool failWith(const std::string& text)
+    /// @param pattern names the place and the entry
+    bool fail(const char* pattern) { return failWith({pattern, {place(), m_key}}); }
+    bool failWith(const Message& message)
     {
-        m_error = m_error.empty() ? text : m_error;
+        m_error = m_error.empty() ? message : m_error;
         return false;
     }
 
@@ -229,7 +241,7 @@ class JsonHandler : public Json::json_sax_t
     KeyRecords m_records;
     std::map<std::string, int> m_known[2];
     bool m_isOurs = false;
-    std::string m_error;
+    Message m_error;
 };
 
 } // namespace
@@ -239,12 +251,12 @@ std::optional<FormatError> readJson(std::string_view bytes, TableReceiver& recei
     JsonHandler handler(receiver, rest);
     const bool fine = Json::sax_parse(bytes.begin(), bytes.end(), &handler);
     if (fine && !handler.isOurs()) {
-        return FormatError{R"(the file has neither "actions" nor "loadcases")"};
+        return FormatError{{QT_TRANSLATE_NOOP("Exchange", R"(the file has neither "actions" nor "loadcases")")}};
     }
     if (fine) {
         return std::nullopt;
     }
-    return FormatError{handler.error().empty() ? "the file is no JSON object" : handler.error()};
+    return FormatError{handler.error().empty() ? Message{NO_OBJECT} : handler.error()};
 }
 
 } // namespace mrl::exchange

@@ -11,7 +11,7 @@ class JsonText : public Format
 {
   public:
     std::string name() const override { return "json"; }
-    std::string description() const override { return "JSON"; }
+    Message description() const override { return Message::verbatim("JSON"); }
     std::vector<std::string> suffixes() const override { return {name()}; }
     bool holdsManySheets() const override { return true; }
     bool recognises(std::string_view file) const override

@@ -205,8 +205,9 @@ std::string combinationObject(const CombinationRow& row)
 
 std::optional<FormatError> writeJson(const Source& source, const Sink& sink)
 {
-    return JsonWriter(source, sink).run() ? std::nullopt
-                                          : std::optional(FormatError{"the file can't be written"});
+    return JsonWriter(source, sink).run()
+               ? std::nullopt
+               : std::optional(FormatError{{QT_TRANSLATE_NOOP("Exchange", "the file can't be written")}});
 }
 
 std::optional<FormatError> writeJson(const CombinationTable& table, const Sink& sink)
@@ -223,7 +224,9 @@ std::optional<FormatError> writeJson(const CombinationTable& table, const Sink& 
         }
     });
     out += "\n ]\n}\n";
-    return isFine && sink(out) ? std::nullopt : std::optional(FormatError{"the file can't be written"});
+    return isFine && sink(out)
+               ? std::nullopt
+               : std::optional(FormatError{{QT_TRANSLATE_NOOP("Exchange", "the file can't be written")}});
 }
 
 } // namespace mrl::exchange

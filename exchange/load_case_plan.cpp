@@ -122,8 +122,10 @@ class LoadCaseRow : RowPlan
             if (cells[factor.id] != LC_UNDEFINED) {
                 return cells[factor.id];
             }
-            m_row.notes.push_back(std::string("\"") + factor.key +
-                                  "\" takes the value of the action, since a pair is stored whole");
+            m_row.notes.push_back(
+                {QT_TRANSLATE_NOOP("Exchange",
+                                   "\"%1\" takes the value of the action, since a pair is stored whole"),
+                 {factor.key}});
             return lcm_shown_factor(values, factor);
         };
         const float mainValue = value(main);

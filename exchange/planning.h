@@ -27,7 +27,7 @@ void enter(const PlannedRow& row, ProjectState& state);
 /// Enters the number that a row states, or refuses it: none of a load case, or one of another module's.
 void takeStatedNumber(const std::string& text, const ProjectState& state, PlannedRow& row);
 
-void refuse(PlannedRow& row, const char* rule, const std::string& text);
+void refuse(PlannedRow& row, const char* rule, const Message& message);
 void refuse(PlannedRow& row, const LCM_Findings& findings);
 
 /// The cells of a row by column.

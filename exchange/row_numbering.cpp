@@ -49,7 +49,8 @@ void readNumber(const std::string& text, const ProjectState& state, PlannedRow& 
 {
     row.id = wholeNumberOf(text).value_or(0);
     if (row.id < 1 || (row.id > LC_MAX_NUMBER && state.loadCases.count(row.id) == 0)) {
-        refuse(row, "import-load-case-number", '"' + text + "\" is no number of a load case (1 to 999999)");
+        refuse(row, "import-load-case-number",
+               {QT_TRANSLATE_NOOP("Exchange", "\"%1\" is no number of a load case (1 to 999999)"), {text}});
         row.id = 0;
     }
 }
@@ -58,7 +59,8 @@ void refuseForeign(const ProjectState& state, PlannedRow& row)
 {
     if (row.outcome != Outcome::Refused && state.foreignNumbers.count(row.id) != 0) {
         refuse(row, "import-other-module",
-               "load case " + std::to_string(row.id) + " belongs to another module");
+               {QT_TRANSLATE_NOOP("Exchange", "load case %1 belongs to another module"),
+                {std::to_string(row.id)}});
     }
 }
 
@@ -114,12 +116,14 @@ void RowNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
     const auto [first, isFirst] = m_titleLines.emplace(row.name, row.line);
     if (!isFirst) {
         refuse(row, "import-doubled",
-               "the title \"" + row.name + "\" stands in line " + std::to_string(first->second) + " already");
+               {QT_TRANSLATE_NOOP("Exchange", "the title \"%1\" stands in line %2 already"),
+                {row.name, std::to_string(first->second)}});
         return;
     }
     const auto found = m_titles.find(row.name);
     if (found != m_titles.end() && found->second == 0) {
-        refuse(row, "import-title-ambiguous", "several load cases have the title \"" + row.name + '"');
+        refuse(row, "import-title-ambiguous",
+               {QT_TRANSLATE_NOOP("Exchange", "several load cases have the title \"%1\""), {row.name}});
     } else if (found != m_titles.end()) {
         row.id = found->second;
     } else if (number.empty()) {
@@ -128,7 +132,8 @@ void RowNumbering::identifyByTitle(const RowCells& cells, PlannedRow& row)
         readNumber(number, m_state, row);
         if (m_state.loadCases.count(row.id) != 0) {
             refuse(row, "import-number-taken",
-                   "load case " + number + " has another title than \"" + row.name + '"');
+                   {QT_TRANSLATE_NOOP("Exchange", "load case %1 has another title than \"%2\""),
+                    {number, row.name}});
         }
     }
 }
@@ -143,7 +148,8 @@ void RowNumbering::takeFreeNumber(PlannedRow& row)
     m_free.take(row.id);
     m_used.insert(row.id);
     if (row.id > LC_MAX_NUMBER) {
-        refuse(row, "import-load-case-number", "no number up to 999999 is free for \"" + row.name + '"');
+        refuse(row, "import-load-case-number",
+               {QT_TRANSLATE_NOOP("Exchange", "no number up to 999999 is free for \"%1\""), {row.name}});
     }
 }
 
@@ -152,8 +158,8 @@ void RowNumbering::refuseDoubled(PlannedRow& row)
     const auto [first, isFirst] = m_lines.emplace(row.id, row.line);
     if (!isFirst) {
         refuse(row, "import-doubled",
-               "load case " + std::to_string(row.id) + " stands in line " + std::to_string(first->second) +
-                   " already");
+               {QT_TRANSLATE_NOOP("Exchange", "load case %1 stands in line %2 already"),
+                {std::to_string(row.id), std::to_string(first->second)}});
     }
 }
 

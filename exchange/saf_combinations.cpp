@@ -34,15 +34,16 @@ std::vector<WorkbookColumn> columnsFor(std::size_t terms)
 
 } // namespace
 
-std::string writeSafCombinations(const CombinationTable& table,
-                                 const std::function<std::string(const std::string&)>& idOf,
-                                 WorkbookWriter& writer)
+Message writeSafCombinations(const CombinationTable& table,
+                             const std::function<std::string(const std::string&)>& idOf,
+                             WorkbookWriter& writer)
 {
     std::size_t terms = 1;
     table.tell([&](const CombinationRow& row) { terms = std::max(terms, row.factors.size()); });
     if (terms > MOST_TERMS) {
-        return "a combination has " + std::to_string(terms) + " load cases, and one of SAF holds at most " +
-               std::to_string(MOST_TERMS);
+        return {
+            QT_TRANSLATE_NOOP("Exchange", "a combination has %1 load cases, and one of SAF holds at most %2"),
+            {std::to_string(terms), std::to_string(MOST_TERMS)}};
     }
     writer.beginSheet("StructuralLoadCombination", columnsFor(terms), false);
     int position = 0;

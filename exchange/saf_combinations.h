@@ -13,8 +13,8 @@ namespace mrl::exchange {
 
 /// @param idOf makes the id of a thing that stays the same
 /// @return what is wrong; empty when they were written
-std::string writeSafCombinations(const CombinationTable& table,
-                                 const std::function<std::string(const std::string&)>& idOf,
-                                 WorkbookWriter& writer);
+Message writeSafCombinations(const CombinationTable& table,
+                             const std::function<std::string(const std::string&)>& idOf,
+                             WorkbookWriter& writer);
 
 } // namespace mrl::exchange

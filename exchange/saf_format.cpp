@@ -12,7 +12,10 @@ class SafFormat : public Format
 {
   public:
     std::string name() const override { return "saf"; }
-    std::string description() const override { return "SAF workbook: load groups and load cases"; }
+    Message description() const override
+    {
+        return QT_TRANSLATE_NOOP("Exchange", "SAF workbook: load groups and load cases");
+    }
     std::vector<std::string> suffixes() const override { return {}; }
     bool holdsManySheets() const override { return true; }
     std::vector<std::string> versions() const override { return safVersions(); }
@@ -20,7 +23,7 @@ class SafFormat : public Format
     {
         return file.substr(0, 2) == "PK" && isSaf(Workbook(file));
     }
-    std::vector<std::string> losses(const Source& source) const override { return safLosses(source); }
+    std::vector<Message> losses(const Source& source) const override { return safLosses(source); }
     std::optional<FormatError> write(const Source& source, const FormatOptions& options,
                                      const Sink& sink) const override
     {

@@ -16,7 +16,6 @@ namespace {
 
 constexpr auto GROUPS = "StructuralLoadGroup";
 constexpr auto CASES = "StructuralLoadCase";
-constexpr int ACTION_NAME_BYTES = 4;
 
 const WorkbookSheet* sheetOf(const Workbook& workbook, const char* name)
 {
@@ -38,8 +37,8 @@ std::string plainHeading(const std::string& heading)
 /// A row by plain headings.
 using NamedRow = std::map<std::string, std::string>;
 
-std::string readNamedRows(const Workbook& workbook, const WorkbookSheet& sheet,
-                          const std::function<void(int line, NamedRow&)>& take)
+Message readNamedRows(const Workbook& workbook, const WorkbookSheet& sheet,
+                      const std::function<void(int line, NamedRow&)>& take)
 {
     std::vector<std::string> headings;
     return workbook.readRows(sheet, [&](WorkbookRow& row) {
@@ -65,44 +64,45 @@ class SafReader
     {
     }
 
-    std::string run()
+    Message run()
     {
-        std::string error = readModel();
+        Message error = readModel();
         error = error.empty() ? readGroups() : error;
         error = error.empty() ? readCases() : error;
         if (error.empty() && sheetOf(m_workbook, "StructuralLoadCombination") != nullptr) {
-            m_receiver.note("combinations are passed over");
+            m_receiver.note({QT_TRANSLATE_NOOP("Exchange", "combinations are passed over")});
         }
         return error;
     }
 
   private:
     /// Names stand in column A and values in column B.
-    std::string readModel()
+    Message readModel()
     {
         std::map<std::string, std::string> model;
         const WorkbookSheet* sheet = sheetOf(m_workbook, "Model");
-        const std::string error =
-            sheet == nullptr ? std::string() : m_workbook.readRows(*sheet, [&](WorkbookRow& row) {
+        const Message error =
+            sheet == nullptr ? Message() : m_workbook.readRows(*sheet, [&](WorkbookRow& row) {
                 row.cells.resize(2);
                 model[plainHeading(row.cells[0])] = row.cells[1];
                 return true;
             });
-        const auto tell = [&](const char* key, const char* name) {
+        const auto tell = [&](const char* key, const char* present, const char* absent) {
             const std::string& value = model[key];
-            m_receiver.note(value.empty() ? std::string("the model has no ") + name
-                                          : std::string(name) + " " + value);
+            m_receiver.note(value.empty() ? Message(absent) : Message(present, {value}));
         };
-        tell("safversion", "SAF version");
-        tell("nationalcode", "national code");
+        tell("safversion", QT_TRANSLATE_NOOP("Exchange", "SAF version %1"),
+             QT_TRANSLATE_NOOP("Exchange", "the model has no SAF version"));
+        tell("nationalcode", QT_TRANSLATE_NOOP("Exchange", "national code %1"),
+             QT_TRANSLATE_NOOP("Exchange", "the model has no national code"));
         return error;
     }
 
-    std::string readGroups()
+    Message readGroups()
     {
         const WorkbookSheet* sheet = sheetOf(m_workbook, GROUPS);
         if (sheet == nullptr) {
-            m_receiver.note(std::string("there is no sheet ") + GROUPS);
+            m_receiver.note({QT_TRANSLATE_NOOP("Exchange", "there is no sheet %1"), {GROUPS}});
             return {};
         }
         m_receiver.begin({Sheet::Actions, {ACTION_NAME, ACTION_PARTITION, ACTION_SUPERPOSITION}, false});
@@ -120,10 +120,11 @@ class SafReader
                 meaning.notes,
                 safActionLike(group)};
         if (out.cells[0] != group.name) {
-            out.notes.push_back("load group \"" + group.name + "\" becomes the action " + out.cells[0]);
+            out.notes.push_back({QT_TRANSLATE_NOOP("Exchange", "load group \"%1\" becomes the action %2"),
+                                 {group.name, out.cells[0]}});
         }
         if (row["id"].empty()) {
-            out.notes.push_back("load group " + group.name + ": no id");
+            out.notes.push_back({QT_TRANSLATE_NOOP("Exchange", "load group %1: no id"), {group.name}});
         }
         m_groupTypes[group.name] = group.type;
         m_receiver.take(out);
@@ -136,12 +137,8 @@ class SafReader
             return at->second;
         }
         const QString upper = QString::fromStdString(group).toUpper();
-        const int underscore = upper.indexOf('_');
-        const LCM_TypedName typed{upper.left(underscore),
-                                  underscore < 0 ? QString() : upper.mid(underscore + 1)};
-        const bool isGood = !typed.action.isEmpty() && upper.toUtf8().size() <= ACTION_NAME_BYTES &&
-                            !lcm_check_new_name(typed, {}, LCM_NameEdit::Action) &&
-                            !lcm_check_new_name(typed, {}, LCM_NameEdit::Category) &&
+        const LCM_TypedName typed = lcm_typed_name(upper);
+        const bool isGood = !typed.action.isEmpty() && !lcm_check_whole_name(typed) &&
                             m_taken.count(upper.toStdString()) == 0;
         at->second = upper.toStdString();
         for (int i = 1; !isGood && (i == 1 || m_taken.count(at->second) != 0); ++i) {
@@ -151,11 +148,11 @@ class SafReader
         return at->second;
     }
 
-    std::string readCases()
+    Message readCases()
     {
         const WorkbookSheet* sheet = sheetOf(m_workbook, CASES);
         if (sheet == nullptr) {
-            m_receiver.note(std::string("there is no sheet ") + CASES);
+            m_receiver.note({QT_TRANSLATE_NOOP("Exchange", "there is no sheet %1"), {CASES}});
             return {};
         }
         return readNamedRows(m_workbook, *sheet, [this](int line, NamedRow& row) { takeCase(line, row); });
@@ -204,30 +201,32 @@ class SafReader
     }
     void noteFaults(const std::string& name, const std::string& number, NamedRow& row, Row& out)
     {
-        const auto note = [&](const std::string& text) {
-            out.notes.push_back("load case " + name + ": " + text);
+        const auto note = [&](const Message& what) {
+            out.notes.push_back(Message::at({QT_TRANSLATE_NOOP("Exchange", "load case %1"), {name}}, what));
         };
         if (number.empty()) {
-            note("the name becomes the title");
+            note({QT_TRANSLATE_NOOP("Exchange", "the name becomes the title")});
         }
         if (number.empty() && !row["description"].empty()) {
-            note("the description \"" + row["description"] + "\" is dropped");
+            note({QT_TRANSLATE_NOOP("Exchange", "the description \"%1\" is dropped"), {row["description"]}});
         }
         if (plainHeading(row["loadtype"]) == "selfweight") {
-            note("self weight is told without an amount; DLX, DLY and DLZ stay");
+            note({QT_TRANSLATE_NOOP("Exchange",
+                                    "self weight is told without an amount; DLX, DLY and DLZ stay")});
         }
         if (row["id"].empty()) {
-            note("no id");
+            note({QT_TRANSLATE_NOOP("Exchange", "no id")});
         }
         const auto type = m_groupTypes.find(row["loadgroup"]);
         if (actionOf(row["loadgroup"]).empty() || row["loadgroup"] == "IMP") {
             return;
         }
         if (type == m_groupTypes.end()) {
-            note("there is no load group \"" + row["loadgroup"] + '"');
+            note({QT_TRANSLATE_NOOP("Exchange", "there is no load group \"%1\""), {row["loadgroup"]}});
         } else if ((type->second == "Permanent") != (row["actiontype"] == "Permanent")) {
-            note("its action type is " + row["actiontype"] + ", that of its group " + type->second +
-                 "; the group counts");
+            note({QT_TRANSLATE_NOOP("Exchange",
+                                    "its action type is %1, that of its group %2; the group counts"),
+                  {row["actiontype"], type->second}});
         }
     }
 
@@ -250,9 +249,9 @@ bool isSaf(const Workbook& workbook)
 std::optional<FormatError> readSaf(std::string_view bytes, TableReceiver& receiver)
 {
     const Workbook workbook(bytes);
-    std::string error = workbook.error();
+    Message error = workbook.error();
     if (error.empty() && !isSaf(workbook)) {
-        error = std::string("the workbook has no sheet ") + GROUPS + " or " + CASES;
+        error = {QT_TRANSLATE_NOOP("Exchange", "the workbook has no sheet %1 or %2"), {GROUPS, CASES}};
     }
     error = error.empty() ? SafReader(workbook, receiver).run() : error;
     return error.empty() ? std::nullopt : std::optional(FormatError{error});

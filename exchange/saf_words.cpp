@@ -76,19 +76,20 @@ void addLosses(const tagCDB_LC_ACT& action, SafGroup& group)
 {
     const int superposition = lcm_superposition_id(action.partition);
     const int partition = lcm_partition_id(action.partition);
-    const auto lose = [&](const std::string& text) {
-        group.losses.push_back("action " + group.name + ": " + text);
+    const auto lose = [&](const Message& what) {
+        group.losses.push_back(Message::at({QT_TRANSLATE_NOOP("Exchange", "action %1"), {group.name}}, what));
     };
-    lose("all factors");
+    lose({QT_TRANSLATE_NOOP("Exchange", "all factors")});
     const SafMeaning meaning = safMeaningOf(group);
     const std::string ours = lcm_word_of_id(LCM_SUPERPOSITIONS, superposition);
     if (meaning.superposition != ours) {
-        lose("the superposition " + ours + " is written as " + group.relation + " and would be read as " +
-             meaning.superposition);
+        lose({QT_TRANSLATE_NOOP("Exchange", "the superposition %1 is written as %2 and would be read as %3"),
+              {ours, group.relation, meaning.superposition}});
     }
     const std::string word = lcm_word_of_id(LCM_PARTITIONS, partition);
     if (meaning.partition != word) {
-        lose("the partition " + word + " would be read as " + meaning.partition);
+        lose({QT_TRANSLATE_NOOP("Exchange", "the partition %1 would be read as %2"),
+              {word, meaning.partition}});
     }
 }
 
@@ -110,7 +111,11 @@ SafGroup safGroupOf(const std::string& name, const tagCDB_LC_ACT& action)
 
 SafGroup safGroupOfNoAction(const std::string& name)
 {
-    return {name, "Variable", "Standard", "Others", {"load cases of " + name + ": that they have no action"}};
+    return {name,
+            "Variable",
+            "Standard",
+            "Others",
+            {{QT_TRANSLATE_NOOP("Exchange", "load cases of %1: that they have no action"), {name}}}};
 }
 
 SafCase safCaseOf(const SafGroup& group, const tagCDB_LC_ACT* action, const tagCDB_LC_CTRL& loadCase)
@@ -136,22 +141,25 @@ SafCase safCaseOf(const SafGroup& group, const tagCDB_LC_ACT* action, const tagC
 SafMeaning safMeaningOf(const SafGroup& group)
 {
     SafMeaning meaning;
-    const std::string place = "load group " + group.name + ": ";
+    const auto note = [&](const Message& what) {
+        meaning.notes.push_back(
+            Message::at({QT_TRANSLATE_NOOP("Exchange", "load group %1"), {group.name}}, what));
+    };
     meaning.partition = isPermanent(group)           ? "G"
                         : group.type == "Accidental" ? "A"
                         : group.type == "Seismic"    ? "E"
                                                      : "Q";
     const bool isKnown = isPermanent(group) || meaning.partition != "Q" || group.type == "Variable";
     if (!isKnown) {
-        meaning.notes.push_back(place + "the type \"" + group.type + "\" is read as Variable");
+        note({QT_TRANSLATE_NOOP("Exchange", "the type \"%1\" is read as Variable"), {group.type}});
     }
     const bool isTogether = group.relation == "Together";
     if (isTogether && !isPermanent(group)) {
-        meaning.notes.push_back(place + "Together, which is for permanent loads only, is read as PERM");
+        note({QT_TRANSLATE_NOOP("Exchange", "Together, which is for permanent loads only, is read as PERM")});
     }
     if (group.relation != "Exclusive" && group.relation != "Standard" && !isTogether) {
-        meaning.notes.push_back(place + "the relation \"" + group.relation + "\" is read as " +
-                                (isPermanent(group) ? "Together" : "Standard"));
+        note({QT_TRANSLATE_NOOP("Exchange", "the relation \"%1\" is read as %2"),
+              {group.relation, isPermanent(group) ? "Together" : "Standard"}});
     }
     // A permanent load acts always, whatever a relation of Standard says elsewhere.
     meaning.superposition = group.relation == "Exclusive"      ? "EXCL"

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "exchange/message.h"
 #include "lcdata/values/records.h"
 
 namespace mrl::exchange {
@@ -13,10 +14,10 @@ namespace mrl::exchange {
 struct SafGroup
 {
     std::string name;
-    std::string type;                ///< Permanent, Variable, Accidental, Seismic, ...
-    std::string relation;            ///< Standard, Exclusive, Together
-    std::string loadType;            ///< of a variable one
-    std::vector<std::string> losses; ///< of the action that SAF can't say
+    std::string type;            ///< Permanent, Variable, Accidental, Seismic, ...
+    std::string relation;        ///< Standard, Exclusive, Together
+    std::string loadType;        ///< of a variable one
+    std::vector<Message> losses; ///< of the action that SAF can't say
 };
 
 /// The group of an action. @param name of the action
@@ -39,7 +40,7 @@ struct SafMeaning
 {
     std::string partition;
     std::string superposition;
-    std::vector<std::string> notes; ///< what the reader had to cure
+    std::vector<Message> notes; ///< what the reader had to cure
 };
 
 SafMeaning safMeaningOf(const SafGroup& group);

@@ -52,9 +52,9 @@ class SafModel
         }
     }
 
-    std::vector<std::string> losses() const
+    std::vector<Message> losses() const
     {
-        std::vector<std::string> losses;
+        std::vector<Message> losses;
         for (const auto& entry : m_groups) {
             const auto& ofGroup = entry.second.group.losses;
             losses.insert(losses.end(), ofGroup.begin(), ofGroup.end());
@@ -63,7 +63,8 @@ class SafModel
             addLosses(walk.current(), losses);
         }
         if (safNationalCode(designCode()).empty()) {
-            losses.push_back("the design code " + designCode() + ", for which SAF has no word");
+            losses.push_back({QT_TRANSLATE_NOOP("Exchange", "the design code %1, for which SAF has no word"),
+                              {designCode()}});
         }
         return losses;
     }
@@ -83,23 +84,26 @@ class SafModel
     const Source& source() const { return m_source; }
 
   private:
-    static void addLosses(const LCM_StoredLoadCase& loadCase, std::vector<std::string>& losses)
+    static void addLosses(const LCM_StoredLoadCase& loadCase, std::vector<Message>& losses)
     {
         if (!loadCase.isOwn()) {
             return;
         }
         const tagCDB_LC_CTRL& record = loadCase.record;
-        const std::string place = "load case " + std::to_string(loadCase.number) + ": ";
+        const auto lose = [&](const char* pattern) {
+            losses.push_back(Message::at(
+                {QT_TRANSLATE_NOOP("Exchange", "load case %1"), {std::to_string(loadCase.number)}}, pattern));
+        };
         if (record.dlx != 0.0f || record.dly != 0.0f || record.dlz != 0.0f) {
-            losses.push_back(place + "the amounts of dead weight");
+            lose(QT_TRANSLATE_NOOP("Exchange", "the amounts of dead weight"));
         }
         if (record.factor != 1.0f) {
-            losses.push_back(place + "the factor");
+            lose(QT_TRANSLATE_NOOP("Exchange", "the factor"));
         }
         const LCM_LoadCaseFactors factors = lcm_stored_factors(record);
         for (const LCM_Factor& factor : LCM_FACTORS) {
             if (factors[factor.id] != LC_UNDEFINED && factors[factor.id] != 0.0f) {
-                losses.push_back(place + "its own factors");
+                lose(QT_TRANSLATE_NOOP("Exchange", "its own factors"));
                 return;
             }
         }
@@ -174,7 +178,7 @@ void writeCases(const SafModel& model, WorkbookWriter& writer)
 
 } // namespace
 
-std::vector<std::string> safLosses(const Source& source) { return SafModel(source).losses(); }
+std::vector<Message> safLosses(const Source& source) { return SafModel(source).losses(); }
 
 std::optional<FormatError> writeSaf(const Source& source, const std::string& version,
                                     const CombinationTable* combinations, const Sink& sink)
@@ -186,12 +190,12 @@ std::optional<FormatError> writeSaf(const Source& source, const std::string& ver
     writeCases(model, writer);
     if (combinations != nullptr) {
         const auto idOf = [&](const std::string& what) { return model.idOf(what); };
-        if (const std::string error = writeSafCombinations(*combinations, idOf, writer); !error.empty()) {
+        if (const Message error = writeSafCombinations(*combinations, idOf, writer); !error.empty()) {
             return FormatError{error};
         }
     }
     writer.beginSheet("MrlNotes", {{"not told in this file", WIDE * 2}}, false);
-    for (const std::string& loss : model.losses()) {
+    for (const std::string& loss : englishOf(model.losses())) {
         writer.addRow({loss});
     }
     return writer.finish(sink);

@@ -10,6 +10,6 @@ std::optional<FormatError> writeSaf(const Source& source, const std::string& ver
                                     const CombinationTable* combinations, const Sink& sink);
 
 /// What such a file doesn't tell of the project.
-std::vector<std::string> safLosses(const Source& source);
+std::vector<Message> safLosses(const Source& source);
 
 } // namespace mrl::exchange

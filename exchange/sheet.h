@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "exchange/message.h"
 #include "lcdata/values/factors.h"
 
 namespace mrl::exchange {
@@ -59,9 +60,9 @@ struct TableHead
 
 struct Row
 {
-    int line = 0;                   ///< of the file, from 1
-    Cells cells;                    ///< in the order of TableHead::columns
-    std::vector<std::string> notes; ///< what the format had to cure
+    int line = 0;               ///< of the file, from 1
+    Cells cells;                ///< in the order of TableHead::columns
+    std::vector<Message> notes; ///< what the format had to cure
     std::string
         like; ///< of a new action: the one of the design code whose factors it takes; empty: by its category
 };

@@ -94,11 +94,11 @@ class SheetReader
     }
 
     /// @return what is wrong; empty when the sheet was read
-    std::string read(const WorkbookSheet& sheet)
+    Message read(const WorkbookSheet& sheet)
     {
-        std::string error;
+        Message error;
         bool isHeading = true;
-        const std::string broken = m_workbook.readRows(sheet, [&](WorkbookRow& row) {
+        const Message broken = m_workbook.readRows(sheet, [&](WorkbookRow& row) {
             if (isHeading) {
                 isHeading = false;
                 error = readHeading(row);
@@ -108,8 +108,10 @@ class SheetReader
             return error.empty();
         });
         error = broken.empty() ? error : broken;
-        error = error.empty() && isHeading ? "it is empty" : error;
-        return error.empty() ? error : "sheet \"" + sheet.name + "\": " + error;
+        error = error.empty() && isHeading ? Message{QT_TRANSLATE_NOOP("Exchange", "it is empty")} : error;
+        return error.empty()
+                   ? error
+                   : Message::at({QT_TRANSLATE_NOOP("Exchange", "sheet \"%1\""), {sheet.name}}, error);
     }
     /// Whether the first row that holds anything heads a table.
     bool headsTable(const WorkbookSheet& sheet) const
@@ -123,12 +125,12 @@ class SheetReader
     }
 
   private:
-    std::string readHeading(const WorkbookRow& row)
+    Message readHeading(const WorkbookRow& row)
     {
         if (auto error = m_headings.read(row.number, row.cells, m_options, m_receiver)) {
-            return error->text;
+            return error->message;
         }
-        for (const std::string& note : m_headings.notes()) {
+        for (const Message& note : m_headings.notes()) {
             m_receiver.note(note);
         }
         m_receiver.begin(m_headings.head());
@@ -165,7 +167,7 @@ class XlsxFormat : public Format
 {
   public:
     std::string name() const override { return "xlsx"; }
-    std::string description() const override { return "Workbook (XLSX)"; }
+    Message description() const override { return QT_TRANSLATE_NOOP("Exchange", "Workbook (XLSX)"); }
     std::vector<std::string> suffixes() const override { return {name()}; }
     bool holdsManySheets() const override { return true; }
     bool recognises(std::string_view file) const override { return file.substr(0, 4) == "PK\x03\x04"; }
@@ -193,7 +195,7 @@ class XlsxFormat : public Format
                                                  const FormatOptions&, const Sink& sink) const override
     {
         WorkbookWriter writer;
-        if (const std::string error = writeSheet(table, writer); !error.empty()) {
+        if (const Message error = writeSheet(table, writer); !error.empty()) {
             return FormatError{error};
         }
         return writer.finish(sink);
@@ -211,10 +213,11 @@ class XlsxFormat : public Format
             if (!workbook.sheets().empty()) { // so that the receiver knows the headings
                 SheetReader(workbook, options, receiver).read(workbook.sheets().front());
             }
-            return FormatError{"no sheet has a column that is headed \"number\" or \"name\""};
+            return FormatError{{QT_TRANSLATE_NOOP(
+                "Exchange", "no sheet has a column that is headed \"number\" or \"name\"")}};
         }
         for (const WorkbookSheet& sheet : tables) {
-            const std::string error = SheetReader(workbook, toldFor(sheet, options), receiver).read(sheet);
+            const Message error = SheetReader(workbook, toldFor(sheet, options), receiver).read(sheet);
             if (!error.empty()) {
                 return FormatError{error};
             }
@@ -249,7 +252,7 @@ class XlsxFormat : public Format
         }
         for (const WorkbookSheet& sheet : workbook.sheets()) {
             if (SheetReader(workbook, options, receiver).headsTable(sheet)) {
-                receiver.note("read sheet \"" + sheet.name + '"');
+                receiver.note({QT_TRANSLATE_NOOP("Exchange", "read sheet \"%1\""), {sheet.name}});
                 return {sheet};
             }
         }

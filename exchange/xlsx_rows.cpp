@@ -75,19 +75,20 @@ std::string readRichText(QXmlStreamReader& xml)
     return withoutEscapes(std::move(text));
 }
 
-void RowReader::fail(const std::string& text)
+void RowReader::fail(const Message& message) const
 {
     if (m_error.empty()) {
-        m_error = "row " + std::to_string(m_row.number) + ": " + text;
+        m_error =
+            Message::at({QT_TRANSLATE_NOOP("Exchange", "row %1"), {std::to_string(m_row.number)}}, message);
     }
 }
 
-std::string RowReader::run()
+Message RowReader::run()
 {
     while (!m_xml.atEnd() && m_error.empty()) {
         switch (m_xml.readNext()) {
         case Token::DTD:
-            return "a document type is refused";
+            return {QT_TRANSLATE_NOOP("Exchange", "a document type is refused")};
         case Token::StartElement:
             if (m_xml.name() == QLatin1String("c")) {
                 readCell();
@@ -116,7 +117,7 @@ void RowReader::beginRow()
     m_column = 0;
     m_isEmpty = true;
     if (m_row.number < 1 || m_row.number > Workbook::MAX_ROWS) {
-        fail("a sheet has rows 1 to 1048576");
+        fail({QT_TRANSLATE_NOOP("Exchange", "a sheet has rows 1 to 1048576")});
     }
 }
 
@@ -151,7 +152,7 @@ std::string RowReader::sharedText(const std::string& index) const
     const char* const last = index.data() + index.size();
     const auto [end, error] = std::from_chars(index.data(), last, place);
     if (error != std::errc() || end != last || place >= m_shared.size()) {
-        m_error = "row " + std::to_string(m_row.number) + ": there is no shared string " + index;
+        fail({QT_TRANSLATE_NOOP("Exchange", "there is no shared string %1"), {index}});
         return {};
     }
     return m_shared[place];
@@ -218,7 +219,8 @@ void RowReader::readCell()
 {
     const CellHead head = readHead();
     if (head.column >= Workbook::MAX_COLUMNS) {
-        fail("more than " + std::to_string(Workbook::MAX_COLUMNS) + " columns");
+        fail(
+            {QT_TRANSLATE_NOOP("Exchange", "more than %1 columns"), {std::to_string(Workbook::MAX_COLUMNS)}});
         return;
     }
     m_column = head.column + 1;

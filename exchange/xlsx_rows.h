@@ -24,7 +24,7 @@ class RowReader
     {
     }
     /// @return what is wrong; empty when nothing is
-    std::string run();
+    Message run();
 
   private:
     enum class CellType { Number, Text, Shared, Truth, Date, Other };
@@ -44,7 +44,7 @@ class RowReader
     std::string readText();
     std::string sharedText(const std::string& index) const;
     std::string valueOf(CellType type, std::string text) const;
-    void fail(const std::string& text);
+    void fail(const Message& message) const;
 
     QXmlStreamReader& m_xml;
     const std::vector<std::string>& m_shared;
@@ -53,7 +53,7 @@ class RowReader
     WorkbookRow m_row;
     std::size_t m_column = 0; ///< of the next cell that doesn't tell its own
     bool m_isEmpty = true;
-    mutable std::string m_error;
+    mutable Message m_error;
 };
 
 } // namespace mrl::exchange

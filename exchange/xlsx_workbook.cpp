@@ -92,23 +92,23 @@ Workbook::Workbook(std::string_view bytes) : m_zip(bytes), m_error(m_zip.error()
 }
 
 /// @param isNeeded whether a workbook without this entry is none
-std::string Workbook::readEntry(const std::string& name,
-                                const std::function<std::string(QXmlStreamReader&)>& read,
-                                bool isNeeded) const
+Message Workbook::readEntry(const std::string& name, const std::function<Message(QXmlStreamReader&)>& read,
+                            bool isNeeded) const
 {
     const auto entry = m_zip.open(name);
     if (!entry) {
-        return isNeeded ? "the workbook lacks " + name : std::string();
+        return isNeeded ? Message{QT_TRANSLATE_NOOP("Exchange", "the workbook lacks %1"), {name}} : Message();
     }
     QXmlStreamReader xml(entry.get());
-    std::string error = read(xml);
+    Message error = read(xml);
     if (error.empty() && xml.hasError()) {
-        error = name + " can't be read: " + xml.errorString().toStdString();
+        error = {QT_TRANSLATE_NOOP("Exchange", "%1 can't be read: %2"),
+                 {name, xml.errorString().toStdString()}};
     }
     return error;
 }
 
-std::string Workbook::readSheets()
+Message Workbook::readSheets()
 {
     std::map<std::string, std::string> targets;
     const auto readTargets = [&](QXmlStreamReader& xml) {
@@ -120,7 +120,7 @@ std::string Workbook::readSheets()
             m_sharedEntry = kind == "sharedStrings" ? entry : m_sharedEntry;
             m_stylesEntry = kind == "styles" ? entry : m_stylesEntry;
         }
-        return std::string();
+        return Message();
     };
     const auto readNames = [&](QXmlStreamReader& xml) {
         while (nextStart(xml)) {
@@ -128,13 +128,13 @@ std::string Workbook::readSheets()
                 m_sheets.push_back({attribute(xml, "name"), targets[attributeOfAny(xml, "id")]});
             }
         }
-        return std::string();
+        return Message();
     };
-    const std::string error = readEntry("xl/_rels/workbook.xml.rels", readTargets, true);
+    const Message error = readEntry("xl/_rels/workbook.xml.rels", readTargets, true);
     return error.empty() ? readEntry("xl/workbook.xml", readNames, true) : error;
 }
 
-std::string Workbook::readSharedStrings(QXmlStreamReader& xml)
+Message Workbook::readSharedStrings(QXmlStreamReader& xml)
 {
     std::size_t size = 0;
     for (nextStart(xml); nextStart(xml);) {
@@ -143,13 +143,13 @@ std::string Workbook::readSharedStrings(QXmlStreamReader& xml)
             size += m_shared.back().size() + sizeof(std::string);
         }
         if (size > MAX_SHARED_BYTES) {
-            return "the shared strings are larger than 256 MiB";
+            return {QT_TRANSLATE_NOOP("Exchange", "the shared strings are larger than 256 MiB")};
         }
     }
     return {};
 }
 
-std::string Workbook::readStyles(QXmlStreamReader& xml)
+Message Workbook::readStyles(QXmlStreamReader& xml)
 {
     std::map<int, std::string> formats;
     bool isInCells = false;
@@ -169,8 +169,7 @@ std::string Workbook::readStyles(QXmlStreamReader& xml)
     return {};
 }
 
-std::string Workbook::readRows(const WorkbookSheet& sheet,
-                               const std::function<bool(WorkbookRow&)>& take) const
+Message Workbook::readRows(const WorkbookSheet& sheet, const std::function<bool(WorkbookRow&)>& take) const
 {
     return readEntry(
         sheet.entry,

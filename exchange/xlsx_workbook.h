@@ -38,23 +38,23 @@ class Workbook
     explicit Workbook(std::string_view bytes);
 
     /// Why the file is no workbook that can be read; empty when it is one.
-    const std::string& error() const { return m_error; }
+    const Message& error() const { return m_error; }
     const std::vector<WorkbookSheet>& sheets() const { return m_sheets; }
 
     /// Reads the rows of a sheet that hold anything, one by one.
     /// @param take its row's strings may be taken. @return false to stop
     /// @return what is wrong; empty when all was read or `take` stopped
-    std::string readRows(const WorkbookSheet& sheet, const std::function<bool(WorkbookRow&)>& take) const;
+    Message readRows(const WorkbookSheet& sheet, const std::function<bool(WorkbookRow&)>& take) const;
 
   private:
-    std::string readEntry(const std::string& name, const std::function<std::string(QXmlStreamReader&)>& read,
-                          bool isNeeded) const;
-    std::string readSheets();
-    std::string readSharedStrings(QXmlStreamReader& xml);
-    std::string readStyles(QXmlStreamReader& xml);
+    Message readEntry(const std::string& name, const std::function<Message(QXmlStreamReader&)>& read,
+                      bool isNeeded) const;
+    Message readSheets();
+    Message readSharedStrings(QXmlStreamReader& xml);
+    Message readStyles(QXmlStreamReader& xml);
 
     ZipArchive m_zip;
-    std::string m_error;
+    Message m_error;
     std::vector<WorkbookSheet> m_sheets;
     std::string m_sharedEntry = "xl/sharedStrings.xml";
     std::string m_stylesEntry = "xl/styles.xml";

@@ -32,6 +32,11 @@ std::string escaped(const std::string& text)
     return out;
 }
 
+FormatError cannotBeMade(std::string reason)
+{
+    return {{QT_TRANSLATE_NOOP("Exchange", "the workbook can't be made: %1"), {std::move(reason)}}};
+}
+
 std::optional<double> wholeDouble(const std::string& text)
 {
     double value = 0.0;
@@ -139,19 +144,20 @@ std::optional<FormatError> WorkbookWriter::finish(const Sink& sink)
 {
     if (d->isTooLong) {
         d->close();
-        return FormatError{"a sheet of a workbook holds at most 1048575 rows below its heading"};
+        return FormatError{{QT_TRANSLATE_NOOP(
+            "Exchange", "a sheet of a workbook holds at most 1048575 rows below its heading")}};
     }
     const lxw_error error = d->close();
     if (error != LXW_NO_ERROR) {
-        return FormatError{std::string("the workbook can't be made: ") + lxw_strerror(error)};
+        return cannotBeMade(lxw_strerror(error));
     }
     QFile file(QString::fromStdString(d->file));
     if (!file.open(QIODevice::ReadOnly)) {
-        return FormatError{"the workbook can't be made: " + file.errorString().toStdString()};
+        return cannotBeMade(file.errorString().toStdString());
     }
     for (QByteArray block = file.read(BLOCK); !block.isEmpty(); block = file.read(BLOCK)) {
         if (!sink({block.constData(), static_cast<std::size_t>(block.size())})) {
-            return FormatError{"the file can't be written"};
+            return FormatError{{QT_TRANSLATE_NOOP("Exchange", "the file can't be written")}};
         }
     }
     return std::nullopt;

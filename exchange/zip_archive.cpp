@@ -47,7 +47,8 @@ ZipArchive::ZipArchive(std::string_view bytes)
     zip_source_t* source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
     m_zip = source == nullptr ? nullptr : zip_open_from_source(source, ZIP_RDONLY, &error);
     if (m_zip == nullptr) {
-        m_error = std::string("the zip file can't be read: ") + zip_error_strerror(&error);
+        m_error = {QT_TRANSLATE_NOOP("Exchange", "the zip file can't be read: %1"),
+                   {zip_error_strerror(&error)}};
         zip_source_free(source); // an archive that was opened owns it
     } else {
         m_error = checkEntries();
@@ -62,21 +63,23 @@ ZipArchive::~ZipArchive()
     }
 }
 
-std::string ZipArchive::checkEntries() const
+Message ZipArchive::checkEntries() const
 {
     const zip_int64_t count = zip_get_num_entries(m_zip, 0);
     if (count > MAX_ENTRIES) {
-        return "the zip file has more than " + std::to_string(MAX_ENTRIES) + " entries";
+        return {QT_TRANSLATE_NOOP("Exchange", "the zip file has more than %1 entries"),
+                {std::to_string(MAX_ENTRIES)}};
     }
     for (zip_int64_t i = 0; i < count; ++i) {
         zip_stat_t entry;
         zip_stat_init(&entry);
         if (zip_stat_index(m_zip, static_cast<zip_uint64_t>(i), 0, &entry) != 0) {
-            return "the directory of the zip file is damaged";
+            return {QT_TRANSLATE_NOOP("Exchange", "the directory of the zip file is damaged")};
         }
         if (entry.size > static_cast<zip_uint64_t>(MAX_ENTRY_BYTES) || isBomb(entry)) {
-            return std::string("the entry ") + entry.name + " of the zip file inflates to " +
-                   std::to_string(entry.size) + " bytes, which is refused";
+            return {QT_TRANSLATE_NOOP("Exchange",
+                                      "the entry %1 of the zip file inflates to %2 bytes, which is refused"),
+                    {entry.name, std::to_string(entry.size)}};
         }
     }
     return {};

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "exchange/message.h"
+
 struct zip;
 struct zip_file;
 
@@ -51,16 +53,16 @@ class ZipArchive
     ZipArchive& operator=(const ZipArchive&) = delete;
 
     /// Why the file can't be read; empty when it can.
-    const std::string& error() const { return m_error; }
+    const Message& error() const { return m_error; }
 
     /// An entry by its name; null when there is none, or when it can't be read within the limits.
     std::unique_ptr<ZipEntry> open(const std::string& name) const;
 
   private:
-    std::string checkEntries() const;
+    Message checkEntries() const;
 
     zip* m_zip = nullptr; // closed by the destructor; zip_discard is what closes without writing
-    std::string m_error;
+    Message m_error;
 };
 
 } // namespace mrl::exchange

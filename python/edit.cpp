@@ -66,7 +66,7 @@ py::dict dictOf(const exchange::PlannedRow& row)
     }
     py::list reasons;
     for (const exchange::Reason& reason : row.reasons) {
-        reasons.append(py::make_tuple(reason.rule, reason.text, fieldOf(row, reason.rule)));
+        reasons.append(py::make_tuple(reason.rule, reason.message.english(), fieldOf(row, reason.rule)));
     }
     py::dict out;
     out["sheet"] = exchange::nameOf(row.sheet);
@@ -75,7 +75,7 @@ py::dict dictOf(const exchange::PlannedRow& row)
     out["outcome"] = wordOf(row.outcome);
     out["changes"] = changes;
     out["reasons"] = reasons;
-    out["notes"] = py::cast(row.notes);
+    out["notes"] = py::cast(exchange::englishOf(row.notes));
     return out;
 }
 

@@ -63,6 +63,429 @@
     </message>
 </context>
 <context>
+    <name>Exchange</name>
+    <message>
+        <source>the row names no action</source>
+        <translation>die Zeile nennt keine Einwirkung</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of &quot;%2&quot; is none of %3</source>
+        <translation>„%1“ bei „%2“ ist keines von %3</translation>
+    </message>
+    <message>
+        <source>factors that the row doesn&apos;t state are those of %1 of the design code</source>
+        <translation>Beiwerte, die die Zeile nicht nennt, sind die von %1 der Norm</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands in line %2 already</source>
+        <translation>„%1“ steht schon in Zeile %2</translation>
+    </message>
+    <message>
+        <source>a sheet of a workbook holds at most %1 columns</source>
+        <translation>ein Blatt einer Arbeitsmappe fasst höchstens %1 Spalten</translation>
+    </message>
+    <message>
+        <source>some numbers have a decimal point and others a decimal comma; say which holds</source>
+        <translation>manche Zahlen haben einen Dezimalpunkt, andere ein Dezimalkomma; bitte angeben, was gilt</translation>
+    </message>
+    <message>
+        <source>numbers like %1 leave the decimal sign open; say which it is</source>
+        <translation>Zahlen wie %1 lassen das Dezimalzeichen offen; bitte angeben, welches es ist</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>more than %1 fields</source>
+        <translation>mehr als %1 Felder</translation>
+    </message>
+    <message>
+        <source>text stands behind a closing quote</source>
+        <translation>hinter einem schließenden Anführungszeichen steht Text</translation>
+    </message>
+    <message>
+        <source>a field is longer than %1 bytes</source>
+        <translation>ein Feld ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>a zero character</source>
+        <translation>ein Nullzeichen</translation>
+    </message>
+    <message>
+        <source>a quoted field is too long</source>
+        <translation>ein Feld in Anführungszeichen ist zu lang</translation>
+    </message>
+    <message>
+        <source>a quote is not closed</source>
+        <translation>ein Anführungszeichen wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>read as %1, separator tabulator, decimal sign &quot;%2&quot;</source>
+        <translation>gelesen als %1, Trennzeichen Tabulator, Dezimalzeichen „%2“</translation>
+    </message>
+    <message>
+        <source>read as %1, separator &quot;%2&quot;, decimal sign &quot;%3&quot;</source>
+        <translation>gelesen als %1, Trennzeichen „%2“, Dezimalzeichen „%3“</translation>
+    </message>
+    <message>
+        <source>line %1 has %2 fields, the heading %3</source>
+        <translation>Zeile %1 hat %2 Felder, die Überschrift %3</translation>
+    </message>
+    <message>
+        <source>the file is not in %1</source>
+        <translation>die Datei ist nicht in %1</translation>
+    </message>
+    <message>
+        <source>the separator can&apos;t be the decimal sign or a quote</source>
+        <translation>das Trennzeichen kann nicht das Dezimalzeichen oder ein Anführungszeichen sein</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t hold all characters of the titles</source>
+        <translation>%1 kennt nicht alle Zeichen der Titel</translation>
+    </message>
+    <message>
+        <source>the file can&apos;t be written</source>
+        <translation>die Datei kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>a file of this format holds either actions or load cases</source>
+        <translation>eine Datei dieses Formats enthält entweder Einwirkungen oder Lastfälle</translation>
+    </message>
+    <message>
+        <source>the project can&apos;t be read whole</source>
+        <translation>das Projekt kann nicht ganz gelesen werden</translation>
+    </message>
+    <message>
+        <source>the file is larger than 256 MiB</source>
+        <translation>die Datei ist größer als 256 MiB</translation>
+    </message>
+    <message>
+        <source>column &quot;%1&quot; is passed over</source>
+        <translation>Spalte „%1“ wird übergangen</translation>
+    </message>
+    <message>
+        <source>line %1: two columns mean &quot;%2&quot;</source>
+        <translation>Zeile %1: zwei Spalten bedeuten „%2“</translation>
+    </message>
+    <message>
+        <source>no column is headed &quot;%1&quot;</source>
+        <translation>keine Spalte heißt „%1“</translation>
+    </message>
+    <message>
+        <source>the title loses &quot;%1&quot;</source>
+        <translation>der Titel verliert „%1“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of &quot;%2&quot; is no number</source>
+        <translation>„%1“ bei „%2“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1, entry %2 makes no record, or contradicts that under its key</source>
+        <translation>%1, Eintrag %2 ergibt keinen Satz oder widerspricht dem unter seinem Schlüssel</translation>
+    </message>
+    <message>
+        <source>the file is no JSON object</source>
+        <translation>die Datei ist kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is neither text nor number</source>
+        <translation>%1: „%2“ ist weder Text noch Zahl</translation>
+    </message>
+    <message>
+        <source>the file is no JSON: byte %1 is not expected</source>
+        <translation>die Datei ist kein JSON: Byte %1 ist unerwartet</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is passed over</source>
+        <translation>„%1“ wird übergangen</translation>
+    </message>
+    <message>
+        <source>%1 is no object</source>
+        <translation>%1 ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>&quot;facts&quot; is no object</source>
+        <translation>„facts“ ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is longer than %3 bytes</source>
+        <translation>%1: „%2“ ist länger als %3 Bytes</translation>
+    </message>
+    <message>
+        <source>%1: two entries mean &quot;%2&quot;</source>
+        <translation>%1: zwei Einträge bedeuten „%2“</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no even number of hexadecimal digits</source>
+        <translation>%1: „%2“ ist keine gerade Zahl hexadezimaler Ziffern</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no number of a key</source>
+        <translation>%1: „%2“ ist keine Zahl eines Schlüssels</translation>
+    </message>
+    <message>
+        <source>%1 lacks kwh, kwl or bytes</source>
+        <translation>%1 fehlt kwh, kwl oder bytes</translation>
+    </message>
+    <message>
+        <source>%1: the key stands twice</source>
+        <translation>%1: der Schlüssel steht zweimal da</translation>
+    </message>
+    <message>
+        <source>entry &quot;%1&quot; is passed over</source>
+        <translation>Eintrag „%1“ wird übergangen</translation>
+    </message>
+    <message>
+        <source>the file has neither &quot;actions&quot; nor &quot;loadcases&quot;</source>
+        <translation>die Datei hat weder „actions“ noch „loadcases“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; takes the value of the action, since a pair is stored whole</source>
+        <translation>„%1“ nimmt den Wert der Einwirkung, da ein Paar ganz gespeichert wird</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number of a load case (1 to 999999)</source>
+        <translation>„%1“ ist keine Nummer eines Lastfalls (1 bis 999999)</translation>
+    </message>
+    <message>
+        <source>load case %1 belongs to another module</source>
+        <translation>Lastfall %1 gehört einem anderen Modul</translation>
+    </message>
+    <message>
+        <source>the title &quot;%1&quot; stands in line %2 already</source>
+        <translation>der Titel „%1“ steht schon in Zeile %2</translation>
+    </message>
+    <message>
+        <source>several load cases have the title &quot;%1&quot;</source>
+        <translation>mehrere Lastfälle haben den Titel „%1“</translation>
+    </message>
+    <message>
+        <source>load case %1 has another title than &quot;%2&quot;</source>
+        <translation>Lastfall %1 hat einen anderen Titel als „%2“</translation>
+    </message>
+    <message>
+        <source>no number up to 999999 is free for &quot;%1&quot;</source>
+        <translation>für „%1“ ist keine Nummer bis 999999 frei</translation>
+    </message>
+    <message>
+        <source>load case %1 stands in line %2 already</source>
+        <translation>Lastfall %1 steht schon in Zeile %2</translation>
+    </message>
+    <message>
+        <source>a combination has %1 load cases, and one of SAF holds at most %2</source>
+        <translation>eine Kombination hat %1 Lastfälle, eine von SAF fasst höchstens %2</translation>
+    </message>
+    <message>
+        <source>combinations are passed over</source>
+        <translation>Kombinationen werden übergangen</translation>
+    </message>
+    <message>
+        <source>SAF version %1</source>
+        <translation>SAF-Version %1</translation>
+    </message>
+    <message>
+        <source>the model has no SAF version</source>
+        <translation>das Modell nennt keine SAF-Version</translation>
+    </message>
+    <message>
+        <source>national code %1</source>
+        <translation>nationale Norm %1</translation>
+    </message>
+    <message>
+        <source>the model has no national code</source>
+        <translation>das Modell nennt keine nationale Norm</translation>
+    </message>
+    <message>
+        <source>there is no sheet %1</source>
+        <translation>es gibt kein Blatt %1</translation>
+    </message>
+    <message>
+        <source>load group &quot;%1&quot; becomes the action %2</source>
+        <translation>die Lastgruppe „%1“ wird zur Einwirkung %2</translation>
+    </message>
+    <message>
+        <source>load group %1: no id</source>
+        <translation>Lastgruppe %1: keine Id</translation>
+    </message>
+    <message>
+        <source>load case %1</source>
+        <translation>Lastfall %1</translation>
+    </message>
+    <message>
+        <source>the name becomes the title</source>
+        <translation>der Name wird zum Titel</translation>
+    </message>
+    <message>
+        <source>the description &quot;%1&quot; is dropped</source>
+        <translation>die Beschreibung „%1“ entfällt</translation>
+    </message>
+    <message>
+        <source>self weight is told without an amount; DLX, DLY and DLZ stay</source>
+        <translation>das Eigengewicht steht ohne Betrag da; DLX, DLY und DLZ bleiben</translation>
+    </message>
+    <message>
+        <source>no id</source>
+        <translation>keine Id</translation>
+    </message>
+    <message>
+        <source>there is no load group &quot;%1&quot;</source>
+        <translation>es gibt keine Lastgruppe „%1“</translation>
+    </message>
+    <message>
+        <source>its action type is %1, that of its group %2; the group counts</source>
+        <translation>seine Einwirkungsart ist %1, die seiner Gruppe %2; die Gruppe zählt</translation>
+    </message>
+    <message>
+        <source>the workbook has no sheet %1 or %2</source>
+        <translation>die Arbeitsmappe hat kein Blatt %1 oder %2</translation>
+    </message>
+    <message>
+        <source>action %1</source>
+        <translation>Einwirkung %1</translation>
+    </message>
+    <message>
+        <source>all factors</source>
+        <translation>alle Beiwerte</translation>
+    </message>
+    <message>
+        <source>the superposition %1 is written as %2 and would be read as %3</source>
+        <translation>die Überlagerung %1 wird als %2 geschrieben und würde als %3 gelesen</translation>
+    </message>
+    <message>
+        <source>the partition %1 would be read as %2</source>
+        <translation>die Einteilung %1 würde als %2 gelesen</translation>
+    </message>
+    <message>
+        <source>load cases of %1: that they have no action</source>
+        <translation>Lastfälle von %1: dass sie keine Einwirkung haben</translation>
+    </message>
+    <message>
+        <source>load group %1</source>
+        <translation>Lastgruppe %1</translation>
+    </message>
+    <message>
+        <source>the type &quot;%1&quot; is read as Variable</source>
+        <translation>die Art „%1“ wird als Variable gelesen</translation>
+    </message>
+    <message>
+        <source>Together, which is for permanent loads only, is read as PERM</source>
+        <translation>Together, was nur für ständige Lasten gilt, wird als PERM gelesen</translation>
+    </message>
+    <message>
+        <source>the relation &quot;%1&quot; is read as %2</source>
+        <translation>die Beziehung „%1“ wird als %2 gelesen</translation>
+    </message>
+    <message>
+        <source>the design code %1, for which SAF has no word</source>
+        <translation>die Norm %1, für die SAF kein Wort hat</translation>
+    </message>
+    <message>
+        <source>the amounts of dead weight</source>
+        <translation>die Beträge des Eigengewichts</translation>
+    </message>
+    <message>
+        <source>the factor</source>
+        <translation>der Faktor</translation>
+    </message>
+    <message>
+        <source>its own factors</source>
+        <translation>seine eigenen Beiwerte</translation>
+    </message>
+    <message>
+        <source>it is empty</source>
+        <translation>es ist leer</translation>
+    </message>
+    <message>
+        <source>sheet &quot;%1&quot;</source>
+        <translation>Blatt „%1“</translation>
+    </message>
+    <message>
+        <source>no sheet has a column that is headed &quot;number&quot; or &quot;name&quot;</source>
+        <translation>kein Blatt hat eine Spalte, die „number“ oder „name“ heißt</translation>
+    </message>
+    <message>
+        <source>read sheet &quot;%1&quot;</source>
+        <translation>Blatt „%1“ gelesen</translation>
+    </message>
+    <message>
+        <source>row %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>a document type is refused</source>
+        <translation>ein Dokumenttyp wird abgelehnt</translation>
+    </message>
+    <message>
+        <source>a sheet has rows 1 to 1048576</source>
+        <translation>ein Blatt hat die Zeilen 1 bis 1048576</translation>
+    </message>
+    <message>
+        <source>there is no shared string %1</source>
+        <translation>es gibt keinen gemeinsamen Text %1</translation>
+    </message>
+    <message>
+        <source>more than %1 columns</source>
+        <translation>mehr als %1 Spalten</translation>
+    </message>
+    <message>
+        <source>the workbook lacks %1</source>
+        <translation>der Arbeitsmappe fehlt %1</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>the shared strings are larger than 256 MiB</source>
+        <translation>die gemeinsamen Texte sind größer als 256 MiB</translation>
+    </message>
+    <message>
+        <source>the workbook can&apos;t be made: %1</source>
+        <translation>die Arbeitsmappe kann nicht erzeugt werden: %1</translation>
+    </message>
+    <message>
+        <source>a sheet of a workbook holds at most 1048575 rows below its heading</source>
+        <translation>ein Blatt einer Arbeitsmappe fasst höchstens 1048575 Zeilen unter seiner Überschrift</translation>
+    </message>
+    <message>
+        <source>the zip file can&apos;t be read: %1</source>
+        <translation>die Zip-Datei kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>the zip file has more than %1 entries</source>
+        <translation>die Zip-Datei hat mehr als %1 Einträge</translation>
+    </message>
+    <message>
+        <source>the directory of the zip file is damaged</source>
+        <translation>das Verzeichnis der Zip-Datei ist beschädigt</translation>
+    </message>
+    <message>
+        <source>the entry %1 of the zip file inflates to %2 bytes, which is refused</source>
+        <translation>der Eintrag %1 der Zip-Datei wird entpackt %2 Bytes groß, was abgelehnt wird</translation>
+    </message>
+    <message>
+        <source>Comma-separated values</source>
+        <translation>Kommagetrennte Werte</translation>
+    </message>
+    <message>
+        <source>Tabulator-separated values</source>
+        <translation>Tabulatorgetrennte Werte</translation>
+    </message>
+    <message>
+        <source>SAF workbook: load groups and load cases</source>
+        <translation>SAF-Arbeitsmappe: Lastgruppen und Lastfälle</translation>
+    </message>
+    <message>
+        <source>Workbook (XLSX)</source>
+        <translation>Arbeitsmappe (XLSX)</translation>
+    </message>
+</context>
+<context>
     <name>KeptQuestion</name>
     <message>
         <source>The design code %1 on this machine differs from the copy in the project.</source>

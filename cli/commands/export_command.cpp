@@ -99,7 +99,7 @@ exchange::FormatOptions ExportCommand::formatOptions() const
 void ExportCommand::require(const std::optional<exchange::FormatError>& error) const
 {
     if (error) {
-        throw Failure{ExitCode::Refused, m_out.value_or("-") + ": " + error->text};
+        throw Failure{ExitCode::Refused, m_out.value_or("-") + ": " + error->message.english()};
     }
 }
 
@@ -113,7 +113,8 @@ void ExportCommand::writeFile(const Project& project, const exchange::WriteBytes
         return true;
     };
     if (const auto failure = exchange::writeFile(write, qtext(*m_out), isSound)) {
-        throw Failure{failure->isOfFile ? ExitCode::File : ExitCode::Refused, *m_out + ": " + failure->text};
+        throw Failure{failure->isOfFile ? ExitCode::File : ExitCode::Refused,
+                      *m_out + ": " + failure->message.english()};
     }
 }
 
@@ -134,7 +135,7 @@ void ExportCommand::write(const Project& project, const exchange::WriteBytes& wr
 void ExportCommand::writeSheets(const Project& project, const exchange::Format& format) const
 {
     const exchange::Source source = sourceOf(project, format);
-    for (const std::string& loss : format.losses(source)) {
+    for (const std::string& loss : englishOf(format.losses(source))) {
         std::fprintf(stderr, "mrl-lc: not told in the file: %s\n", loss.c_str());
     }
     write(project, [&](const exchange::Sink& sink) { return format.write(source, formatOptions(), sink); });

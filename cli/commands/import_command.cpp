@@ -103,7 +103,7 @@ exchange::ReadTables ImportCommand::readTables(const exchange::PlanOptions& opti
     auto read =
         exchange::readTables(format == nullptr ? *exchange::formats().front() : *format, viewOf(bytes), told);
     if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
-        throw Failure{ExitCode::Refused, m_table + ": " + error->text};
+        throw Failure{ExitCode::Refused, m_table + ": " + error->message.english()};
     }
     return std::get<exchange::ReadTables>(std::move(read));
 }

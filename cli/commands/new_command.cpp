@@ -75,7 +75,7 @@ ExitCode NewCommand::restore() const
     const QByteArray bytes = readInput(*m_from);
     const auto read = exchange::projectOfJson(viewOf(bytes));
     if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
-        throw Failure{ExitCode::Refused, *m_from + ": " + error->text};
+        throw Failure{ExitCode::Refused, *m_from + ": " + error->message.english()};
     }
     Project::create(m_file, [&](Project& project) {
         writeContent(std::get<exchange::ProjectContent>(read), project);

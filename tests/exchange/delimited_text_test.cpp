@@ -75,7 +75,7 @@ TEST(DelimitedText, HeadingsStandInAnyOrderInEnglishOrGerman)
     EXPECT_THAT(rowsOf(read), ElementsAre("Wind|3|W"));
     EXPECT_EQ(read.tables[0].head.columns, (std::vector<int>{1, 0, 2}));
     EXPECT_EQ(read.tables[0].rows[0].line, 2);
-    EXPECT_THAT(read.notes, testing::Contains("column \"Unbekannt\" is passed over"));
+    EXPECT_THAT(englishOf(read.notes), testing::Contains("column \"Unbekannt\" is passed over"));
 }
 
 TEST(DelimitedText, HeadingsAreToldByHandWhereTheyDoNotFit)
@@ -111,7 +111,7 @@ TEST(DelimitedText, EncodingIsFoundOutAndTold)
     for (const auto& [bytes, encoding] : files) {
         const auto read = readAs("csv", bytes);
         EXPECT_THAT(rowsOf(read), ElementsAre("1|Größe")) << encoding;
-        EXPECT_EQ(read.notes.at(0),
+        EXPECT_EQ(read.notes.at(0).english(),
                   std::string("read as ") + encoding + ", separator \";\", decimal sign \".\"");
     }
 }
@@ -191,7 +191,7 @@ TEST(DelimitedText, EncodingThatCannotHoldATitleIsRefused)
         {project.db(), "p", {Sheet::LoadCases}, false, {}}, told(0, 0, "Latin-1"),
         [](std::string_view) { return true; });
     ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->text, "Latin-1 can't hold all characters of the titles");
+    EXPECT_EQ(error->message.english(), "Latin-1 can't hold all characters of the titles");
 }
 
 } // namespace

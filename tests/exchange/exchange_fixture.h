@@ -20,7 +20,7 @@ inline std::string written(const char* format, const exchange::Source& source,
         file += bytes;
         return true;
     });
-    EXPECT_FALSE(error.has_value()) << error->text;
+    EXPECT_FALSE(error.has_value()) << error->message.english();
     return file;
 }
 
@@ -36,7 +36,7 @@ inline exchange::ReadTables readAs(const char* format, const std::string& file,
 {
     auto read = exchange::readTables(*exchange::formatOfName(format), file, options);
     if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
-        ADD_FAILURE() << error->text;
+        ADD_FAILURE() << error->message.english();
         return {};
     }
     return std::get<exchange::ReadTables>(std::move(read));
@@ -47,7 +47,7 @@ inline std::string errorOf(const char* format, const std::string& file, const Fo
 {
     const auto read = exchange::readTables(*exchange::formatOfName(format), file, options);
     const auto* error = std::get_if<exchange::FormatError>(&read);
-    return error == nullptr ? "readable" : error->text;
+    return error == nullptr ? "readable" : error->message.english();
 }
 
 inline std::string joined(const exchange::Cells& cells)

@@ -94,7 +94,7 @@ TEST_F(ImportPlan, EmptyFactorFollowsTheAction)
 TEST_F(ImportPlan, OneOfAPairTakesTheOtherOneOfTheAction)
 {
     const PlannedRow row = rowOf("number,action,Gamu\n5,Q,1.2\n");
-    EXPECT_THAT(row.notes, ElementsAre(HasSubstr("\"Gama\" takes the value of the action")));
+    EXPECT_THAT(englishOf(row.notes), ElementsAre(HasSubstr("\"Gama\" takes the value of the action")));
     EXPECT_THAT(changesOf(row), testing::IsSupersetOf({"Gamu:  -> 1.2", "Gama:  -> 1"}));
 }
 
@@ -102,7 +102,7 @@ TEST_F(ImportPlan, TitleThatIsTooLongIsCutAndTold)
 {
     const PlannedRow row = rowOf("number,title\n1," + std::string(33, 'x') + "yz\n");
     EXPECT_EQ(row.outcome, Outcome::Changed);
-    EXPECT_THAT(row.notes, ElementsAre("the title loses \"yz\""));
+    EXPECT_THAT(englishOf(row.notes), ElementsAre("the title loses \"yz\""));
 }
 
 TEST_F(ImportPlan, WhatTheDialogWouldRefuseIsRefusedWithItsRule)

@@ -114,8 +114,8 @@ class RoundTrip : public testing::TestWithParam<Way>
         EXPECT_EQ(mrl::exchange::apply(plan, state, to.db()), nullptr);
         for (const auto& row : plan.rows) {
             EXPECT_EQ(row.outcome, Outcome::Added);
-            EXPECT_TRUE(row.reasons.empty()) << row.reasons[0].text;
-            EXPECT_TRUE(row.notes.empty()) << row.notes[0];
+            EXPECT_TRUE(row.reasons.empty()) << row.reasons[0].message.english();
+            EXPECT_TRUE(row.notes.empty()) << row.notes[0].english();
         }
     }
 };

@@ -99,7 +99,7 @@ TEST_F(Saf, LossesAreListedBesideAndInTheFile)
 {
     fillProject();
     project.putAction(soundAction("A").partition(0x36));
-    const auto losses = mrl::exchange::formatOfName("saf")->losses(source());
+    const auto losses = englishOf(mrl::exchange::formatOfName("saf")->losses(source()));
     EXPECT_THAT(losses, Contains("action G: all factors"));
     EXPECT_THAT(
         losses,
@@ -124,7 +124,7 @@ TEST_F(Saf, LosesExactlyWhatTheListSays)
                              following(names[category - 1]).title(QString("Title %1").arg(category)));
         }
         const mrl::exchange::Source fromSource{from.db(), "p", {}, true, {}};
-        const auto losses = mrl::exchange::formatOfName("saf")->losses(fromSource);
+        const auto losses = englishOf(mrl::exchange::formatOfName("saf")->losses(fromSource));
         const auto state = mrl::exchange::stateOf(db);
         const auto plan = mrl::exchange::planOf(state, readAs("saf", written("saf", fromSource)).tables);
         ASSERT_EQ(plan.rows.size(), 10u);
@@ -164,12 +164,12 @@ TEST_F(Saf, NamesBecomeNumbersAndTitlesAndFaultsAreTold)
     writer.addRow({"A name that is far longer than thirty-three units", "", "Variable", "Wind", "Static",
                    "Short", "1"});
     const auto read = readAs("saf", sinkOf(writer));
-    EXPECT_THAT(read.notes, ElementsAre("SAF version 2.1.0", "the model has no national code"));
+    EXPECT_THAT(englishOf(read.notes), ElementsAre("SAF version 2.1.0", "the model has no national code"));
     const auto plan = mrl::exchange::planOf(mrl::exchange::stateOf(db), read.tables);
     std::string notes;
     for (const auto& row : plan.rows) {
         EXPECT_EQ(row.outcome, Outcome::Added) << row.name;
-        for (const std::string& note : row.notes) {
+        for (const std::string& note : englishOf(row.notes)) {
             notes += note + "\n";
         }
     }
@@ -210,11 +210,12 @@ class SafExamples : public Saf
         const std::string bytes = workbook.readAll().toStdString();
         EXPECT_EQ(mrl::exchange::formatOfFile("x.xlsx", bytes)->name(), "saf");
         const auto read = readAs("saf", bytes);
-        told = read.notes;
+        told = englishOf(read.notes);
         auto plan = mrl::exchange::planOf(mrl::exchange::stateOf(db), read.tables);
         for (const auto& row : plan.rows) {
             EXPECT_EQ(row.outcome, Outcome::Added) << row.name;
-            told.insert(told.end(), row.notes.begin(), row.notes.end());
+            const auto notes = englishOf(row.notes);
+            told.insert(told.end(), notes.begin(), notes.end());
         }
         return plan;
     }

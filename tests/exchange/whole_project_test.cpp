@@ -27,7 +27,7 @@ ProjectContent restored(const std::string& json)
 {
     auto read = mrl::exchange::projectOfJson(json);
     if (const auto* error = std::get_if<mrl::exchange::FormatError>(&read)) {
-        ADD_FAILURE() << error->text;
+        ADD_FAILURE() << error->message.english();
         return {};
     }
     return std::get<ProjectContent>(std::move(read));
@@ -86,7 +86,7 @@ TEST(WholeProject, RowThatContradictsItsRecordIsRefused)
     const std::string json = wholeJson(project.db());
     const auto read = mrl::exchange::projectOfJson(replaced(json, "Snow", "Wind"));
     ASSERT_TRUE(std::holds_alternative<mrl::exchange::FormatError>(read));
-    EXPECT_EQ(std::get<mrl::exchange::FormatError>(read).text,
+    EXPECT_EQ(std::get<mrl::exchange::FormatError>(read).message.english(),
               "loadcases, entry 1 makes no record, or contradicts that under its key");
 }
 
@@ -104,7 +104,7 @@ TEST(WholeProject, WhatIsNoRecordIsRefusedWithItsPlace)
     for (const auto& [json, error] : files) {
         const auto read = mrl::exchange::projectOfJson(json);
         ASSERT_TRUE(std::holds_alternative<mrl::exchange::FormatError>(read)) << json;
-        EXPECT_EQ(std::get<mrl::exchange::FormatError>(read).text, error);
+        EXPECT_EQ(std::get<mrl::exchange::FormatError>(read).message.english(), error);
     }
 }
 

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTranslator>
 
 #include "exchange/format.h"
 #include "lcdata/load_cases.h"
@@ -312,6 +313,42 @@ TEST_F(TableExchange, ImportTellsWhatWasFoundOutAndTakesWhatIsTold)
     tagCDB_LC_CTRL record{};
     ASSERT_TRUE(mrl_lc_get(db(), 8, record));
     EXPECT_EQ(record.dlz, 1.234f);
+}
+
+TEST_F(TableExchange, ReasonsNotesAndLossesAreToldInGerman)
+{
+    QTranslator german;
+    ASSERT_TRUE(
+        german.load(QStringLiteral("mrl_workbench_de"),
+                    QCoreApplication::applicationDirPath() + QStringLiteral("/../share/mrl/translations")));
+    QCoreApplication::installTranslator(&german);
+    import(write("in.csv",
+                 "number,title,DLZ,Farbe\n1,Dead,x,rot\n1,Dead,1,rot\n7," + QByteArray(35, 't') + ",1,rot\n"),
+           [](QWidget* dialog) {
+               EXPECT_EQ(cell(dialog, 0, 5),
+                         QString::fromUtf8("„x“ bei „DLZ“ ist keine Zahl [import-no-number]"));
+               EXPECT_EQ(cell(dialog, 1, 5),
+                         QStringLiteral("Lastfall 1 steht schon in Zeile 2 [import-doubled]"));
+               EXPECT_EQ(cell(dialog, 2, 5), QString::fromUtf8("der Titel verliert „tt“"));
+               EXPECT_EQ(child<QPlainTextEdit>(dialog, "text_notes")->toPlainText(),
+                         QString::fromUtf8("gelesen als UTF-8, Trennzeichen „,“, Dezimalzeichen „.“\n"
+                                           "Spalte „Farbe“ wird übergangen"));
+               QTest::keyClick(dialog, Qt::Key_Escape);
+           });
+    import(write("quote.csv", "number,title\n1,\"Dead\n"), [](QWidget* dialog) {
+        EXPECT_EQ(summary(dialog),
+                  QString::fromUtf8("Zeile 2: ein Anführungszeichen wird nicht geschlossen"));
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    answers.then([](QWidget* dialog) {
+        choose(dialog, "combo_format", "SAF-Arbeitsmappe");
+        EXPECT_TRUE(child<QPlainTextEdit>(dialog, "text_losses")
+                        ->toPlainText()
+                        .contains("Einwirkung G: alle Beiwerte\n"))
+            << child<QPlainTextEdit>(dialog, "text_losses")->toPlainText().toStdString();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    trigger("action_export");
 }
 
 TEST_F(TableExchange, AnImportThatIsCancelledLeavesTheProjectAsItWas)

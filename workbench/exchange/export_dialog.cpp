@@ -52,8 +52,7 @@ ExportDialog::ExportDialog(int db, const QString& project, QWidget* parent)
     m_losses->setReadOnly(true);
     m_losses->setTabChangesFocus(true);
     for (const auto& format : exchange::formats()) {
-        m_format->addItem(QString::fromStdString(format->description()),
-                          QString::fromStdString(format->name()));
+        m_format->addItem(format->description().translated(), QString::fromStdString(format->name()));
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     m_export = buttons->button(QDialogButtonBox::Ok);
@@ -152,8 +151,8 @@ void ExportDialog::slot_formatChanged()
 void ExportDialog::slot_wishChanged()
 {
     QStringList losses;
-    for (const std::string& loss : format().losses(source())) {
-        losses << QString::fromStdString(loss);
+    for (const exchange::Message& loss : format().losses(source())) {
+        losses << loss.translated();
     }
     m_lossesHead->setText(losses.isEmpty() ? tr("The file tells all values.")
                                            : tr("What the file won't tell (%1):").arg(losses.size()));
@@ -208,9 +207,9 @@ void ExportDialog::accept()
     const auto failure = exchange::writeFile(format(), source(), options(), file(),
                                              [this] { return bool(cdb::stickyError(m_db)); });
     if (failure) {
-        QMessageBox::critical(this, tr("Export"),
-                              QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file()),
-                                                           QString::fromStdString(failure->text)));
+        QMessageBox::critical(
+            this, tr("Export"),
+            QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file()), failure->message.translated()));
         return;
     }
     MRL_QT_Dialog::accept();

@@ -104,8 +104,7 @@ QLayout* ImportDialog::createForm()
 {
     m_format->addItem(tr("automatic"), QString());
     for (const auto& format : exchange::formats()) {
-        m_format->addItem(QString::fromStdString(format->description()),
-                          QString::fromStdString(format->name()));
+        m_format->addItem(format->description().translated(), QString::fromStdString(format->name()));
     }
     m_sheet->addItem(tr("automatic"), QString());
     m_sheet->addItem(tr("load cases"), QString::fromLatin1(exchange::nameOf(exchange::Sheet::LoadCases)));
@@ -257,15 +256,14 @@ void ImportDialog::slot_propose()
 void ImportDialog::showProposal()
 {
     QStringList notes;
-    for (const std::string& note : m_proposal->read.notes) {
-        notes << QString::fromStdString(note);
+    for (const exchange::Message& note : m_proposal->read.notes) {
+        notes << note.translated();
     }
     m_notes->setPlainText(notes.join(QLatin1Char('\n')));
     m_tabs->setTabText(NotesTab, tr("Notes (%1)").arg(notes.size()));
-    m_format->setItemText(
-        0, m_proposal->format == nullptr
-               ? tr("automatic")
-               : tr("automatic: %1").arg(QString::fromStdString(m_proposal->format->description())));
+    m_format->setItemText(0, m_proposal->format == nullptr
+                                 ? tr("automatic")
+                                 : tr("automatic: %1").arg(m_proposal->format->description().translated()));
     m_textForm->setEnabled(m_proposal->format != nullptr && m_proposal->format->isText());
     m_textForm->showFound(m_proposal->read.form);
     m_headings->show(m_proposal->read);

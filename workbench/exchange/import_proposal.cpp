@@ -46,7 +46,7 @@ ImportProposal proposeImport(int db, const ImportWish& wish)
     const auto error = proposal.format->read(view, wish.told, collector);
     proposal.read = std::move(collector.tables());
     if (error) {
-        proposal.error = QString::fromStdString(error->text);
+        proposal.error = error->message.translated();
         return proposal;
     }
     mrl_cdb_use(db, 0);

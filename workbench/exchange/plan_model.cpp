@@ -38,7 +38,7 @@ QString changesOf(const PlannedRow& row)
     return texts.join(BETWEEN);
 }
 
-/// Why a row is refused, in the user's language where a rule of the managers says so, and what it loses.
+/// Why a row is refused, and what it loses.
 QString remarksOf(const PlannedRow& row)
 {
     QStringList texts;
@@ -47,11 +47,11 @@ QString remarksOf(const PlannedRow& row)
         const bool isFinding =
             finding < row.findings.size() && reason.rule == lcm_rule_id(row.findings[finding].rule);
         const QString text =
-            isFinding ? lcm_finding_text(row.findings[finding++]) : QString::fromStdString(reason.text);
+            isFinding ? lcm_finding_text(row.findings[finding++]) : reason.message.translated();
         texts << QStringLiteral("%1 [%2]").arg(text, QString::fromStdString(reason.rule));
     }
-    for (const std::string& note : row.notes) {
-        texts << QString::fromStdString(note);
+    for (const exchange::Message& note : row.notes) {
+        texts << note.translated();
     }
     return texts.join(BETWEEN);
 }
