@@ -75,4 +75,39 @@ class UndoStep : public ChangedDocument
 };
 const bench::Timed<UndoStep> UNDO("cdb.undo_step", 3.0);
 
+/// One bit of comparing document and file, all of whose records differ: what a snapshot against crashes holds the user
+/// up by at once. Raw: the same records read from both.
+class ComparisonBit : public ChangedDocument
+{
+  public:
+    explicit ComparisonBit(int count) : ChangedDocument(count), m_before(mrl::cdb::copyOf(m_db).db)
+    {
+        write();
+    }
+    ~ComparisonBit() { mrl::cdb::close(m_before); }
+    void ours()
+    {
+        mrl::cdb::DifferenceScan scan(m_db, m_before);
+        require(static_cast<bool>(scan.advance(KEYS)), "compare");
+        require(scan.takeImage().keyCount() == KEYS, "differences");
+    }
+    void raw()
+    {
+        for (const int db : {m_db, m_before}) {
+            int kwh = GROUP;
+            int kwl = 0;
+            for (int i = 0; i < KEYS && mrl_cdb_kenq_ex(db, &kwh, &kwl, +1) == 0; ++i) {
+                char record[RECORD_SIZE];
+                int length = RECORD_SIZE;
+                require(mrl_cdb_get(db, kwh, kwl, record, &length, 0) == CD_OK, "get");
+            }
+        }
+    }
+
+  private:
+    static constexpr int KEYS = 5000;
+    int m_before;
+};
+const bench::Timed<ComparisonBit> COMPARISON_BIT("cdb.comparison_bit", 2.0, {100'000});
+
 } // namespace

@@ -133,6 +133,31 @@ TEST_F(RecordImages, EqualProjectsMakeAnEmptyImage)
     EXPECT_EQ(imageNow(-1, none, none).code, Code::NotOpen);
 }
 
+TEST_F(RecordImages, ComparingBitByBitFindsTheSame)
+{
+    change();
+    const RecordImage whole = image();
+    for (int keys = 1; keys <= 8; ++keys) {
+        mrl::cdb::DifferenceScan scan(before, db);
+        int bits = 0;
+        for (; !scan.isDone(); ++bits) {
+            ASSERT_TRUE(scan.advance(keys));
+        }
+        const RecordImage found = scan.takeImage();
+        EXPECT_EQ(found.bytes(), whole.bytes()) << keys;
+        EXPECT_EQ(found.keyCount(), whole.keyCount());
+        EXPECT_EQ(found.facts(), whole.facts());
+        EXPECT_EQ(bits > 1, keys <= 6) << "six keys stand on one side or the other";
+    }
+}
+
+TEST_F(RecordImages, AComparisonWithAClosedProjectFails)
+{
+    mrl::cdb::DifferenceScan scan(before, -1);
+    EXPECT_EQ(scan.advance(10).code, Code::NotOpen);
+    EXPECT_FALSE(scan.isDone());
+}
+
 /// Steps that each change one record of 1000 bytes, in a log that keeps 2500 bytes in memory.
 class LogOfImages : public ::testing::Test
 {

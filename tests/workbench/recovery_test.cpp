@@ -110,6 +110,32 @@ TEST_F(Recovering, AnUnsavedDocumentComesBackAsOneStep)
     EXPECT_FALSE(QFile::exists(left)) << "nothing is unsaved any more";
 }
 
+TEST_F(Recovering, VeryManyRecordsAreReadBitByBitAndAnewAfterAChange)
+{
+    constexpr int MANY = 12000;
+    open();
+    document().runStep("Import", [this] {
+        cdb::Transaction transaction(db());
+        for (int number = 1; number <= MANY; ++number) {
+            tagCDB_LC_CTRL record = following("G").title("New").record();
+            mrl_lc_put(db(), number, record);
+        }
+        EXPECT_TRUE(transaction.commit());
+    });
+    QSignalSpy written(&recovery(), &Recovery::written);
+    recovery().look();
+    removeInStep(1); // which the first bit has seen
+    EXPECT_EQ(written.count(), 0);
+    ASSERT_TRUE(written.wait(10000));
+    const auto snapshot = workbench::readSnapshot(killed());
+    ASSERT_TRUE(snapshot.has_value());
+    EXPECT_EQ(snapshot->document.keyCount(), static_cast<std::size_t>(MANY));
+    snapshot->document.forEach([](const cdb::RecordImage::Entry& entry) {
+        EXPECT_EQ(entry.records.empty(), entry.key.kwl == 1) << entry.key.kwl;
+        return entry.key.kwl < 3;
+    });
+}
+
 TEST_F(Recovering, RowsOfAnOpenManagerComeBack)
 {
     open();

@@ -13,7 +13,9 @@ namespace mrl::workbench {
 
 namespace {
 
-constexpr int ROWS_AT_ONCE = 200; ///< a few milliseconds
+// A few milliseconds each.
+constexpr int ROWS_AT_ONCE = 200;
+constexpr int KEYS_AT_ONCE = 5000;
 
 const auto SUFFIX = QStringLiteral(".snapshot");
 
@@ -41,7 +43,7 @@ Recovery::Recovery(Document& document, Managers& managers, QObject* parent)
     m_pool.setMaxThreadCount(1);
     m_timer.setInterval(INTERVAL);
     connect(&m_timer, &QTimer::timeout, this, &Recovery::look);
-    connect(&m_rowTimer, &QTimer::timeout, this, &Recovery::look);
+    connect(&m_readTimer, &QTimer::timeout, this, &Recovery::look);
     connect(&m_document, &Document::replaced, this, &Recovery::reset);
     m_timer.start();
 }
@@ -52,8 +54,9 @@ Recovery::~Recovery() { reset(); }
 void Recovery::reset()
 {
     m_pool.waitForDone();
-    m_rowTimer.stop();
+    m_readTimer.stop();
     m_seen.reset();
+    m_comparison.reset();
     m_image = std::make_shared<cdb::RecordImage>();
     m_rows = std::make_shared<MRL_LC_OpenRows>();
     m_reading = {};
@@ -99,7 +102,7 @@ bool Recovery::lock()
 
 void Recovery::look()
 {
-    m_rowTimer.stop();
+    m_readTimer.stop();
     if (m_writing || !m_document.isOpen() || !wantsExtras()) {
         return;
     }
@@ -111,7 +114,7 @@ void Recovery::look()
     }
 }
 
-/// @return false while a transaction runs, when nothing can be told
+/// @return false while there is more to compare, and while a transaction runs, when nothing can be told
 bool Recovery::readDocument()
 {
     const auto version = cdb::versionOf(m_document.database());
@@ -123,10 +126,22 @@ bool Recovery::readDocument()
         return true;
     }
     cdb::RecordImage image;
-    if (m_document.isModified() &&
-        !cdb::imageOfDifferences(m_document.database(), m_document.fileDatabase(), image)) {
-        return false;
+    if (m_document.isModified()) {
+        if (!m_comparison || m_comparison->version != *version || !sameState(m_comparison->file, file)) {
+            m_comparison.emplace(
+                Comparison{*version, file, {m_document.database(), m_document.fileDatabase()}});
+        }
+        if (!m_comparison->scan.advance(KEYS_AT_ONCE)) {
+            m_comparison.reset();
+            return false;
+        }
+        if (!m_comparison->scan.isDone()) {
+            m_readTimer.start(0);
+            return false;
+        }
+        image = m_comparison->scan.takeImage();
     }
+    m_comparison.reset();
     m_isNew = m_isNew || !image.isEmpty() || !m_image->isEmpty();
     m_image = std::make_shared<cdb::RecordImage>(std::move(image));
     m_seen = version;
@@ -148,7 +163,7 @@ bool Recovery::readRows()
         return true;
     }
     if (m_managers.readRows(m_reading, ROWS_AT_ONCE) == MRL_LC_ROWS_MORE) {
-        m_rowTimer.start(0);
+        m_readTimer.start(0);
         return false;
     }
     m_rows = std::make_shared<MRL_LC_OpenRows>(std::move(m_reading));

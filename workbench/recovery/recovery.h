@@ -56,13 +56,21 @@ class Recovery : public QObject
     QString m_file;
     std::unique_ptr<QLockFile> m_lock; ///< tells other runs that this one lives
     QTimer m_timer;
-    QTimer m_rowTimer; ///< reads on as soon as nothing else is to be done
+    QTimer m_readTimer; ///< reads on as soon as nothing else is to be done
     QThreadPool m_pool;
     bool m_writing = false;
     bool m_isNew = false; ///< what was read last isn't written yet
 
     std::optional<cdb::Version> m_seen; ///< of the document, when it was compared last
     FileState m_fileState;
+    /// A comparison of document and file that goes on, and of which state.
+    struct Comparison
+    {
+        cdb::Version version;
+        FileState file;
+        cdb::DifferenceScan scan;
+    };
+    std::optional<Comparison> m_comparison;
     std::shared_ptr<const cdb::RecordImage> m_image;
     MRL_LC_OpenRows m_reading;
     std::shared_ptr<const MRL_LC_OpenRows> m_rows; ///< read whole

@@ -88,8 +88,10 @@ struct Difference
 /// Walks two ranges side by side and hands each key that differs to `differs`, once and in ascending order;
 /// a result of false ends the walk.
 /// @param seen is called with the reader of `a` at each of its records, ahead of the verdict on their key
-template <class Differs, class Seen>
-Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs differs, Seen seen)
+/// @param goesOn is asked behind each key; false ends the walk
+template <class Differs, class Seen, class GoesOn>
+Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs differs, Seen seen,
+                     GoesOn goesOn)
 {
     for (Database* database : {&a, &b}) {
         if (Result settled = database->transactions().settle(); !settled) {
@@ -121,7 +123,7 @@ Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs di
         if (!left.result() || !right.result()) {
             break;
         }
-        if (!same && !differs(Difference{key, single})) {
+        if ((!same && !differs(Difference{key, single})) || !goesOn(key)) {
             break;
         }
     }
@@ -131,7 +133,8 @@ Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs di
 template <class Differs>
 Result compareRanges(Database& a, Database& b, const KeyRange& range, Differs differs)
 {
-    return compareRanges(a, b, range, differs, [](const RangeReader&) {});
+    return compareRanges(
+        a, b, range, differs, [](const RangeReader&) {}, [](int) { return true; });
 }
 
 } // namespace mrl::cdb

@@ -261,32 +261,70 @@ void RecordImage::addRecord(const void* bytes, int size)
     m_bytes.append(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
 }
 
-Result imageOfDifferences(int of, int other, RecordImage& out)
+Result DifferenceScan::begin()
 {
-    const Both both(of, other);
-    if (!both.found) {
-        return both.found;
-    }
-    std::set<int> kwhs;
-    for (const int db : {of, other}) {
-        if (Result read = groups(db, kwhs); !read) {
+    m_groups.emplace();
+    for (const int db : {m_of, m_other}) {
+        if (Result read = groups(db, *m_groups); !read) {
             return read;
         }
     }
-    for (const int kwh : kwhs) {
-        DifferingKeys differing(kwh, out);
-        const Result result = compareRanges(
-            *both.first, *both.second, {kwh},
-            [&](const Difference& difference) {
-                differing.differs(difference.kwl);
-                return true;
-            },
-            [&](const RangeReader& reader) { differing.see(reader); });
-        if (!result) {
-            return result;
+    return {};
+}
+
+/// @param left [in, out] keys that may still be compared
+Result DifferenceScan::compareGroup(int kwh, int& left)
+{
+    const Both both(m_of, m_other);
+    if (!both.found) {
+        return both.found;
+    }
+    DifferingKeys differing(kwh, m_image);
+    bool isWhole = true;
+    Result result = compareRanges(
+        *both.first, *both.second, {kwh, m_next},
+        [&](const Difference& difference) {
+            differing.differs(difference.kwl);
+            return true;
+        },
+        [&](const RangeReader& reader) { differing.see(reader); },
+        [&](int key) {
+            isWhole = --left > 0 || key == INT32_MAX;
+            m_next = isWhole ? INT32_MIN : key + 1;
+            return isWhole;
+        });
+    if (isWhole) {
+        m_groups->erase(kwh);
+        m_next = INT32_MIN;
+    }
+    return result;
+}
+
+Result DifferenceScan::advance(int keys)
+{
+    if (!m_groups) {
+        if (Result begun = begin(); !begun) {
+            return begun;
         }
     }
-    return noteFacts(of, other, out);
+    while (!m_groups->empty() && keys > 0) {
+        if (Result compared = compareGroup(*m_groups->begin(), keys); !compared) {
+            return compared;
+        }
+    }
+    if (!m_groups->empty() || m_isDone) {
+        return {};
+    }
+    m_isDone = true;
+    return noteFacts(m_of, m_other, m_image);
+}
+
+Result imageOfDifferences(int of, int other, RecordImage& out)
+{
+    DifferenceScan scan(of, other);
+    Result result = scan.advance(INT32_MAX);
+    out = scan.takeImage();
+    return result;
 }
 
 Result imageNow(int db, const RecordImage& image, RecordImage& out)

@@ -3,7 +3,10 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "hostlib/data/cdb/project.h"
@@ -49,6 +52,32 @@ class MRL_HOST_API RecordImage
     std::size_t m_keyCount = 0;
     std::size_t m_countAt = 0; ///< where the number of records of the last key stands
     Facts m_facts;
+};
+
+/// Compares two projects bit by bit, so that very many records hold nobody up. Neither may change meanwhile; begin anew
+/// then.
+class MRL_HOST_API DifferenceScan
+{
+  public:
+    /// @param of its content is noted wherever the other one differs
+    DifferenceScan(int of, int other) : m_of(of), m_other(other) {}
+
+    /// Compares so many keys more, or the rest.
+    Result advance(int keys);
+    bool isDone() const { return m_isDone; }
+    /// What was found so far.
+    RecordImage takeImage() { return std::move(m_image); }
+
+  private:
+    Result begin();
+    Result compareGroup(int kwh, int& left);
+
+    int m_of;
+    int m_other;
+    std::optional<std::set<int>> m_groups; ///< that are left, none before the first step
+    int m_next = INT32_MIN;                ///< the first element that is left of the first of them
+    bool m_isDone = false;
+    RecordImage m_image;
 };
 
 /// What a project held wherever another one differs from it.
