@@ -1,6 +1,7 @@
 // The history of the open project in the window: menu, panel, what a step changed, and a file that changed meanwhile.
 #include <QAction>
 #include <QDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QStatusBar>
@@ -8,6 +9,7 @@
 #include <QTest>
 
 #include "lcdata/load_cases.h"
+#include "lcdata/values/packed_text.h"
 #include "tests/support/modal_answers.h"
 #include "tests/workbench/project_file.h"
 #include "tests/workbench/table_typing.h"
@@ -201,6 +203,38 @@ TEST_F(Steps, AFileThatChangedMeanwhileListsWhereItDiffersAndReloadsAsAStep)
     QTest::keyClick(&*window, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_FALSE(has(2)) << "what was given up is back";
     EXPECT_TRUE(window->slot_save()) << "and no conflict, since the file's changes were seen";
+}
+
+TEST_F(Steps, AConflictIsSolvedByAnotherName)
+{
+    remove(2);
+    change(project.path());
+    const auto clickSaveAs = [](QWidget* dialog) {
+        QTest::mouseClick(dialog->findChild<QPushButton*>("button_save_as"), Qt::LeftButton);
+    };
+    answers.then(clickSaveAs).key(Qt::Key_Escape);
+    QTest::keyClick(&*window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(window->document().file(), project.path()) << "no name was given";
+    EXPECT_TRUE(window->document().isModified());
+
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&*window));
+    answers.then(clickSaveAs).then([this](QWidget* dialog) {
+        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        ASSERT_NE(name, nullptr);
+        name->selectAll();
+        QTest::keyClicks(name, project.path("mine.cdb"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    QTest::keyClick(&*window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(window->document().file(), project.path("mine.cdb"));
+    EXPECT_FALSE(window->document().isModified());
+    EXPECT_FALSE(OtherProgram(project.path("mine.cdb")).has(LC_KWH_CASES, 2));
+    const OtherProgram theirs(project.path());
+    EXPECT_TRUE(theirs.has(LC_KWH_CASES, 2)) << "the first file is the other program's";
+    tagCDB_LC_CTRL record{};
+    ASSERT_TRUE(mrl_lc_get(theirs.db(), 1, record));
+    EXPECT_EQ(lcm_title_text(record.title), "Theirs");
 }
 
 TEST_F(Steps, AConflictIsLeftByEscOrOverwritten)
