@@ -41,8 +41,8 @@ QString Message::text(const Words& words) const
 {
     QString text;
     for (const Part& part : m_parts) {
-        text += (text.isEmpty() ? QString() : QStringLiteral(": ")) +
-                filled(words(part.pattern), part.arguments);
+        text +=
+            (text.isEmpty() ? QString() : QStringLiteral(": ")) + filled(words(part.pattern), part.arguments);
     }
     return text;
 }

@@ -150,6 +150,7 @@ void LCM_Extras::createFilter(QLayout* layout)
     m_kind->setObjectName(QStringLiteral("combo_rows"));
     m_kind->setAccessibleName(tr("Rows"));
     m_kind->addItems({tr("All rows"), tr("Findings only"), tr("Changed only")});
+    m_kind->setMinimumWidth(LEAST_FIELD);
     m_message = new QLabel(this);
     m_message->setObjectName(QStringLiteral("label_message"));
     m_message->setTextFormat(Qt::PlainText);

@@ -29,7 +29,8 @@ TEST(Message, ArgumentsThatLookLikePlacesStayAsTheyAre)
 TEST(Message, PlacesStandAheadOfWhatIsTheMatter)
 {
     const Message inRow = Message::at({"row %1", {"4"}}, "it is empty");
-    EXPECT_EQ(Message::at({"sheet \"%1\"", {"Lasten"}}, inRow).english(), "sheet \"Lasten\": row 4: it is empty");
+    EXPECT_EQ(Message::at({"sheet \"%1\"", {"Lasten"}}, inRow).english(),
+              "sheet \"Lasten\": row 4: it is empty");
 }
 
 } // namespace

@@ -9,6 +9,8 @@
 #include <QTableView>
 #include <QTest>
 
+#include <cmath>
+
 #include "host/mrl_dlib.h"
 #include "report/readable.h"
 #include "tests/support/project_test.h"
@@ -184,6 +186,55 @@ TEST_F(CombinationsPageTest, SortsFindsAndCopies)
     table("table_extremes")->actions().front()->trigger();
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("M2\t135\t1.35*1\t100\t1*1\n"));
     EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasHtml());
+}
+
+TEST_F(CombinationsPageTest, HintsInTheFieldsCanBeReadInLightAndDark)
+{
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](double part) {
+            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
+    };
+    const QPalette light = QApplication::palette();
+    for (const QPalette& palette : {light, QPalette(QColor(0x3b, 0x40, 0x45), QColor(0x23, 0x26, 0x29))}) {
+        QApplication::setPalette(palette);
+        const CombinationsPage coloured(nullptr);
+        const auto fields = coloured.findChildren<QLineEdit*>();
+        EXPECT_EQ(fields.size(), 4);
+        for (const QLineEdit* field : fields) {
+            const double a = luminance(field->palette().color(QPalette::PlaceholderText));
+            const double b = luminance(field->palette().color(QPalette::Base));
+            EXPECT_GE((std::max(a, b) + 0.05) / (std::min(a, b) + 0.05), 4.5)
+                << field->objectName().toStdString();
+        }
+    }
+    QApplication::setPalette(light);
+}
+
+/// As many whole rows of a table as one sees at once.
+int rowsInSight(const QTableView* table)
+{
+    int count = 0;
+    for (int row = 0; row < table->model()->rowCount(); ++row) {
+        const QRect place = table->visualRect(table->model()->index(row, 0));
+        count += place.top() >= 0 && place.bottom() < table->viewport()->height() ? 1 : 0;
+    }
+    return count;
+}
+
+TEST_F(CombinationsPageTest, OnASmallScreenWholeRowsOfEachTableAreInSight)
+{
+    page.resize(540, 450); // what a window of 800x600 leaves
+    QCoreApplication::processEvents();
+    page.openResponses(write("name,1,2,3\nM,10,0,0\nN,9,0,0\nM2,100,0,0\nV,1,2,3\n"));
+    QCoreApplication::processEvents();
+    EXPECT_GE(rowsInSight(table("table_situations")), 1);
+    EXPECT_GE(rowsInSight(table("table_extremes")), 2);
+    EXPECT_GE(rowsInSight(table("table_terms")), 1);
+    EXPECT_FALSE(page.findChild<QLineEdit*>(QStringLiteral("table_combinations_find"))->isVisible());
+    EXPECT_TRUE(page.findChild<QLineEdit*>(QStringLiteral("table_extremes_find"))->isVisible());
 }
 
 TEST(ReadableCount, IsANumberThatOneCanRead)

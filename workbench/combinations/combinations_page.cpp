@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
 #include <QSaveFile>
@@ -38,7 +39,7 @@ constexpr int SITUATIONS_SHARE = 2;
 constexpr int TABS_SHARE = 5;
 constexpr int EXTREMES_SHARE = 3;
 constexpr int DETAIL_SHARE = 4;
-constexpr double SMALLEST_PICTURE = 0.6; // of its size
+constexpr double SMALLEST_PICTURE = 0.5; // of its size
 
 QLabel* textLabel(const char* name, QWidget* parent)
 {
@@ -76,9 +77,11 @@ CombinationsPage::CombinationsPage(QWidget* parent)
     : QWidget(parent), m_problem(textLabel("combinations_problem", this)),
       m_file(textLabel("responses_file", this)), m_changes(textLabel("responses_changes", this)),
       m_listRemark(textLabel("list_remark", this)), m_termsHead(textLabel("terms_head", this)),
-      m_tabs(new QTabWidget(this)), m_picture(new QSvgWidget(this)),
-      m_situationsModel(new SituationsModel(this)), m_listModel(new CombinationListModel(this)),
-      m_extremesModel(new ExtremesModel(this)), m_termsModel(new TermsModel(this)),
+      m_tabs(new QTabWidget(this)),
+      m_savePicture(new MRL_QT_PushButton(tr("Save &picture as..."), this, "button_picture")),
+      m_picture(new QSvgWidget(this)), m_situationsModel(new SituationsModel(this)),
+      m_listModel(new CombinationListModel(this)), m_extremesModel(new ExtremesModel(this)),
+      m_termsModel(new TermsModel(this)),
       m_situations(new FindTable(m_situationsModel, "table_situations", this)),
       m_list(new FindTable(m_listModel, "table_combinations", this)),
       m_extremes(new FindTable(m_extremesModel, "table_extremes", this)),
@@ -95,6 +98,8 @@ CombinationsPage::CombinationsPage(QWidget* parent)
     m_tabs->addTab(column({m_listRemark, m_list}, this), tr("List"));
     m_tabs->addTab(createExtremes(), tr("Extremes"));
     m_tabs->setDocumentMode(true);
+    m_tabs->setCornerWidget(createFindFields());
+    connect(m_tabs, &QTabWidget::currentChanged, this, &CombinationsPage::showFindField);
 
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(m_situations);
@@ -121,26 +126,59 @@ QWidget* CombinationsPage::createHead()
     connect(open, &QPushButton::clicked, this, &CombinationsPage::slot_open);
     layout->addWidget(open);
     layout->addWidget(m_file, 1, Qt::AlignVCenter);
+    layout->addWidget(m_situations->findField());
+    return head;
+}
+
+/// The page has four tables, and no line of its own for the field of each.
+QWidget* CombinationsPage::createFindFields()
+{
+    auto* fields = new QWidget(this);
+    auto* layout = new QHBoxLayout(fields);
+    layout->setContentsMargins(0, 0, 0, 2);
+    layout->addWidget(m_list->findField());
+    layout->addWidget(m_extremes->findField());
+    return fields;
+}
+
+void CombinationsPage::showFindField()
+{
+    const bool isList = m_tabs->currentIndex() == ListTab;
+    m_list->findField()->setVisible(isList && !m_list->isHidden());
+    m_extremes->findField()->setVisible(!isList);
+}
+
+QWidget* CombinationsPage::createTermsHead()
+{
+    connect(m_savePicture, &QPushButton::clicked, this, &CombinationsPage::slot_savePicture);
+    auto* head = new QWidget(this);
+    auto* layout = new QHBoxLayout(head);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_termsHead, 1, Qt::AlignVCenter);
+    layout->addWidget(m_terms->findField());
+    layout->addWidget(m_savePicture);
     return head;
 }
 
 QWidget* CombinationsPage::createExtremes()
 {
-    auto* save = new MRL_QT_PushButton(tr("Save &picture as..."), this, "button_picture");
-    connect(save, &QPushButton::clicked, this, &CombinationsPage::slot_savePicture);
     m_picture->setObjectName(QStringLiteral("picture"));
     auto* picture = new QWidget(this);
     auto* pictureLayout = new QVBoxLayout(picture);
     pictureLayout->setContentsMargins(0, 0, 0, 0);
-    pictureLayout->addWidget(save, 0, Qt::AlignRight);
     pictureLayout->addWidget(m_picture, 1);
     auto* detail = new QSplitter(Qt::Horizontal, this);
-    detail->addWidget(column({m_termsHead, m_terms}, this));
+    detail->addWidget(m_terms);
     detail->addWidget(picture);
     detail->setStretchFactor(0, 1);
+    auto* lower = new QWidget(this);
+    auto* lowerLayout = new QVBoxLayout(lower);
+    lowerLayout->setContentsMargins(0, 0, 0, 0);
+    lowerLayout->addWidget(createTermsHead());
+    lowerLayout->addWidget(detail, 1);
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(column({m_changes, m_extremes}, this));
-    splitter->addWidget(detail);
+    splitter->addWidget(lower);
     divide(splitter, EXTREMES_SHARE, DETAIL_SHARE);
     return splitter;
 }
@@ -241,6 +279,7 @@ void CombinationsPage::showList()
                : QString());
     m_listRemark->setVisible(isLong);
     m_list->setVisible(!isLong);
+    showFindField();
 }
 
 QString CombinationsPage::missingColumns() const
@@ -295,6 +334,7 @@ void CombinationsPage::showTerms()
     m_picture->setMinimumSize(m_picture->sizeHint() * SMALLEST_PICTURE);
     m_picture->setMaximumSize(m_picture->sizeHint());
     m_picture->parentWidget()->setVisible(!m_svg.isEmpty());
+    m_savePicture->setVisible(!m_svg.isEmpty());
 }
 
 QString CombinationsPage::openResponses(const QString& file)

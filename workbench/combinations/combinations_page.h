@@ -5,6 +5,7 @@
 #include "workbench/combinations/project_combinations.h"
 
 class QLabel;
+class QPushButton;
 class QSvgWidget;
 class QTabWidget;
 
@@ -44,6 +45,9 @@ class CombinationsPage : public QWidget
   private:
     QWidget* createExtremes();
     QWidget* createHead();
+    QWidget* createFindFields();
+    QWidget* createTermsHead();
+    void showFindField();
     void refresh();
     void showSituation();
     void showList();
@@ -65,6 +69,7 @@ class CombinationsPage : public QWidget
     QLabel* m_listRemark;
     QLabel* m_termsHead;
     QTabWidget* m_tabs;
+    QPushButton* m_savePicture;
     QSvgWidget* m_picture;
     SituationsModel* m_situationsModel;
     CombinationListModel* m_listModel;

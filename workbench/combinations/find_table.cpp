@@ -5,6 +5,9 @@
 #include <QSortFilterProxyModel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
+#include "hostlib/ui/widget/hint.h"
 #include "workbench/table_copy.h"
 
 namespace mrl::workbench {
@@ -13,6 +16,9 @@ namespace {
 
 constexpr int ROW_MARGIN = 6;
 constexpr int WIDEST = 220; // a column at first
+constexpr int NARROWEST = 90;
+constexpr int COLUMNS_IN_SIGHT = 5; // at least, of a narrow table
+constexpr int FIELD_WIDTH = 140;
 
 /// Numbers by their value, texts by their letters.
 class Proxy : public QSortFilterProxyModel
@@ -37,7 +43,8 @@ FindTable::FindTable(QAbstractItemModel* model, const char* name, QWidget* paren
     : QWidget(parent), m_find(new QLineEdit(this)), m_table(new QTableView(this)), m_proxy(new Proxy(this))
 {
     m_find->setObjectName(QLatin1String(name) + QStringLiteral("_find"));
-    m_find->setPlaceholderText(tr("Find"));
+    ui::showHint(*m_find, tr("Find"));
+    m_find->setMaximumWidth(FIELD_WIDTH);
     m_find->setAccessibleName(tr("Find"));
     m_find->setClearButtonEnabled(true);
     m_proxy->setSourceModel(model);
@@ -86,7 +93,7 @@ void FindTable::fitColumns(std::initializer_list<int> stretched)
 {
     QHeaderView* header = m_table->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Interactive);
-    header->setMaximumSectionSize(WIDEST);
+    header->setMaximumSectionSize(std::clamp(width() / COLUMNS_IN_SIGHT, NARROWEST, WIDEST));
     m_table->resizeColumnsToContents();
     header->setMaximumSectionSize(-1);
     for (const int column : stretched) {

@@ -19,6 +19,8 @@ class FindTable : public QWidget
     ~FindTable() override;
 
     QTableView* table() const { return m_table; }
+    /// Stands above the table, unless it is put where there is room beside something else.
+    QLineEdit* findField() const { return m_find; }
     /// The row of the model that is current; -1: none.
     int currentRow() const;
     void setCurrentRow(int row);

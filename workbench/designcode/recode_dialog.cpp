@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "hostlib/ui/widget/window_size.h"
 #include "lcdata/system_record.h"
 #include "lcdata/values/action_code.h"
 #include "lcdata/values/system_words.h"
@@ -16,6 +17,12 @@
 #include "workbench/designcode/recode_model.h"
 
 namespace mrl::workbench {
+
+namespace {
+
+constexpr QSize WANTED_SIZE(900, 520);
+
+} // namespace
 
 RecodeDialog::RecodeDialog(int db, const QString& code, QWidget* parent)
     : MRL_QT_Dialog(parent, "recode"), m_db(db), m_codes(new QComboBox(this)),
@@ -37,7 +44,7 @@ RecodeDialog::RecodeDialog(int db, const QString& code, QWidget* parent)
     connect(m_gravity, changed, this, &RecodeDialog::planAgain);
     connect(m_moves, &QCheckBox::toggled, this, &RecodeDialog::planAgain);
     chooseCode();
-    resize(900, 520);
+    resize(ui::fittingSize(WANTED_SIZE, *this));
 }
 
 RecodeDialog::~RecodeDialog() = default;

@@ -13,6 +13,7 @@
 #include <QProgressDialog>
 #include <QTabWidget>
 
+#include "hostlib/ui/widget/window_size.h"
 #include "workbench/combinations/find_table.h"
 #include "workbench/exchange/heading_choices.h"
 #include "workbench/exchange/plan_model.h"
@@ -26,6 +27,8 @@ using exchange::Outcome;
 
 constexpr Outcome OUTCOMES[] = {Outcome::Added, Outcome::Changed, Outcome::Unchanged, Outcome::Refused};
 constexpr int MANY_ROWS = 1000;
+constexpr int NARROWEST_FIELD = 90; ///< on a small screen
+constexpr QSize WANTED_SIZE(980, 620);
 constexpr int ALL = -1; ///< of the field that chooses an outcome
 
 enum Tab { RowsTab, ColumnsTab, NotesTab };
@@ -35,6 +38,7 @@ QComboBox* newField(const char* name, QWidget* parent)
     auto* field = new QComboBox(parent);
     field->setObjectName(QLatin1String(name));
     field->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    field->setMinimumWidth(NARROWEST_FIELD);
     return field;
 }
 
@@ -91,7 +95,7 @@ ImportDialog::ImportDialog(int db, RunStep runStep, QWidget* parent)
     }
     connect(m_outcome, QOverload<int>::of(&QComboBox::activated), this, &ImportDialog::slot_showRows);
     m_import->setEnabled(false);
-    resize(980, 620);
+    resize(ui::fittingSize(WANTED_SIZE, *this));
 }
 
 ImportDialog::~ImportDialog()
@@ -170,6 +174,7 @@ QWidget* ImportDialog::createRowsPage()
     line->addWidget(label);
     line->addWidget(m_outcome);
     line->addStretch(1);
+    line->addWidget(m_rows->findField());
     layout->addLayout(line);
     layout->addWidget(m_rows, 1);
     return page;

@@ -11,6 +11,7 @@ namespace mrl::workbench {
 
 namespace {
 
+constexpr int NARROWEST_FIELD = 90; ///< on a small screen
 constexpr char SEPARATORS[] = {',', ';', '\t', '|'};
 constexpr char DECIMAL_SIGNS[] = {'.', ','};
 
@@ -81,6 +82,7 @@ QComboBox* TextFormFields::createField(const QString& label, const char* name)
     auto* field = new QComboBox(this);
     field->setObjectName(QLatin1String(name));
     field->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    field->setMinimumWidth(NARROWEST_FIELD);
     auto* text = new QLabel(label, this);
     text->setBuddy(field);
     layout()->addWidget(text);

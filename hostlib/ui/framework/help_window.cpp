@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "hostlib/ui/framework/help_pages.h"
+#include "hostlib/ui/widget/hint.h"
 #include "hostlib/ui/widget/window_size.h"
 
 namespace mrl::ui {
@@ -112,7 +113,7 @@ QLayout* HelpWindow::makeBar()
     label->setBuddy(m_search);
     bar->addWidget(label);
     m_search->setObjectName(QStringLiteral("help search"));
-    m_search->setPlaceholderText(tr("Word in this page"));
+    ui::showHint(*m_search, tr("Word in this page"));
     // Room for the hint; a line edit by itself is as wide as some letters.
     const int marginOfText = 24;
     m_search->setMinimumWidth(m_search->fontMetrics().horizontalAdvance(m_search->placeholderText()) +

@@ -241,7 +241,7 @@ void origins(MainWindow& window, Photographer& camera)
     mrl::workbench::storeExtras(true);
     Photographer::inModal([&] { window.openManager(Manager::Actions); },
                           [&](QDialog* dialog) {
-                              dialog->resize(MANAGER);
+                              dialog->resize(MANAGER.boundedTo(screen()));
                               if (auto* table = tableWith(dialog, ACT_COL_PSI0)) {
                                   type(table, 3, ACT_COL_PSI0, QStringLiteral("0.6"));
                                   table->setCurrentCell(3, table->getColumnNumber(ACT_COL_PSI0));
