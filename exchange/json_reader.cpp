@@ -251,7 +251,8 @@ std::optional<FormatError> readJson(std::string_view bytes, TableReceiver& recei
     JsonHandler handler(receiver, rest);
     const bool fine = Json::sax_parse(bytes.begin(), bytes.end(), &handler);
     if (fine && !handler.isOurs()) {
-        return FormatError{{QT_TRANSLATE_NOOP("Exchange", R"(the file has neither "actions" nor "loadcases")")}};
+        return FormatError{
+            {QT_TRANSLATE_NOOP("Exchange", R"(the file has neither "actions" nor "loadcases")")}};
     }
     if (fine) {
         return std::nullopt;

@@ -55,7 +55,7 @@ py::bytes collected(const Session& session, const exchange::WriteBytes& write)
         return true;
     });
     if (error) {
-        throw Failure(session.file() + ": " + error->text);
+        throw Failure(session.file() + ": " + error->message.english());
     }
     session.db(); // throws where the project could not be read
     return py::bytes(bytes);
@@ -77,7 +77,7 @@ exchange::ReadTables readOf(const std::string& file, const std::string& format, 
         py::cast<std::string>(py::module_::import("pathlib").attr("Path")(file).attr("read_bytes")());
     auto read = exchange::readTables(formatOf(format, file, bytes), bytes, options);
     if (const auto* error = std::get_if<exchange::FormatError>(&read)) {
-        throw Failure(file + ": " + error->text);
+        throw Failure(file + ": " + error->message.english());
     }
     return std::get<exchange::ReadTables>(std::move(read));
 }

@@ -58,7 +58,7 @@ ExitCode write(const Arguments& arguments)
     const auto failure =
         mrl::report::writeReport(report, arguments.kind, arguments.output, [] { return true; });
     if (failure) {
-        tell(arguments.output + QStringLiteral(": ") + QString::fromStdString(failure->text));
+        tell(arguments.output + QStringLiteral(": ") + QString::fromStdString(failure->message.english()));
         return ExitCode::File;
     }
     return ExitCode::Done;

@@ -153,9 +153,9 @@ void ReportDialog::save(report::FileKind kind)
         report::writeReport(m_report, kind, file, [this] { return bool(cdb::stickyError(m_db)); });
     QApplication::restoreOverrideCursor();
     if (failure) {
-        QMessageBox::critical(this, tr("Report"),
-                              QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file),
-                                                           QString::fromStdString(failure->text)));
+        QMessageBox::critical(
+            this, tr("Report"),
+            QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), failure->message.translated()));
         return;
     }
     m_written = file;
