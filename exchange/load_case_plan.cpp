@@ -181,18 +181,17 @@ void planLoadCases(const Table& table, ProjectState& state, const PlanOptions& o
 {
     RowCells cells(table.head);
     for (const Row& tableRow : table.rows) {
-        PlannedRow row;
-        row.line = tableRow.line;
-        row.notes = tableRow.notes;
         cells.moveTo(tableRow);
         if (options.createActions) {
-            createAction(cells.text(CASE_ACTION), row.line, state, plan);
+            createAction(cells.text(CASE_ACTION), tableRow.line, state, plan);
         }
+        PlannedRow& row = plan.rows.emplace_back(); // in its place: there are very many, and they are large
+        row.line = tableRow.line;
+        row.notes = tableRow.notes;
         numbering.identify(cells, row);
         if (row.outcome != Outcome::Refused) {
             planLoadCase(cells, state, row);
         }
-        plan.rows.push_back(std::move(row));
     }
 }
 
