@@ -49,10 +49,10 @@ class RangeReader
     }
     const Result& result() const { return m_error; }
     bool atEnd() const { return m_over; }
-    int kwl() const { return m_rows.kwl(); }
-    const void* bytes() const { return m_rows.bytes(); }
-    int size() const { return m_rows.size(); }
-    int position() const { return m_rows.position(); }
+    int kwl() const { return m_record.key.kwl; }
+    const void* bytes() const { return m_record.bytes; }
+    int size() const { return m_record.size; }
+    int position() const { return m_record.position; }
 
     bool sameRecord(const RangeReader& other) const
     {
@@ -63,17 +63,18 @@ class RangeReader
   private:
     bool check()
     {
-        const Record record = m_rows.record();
-        if (fitsChecksum(record)) {
+        m_record = m_rows.record();
+        if (fitsChecksum(m_record)) {
             return true;
         }
         m_over = true;
-        m_error = m_db.failures().keep(checksumFailure(m_db.file(), record.key));
+        m_error = m_db.failures().keep(checksumFailure(m_db.file(), m_record.key));
         return false;
     }
 
     Database& m_db;
     Rows m_rows;
+    Record m_record; ///< that it stands at; asking the row for a column costs each time
     bool m_over = false;
     Result m_error;
 };
