@@ -164,8 +164,7 @@ void PageLayout::Private::paintPart(QPainter& painter, const Part& part) const
     }
     pieces.paintHead(painter, rowTop - pieces.headHeight());
     for (std::size_t row = part.first; row < part.last; ++row) {
-        pieces.paint(painter, rowTop, row);
-        rowTop += pieces.height(row);
+        rowTop += pieces.paint(painter, rowTop, row);
     }
     pieces.paintEnd(painter, rowTop);
 }

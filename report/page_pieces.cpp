@@ -29,10 +29,11 @@ class HeadingPieces : public Pieces
     double above() const override { return m_isFirstLevel ? 800 : 450; }
     double height(std::size_t) const override { return m_face.lineHeight() + (m_isFirstLevel ? 180 : 60); }
     bool leadsOn() const override { return true; }
-    void paint(QPainter& painter, double y, std::size_t) const override
+    double paint(QPainter& painter, double y, std::size_t row) const override
     {
         painter.setPen(INK);
         drawLines(painter, m_face, {m_text}, LEFT, y);
+        return height(row);
     }
 
   private:
@@ -52,7 +53,7 @@ class ParagraphPieces : public Pieces
     std::size_t count() const override { return 1; }
     double above() const override { return m_style == Style::Command ? 60 : 180; }
     double height(std::size_t) const override { return m_lines.size() * m_face.lineHeight() + 120; }
-    void paint(QPainter& painter, double y, std::size_t) const override
+    double paint(QPainter& painter, double y, std::size_t row) const override
     {
         if (m_style == Style::Warning) {
             painter.fillRect(QRectF(LEFT, y, WARNING_BAR, m_lines.size() * m_face.lineHeight()),
@@ -60,6 +61,7 @@ class ParagraphPieces : public Pieces
         }
         painter.setPen(m_style == Style::Remark ? PALE_INK : INK);
         drawLines(painter, m_face, m_lines, LEFT + indent(), y);
+        return height(row);
     }
 
   private:
@@ -83,9 +85,9 @@ class TablePieces : public Pieces
     double headHeight() const override { return m_painter.headHeight(); }
     double height(std::size_t row) const override { return m_painter.rowHeight(m_table.row(row)); }
     void paintHead(QPainter& painter, double y) const override { m_painter.paintHead(painter, LEFT, y); }
-    void paint(QPainter& painter, double y, std::size_t row) const override
+    double paint(QPainter& painter, double y, std::size_t row) const override
     {
-        m_painter.paintRow(painter, LEFT, y, m_table.row(row));
+        return m_painter.paintRow(painter, LEFT, y, m_table.row(row));
     }
     void paintEnd(QPainter& painter, double y) const override { m_painter.paintEnd(painter, LEFT, y); }
 
@@ -115,7 +117,7 @@ class PicturePieces : public Pieces
         PainterCanvas canvas(painter);
         m_painter.paintHead(canvas, LEFT, y);
     }
-    void paint(QPainter& painter, double y, std::size_t row) const override
+    double paint(QPainter& painter, double y, std::size_t row) const override
     {
         PainterCanvas canvas(painter);
         if (row == m_rows) {
@@ -123,6 +125,7 @@ class PicturePieces : public Pieces
         } else {
             m_painter.paintRow(canvas, LEFT, y, row);
         }
+        return height(row);
     }
 
   private:
@@ -143,7 +146,7 @@ class ContentsPieces : public Pieces
         painter.setPen(INK);
         drawLines(painter, m_faces.heading2, {Text::tr("Contents")}, LEFT, y);
     }
-    void paint(QPainter& painter, double y, std::size_t row) const override
+    double paint(QPainter& painter, double y, std::size_t row) const override
     {
         const Mark& mark = m_marks[row];
         const QString page = QString::number(mark.page + 1);
@@ -155,6 +158,7 @@ class ContentsPieces : public Pieces
         painter.setPen(INK);
         drawLines(painter, m_faces.body, {mark.text}, LEFT, y);
         drawLinesToTheLeftOf(painter, m_faces.body, {page}, LEFT + BODY_WIDTH, y);
+        return height(row);
     }
 
   private:

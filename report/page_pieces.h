@@ -30,7 +30,8 @@ class Pieces
 
     virtual std::size_t count() const = 0;
     virtual double height(std::size_t row) const = 0;
-    virtual void paint(QPainter& painter, double y, std::size_t row) const = 0;
+    /// @return the height of the row
+    virtual double paint(QPainter& painter, double y, std::size_t row) const = 0;
 
     /// What stands above the first row of each page.
     virtual double headHeight() const { return 0; }

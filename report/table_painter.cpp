@@ -66,6 +66,9 @@ double TablePainter::room(std::size_t column) const { return m_lefts[column + 1]
 /// A number is rather squeezed than broken, which somebody might read as two.
 QStringList TablePainter::linesOf(const Face& face, const QString& text, std::size_t column) const
 {
+    if (face.fits(text, room(column))) {
+        return {text};
+    }
     const bool isNumber = m_table.columns[column].align == Align::Right && !text.contains(QLatin1Char(' '));
     return isNumber && face.width(text) * NARROWEST <= room(column)
                ? QStringList(text)

@@ -11,8 +11,11 @@ namespace mrl::report {
 namespace {
 
 constexpr double POINTS_PER_INCH = 72;
-constexpr double LEADING = 1.18; // of the size, which is less than the font's own
-constexpr ushort FIRST_WIDE = 0x250;
+constexpr double LEADING = 1.18;     // of the size, which is less than the font's own
+constexpr ushort FIRST_WIDE = 0x180; // letters behind it are wider than an M
+// Texts that are so short come again and again: dashes, factors.
+constexpr int LONGEST_KNOWN = 8;
+constexpr int MOST_KNOWN = 10000;
 // Too small to be seen. A letter that two were joined into would not be found by who looks for a word in the PDF.
 constexpr double NO_LIGATURES = 0.02;
 
@@ -41,21 +44,43 @@ double widestOf(const QFontMetricsF& metrics)
 
 Face::Face(double points, Weight weight, Family family)
     : m_font(fontOf(points, weight, family)), m_metrics(m_font),
-      m_lineHeight(points / POINTS_PER_INCH * UNITS_PER_INCH * LEADING), m_widest(widestOf(m_metrics))
+      m_lineHeight(points / POINTS_PER_INCH * UNITS_PER_INCH * LEADING)
 {
 }
 
 /// Most cells are short, and need not be measured.
 bool Face::surelyFits(const QString& text, double width) const
 {
+    if (m_widest == 0) {
+        m_widest = widestOf(m_metrics);
+    }
     return text.size() * m_widest <= width &&
            std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < FIRST_WIDE; });
 }
 
+bool Face::fits(const QString& text, double width) const
+{
+    return !text.contains(QLatin1Char('\n')) && (surelyFits(text, width) || this->width(text) <= width);
+}
+
+double Face::width(const QString& text) const
+{
+    if (text.size() > LONGEST_KNOWN) {
+        return m_metrics.horizontalAdvance(text);
+    }
+    if (m_widths.size() > MOST_KNOWN) {
+        m_widths.clear();
+    }
+    auto known = m_widths.find(text);
+    if (known == m_widths.end()) {
+        known = m_widths.insert(text, m_metrics.horizontalAdvance(text));
+    }
+    return *known;
+}
+
 QStringList Face::lines(const QString& text, double width, int most) const
 {
-    const bool isOneLine = !text.contains(QLatin1Char('\n'));
-    if (isOneLine && (surelyFits(text, width) || this->width(text) <= width)) {
+    if (fits(text, width)) {
         return {text};
     }
     QTextLayout layout(QString(text).replace(QLatin1Char('\n'), QChar::LineSeparator), m_font);

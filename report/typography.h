@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -44,7 +45,9 @@ class Face
     const QFont& font() const { return m_font; }
     double lineHeight() const { return m_lineHeight; }
     double ascent() const { return m_metrics.ascent(); }
-    double width(const QString& text) const { return m_metrics.horizontalAdvance(text); }
+    double width(const QString& text) const;
+    /// Whether a text is one line that is no wider.
+    bool fits(const QString& text, double width) const;
     /// The text without its end, where it is too wide.
     QString elided(const QString& text, double width) const
     {
@@ -59,7 +62,8 @@ class Face
     QFont m_font;
     QFontMetricsF m_metrics;
     double m_lineHeight;
-    double m_widest; ///< of all simple characters
+    mutable double m_widest = 0;             ///< of all simple characters; 0 until somebody asks
+    mutable QHash<QString, double> m_widths; ///< of short texts
 };
 
 /// The faces that a report uses. Fonts need an application.
