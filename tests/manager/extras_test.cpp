@@ -6,13 +6,12 @@
 #include <QToolButton>
 #include <QToolTip>
 
-#include <cmath>
-
 #include "host/mrl_widgets.h"
 #include "manager/extras.h"
 #include "manager/title_excess.h"
 #include "tests/manager/manager_fixture.h"
 #include "tests/support/accessible_names.h"
+#include "tests/support/contrast.h"
 
 namespace mrl::test {
 
@@ -448,27 +447,17 @@ TEST_F(Extras, ATitleTellsItsExcessWhileItIsTyped)
 
 TEST_F(Extras, HintsInTheFieldsCanBeReadInLightAndDark)
 {
-    const auto luminance = [](const QColor& colour) {
-        const auto linear = [](double part) {
-            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-               0.0722 * linear(colour.blueF());
-    };
-    const QPalette light = QApplication::palette();
-    for (const QPalette& palette : {light, QPalette(QColor(0x3b, 0x40, 0x45), QColor(0x23, 0x26, 0x29))}) {
-        QApplication::setPalette(palette);
-        run(control, [&](QWidget* dialog) {
+    inLightAndDark([this] {
+        run(control, [](QWidget* dialog) {
             for (const char* name : {"line_find", "line_filter"}) {
                 const QPalette shown = dialog->findChild<QLineEdit*>(name)->palette();
-                const double a = luminance(shown.color(QPalette::PlaceholderText));
-                const double b = luminance(shown.color(QPalette::Base));
-                EXPECT_GE((std::max(a, b) + 0.05) / (std::min(a, b) + 0.05), 4.5) << name;
+                EXPECT_GE(contrastOf(shown.color(QPalette::PlaceholderText), shown.color(QPalette::Base)),
+                          4.5)
+                    << name;
             }
             pressCancel(dialog);
         });
-    }
-    QApplication::setPalette(light);
+    });
 }
 
 TEST_F(Extras, TheToolTipOfOkSaysWhatItDoes)

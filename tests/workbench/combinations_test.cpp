@@ -9,10 +9,9 @@
 #include <QTableView>
 #include <QTest>
 
-#include <cmath>
-
 #include "host/mrl_dlib.h"
 #include "report/readable.h"
+#include "tests/support/contrast.h"
 #include "tests/support/project_test.h"
 #include "workbench/combinations/combinations_page.h"
 #include "workbench/combinations/contribution_picture.h"
@@ -190,27 +189,16 @@ TEST_F(CombinationsPageTest, SortsFindsAndCopies)
 
 TEST_F(CombinationsPageTest, HintsInTheFieldsCanBeReadInLightAndDark)
 {
-    const auto luminance = [](const QColor& colour) {
-        const auto linear = [](double part) {
-            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-               0.0722 * linear(colour.blueF());
-    };
-    const QPalette light = QApplication::palette();
-    for (const QPalette& palette : {light, QPalette(QColor(0x3b, 0x40, 0x45), QColor(0x23, 0x26, 0x29))}) {
-        QApplication::setPalette(palette);
+    inLightAndDark([] {
         const CombinationsPage coloured(nullptr);
         const auto fields = coloured.findChildren<QLineEdit*>();
         EXPECT_EQ(fields.size(), 4);
         for (const QLineEdit* field : fields) {
-            const double a = luminance(field->palette().color(QPalette::PlaceholderText));
-            const double b = luminance(field->palette().color(QPalette::Base));
-            EXPECT_GE((std::max(a, b) + 0.05) / (std::min(a, b) + 0.05), 4.5)
+            const QPalette shown = field->palette();
+            EXPECT_GE(contrastOf(shown.color(QPalette::PlaceholderText), shown.color(QPalette::Base)), 4.5)
                 << field->objectName().toStdString();
         }
-    }
-    QApplication::setPalette(light);
+    });
 }
 
 /// As many whole rows of a table as one sees at once.

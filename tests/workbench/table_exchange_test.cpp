@@ -15,6 +15,7 @@
 #include "exchange/format.h"
 #include "lcdata/load_cases.h"
 #include "lcdata/values/packed_text.h"
+#include "tests/support/contrast.h"
 #include "tests/support/load_case_builder.h"
 #include "tests/support/modal_answers.h"
 #include "tests/workbench/project_file.h"
@@ -229,6 +230,19 @@ TEST_F(TableExchange, ImportShowsRowByRowWhatWouldHappenAndWritesNothing)
     });
     EXPECT_EQ(title(4), "(none)");
     EXPECT_FALSE(window.document().isModified());
+}
+
+TEST_F(TableExchange, TheWordOfARefusedRowCanBeReadInLightAndDark)
+{
+    const QString file = write("in.csv", "number;title;action;Gamu\n1;Dead;NO;\n");
+    inLightAndDark([&] {
+        import(file, [](QWidget* dialog) {
+            const QAbstractItemModel* rows = child<QTableView>(dialog, "table_plan")->model();
+            const auto word = rows->index(0, 0).data(Qt::ForegroundRole).value<QBrush>().color();
+            EXPECT_GE(contrastOf(word, QApplication::palette().color(QPalette::Base)), 4.5);
+            press(dialog, "Cancel");
+        });
+    });
 }
 
 TEST_F(TableExchange, ImportWritesThePlanAndTheDocumentIsModified)

@@ -1,9 +1,12 @@
 #include "workbench/exchange/plan_model.h"
 
+#include <QApplication>
 #include <QBrush>
+#include <QPalette>
 #include <QStringList>
 
 #include "check/finding_text.h"
+#include "hostlib/ui/table/finding_marks.h"
 
 namespace mrl::workbench {
 
@@ -136,7 +139,7 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const
         return row.line;
     }
     if (role == Qt::ForegroundRole && index.column() == Result && row.outcome == Outcome::Refused) {
-        return QBrush(Qt::darkRed);
+        return QBrush(table::readableOn(QApplication::palette().color(QPalette::Base), Qt::darkRed));
     }
     return {};
 }
