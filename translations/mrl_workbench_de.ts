@@ -1131,7 +1131,7 @@
     </message>
     <message>
         <source>automatic: %1</source>
-        <translation>automatisch: %1</translation>
+        <translation>auto: %1</translation>
     </message>
     <message>
         <source>all rows (%1)</source>
@@ -2061,7 +2061,7 @@
     </message>
     <message>
         <source>automatic: %1</source>
-        <translation>automatisch: %1</translation>
+        <translation>auto: %1</translation>
     </message>
     <message>
         <source>&amp;Encoding:</source>

@@ -18,7 +18,8 @@ inline double contrastOf(const QColor& one, const QColor& other)
         const auto linear = [](double part) {
             return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
         };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
     };
     const double a = luminance(one);
     const double b = luminance(other);

@@ -125,19 +125,20 @@ QLayout* ImportDialog::createForm()
 
 QLayout* ImportDialog::createOptions()
 {
-    auto* line = new QHBoxLayout;
-    const auto add = [&](const QString& text, QComboBox* field) {
-        auto* label = new QLabel(text, this);
-        label->setBuddy(field);
-        line->addWidget(label);
-        line->addWidget(field);
-    };
-    add(tr("&Format:"), m_format);
-    add(tr("&Content:"), m_sheet);
-    add(tr("Load cases are found &by"), m_match);
-    line->addStretch(1);
     auto* options = new QVBoxLayout;
-    options->addLayout(line);
+    const auto addLine = [&](const std::vector<std::pair<QString, QComboBox*>>& fields) {
+        auto* line = new QHBoxLayout;
+        for (const auto& [text, field] : fields) {
+            auto* label = new QLabel(text, this);
+            label->setBuddy(field);
+            line->addWidget(label);
+            line->addWidget(field);
+        }
+        line->addStretch(1);
+        options->addLayout(line);
+    };
+    addLine({{tr("&Format:"), m_format}, {tr("&Content:"), m_sheet}});
+    addLine({{tr("Load cases are found &by"), m_match}});
     auto* boxes = new QHBoxLayout;
     boxes->addWidget(m_createActions);
     boxes->addWidget(m_skipRefused);

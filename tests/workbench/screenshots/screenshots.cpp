@@ -77,6 +77,8 @@ class Photographer
     {
         window->ensurePolished();
         QApplication::processEvents();
+        // A field that has just taken the size of its texts waits for the layout to put it right.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         const QSize size = window->size();
         if (size.width() > screen().width() || size.height() > screen().height()) {
             std::fprintf(stderr, "%s is too large: %dx%d\n", name, size.width(), size.height());
