@@ -27,20 +27,10 @@ using exchange::Outcome;
 
 constexpr Outcome OUTCOMES[] = {Outcome::Added, Outcome::Changed, Outcome::Unchanged, Outcome::Refused};
 constexpr int MANY_ROWS = 1000;
-constexpr int NARROWEST_FIELD = 90; ///< on a small screen
 constexpr QSize WANTED_SIZE(980, 620);
 constexpr int ALL = -1; ///< of the field that chooses an outcome
 
 enum Tab { RowsTab, ColumnsTab, NotesTab };
-
-QComboBox* newField(const char* name, QWidget* parent)
-{
-    auto* field = new QComboBox(parent);
-    field->setObjectName(QLatin1String(name));
-    field->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    field->setMinimumWidth(NARROWEST_FIELD);
-    return field;
-}
 
 QString filters()
 {
@@ -59,14 +49,14 @@ QString filters()
 ImportDialog::ImportDialog(int db, RunStep runStep, QWidget* parent)
     : MRL_QT_Dialog(parent, "import"), m_db(db), m_runStep(std::move(runStep)),
       m_proposal(std::make_unique<ImportProposal>()), m_file(new QLineEdit(this)),
-      m_format(newField("combo_format", this)), m_sheet(newField("combo_sheet", this)),
+      m_format(newFittingField("combo_format", this)), m_sheet(newFittingField("combo_sheet", this)),
       m_textForm(new TextFormFields(TextFormFields::Purpose::Read, this)),
-      m_match(newField("combo_match", this)),
+      m_match(newFittingField("combo_match", this)),
       m_createActions(new MRL_QT_CheckBox(tr("Take missing &actions from the design code"), this,
                                           "check_create_actions")),
       m_skipRefused(new MRL_QT_CheckBox(tr("Leave &out refused rows"), this, "check_skip_refused")),
       m_model(new PlanModel(this)), m_rows(new FindTable(m_model, "table_plan", this)),
-      m_outcome(newField("combo_outcome", this)), m_headings(new HeadingChoices(this)),
+      m_outcome(newFittingField("combo_outcome", this)), m_headings(new HeadingChoices(this)),
       m_notes(new QPlainTextEdit(this)), m_tabs(new QTabWidget(this)), m_summary(new QLabel(this))
 {
     setCaption(tr("Import"));

@@ -77,12 +77,18 @@ TextFormFields::TextFormFields(Purpose purpose, QWidget* parent) : QWidget(paren
 
 TextFormFields::~TextFormFields() = default;
 
-QComboBox* TextFormFields::createField(const QString& label, const char* name)
+QComboBox* newFittingField(const char* name, QWidget* parent)
 {
-    auto* field = new QComboBox(this);
+    auto* field = new QComboBox(parent);
     field->setObjectName(QLatin1String(name));
     field->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     field->setMinimumWidth(NARROWEST_FIELD);
+    return field;
+}
+
+QComboBox* TextFormFields::createField(const QString& label, const char* name)
+{
+    auto* field = newFittingField(name, this);
     auto* text = new QLabel(label, this);
     text->setBuddy(field);
     layout()->addWidget(text);

@@ -8,6 +8,9 @@ class QComboBox;
 
 namespace mrl::workbench {
 
+/// A field as wide as its texts where there is room, and narrower on a small screen. It belongs to its parent.
+QComboBox* newFittingField(const char* name, QWidget* parent);
+
 /// The fields that say how the text of a file is written: encoding, separator, decimal sign.
 class TextFormFields : public QWidget
 {
